@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+#include "display/display_seams.h"
+#include "display/estado.h"
+
+namespace tolmira {
+
+// The first road to the screen: one command string, acted on before the call returns.
+class DisplayChannel {
+public:
+  // `display` makes the projection window at its first use; null stands for "cannot be had", and the command is lost.
+  DisplayChannel(const EstadoConsole &estado, std::function<Display *()> display);
+
+  // Drops the command without a word while TelaPronta is false.
+  void SendToDisplay(const QString &comando);
+  void AddObserver(DisplayObserver *observer); // not owned; outlives the channel
+
+private:
+  const EstadoConsole &m_estado;
+  std::function<Display *()> m_display;
+  std::vector<DisplayObserver *> m_observers;
+};
+
+// The second road: calls a page function with text arguments, pasted between single quotes without any escaping.
+// Strips every CR LF out of a1 for "UpdateTextHtml" (in the caller's variable too). An unknown name does nothing, a
+// null page reports nothing here.
+void CallPageScript(PageObject *pagina, const QString &nome, QString &a1, const QString &a2 = {}, const QString &a3 = {},
+                    const QString &a4 = {}, const QString &a5 = {}, const QString &a6 = {}, const QString &a7 = {});
+void CallPageScript(PageObject *pagina, const QString &nome, QString &&a1 = QString(), const QString &a2 = {},
+                    const QString &a3 = {}, const QString &a4 = {}, const QString &a5 = {}, const QString &a6 = {},
+                    const QString &a7 = {});
+
+// "'" becomes "\'", one that is escaped already stays escaped once.
+QString EscapaApostrofos(QString texto);
+
+} // namespace tolmira

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+#include "display/display_seams.h"
+#include "display/estado.h"
+#include "foundation/app_folder.h"
+#include "foundation/seams.h"
+
+namespace tolmira {
+
+// Composes caption text for what is on show; until the caption server exists both give "".
+struct CaptionComposers {
+  std::function<QString(const QString &verse, const QString &reference)> bible;
+  std::function<QString(const QString &verse)> song;
+};
+
+// The logic of the projection window: the verbs, the black screen, the default picture, the fade, the volume ramp and
+// the page's fake addresses. Drives the layers; the window owns it.
+class DisplayCommands {
+public:
+  DisplayCommands(EstadoConsole &estado, const AppFolder &app, DisplayLayers &layers, PreviewMirror *mirror,
+                  CaptionComposers captions, Clock &clock);
+
+  void ProcessaComando(const QString &comando);
+  bool DisplayVisivel() const { return m_displayVisivel; }
+  void DefineTelaPreta(bool ligado);
+  void DefineFundoPadrao(const QString &caminho);
+  void PreparaVideo();
+
+  // Hooked to the page object of the display. LabelImagemName receives the text behind "http://image/?"; null while the
+  // slide show control is closed.
+  void AoNavegar(const QString &uri, bool &cancel);
+  void AoPermissao(int kind, int &state);
+  std::function<void(const QString &)> OnImageName;
+
+private:
+  void TickVolume();
+  EstadoConsole &m_estado;
+  const AppFolder m_app;
+  DisplayLayers &m_layers;
+  PreviewMirror *m_mirror;
+  CaptionComposers m_captions;
+  std::unique_ptr<PeriodicTimer> m_timerVolume;
+  bool m_displayVisivel = false;
+};
+
+} // namespace tolmira

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QRect>
+#include <QString>
+
+#include <functional>
+
+namespace tolmira {
+
+// One browser object, the page inside a page host. Scripts that arrive after a Navigate wait for the page and run in
+// order when it has loaded; a newer Navigate and the time-out drop what waited. Nothing here blocks.
+class PageObject {
+public:
+  virtual ~PageObject() = default;
+  virtual void Navigate(const QString &url, int timeoutSeconds) = 0; // "file:///" and a path, a path, or a web address
+  virtual void ExecuteScript(const QString &script) = 0;
+  // Sets a page property, for example "document.getElementById('x').innerHTML", to a text (any characters).
+  virtual void SetPageProperty(const QString &path, const QString &value) = 0;
+  virtual void SetZoomFactor(double factor) = 0; // 1.0 is 100 per cent
+  // Runs a script and hands its result over as JSON text ("null" when there is none).
+  virtual void Evaluate(const QString &script, std::function<void(const QString &json)> onResult) = 0;
+
+  // The page itself wants to leave: every such navigation is cancelled; a Navigate by the host is not reported.
+  std::function<void(const QString &uri, bool &cancel)> AoNavegar;
+  // kind 2 is the camera; state 1 allows, 0 leaves the default.
+  std::function<void(int kind, int &state)> AoPermissao;
+};
+
+enum class PlayState { Undefined = 0, Stopped = 1, Paused = 2, Playing = 3, Ended = 8 };
+
+// The media player behind the projection's video layer.
+class MediaPlayer {
+public:
+  virtual ~MediaPlayer() = default;
+  virtual void SetUrl(const QString &storedPathOrAddress) = 0; // begins to play unless stopped, as `URL` does
+  virtual QString Url() const = 0;
+  virtual void Close() = 0;
+  virtual void ControlsPlay() = 0;
+  virtual void ControlsPause() = 0;
+  virtual void ControlsStop() = 0;
+  virtual double CurrentPosition() const = 0; // seconds
+  virtual void SetCurrentPosition(double seconds) = 0;
+  virtual double MediaDuration() const = 0; // seconds; 0 while unknown
+  virtual int Volume() const = 0;           // 0 to 100
+  virtual void SetVolume(int volume) = 0;
+  virtual void SetLoop(bool loop) = 0;
+  virtual PlayState State() const = 0;
+  virtual void SetStretchToFit(bool stretch) = 0;
+  virtual void SetFullScreen(bool full) = 0; // the layer fills its window; no window of its own is opened
+  virtual void SetUiMode(const QString &mode) = 0; // "none" is all there is here
+};
+
+// The layers and the state of the projection window, as the command handler and the window operations drive them. The
+// real one is the window FrmQuendar.
+class DisplayLayers {
+public:
+  virtual ~DisplayLayers() = default;
+  virtual PageObject *WV() = 0;   // null while the browser object does not exist
+  virtual MediaPlayer *wmp() = 0; // never null
+  virtual void ShowPicwmp(bool visible) = 0;
+  virtual void PicwmpToBack() = 0;
+  virtual void ShowPicWV(bool visible) = 0;
+  virtual void PicWVToBack() = 0;
+  virtual void ShowWmp(bool visible) = 0; // the player inside Picwmp
+  virtual void ShowTelaPreta(bool visible) = 0;
+  virtual bool TelaPretaVisible() const = 0;
+  virtual void TelaPretaToFront() = 0;
+  // Takes the picture into ImagePadrao; false, and the old picture stays, when it cannot be read.
+  virtual bool LoadImagePadrao(const QString &storedPath) = 0;
+  virtual void ShowImagePadrao(bool visible) = 0;
+  virtual void ImagePadraoToFront() = 0;
+  virtual void PicMoveToFront() = 0;
+  virtual void StopGripTimer() = 0; // TimerRemoveBarraTitulo
+  virtual void FitMedia() = 0;      // Picwmp and wmp to (0, 0) with the window's size
+  virtual void SetWindowVisible(bool visible) = 0;
+  virtual void SetTopmost(bool topmost) = 0;
+  virtual void Unload() = 0;
+  virtual QSize SizePx() const = 0;
+};
+
+// The console's mirror of the black screen and the default picture, laid over its preview.
+class PreviewMirror {
+public:
+  virtual ~PreviewMirror() = default;
+  virtual void FitMirror() = 0;
+  virtual void ShowMirrorBlack(bool visible) = 0;
+  virtual bool LoadMirrorPicture(const QString &storedPath) = 0;
+  virtual void ShowMirrorPicture(bool visible) = 0;
+};
+
+// The projection as the rest of the program sees it. Every call is synchronous.
+class Display {
+public:
+  virtual ~Display() = default;
+  virtual void ProcessaComando(const QString &comando) = 0;
+  virtual PageObject *WV() = 0;
+  virtual MediaPlayer *wmp() = 0;
+  virtual QSize SizePx() const = 0; // of the projection window, in pixels
+  virtual bool DisplayVisivel() const = 0;
+  virtual void DefineTelaPreta(bool ligado) = 0;
+  virtual void DefineFundoPadrao(const QString &caminho) = 0;
+};
+
+// Hears everything that goes to the screen: the control interface and the logs use it.
+class DisplayObserver {
+public:
+  virtual ~DisplayObserver() = default;
+  virtual void OnCommand(const QString &comando) = 0;
+  virtual void OnScript(const QString &page, const QString &script) = 0;
+  virtual void OnNavigate(const QString &page, const QString &url) = 0;
+  virtual void OnMedia(const QString &call) = 0;
+};
+
+} // namespace tolmira

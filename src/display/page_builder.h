@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+#include "display/display_channel.h"
+#include "display/display_seams.h"
+#include "display/estado.h"
+#include "display/lyrics_composer.h"
+#include "foundation/app_folder.h"
+#include "foundation/ini_store.h"
+#include "foundation/seams.h"
+
+namespace tolmira {
+
+// Fills a template into a page file and has it loaded. A verse is never part of the page: it is sent afterwards.
+class PageBuilder {
+public:
+  struct Hosts {
+    std::function<Display *()> telao;      // null while there is none
+    std::function<PageObject *()> previa;  // null while there is none
+    std::function<int()> larguraPrevia;    // width of the preview host in px
+    std::function<double()> fonteDisplay;  // font size in points of the display's measuring label
+    std::function<void(bool)> ajustaTelaFundo; // the console's routine, called once a target
+  };
+
+  PageBuilder(const AppFolder &app, const IniStore &store, EstadoConsole &estado, const AjustesTexto &ajustes,
+              DisplayChannel &canal, LyricsComposer &letras, Hosts hosts, RandomSource &random, Yielder &yielder);
+
+  // alvo: 1 the display only, 2 the preview only, anything else both, the display first.
+  void MontaPagina(TemaRecord &tema, int posicao, int alvo);
+
+  // For windows that show a theme in a small host of their own, `host` px large. Returns the written file's path.
+  QString MontaPaginaConfig(const QSize &host, TemaRecord &tema, int indiceCycle, const QString &html);
+
+  static QString ListaHtmlImagens(const QString &lista);
+
+private:
+  const AppFolder &m_app;
+  const IniStore &m_store;
+  EstadoConsole &m_estado;
+  const AjustesTexto &m_ajustes;
+  DisplayChannel &m_canal;
+  LyricsComposer &m_letras;
+  Hosts m_hosts;
+  RandomSource &m_random;
+  Yielder &m_yielder;
+};
+
+// `nome` when a font of that exact name is installed, otherwise "Arial".
+QString FonteInstalada(const QString &nome);
+
+} // namespace tolmira

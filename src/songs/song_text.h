@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include "foundation/app_folder.h"
+
+namespace tolmira {
+
+// Song files and the text inside them, up to the point where the text is cut into verses.
+
+enum class TipoLouvor { Louvor, Harpa };
+
+// "\harpa\" or "\cantor\" anywhere in the path, in any case ("/" counts as "\").
+TipoLouvor TipoDoCaminho(const QString &path);
+
+// Reads a song and, under <app>\Harpa and <app>\Lyrics, repairs it and writes the repaired text back. A file that holds
+// a NUL byte or could not be read whole is never rewritten. Empty when the file does not exist.
+QString ReadSongFile(const AppFolder &app, const QString &path);
+QString CleanSongText(const QString &text);
+QString CollapseBlankRuns(const QString &text);
+QString RepeatChorus(const QString &text);
+
+// The full stored path of what an agenda entry or the operator gives; empty when there is no such file.
+QString ResolveSongPath(const AppFolder &app, const QString &name);
+
+struct PreparedSong {
+  QString text;       // CR LF, capitals applied
+  QString sourceText; // the same before capitals
+  QString fileName;   // the title: file name without folder and ".txt"
+  TipoLouvor tipo = TipoLouvor::Louvor;
+  bool maiusculo = false;
+};
+
+// `pathOrText` that does not end in ".txt" (any case) is the song's text itself.
+PreparedSong PrepareSongText(const AppFolder &app, const QString &pathOrText, bool capitals);
+
+// The stanza around the caret (0-based position) of a multi-line text.
+QString StanzaAtCaret(const QString &text, int caret);
+
+} // namespace tolmira

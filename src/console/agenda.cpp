@@ -15,7 +15,7 @@ namespace tolmira {
 
 namespace {
 
-constexpr QStringView Separador = u"|#|";
+const QString Separador = QStringLiteral("|#|");
 
 // A line of an agenda file. `lossless` is false when the list cannot hold all that the line says.
 struct Linha {

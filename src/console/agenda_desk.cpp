@@ -77,8 +77,9 @@ void AgendaDesk::SelectTab(int n) {
         QStringLiteral("Click on 'Lyrics', 'Bible', or other buttons in the Main Menu to add items to the 'Agenda ");
     const QString end =
         QStringLiteral("', or select another agenda that already contains the items you want to display.");
-    m_painel.LbDicaAgenda =
-        TabHasOwnTitle(n) ? begin + u'\'' + TabTitle(n) + end + u'.' : begin + QString::number(n) + end;
+    const QString own = begin + u'\'' + TabTitle(n) + end + u'.';
+    const QString fallback = begin + QString::number(n) + end;
+    m_painel.LbDicaAgenda = TabHasOwnTitle(n) ? own : fallback;
   }
   if (m_view) {
     m_view->AgendaChanged();
@@ -156,8 +157,9 @@ void AgendaDesk::SelectEntry(int kind, int index) {
 }
 
 QString AgendaDesk::ClearCaption() const {
-  return CanClear() ? QStringLiteral("Clear '") + TabTitle(m_estado.ActiveAgenda) + u'\''
-                    : QStringLiteral("Clear List");
+  if (!CanClear())
+    return QStringLiteral("Clear List");
+  return QStringLiteral("Clear '") + TabTitle(m_estado.ActiveAgenda) + u'\'';
 }
 
 bool AgendaDesk::CanEdit() const { return false; }

@@ -47,7 +47,7 @@ PlacaDoTelao PosicionarFrmQuendar(const MonitorSource &monitores, UserPrompt &pr
   if (monitores.Monitors().size() <= 1)
     prompt.Message(MessageKind::Critical, QStringLiteral("Tolmira"),
                    QStringLiteral("The second monitor or projector is not activated, or the screen is set to "
-                                  "'Duplicate' when it should be 'Extended.'\r\n\r\n"
+                                  "'Duplicate' when it should be 'Extended.'\n\n"
                                   "Before clicking 'OK,' press the 'Windows+P' keys, and in the screen that appears, "
                                   "click on 'Extend.'"));
   return EscolheTela(monitores);

@@ -52,7 +52,7 @@ bool SongLoader::ListMusicasDuploClique(const QString &caption, const QString &f
   if (path.isEmpty()) {
     m_console.prompt.Message(
         MessageKind::Warning, QStringLiteral("Tolmira"),
-        QStringLiteral("Item not found.\r\n\r\nThe file may have been deleted or moved to another location."));
+        QStringLiteral("Item not found.\n\nThe file may have been deleted or moved to another location."));
     return false;
   }
   PainelConsole &painel = m_console.painel;

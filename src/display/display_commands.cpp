@@ -13,7 +13,6 @@ namespace {
 constexpr int TempoLimiteSegundos = 8;
 constexpr int VolumeDoVideo = 50;
 constexpr double SilencioDepoisMs = 5000; // the sound is gone this long after the slide show has ended
-constexpr double MaiorIntervaloMs = 24.0 * 60 * 60 * 1000;
 
 } // namespace
 
@@ -250,8 +249,7 @@ void DisplayCommands::IniciaRampa(double fimEmMs) {
     m_timerVolume->Stop();
     return;
   }
-  const double intervalo = qBound(0.0, (fimEmMs + SilencioDepoisMs) / volume, MaiorIntervaloMs);
-  m_timerVolume->Start(RoundHalfEven(intervalo));
+  m_timerVolume->Start(RoundHalfEven((fimEmMs + SilencioDepoisMs) / volume));
 }
 
 void DisplayCommands::TickVolume() {

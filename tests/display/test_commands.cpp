@@ -61,7 +61,7 @@ private slots:
   void blackScreen();
   void defaultPictureLiesOverTheBlack();
   void unreadableDefaultPictureLeavesTheOldOne();
-  void blackBringsThePageBackWhenItGoes();
+  void takingThePictureAwayTakesTheBlackToo();
   void youtubeKeepsTheBlackScreenInFront();
   void closingTouchesNothingAfterwards();
 
@@ -236,7 +236,7 @@ void TestCommands::unreadableDefaultPictureLeavesTheOldOne() {
   QVERIFY(p.layers.imagePadrao);
 }
 
-void TestCommands::blackBringsThePageBackWhenItGoes() {
+void TestCommands::takingThePictureAwayTakesTheBlackToo() {
   Projection p;
   p.commands.DefineTelaPreta(true);
   QVERIFY(p.layers.telaPreta);

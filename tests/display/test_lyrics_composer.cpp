@@ -24,13 +24,9 @@ struct Show {
   FixedMeasure measure;
   ScriptedRandom random;
   DisplayChannel canal{estado, [this]() -> tolmira::Display * { return &display; }};
-  LyricsComposer letras{estado,
-                        ajustes,
-                        canal,
-                        [this]() -> tolmira::Display * { return &display; },
-                        [this] { return &preview; },
-                        measure,
-                        random};
+  LyricsComposer letras{
+      estado,  ajustes, canal, [this]() -> tolmira::Display * { return &display; }, [this] { return &preview; },
+      measure, random};
 
   explicit Show(double draw = SlotOnLines) : random{draw} {
     estado.TelaPronta = true;
@@ -44,7 +40,8 @@ struct Show {
   QString Html(int posicao, bool comEfeito) {
     letras.ExibeVerso(posicao, comEfeito);
     const QStringList sent = display.TakeCommands();
-    return sent.size() == 1 ? sent[0].split(QStringLiteral("|#")).value(1) : QStringLiteral("%1 commands").arg(sent.size());
+    return sent.size() == 1 ? sent[0].split(QStringLiteral("|#")).value(1)
+                            : QStringLiteral("%1 commands").arg(sent.size());
   }
   QString Em(const QString &texto) {
     static const QRegularExpression size(QStringLiteral("font-size:([0-9.]+)em"));
@@ -110,8 +107,7 @@ void TestLyricsComposer::typicalVerse() {
       "<div class=\\'textbackground \\' style=\\'line-height:1.5;\\'><div class=\\'textbackgroundDiv animated fadeIn "
       "faster\\' style=\\'font-size:1.3em; background-color:rgb(0,0,0,0.6); min-width: 80%; border-radius: 1.6vw; "
       "\\'>Deus é fiel<br>Para sempre</div></div>");
-  QCOMPARE(show.display.commands,
-           QStringList{QString(u"UpdateText|#" + html + u"|#|#|#Deus é fiel<br>Para sempre")});
+  QCOMPARE(show.display.commands, QStringList{QString(u"UpdateText|#" + html + u"|#|#|#Deus é fiel<br>Para sempre")});
   QCOMPARE(show.preview.scripts, QStringList{QString(u"UpdateTextHtml('" + html + u"')")});
   QCOMPARE(show.estado.VersoHtmlAtual, html);
   QCOMPARE(show.estado.VersoTextoAtual, QStringLiteral("Deus é fiel<br>Para sempre"));
@@ -353,8 +349,8 @@ void TestLyricsComposer::sizeWithoutABaseOrADisplay() {
   show.estado.FonteTamanho = QStringLiteral("abc");
   QCOMPARE(show.Em(Lines(1)), QStringLiteral("0"));
 
-  LyricsComposer alone(show.estado, show.ajustes, show.canal, [] { return nullptr; }, [] { return nullptr; },
-                       show.measure, show.random);
+  LyricsComposer alone(
+      show.estado, show.ajustes, show.canal, [] { return nullptr; }, [] { return nullptr; }, show.measure, show.random);
   QCOMPARE(alone.AjustaFonte(QString(500, u'w'), 60, 84, 78), 1.3);
   for (const int estilo : {2, 7, 8}) {
     show.ajustes.EstiloLouvor = estilo;
@@ -478,7 +474,8 @@ void TestLyricsComposer::animatedVerseFitsTheScreen() {
   const QString texto(length, u'w');
   const QString html = show.letras.MontaVerso(Lines(linhas, texto));
 
-  static const QRegularExpression size(QStringLiteral("texto\\d+\\\\' class=\\\\'texto([LR])[^>]*font-size:([0-9.]+)em"));
+  static const QRegularExpression size(
+      QStringLiteral("texto\\d+\\\\' class=\\\\'texto([LR])[^>]*font-size:([0-9.]+)em"));
   const double lineHeight = show.letras.AlturaLinha(linhas).toDouble();
   const double share = estilo == 7 || linhas == 1 ? 0.84 : 0.42;
   double height[2] = {0, 0}; // of the columns; the groups of style 7 stand below each other
@@ -558,8 +555,7 @@ void TestLyricsComposer::styleOfTheText() {
   RecordingPage page;
   tema.Font_Name = QStringLiteral("Joe's Hand");
   AplicaEstiloTexto(&page, tema);
-  QCOMPARE(page.scripts,
-           QStringList{QString(u"SetAttribute('texto','style','font-family:Joe\\'s Hand" + off + u"')")});
+  QCOMPARE(page.scripts, QStringList{QString(u"SetAttribute('texto','style','font-family:Joe\\'s Hand" + off + u"')")});
 }
 
 void TestLyricsComposer::versesAreCutAtBlankLines_data() {

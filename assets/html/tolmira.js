@@ -37,8 +37,10 @@
 
   function ChangeCSS(id, property, value) {
     // Pictures that come later, and pictures whose inline style is replaced, must keep the state of the movement.
-    if (property === 'animation-play-state' && !byId(id) && id === 'img')
+    if (property === 'animation-play-state' && !byId(id) && id === 'img') {
       root.style.setProperty('--movimento', value);
+      watchMovement();
+    }
     targets(id).forEach((element) => setProperty(element, property, value));
   }
 
@@ -79,6 +81,11 @@
     }
     root.classList.toggle('semFiltro', neutral);
     root.style.setProperty('--margem', 2 * blur + 'px');
+  }
+
+  function watchMovement() {
+    if (getComputedStyle(root).getPropertyValue('--movimento').trim() === 'running')
+      root.classList.add('comMovimento');
   }
 
   const INTERVALS = { 1: 10000, 2: 15000, 3: 20000, 4: 30000, 5: 60000 };
@@ -150,6 +157,21 @@
   function emptyLead(slides) {
     return slides.length > 1 && !slides[0].querySelector('img') ? 1 : 0;
   }
+
+  // The next picture comes in over the one on show, which stays as it is: a change between two bright pictures has no
+  // dark middle, and only one of them has to be blended.
+  function fade($host, $slides, options) {
+    options.before.push((current, next) => {
+      $().fn.cycle.commonReset(current, next, options);
+      options.cssBefore.opacity = 0;
+    });
+    options.cssBefore = { top: 0, left: 0 };
+    options.animIn = { opacity: 1 };
+    options.animOut = { opacity: 1 };
+  }
+
+  if ($() && $().fn.cycle)
+    $().fn.cycle.transitions.fade = fade;
 
   function StartCycle() {
     const host = byId('slideshow');
@@ -274,6 +296,7 @@
   window.addEventListener('load', () => root.classList.add('carregada'));
 
   watchFilter(getComputedStyle(root).getPropertyValue('--filtro'));
+  watchMovement();
 
   // What the page does when its elements stand: the initial text may be the marker word, and the pictures begin.
   function IniciaPagina() {

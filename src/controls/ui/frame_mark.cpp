@@ -1,5 +1,6 @@
 #include "controls/ui/frame_mark.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -23,9 +24,22 @@ FrameMark::FrameMark(const QColor &colour, QWidget *parent)
   hide();
 }
 
-void FrameMark::Around(const QWidget *target, int marginPx) {
-  setGeometry(target->geometry().adjusted(-marginPx, -marginPx, marginPx, marginPx));
+void FrameMark::Around(QWidget *target, int marginPx) {
+  if (m_target)
+    m_target->removeEventFilter(this);
+  m_target = target;
+  m_marginPx = marginPx;
+  target->installEventFilter(this);
+  Fit();
   raise();
+}
+
+void FrameMark::Fit() { setGeometry(m_target->geometry().adjusted(-m_marginPx, -m_marginPx, m_marginPx, m_marginPx)); }
+
+bool FrameMark::eventFilter(QObject *watched, QEvent *event) {
+  if (watched == m_target && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
+    Fit();
+  return QWidget::eventFilter(watched, event);
 }
 
 void FrameMark::SetBlinking(bool blinking) {

@@ -61,8 +61,10 @@ QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
 QMenu::right-arrow { image: url(:/tolmira/icons/indicator-right.svg); width: 14px; height: 14px; }
 
 QFrame[look="panel"] { background: @panel; border: 1px solid @line; border-radius: 6px; }
+QFrame[look="screen"] { background: @desk; border: 1px solid @line; border-radius: 0; }
 QFrame[look="hint"] { background: @raised; border: 1px solid @line; border-radius: 6px; }
 QLabel[look="title"] { font-size: 13pt; font-weight: 600; }
+QLabel[look="empty-title"] { font-size: 13pt; color: @quiet; }
 QLabel[look="quiet"] { color: @quiet; }
 QLabel[look="caps"] { color: @quiet; font-weight: 600; }
 QLabel:disabled { color: @faint; }

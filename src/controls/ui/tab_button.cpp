@@ -9,8 +9,7 @@ namespace tolmira {
 
 namespace {
 
-// "&" in a user's title is a letter, not a mnemonic mark.
-QString Shown(QString title) { return title.replace(u'&', QStringLiteral("&&")); }
+// "&" in a user's title is a letter and stands twice in the caption, where one would mark a mnemonic.
 QString Typed(QString shown) { return shown.replace(QStringLiteral("&&"), QStringLiteral("&")); }
 
 } // namespace
@@ -46,10 +45,8 @@ void TabButton::EndRename(bool keep) {
   editor->deleteLater();
   if (hadFocus)
     setFocus();
-  if (keep && !title.isEmpty() && title != Typed(text())) {
-    setText(Shown(title));
+  if (keep && title != Typed(text()))
     emit Renamed(title);
-  }
 }
 
 void TabButton::mouseDoubleClickEvent(QMouseEvent *event) {

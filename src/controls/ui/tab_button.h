@@ -7,7 +7,7 @@ class QLineEdit;
 namespace tolmira {
 
 // A tab with a title of the user's own: a double click or F2 opens a line edit in its place. Enter keeps what was
-// typed, Esc drops it, and leaving the box keeps it.
+// typed, Esc drops it, and leaving the box keeps it. The owner sets the caption; an empty title is reported too.
 class TabButton : public FlatButton {
   Q_OBJECT
 

@@ -61,7 +61,8 @@ QString NomeDoModelo(const QString &tipo) {
 QString LeModelo(const AppFolder &app, const QString &nome) {
   if (nome.isEmpty())
     return QString();
-  const QByteArray bytes = ReadFileContent(app.At(QString(u"\\html\\" + nome))).bytes;
+  const FileContent conteudo = ReadFileContent(app.At(QString(u"\\html\\" + nome)));
+  const QByteArray bytes = conteudo.complete ? conteudo.bytes : QByteArray();
   QString texto(bytes.size(), Qt::Uninitialized);
   for (qsizetype i = 0; i < bytes.size(); ++i)
     texto[i] = CharacterOfByte(static_cast<unsigned char>(bytes[i]));
@@ -186,7 +187,7 @@ void PageBuilder::MontaAlvo(const TemaRecord &tema, int posicao, bool previa) {
   p.Define(u"ComandoInicial", QString());
   p.Define(u"fontsize", TextoInteiro(NumericPrefix(tema.Font_Size) * escala));
 
-  // An unreadable template gives an empty page: the host shows black, as it does where a page cannot be written.
+  // A template that cannot be read gives an empty page, which the host shows as black.
   const QString caminho = TempFolder() + (previa ? u"\\temp-pv.html" : u"\\temp.html");
   GravaPagina(caminho, p.Preenche(modelo));
   if (!previa) {

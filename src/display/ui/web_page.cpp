@@ -1,5 +1,6 @@
 #include "display/ui/web_page.h"
 
+#include <QColor>
 #include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QWebEngineScript>
@@ -37,7 +38,7 @@ const QString ReporterSource = QStringLiteral(R"js(
 WebPage::WebPage(QWebEngineProfile *profile, QObject *parent)
     : QWebEnginePage(profile, parent),
       m_token(QString::number(QRandomGenerator::system()->generate64(), 36)) {
-  setBackgroundColor(Qt::black); // before the first load, or a white flash is seen
+  setBackgroundColor(QColor(Qt::black)); // before the first load, or a white flash is seen
   QWebEngineSettings *own = settings();
   own->setAttribute(QWebEngineSettings::ShowScrollBars, false);
   own->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, false);

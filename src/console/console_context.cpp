@@ -21,7 +21,7 @@ void ConsoleContext::ScriptNasPaginas(const QString &script) {
 
 void ConsoleContext::EnviaTamanhoDaFonte() {
   const double size = NumericPrefix(estado.FonteTamanho);
-  const auto points = [](double value) { return QString::number(static_cast<int>(value)) + u"pt"; };
+  const auto points = [](double value) -> QString { return QString::number(static_cast<int>(value)) + u"pt"; };
   Display *display = telao();
   if (display)
     CallPageScript(display->WV(), QStringLiteral("ChangeCSS"), QStringLiteral("set_text"),

@@ -2,16 +2,20 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 #include "display/display_commands.h"
 #include "display/display_seams.h"
+#include "display/ui/mpv_player.h"
+#include "display/ui/page_profile.h"
 
 namespace tolmira {
 
 class WebPageHost;
 
-// The projection window: borderless, black, four layers of one size. Begins invisible and transparent.
+// The projection window: borderless, black, four layers of one size. Begins invisible and transparent. It never takes
+// the keyboard focus. Sizes and positions are the toolkit's logical pixels, which are the pages' CSS pixels.
 class FrmQuendar : public QWidget, public Display {
   Q_OBJECT
 
@@ -23,7 +27,8 @@ public:
     PreviewMirror *mirror;       // may be null
     CaptionComposers captions;
     DisplayObserver *observer;   // may be null
-    bool softwareVideo;          // draw the video layer without GL
+    VideoDrawing video;
+    PageProfile profile;         // may be null: the page then has one of its own
   };
   explicit FrmQuendar(Parts parts, QWidget *parent = nullptr);
   ~FrmQuendar() override;
@@ -31,9 +36,13 @@ public:
   bool CriaBrowser();
   WebPageHost *PicWV();
 
-  // Places the window. `wholeScreen` for a projector; otherwise a normal window for rehearsal, with its grip.
+  // Places the window and starts the fade in if it has not run. `wholeScreen` for a projector (`pixels` is then its whole
+  // screen); otherwise a normal window for rehearsal, with its grip. Shows nothing by itself.
   void Posiciona(const QRect &pixels, bool wholeScreen);
   void IniciaFade(); // starts TimerFade
+  // Takes the window off the desktop until the next Posiciona, whatever the commands say meanwhile. The window does this
+  // itself when the projector's screen goes, because the desktop would move it over the operator's screen.
+  void Esconde();
 
   void ProcessaComando(const QString &comando) override;
   PageObject *WV() override;
@@ -43,9 +52,17 @@ public:
   void DefineTelaPreta(bool ligado) override;
   void DefineFundoPadrao(const QString &caminho) override;
 
-  std::function<void()> OnRecovered;   // the page came back after its render process died
+  std::function<void()> OnRecovered;    // the page came back after its render process died
   std::function<void()> PosicaoInicial; // after each resize while the console is still loading
+  // "Fechar" came: the window is hidden, its page and player are gone. The owner deletes the window, not before the call
+  // has returned (deleteLater).
+  std::function<void()> OnUnload;
   DisplayCommands &Commands();
+
+protected:
+  void resizeEvent(QResizeEvent *event) override;
+  void changeEvent(QEvent *event) override;
+  bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
   struct Impl;

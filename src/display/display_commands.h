@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
+#include <memory>
 
 #include "display/display_seams.h"
 #include "display/estado.h"
@@ -37,7 +39,18 @@ public:
   std::function<void(const QString &)> OnImageName;
 
 private:
+  void ExecutaVerbo(const QString &comando);
+  // Calls a page function with fields 1 to `quantos`; nothing happens when one of them is missing.
+  void ChamaPagina(const QString &nome, QStringList &campos, int quantos);
+  void Navega(const QString &url);
+  void NavegaPaginaVazia();
+  void IniciaVideo(const QString &caminho);
+  void MostraSoAPagina();
+  void MostraJanela();
+  void AtualizaLegenda(const QStringList &campos);
+  void IniciaRampa(double fimEmMs);
   void TickVolume();
+
   EstadoConsole &m_estado;
   const AppFolder m_app;
   DisplayLayers &m_layers;

@@ -1,23 +1,17 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 #include "display/display_channel.h"
 #include "display/display_seams.h"
 #include "display/estado.h"
+#include "display/text_style.h"
 #include "foundation/seams.h"
 
 namespace tolmira {
-
-// Shadow and outline of a theme as CSS text. `k` scales for a preview: the preview host's width over the display's
-// width, 1 for the display.
-QString SombraTexto(const TemaRecord &tema, double k);
-QString ContornoTexto(const TemaRecord &tema);
-QString EstiloTexto(const TemaRecord &tema);
-void AplicaEstiloTexto(PageObject *pagina, const TemaRecord &tema);
-
-// The band alpha as text: "1" when the strength is at least 10, otherwise "0." and the strength.
-QString AlfaFaixa(const QString &transparenciaFaixa);
 
 // Cuts a text at its blank lines into verses whose lines are joined by "<br>".
 QStringList CarregaEstrofes(const QString &texto);
@@ -31,15 +25,25 @@ public:
                  RandomSource &random);
 
   void ExibeVerso(int posicao, bool comEfeito); // 1-based; -1 sends nothing
-  QString MontaVerso(const QString &texto);     // "[efeito]" left in it, apostrophes escaped
+  // The only place where the layout is chosen. "[efeito]" is left in the result, apostrophes are escaped.
+  QString MontaVerso(const QString &texto);
+
+  // The size in em of the page's base size (`base`, points) at which the longest line of `texto` (lines end at CR LF)
+  // takes at most `percentual` per cent of the display's width; never above `tamanho` points (1.3 times as much on a
+  // 4:3 display). Two decimals; 0 for a base of 0. Without a display there is no limit to keep.
   double AjustaFonte(const QString &texto, double base, double percentual, double tamanho);
   QString AjustaFonteTexto(const QString &texto, double base, double percentual, double tamanho);
+
   QString AlturaLinha(int linhas) const;
-  bool Chance(int pct);
+  bool Chance(int pct); // true when a draw from 1 to 100 is below `pct`
+  // Plays an exit effect on a page with `texto`; clears `saida` first.
   void MostraEfeitoSaida(PageObject *pagina, const QString &fx, const QString &texto, QString &saida);
 
 private:
   bool TelaQuatroTerco() const;
+  double TamanhoEm(const QString &texto, int linhas);
+  QString MontaAnimado(const QString &texto);
+  void Envia(QString &html, const QString &verso);
   EstadoConsole &m_estado;
   const AjustesTexto &m_ajustes;
   DisplayChannel &m_canal;

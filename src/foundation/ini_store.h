@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <memory>
+
 #include "foundation/app_folder.h"
 
 namespace tolmira {
@@ -42,7 +44,7 @@ public:
 
 private:
   struct Impl;
-  Impl *m_impl;
+  std::unique_ptr<Impl> m_impl;
 };
 
 // The per-user values that the console keeps (`FonteGrande`, `chkim1` ...). They live in the section `Registro` of

@@ -20,10 +20,15 @@ public:
 class LoopYielder : public Yielder {
 public:
   void Yield(int times) override;
+  // True inside Yield. Sockets may speak then (see Yield); whoever takes commands from one keeps them until it is over.
+  bool IsYielding() const { return m_depth > 0; }
+
+private:
+  int m_depth = 0;
 };
 
 // Measures without hinting at a large reference size and scales, so that the result agrees with the page's layout at
-// any size. Keeps the last fonts; not for use from two threads.
+// any size. A missing family is measured as "Arial". Remembers fonts and lines; not for use from two threads.
 class FontTextMeasure : public TextMeasure {
 public:
   FontTextMeasure();

@@ -30,7 +30,8 @@ QString ReadWholeFile(const QString &storedPath);
 // folder. False when nothing was written; the old content then stands.
 bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes);
 
-// Writes `text` and a line end to `path` (CR and LF are taken out of the path), in windows-1252 as EncodeText does.
+// Writes `text` and a line end to `path` (CR and LF are taken out of the path), in windows-1252 as EncodeText does; a
+// file that was UTF-8 stays UTF-8.
 // With `verify` clear the result is whether the file now exists, with `verify` set whether it reads back equal.
 bool WriteTextFile(const QString &text, const QString &path, bool verify);
 

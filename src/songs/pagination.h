@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
-
 #include "foundation/seams.h"
 #include "songs/verse.h"
+
+#include <QString>
+#include <QStringList>
 
 namespace tolmira {
 

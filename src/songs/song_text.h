@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QString>
-
 #include "foundation/app_folder.h"
+
+#include <QString>
+#include <QStringList>
 
 namespace tolmira {
 
@@ -18,6 +19,13 @@ TipoLouvor TipoDoCaminho(const QString &path);
 QString ReadSongFile(const AppFolder &app, const QString &path);
 QString CleanSongText(const QString &text);
 QString CollapseBlankRuns(const QString &text);
+
+// The stanzas of a song: the pieces between blank lines, trimmed, blank ones included. A line "-" inside a stanza
+// becomes a line with one blank in it.
+QStringList SplitStanzas(const QString &text);
+
+// Sets the capital-letter chorus of a hymn behind every stanza. A text that is not laid out exactly as a hymn (numbered
+// stanzas, the chorus second) comes back unchanged.
 QString RepeatChorus(const QString &text);
 
 // The full stored path of what an agenda entry or the operator gives; empty when there is no such file.
@@ -26,7 +34,7 @@ QString ResolveSongPath(const AppFolder &app, const QString &name);
 struct PreparedSong {
   QString text;       // CR LF, capitals applied
   QString sourceText; // the same before capitals
-  QString fileName;   // the title: file name without folder and ".txt"
+  QString fileName;   // the title: file name without folder and ".txt"; empty when the text itself was given
   TipoLouvor tipo = TipoLouvor::Louvor;
   bool maiusculo = false;
 };

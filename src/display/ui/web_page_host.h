@@ -2,29 +2,38 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 #include "display/display_seams.h"
+#include "display/ui/page_profile.h"
 
 namespace tolmira {
 
 // PicWV: the widget that holds one page. Keeps the scripts that arrive while a page loads, keeps the last picture on
-// the screen until the new page has drawn itself, brings a dead render process back with the same page.
+// the screen until the new page has drawn itself, brings a dead render process back with the same page. Neither wheel
+// nor keyboard reach the page, and it never takes the keyboard focus.
 class WebPageHost : public QWidget {
   Q_OBJECT
 
 public:
-  // `name` tells hosts apart for the observer and the logs: "display", "preview".
-  WebPageHost(const QString &name, QWidget *parent);
+  // `name` tells hosts apart for the observer and the logs: "display", "preview". Hosts that are given one profile share
+  // it; without one the host makes its own.
+  WebPageHost(const QString &name, QWidget *parent, PageProfile profile = {});
   ~WebPageHost() override;
 
   // Makes the browser object and attaches it to this widget. False when the engine could not be started.
   bool CriaBrowser();
   PageObject *WV(); // null before CriaBrowser
-  void AddObserver(DisplayObserver *observer);
+  void AddObserver(DisplayObserver *observer); // not owned; outlives the host
 
   // Called after a render process died and its page was loaded again; the owner sends the verse on show.
   std::function<void()> OnRecovered;
+  std::function<void()> OnMouseMove; // the pointer moved over the page
+
+protected:
+  void resizeEvent(QResizeEvent *event) override;
+  bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
   struct Impl;

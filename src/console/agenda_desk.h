@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QString>
+
+#include <map>
+
+#include "console/agenda.h"
+#include "console/console_panel.h"
+#include "display/estado.h"
+#include "foundation/ini_store.h"
+#include "foundation/seams.h"
+
+namespace tolmira {
+
+// What the operator does with agendas: tabs, adding, removing, renaming, the four buttons of the agenda bar.
+class AgendaDesk {
+public:
+  AgendaDesk(const AppFolder &app, const IniStore &store, EstadoConsole &estado, PainelConsole &painel,
+             const FaixaTexto &faixa, ConsoleView *&view, UserPrompt &prompt);
+
+  void SelectTab(int n);  // a click on BotaoFlat5(n)
+  void carregaListTarefas(int n);
+  bool salvaListTarefas(int n); // false when the file could not be written; the list is kept in memory then
+  void PorNaLista(const QString &label, int kind, const QString &target, QString &message);
+
+  QString TabTitle(int n) const;
+  void RenameTab(int n, const QString &title);
+  bool TabHasOwnTitle(int n) const;
+
+  void ClearList();
+  void RemoveSelected();
+  void MoveEntry(int kind, int from, int to); // drag inside a group; saved at once
+  void SelectEntry(int kind, int index);
+  QString ClearCaption() const; // "Clear List", or "Clear '<title>'" while the list has items
+  bool CanClear() const { return m_lista.ListCount() > 0; }
+  bool CanRemove() const { return m_lista.HasSelection(); }
+  bool CanShow() const { return m_lista.HasSelection(); }
+  bool CanEdit() const; // false while no editor for the selected kind exists
+
+  // The loaded song under a new name, or the selected item edited: messages of the edit button.
+  void EditSelected();
+  void RemoveFromAgendas(int kind, const QString &name);
+  void RenameInAgendas(const QString &oldName, const QString &newName, int kind);
+  void RenameOnScreen(int kind, const QString &oldName, const QString &newName, const QString &newTarget);
+
+  ListTarefas &Lista() { return m_lista; }
+  const ListTarefas &Lista() const { return m_lista; }
+
+private:
+  AppFolder m_app;
+  const IniStore &m_store;
+  EstadoConsole &m_estado;
+  PainelConsole &m_painel;
+  const FaixaTexto &m_faixa;
+  ConsoleView *&m_view;
+  UserPrompt &m_prompt;
+  AgendaFiles m_files;
+  ListTarefas m_lista;
+  std::map<int, ListTarefas> m_unsaved; // agendas whose file could not be written
+};
+
+} // namespace tolmira

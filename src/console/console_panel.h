@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QString>
+
+#include "foundation/seams.h"
+
+namespace tolmira {
+
+// The text strip and its frame, in twips (15 to the pixel), relative to the panel that holds them.
+struct FaixaTexto {
+  int PainelLargura = 0; // window: size of the panel PicAbac
+  int PainelAltura = 0;
+  int FrameTop = 0;      // AjustaQuadro
+  int FrameHeight = 0;
+  int FrameLeft = 0;
+  int FrameWidth = 0;
+  bool Label1Visible = false;
+  QString Label1Texto;   // CR LF line ends, padded
+  FontSpec Label1Fonte;
+  int Label1Topo = 0;    // may lie far above or below the panel
+  int Label1Esquerda = 0;
+  int Label1Largura = 0;
+  int Alinhamento = 2;   // 0 left, 1 right, 2 centre
+  QString VersoAtual;    // for screen readers: the text in the frame
+};
+
+// What the console shows besides its text. The logic writes it and calls ConsoleView::Atualiza; the window only copies
+// it to its controls.
+struct PainelConsole {
+  QString Label9;                  // title of the item on show
+  bool LbFaixaVisible = false;     // with SliderFaixa
+  bool SliderExLouvorVisible = false;
+  bool SliderExBibliaVisible = false;
+  bool ComboFontSizeVisible = false;
+  bool SliderZoomVisible = true;   // with Label31
+  int SliderZoom = 100;            // per cent
+  bool sliderZoomBibliaVisible = false;
+  bool Picture4Visible = true;     // alignment and size of songs
+  bool Picture7Visible = false;    // the same for the Bible
+  int ImgAlinhamentoVertical = 2;  // 0 flex-start, 1 flex-end, 2 center
+  bool CommandBtEnabled = false;   // three buttons of text effects, and Command2
+  int LBTelaMarcado = 0;           // index of the chosen screen state
+
+  // tips
+  bool PicAviso = false;           // "drag the text or press an arrow key"
+  bool PicAviso2 = true;           // nothing loaded
+  bool PicDica2 = false;
+  bool PicDica3 = false;
+  QString PicDica3Texto;
+  bool PicDica4 = false;           // press Ctrl to skip verses
+  bool PicDicaAgenda = false;
+  QString LbDicaAgenda;
+  QString MensagemTira;            // a sentence in the strip's own message line; empty for none
+
+  // themes
+  int PicTemaAtual = 0;            // slot with the frame of the active theme; 0 for none
+  int PicAvisoProximo = 0;         // slot with the blinking frame of the queued theme; 0 for none
+  bool ChkIMVisible = true;
+};
+
+// The console window as the logic sees it. A double records the calls.
+class ConsoleView {
+public:
+  virtual ~ConsoleView() = default;
+  virtual void Atualiza() = 0;        // the panel record or the strip's content changed
+  virtual void StripMoved() = 0;      // only Label1Topo changed: called at each tick of a glide
+  virtual void AgendaChanged() = 0;   // entries, selection, tab or titles
+  virtual void ThemesChanged() = 0;   // tiles or the active theme's values
+  virtual void FocusStrip() = 0;      // the focus goes to the strip, where the arrow keys act
+  virtual int PreviewWidthPx() const = 0;
+};
+
+} // namespace tolmira

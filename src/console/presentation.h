@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+namespace tolmira {
+
+// What dialogs may ask of the console. They hold this, never the console window.
+class Presentation {
+public:
+  virtual ~Presentation() = default;
+
+  // The show event: `caption` is the entry's label (shown as the title), `name` its target (what is loaded).
+  // `index` counts from 1 inside the group; 0 for an entry that is not in the agenda.
+  virtual void ShowEntry(int kind, int index, const QString &caption, const QString &name) = 0;
+
+  // Adds to the active agenda; an empty target is replaced by the label. `message` says what came of it, for the
+  // caller's status line.
+  virtual void PorNaLista(const QString &label, int kind, const QString &target, QString &message) = 0;
+
+  virtual void exibirAgora(const QString &name) = 0; // selects the entry of that label, then shows it
+  virtual void exibirSelecinado() = 0;
+  virtual void editarSelecionado() = 0;
+  virtual void removerSelecionadodaLista() = 0;
+
+  virtual void RemoveFromAgendas(int kind, const QString &name) = 0;
+  virtual void RenameInAgendas(const QString &oldName, const QString &newName, int kind) = 0;
+
+  // Notifications of the editors: a song was saved under a new or old name, a slide document likewise.
+  virtual void ProcessaEditar(const QString &oldName, const QString &newName) = 0;
+  virtual void ProcessaEditarSlide(const QString &oldName, const QString &newName) = 0;
+};
+
+} // namespace tolmira

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "console/agenda_desk.h"
+#include "console/console_context.h"
+#include "console/presentation.h"
+#include "console/song_loader.h"
+#include "console/theme_control.h"
+
+namespace tolmira {
+
+// The show event with its dispatch by kind.
+class PresentationFlow : public Presentation {
+public:
+  PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, ThemeControl &temas);
+
+  void ShowEntry(int kind, int index, const QString &caption, const QString &name) override;
+  void PorNaLista(const QString &label, int kind, const QString &target, QString &message) override;
+  void exibirAgora(const QString &name) override;
+  void exibirSelecinado() override;
+  void editarSelecionado() override;
+  void removerSelecionadodaLista() override;
+  void RemoveFromAgendas(int kind, const QString &name) override;
+  void RenameInAgendas(const QString &oldName, const QString &newName, int kind) override;
+  void ProcessaEditar(const QString &oldName, const QString &newName) override;
+  void ProcessaEditarSlide(const QString &oldName, const QString &newName) override;
+
+private:
+  ConsoleContext &m_console;
+  AgendaDesk &m_agenda;
+  SongLoader &m_loader;
+  ThemeControl &m_temas;
+};
+
+} // namespace tolmira

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <functional>
+
+#include "console/console_context.h"
+#include "themes/theme_store.h"
+
+namespace tolmira {
+
+// The sixteen slots on the console: applying, queueing, drawing, and the rotation of pictures.
+class ThemeControl {
+public:
+  ThemeControl(ConsoleContext &console, TabelaTemas &temas);
+
+  // `forcar` is in and out: on return it says whether the page had to be rebuilt.
+  void aplicaTema(int n, bool &forcar);
+  // For a new item. True when the theme in force changed; the caller then rebuilds the page.
+  bool TrocaTema(int slot);
+  int SorteiaTema();
+  void DefineTimerInterval();
+  void ExibirImagem(const QString &path, bool fixed);
+
+  // A press on tile n: queues while a text is on show, applies at once on the active tile or when nothing is on show.
+  void PressTile(int n);
+  void MenuAplicar(int n);
+  void ClearQueue();
+  void StopRotation();
+
+  void SetChkIM(int n, bool ticked); // refuses to untick the last one
+  bool ChkIM(int n) const { return m_chkIM[static_cast<size_t>(n)]; }
+  void SetCheckAlteraTemaAleatorio(bool ticked);
+  bool CheckAlteraTemaAleatorio() const { return m_altera; }
+  void CarregaEscolhas(const Registro &registro); // check boxes at start
+  void SalvaEscolhas(const Registro &registro) const;
+
+  const TabelaTemas &Temas() const { return m_temas; }
+
+  // Presents the text on show again with the new theme, without building the page; set by the owner.
+  std::function<void()> ReapresentaTexto;
+
+private:
+  void AplicaTemaAtual();
+  void TickTrocaImagem();
+
+  ConsoleContext &m_console;
+  TabelaTemas &m_temas;
+  std::array<bool, NumeroDeTemas + 1> m_chkIM{};
+  bool m_altera = true;
+  int m_imagem = 1; // position in the theme's list, from 1
+  std::unique_ptr<PeriodicTimer> m_timerTrocaImagem;
+  std::unique_ptr<PeriodicTimer> m_timerProximoTema;
+};
+
+} // namespace tolmira

@@ -1,0 +1,340 @@
+#include "display/FrmQuendar.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+
+#include <utility>
+
+#include "display/ui/grip_strip.h"
+#include "display/ui/picture_layer.h"
+#include "display/ui/web_page_host.h"
+
+namespace tolmira {
+
+namespace {
+
+constexpr int FullAlfa = 255;
+constexpr int FadeStep = 20;
+constexpr int FadeIntervalMs = 16;
+constexpr int GripIntervalMs = 3000;
+constexpr int GripIgnoreAboveTwips = 50; // at the very edge the pointer leaves the strip's timer alone
+
+void PaintBlack(QWidget *widget) {
+  QPalette black = widget->palette();
+  black.setColor(QPalette::Window, Qt::black);
+  widget->setPalette(black);
+  widget->setAutoFillBackground(true);
+}
+
+} // namespace
+
+struct FrmQuendar::Impl : public DisplayLayers {
+  Impl(FrmQuendar &owner, Parts given);
+
+  PageObject *WV() override { return picWV ? picWV->WV() : nullptr; }
+  MediaPlayer *wmp() override { return player.get(); }
+  void ShowPicwmp(bool visible) override { picwmp->setVisible(visible); }
+  void PicwmpToBack() override { picwmp->lower(); }
+  void ShowPicWV(bool visible) override { picWV->setVisible(visible); }
+  void PicWVToBack() override { picWV->lower(); }
+  void ShowWmp(bool visible) override { player->SetVisible(visible); }
+  void ShowTelaPreta(bool visible) override { telaPreta->setVisible(visible); }
+  bool TelaPretaVisible() const override { return !telaPreta->isHidden(); }
+  void TelaPretaToFront() override { telaPreta->raise(); }
+  bool LoadImagePadrao(const QString &storedPath) override { return imagePadrao->Load(storedPath); }
+  void ShowImagePadrao(bool visible) override { imagePadrao->setVisible(visible); }
+  void ImagePadraoToFront() override { imagePadrao->raise(); }
+  void PicMoveToFront() override { picMove->raise(); }
+  void StopGripTimer() override { timerRemoveBarraTitulo->Stop(); }
+  void FitMedia() override;
+  void SetWindowVisible(bool visible) override;
+  void SetTopmost(bool topmost) override;
+  void Unload() override;
+  QSize SizePx() const override { return window.size(); }
+
+  bool IsNormal() const { return !window.isFullScreen(); }
+  void Arrange();
+  void ShowGripForState();
+  void ApplyAlfa();
+  void TickFade();
+  void ToggleState();
+  void MostraGrip();
+  void TickGrip();
+  bool OnLayerMouse(QObject *layer, QMouseEvent *mouse);
+  void OnScreenRemoved(QScreen *screen);
+
+  FrmQuendar &window;
+  Parts parts;
+  WebPageHost *picWV;
+  QWidget *picwmp;
+  std::unique_ptr<MpvPlayer> player;
+  PictureLayer *imagePadrao;
+  QWidget *telaPreta;
+  GripStrip *picMove;
+  std::unique_ptr<DisplayCommands> commands;
+  std::unique_ptr<PeriodicTimer> timerFade;
+  std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
+  int alfa = 0;
+  bool moverAtivo = false;
+  bool dragged = false;      // the present press became a drag, so its release is no click
+  bool withoutScreen = false; // Esconde: not to be shown before it is placed again
+  QPointer<QScreen> screen;  // of the projector; null in a rehearsal window
+  QRect normalRect;          // of the window in normal state
+};
+
+FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
+    : window(owner), parts(std::move(given)), picWV(new WebPageHost(QStringLiteral("display"), &owner, parts.profile)),
+      picwmp(new QWidget(&owner)), imagePadrao(new PictureLayer(&owner)), telaPreta(new QWidget(&owner)),
+      picMove(new GripStrip(&owner)) {
+  picWV->setObjectName(QStringLiteral("PicWV"));
+  picwmp->setObjectName(QStringLiteral("Picwmp"));
+  imagePadrao->setObjectName(QStringLiteral("ImagePadrao"));
+  telaPreta->setObjectName(QStringLiteral("PicTelaPreta"));
+  for (QWidget *layer : {picwmp, telaPreta})
+    PaintBlack(layer);
+  telaPreta->setMouseTracking(true);
+  for (QWidget *hidden : {picwmp, static_cast<QWidget *>(imagePadrao), telaPreta})
+    hidden->hide();
+
+  player = std::make_unique<MpvPlayer>(picwmp, parts.video, parts.observer);
+  if (parts.observer)
+    picWV->AddObserver(parts.observer);
+  commands = std::make_unique<DisplayCommands>(parts.estado, parts.app, *this, parts.mirror, parts.captions, parts.clock);
+  timerFade = parts.clock.NewTimer([this] { TickFade(); });
+  timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });
+
+  picWV->OnRecovered = [this] {
+    if (window.OnRecovered)
+      window.OnRecovered();
+  };
+  picWV->OnMouseMove = [this] { MostraGrip(); };
+  for (QWidget *layer : {static_cast<QWidget *>(imagePadrao), telaPreta, static_cast<QWidget *>(picMove),
+                         static_cast<QWidget *>(picMove->Label7()), picMove->Image4()})
+    layer->installEventFilter(&owner);
+  QObject::connect(qApp, &QGuiApplication::screenRemoved, &owner, [this](QScreen *gone) { OnScreenRemoved(gone); });
+}
+
+void FrmQuendar::Impl::FitMedia() {
+  picwmp->setGeometry(window.rect());
+  player->SetGeometry(picwmp->rect());
+}
+
+void FrmQuendar::Impl::SetWindowVisible(bool visible) {
+  const bool wanted = visible && !withoutScreen;
+  if (window.isVisible() != wanted)
+    window.setVisible(wanted);
+}
+
+void FrmQuendar::Impl::SetTopmost(bool topmost) {
+  Qt::WindowFlags flags = window.windowFlags();
+  if (flags.testFlag(Qt::WindowStaysOnTopHint) == topmost)
+    return;
+  flags.setFlag(Qt::WindowStaysOnTopHint, topmost);
+  // The widget's own setter hides and makes the window anew, which the hall would see; the native window changes the
+  // state in place.
+  window.overrideWindowFlags(flags);
+  if (QWindow *native = window.windowHandle())
+    native->setFlags(flags);
+}
+
+void FrmQuendar::Impl::Unload() {
+  timerFade->Stop();
+  timerRemoveBarraTitulo->Stop();
+  player->Close();
+  withoutScreen = true;
+  window.hide();
+  if (window.OnUnload)
+    window.OnUnload();
+}
+
+void FrmQuendar::Impl::Arrange() {
+  const QRect whole = window.rect();
+  picWV->setGeometry(whole);
+  FitMedia();
+  imagePadrao->setGeometry(whole);
+  telaPreta->setGeometry(whole);
+  picMove->setGeometry(0, 0, whole.width(), GripStrip::HeightPx);
+  if (IsNormal())
+    timerRemoveBarraTitulo->Stop();
+  ShowGripForState();
+}
+
+void FrmQuendar::Impl::ShowGripForState() {
+  picMove->setVisible(IsNormal() || moverAtivo);
+  picMove->Label7()->setVisible(IsNormal());
+}
+
+void FrmQuendar::Impl::ApplyAlfa() { window.setWindowOpacity(alfa / static_cast<double>(FullAlfa)); }
+
+void FrmQuendar::Impl::TickFade() {
+  alfa = qMin(alfa + FadeStep, FullAlfa);
+  ApplyAlfa();
+  if (alfa == FullAlfa)
+    timerFade->Stop();
+}
+
+void FrmQuendar::Impl::ToggleState() {
+  if (!parts.estado.ConsoleCarregado)
+    return;
+  if (IsNormal()) {
+    normalRect = window.geometry();
+    window.setWindowState(Qt::WindowFullScreen);
+  } else {
+    window.setWindowState(Qt::WindowNoState);
+    if (normalRect.isValid())
+      window.setGeometry(normalRect);
+  }
+}
+
+void FrmQuendar::Impl::MostraGrip() {
+  if (!parts.estado.ConsoleCarregado)
+    return;
+  moverAtivo = true;
+  picMove->show();
+  picMove->Label7()->setVisible(IsNormal());
+  timerRemoveBarraTitulo->Stop();
+  timerRemoveBarraTitulo->Start(GripIntervalMs);
+}
+
+void FrmQuendar::Impl::TickGrip() {
+  timerRemoveBarraTitulo->Stop();
+  moverAtivo = false;
+  picMove->setVisible(IsNormal());
+}
+
+bool FrmQuendar::Impl::OnLayerMouse(QObject *layer, QMouseEvent *mouse) {
+  if (!parts.estado.ConsoleCarregado)
+    return false;
+  const bool onStrip = layer == picMove;
+  const bool onGrip = onStrip || layer == picMove->Label7();
+  switch (mouse->type()) {
+  case QEvent::MouseButtonPress:
+    dragged = false;
+    return mouse->button() == Qt::LeftButton;
+  case QEvent::MouseMove:
+    if (onGrip && mouse->buttons().testFlag(Qt::LeftButton) && IsNormal()) {
+      if (!std::exchange(dragged, true) && window.windowHandle())
+        window.windowHandle()->startSystemMove();
+      return true;
+    }
+    if (onStrip && mouse->position().y() * TwipsPerPixel >= GripIgnoreAboveTwips && !IsNormal())
+      timerRemoveBarraTitulo->Start(GripIntervalMs);
+    else if (!onGrip && layer != picMove->Image4())
+      MostraGrip();
+    return false;
+  case QEvent::MouseButtonRelease:
+    if (mouse->button() == Qt::LeftButton && !std::exchange(dragged, false))
+      ToggleState();
+    return mouse->button() == Qt::LeftButton;
+  default:
+    return false;
+  }
+}
+
+void FrmQuendar::Impl::OnScreenRemoved(QScreen *gone) {
+  if (screen && screen == gone)
+    window.Esconde();
+}
+
+FrmQuendar::FrmQuendar(Parts parts, QWidget *parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint) {
+  setObjectName(QStringLiteral("FrmQuendar"));
+  setWindowTitle(QStringLiteral("FrmQuendar"));
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_QuitOnClose, false);
+  setFocusPolicy(Qt::NoFocus);
+  setMouseTracking(true);
+  PaintBlack(this);
+  m_impl = std::make_unique<Impl>(*this, std::move(parts));
+  m_impl->ApplyAlfa();
+  m_impl->Arrange();
+  if (m_impl->parts.estado.ConsoleCarregado)
+    m_impl->commands->DefineTelaPreta(true);
+}
+
+FrmQuendar::~FrmQuendar() = default;
+
+bool FrmQuendar::CriaBrowser() {
+  if (!m_impl->picWV->CriaBrowser())
+    return false;
+  PageObject *page = m_impl->picWV->WV();
+  page->AoNavegar = [this](const QString &uri, bool &cancel) { m_impl->commands->AoNavegar(uri, cancel); };
+  page->AoPermissao = [this](int kind, int &state) { m_impl->commands->AoPermissao(kind, state); };
+  return true;
+}
+
+WebPageHost *FrmQuendar::PicWV() { return m_impl->picWV; }
+
+void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
+  Impl &d = *m_impl;
+  QScreen *target = QGuiApplication::screenAt(pixels.center());
+  d.screen = wholeScreen ? target : nullptr;
+  // A window that is whole screen already stays where it is, so it becomes a normal one on the way to another screen.
+  if (isFullScreen())
+    setWindowState(Qt::WindowNoState);
+  if (target)
+    setScreen(target);
+  setGeometry(pixels);
+  if (wholeScreen) {
+    d.normalRect = QRect(pixels.center() - QPoint(pixels.width() / 4, pixels.height() / 4), pixels.size() / 2);
+    setWindowState(Qt::WindowFullScreen);
+  } else {
+    d.normalRect = pixels;
+  }
+  d.withoutScreen = false;
+  d.SetWindowVisible(d.commands->DisplayVisivel());
+  d.Arrange();
+  if (d.alfa < FullAlfa)
+    IniciaFade();
+}
+
+void FrmQuendar::IniciaFade() { m_impl->timerFade->Start(FadeIntervalMs); }
+
+void FrmQuendar::Esconde() {
+  m_impl->withoutScreen = true;
+  m_impl->screen = nullptr;
+  hide();
+}
+
+void FrmQuendar::ProcessaComando(const QString &comando) { m_impl->commands->ProcessaComando(comando); }
+PageObject *FrmQuendar::WV() { return m_impl->WV(); }
+MediaPlayer *FrmQuendar::wmp() { return m_impl->wmp(); }
+QSize FrmQuendar::SizePx() const { return size(); }
+bool FrmQuendar::DisplayVisivel() const { return m_impl->commands->DisplayVisivel(); }
+void FrmQuendar::DefineTelaPreta(bool ligado) { m_impl->commands->DefineTelaPreta(ligado); }
+void FrmQuendar::DefineFundoPadrao(const QString &caminho) { m_impl->commands->DefineFundoPadrao(caminho); }
+DisplayCommands &FrmQuendar::Commands() { return *m_impl->commands; }
+
+void FrmQuendar::resizeEvent(QResizeEvent *) {
+  m_impl->Arrange();
+  // After one turn of the message loop, so that the layers have taken their place before the console asks for it.
+  QTimer::singleShot(0, this, [this] {
+    if (!m_impl->parts.estado.ConsoleCarregado && PosicaoInicial)
+      PosicaoInicial();
+  });
+}
+
+void FrmQuendar::changeEvent(QEvent *event) {
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() && m_impl->parts.estado.ConsoleCarregado)
+    m_impl->SetTopmost(true);
+  else if (event->type() == QEvent::WindowStateChange)
+    m_impl->Arrange();
+  QWidget::changeEvent(event);
+}
+
+bool FrmQuendar::eventFilter(QObject *watched, QEvent *event) {
+  switch (event->type()) {
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease:
+  case QEvent::MouseMove:
+    return m_impl->OnLayerMouse(watched, static_cast<QMouseEvent *>(event));
+  default:
+    return QWidget::eventFilter(watched, event);
+  }
+}
+
+} // namespace tolmira

@@ -1,0 +1,344 @@
+#include "display/ui/mpv_player.h"
+
+#include <QObject>
+#include <QRect>
+#include <QWidget>
+
+#include <mpv/client.h>
+
+#include <algorithm>
+#include <clocale>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "display/ui/video_surface.h"
+#include "foundation/real_path.h"
+
+namespace tolmira {
+
+namespace {
+
+enum Watched : uint64_t { WatchTime = 1, WatchDuration, WatchEof };
+
+// What the library opens: an address as it is, anything else the real file behind the stored path.
+QByteArray MediaTarget(const QString &stored) {
+  QString path = stored;
+  if (path.startsWith(u"file:///", Qt::CaseInsensitive))
+    path = path.mid(8);
+  else if (path.contains(u"://"))
+    return path.toUtf8();
+  return MapStoredPath(path).text().toUtf8();
+}
+
+// Stretched or not, a picture keeps its aspect; a small one is enlarged only when it is to fit.
+const char *UnscaledMode(bool stretch) { return stretch ? "no" : "downscale-big"; }
+
+} // namespace
+
+struct MpvPlayer::Impl : public QObject {
+  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {}
+  ~Impl() override {
+    surface.reset();
+    if (mpv) {
+      mpv_set_wakeup_callback(mpv, nullptr, nullptr);
+      mpv_terminate_destroy(mpv);
+    }
+  }
+
+  bool Ensure();
+  void Option(const char *name, const char *value) { mpv_set_option_string(mpv, name, value); }
+  void Command(std::initializer_list<const char *> words);
+  void Flag(const char *name, bool on);
+  void Text(const char *name, const char *value);
+  void Pause(bool on);
+  void Seek(double seconds);
+  void ReadEvents();
+  void OnProperty(const mpv_event_property &property, uint64_t watched);
+  void Say(const QString &call) const {
+    if (observer)
+      observer->OnMedia(call);
+  }
+  void Place() {
+    if (!surface)
+      return;
+    surface->Widget()->setGeometry(geometry.value_or(picwmp->rect()));
+    surface->Widget()->setVisible(visible);
+  }
+
+  QWidget *picwmp;
+  VideoDrawing drawing;
+  DisplayObserver *observer;
+  mpv_handle *mpv = nullptr;
+  std::unique_ptr<VideoSurface> surface;
+  bool failed = false;
+
+  QString url;
+  PlayState state = PlayState::Undefined;
+  double position = 0;
+  double duration = 0;
+  int volume = 50;
+  bool loop = false;
+  bool stretch = false;
+  bool fileLoaded = false;
+  std::optional<double> wantedPosition; // asked for before the file was open
+  bool visible = true;
+  std::optional<QRect> geometry;
+};
+
+bool MpvPlayer::Impl::Ensure() {
+  if (mpv || failed)
+    return mpv != nullptr;
+  std::setlocale(LC_NUMERIC, "C"); // the library refuses to start under another decimal sign
+  mpv = mpv_create();
+  if (!mpv) {
+    failed = true;
+    return false;
+  }
+  Option("config", "no");
+  Option("terminal", "no");
+  Option("osc", "no");
+  Option("input-default-bindings", "no");
+  Option("input-vo-keyboard", "no");
+  Option("load-scripts", "no");
+  Option("ytdl", "no");
+  Option("vo", "libmpv");
+  Option("hwdec", drawing == VideoDrawing::Gl ? "auto-safe" : "no");
+  Option("idle", "yes");
+  Option("keep-open", "yes"); // the last picture stands at the end, instead of a sudden black
+  Option("hr-seek", "yes");
+  Option("audio-display", "no");
+  Option("sub-auto", "no");
+  Option("audio-client-name", "Tolmira");
+  if (const QByteArray device = qgetenv("TOLMIRA_AO"); !device.isEmpty())
+    Option("ao", device.constData());
+  if (mpv_initialize(mpv) < 0) {
+    mpv_terminate_destroy(mpv);
+    mpv = nullptr;
+    failed = true;
+    return false;
+  }
+  mpv_observe_property(mpv, WatchTime, "time-pos", MPV_FORMAT_DOUBLE);
+  mpv_observe_property(mpv, WatchDuration, "duration", MPV_FORMAT_DOUBLE);
+  mpv_observe_property(mpv, WatchEof, "eof-reached", MPV_FORMAT_FLAG);
+  mpv_set_wakeup_callback(
+      mpv,
+      [](void *self) {
+        auto *impl = static_cast<Impl *>(self);
+        QMetaObject::invokeMethod(impl, [impl] { impl->ReadEvents(); }, Qt::QueuedConnection);
+      },
+      this);
+
+  surface = drawing == VideoDrawing::Gl ? NewGlVideoSurface(picwmp) : NewSoftwareVideoSurface(picwmp);
+  surface->Attach(mpv);
+  Place();
+  Text("volume", QByteArray::number(volume).constData());
+  Text("loop-file", loop ? "inf" : "no");
+  Text("video-unscaled", UnscaledMode(stretch));
+  return true;
+}
+
+void MpvPlayer::Impl::Command(std::initializer_list<const char *> words) {
+  if (!mpv)
+    return;
+  std::vector<const char *> arguments(words);
+  arguments.push_back(nullptr);
+  mpv_command_async(mpv, 0, arguments.data());
+}
+
+void MpvPlayer::Impl::Flag(const char *name, bool on) {
+  int value = on ? 1 : 0;
+  if (mpv)
+    mpv_set_property_async(mpv, 0, name, MPV_FORMAT_FLAG, &value);
+}
+
+void MpvPlayer::Impl::Text(const char *name, const char *value) {
+  if (mpv)
+    mpv_set_property_async(mpv, 0, name, MPV_FORMAT_STRING, &value);
+}
+
+void MpvPlayer::Impl::Pause(bool on) { Flag("pause", on); }
+
+void MpvPlayer::Impl::Seek(double seconds) {
+  position = seconds;
+  if (!fileLoaded) {
+    wantedPosition = seconds;
+    return;
+  }
+  Command({"seek", QByteArray::number(seconds, 'f', 3).constData(), "absolute+exact"});
+}
+
+void MpvPlayer::Impl::ReadEvents() {
+  while (mpv) {
+    const mpv_event *event = mpv_wait_event(mpv, 0);
+    switch (event->event_id) {
+    case MPV_EVENT_NONE:
+      return;
+    case MPV_EVENT_FILE_LOADED:
+      fileLoaded = true;
+      if (wantedPosition)
+        Seek(*std::exchange(wantedPosition, std::nullopt));
+      break;
+    case MPV_EVENT_END_FILE:
+      fileLoaded = false;
+      // A file that gives way to the next one ends too; only one that could not be played stops the player.
+      if (static_cast<mpv_event_end_file *>(event->data)->reason == MPV_END_FILE_REASON_ERROR)
+        state = PlayState::Stopped;
+      break;
+    case MPV_EVENT_PROPERTY_CHANGE:
+      OnProperty(*static_cast<mpv_event_property *>(event->data), event->reply_userdata);
+      break;
+    default:
+      break;
+    }
+  }
+}
+
+void MpvPlayer::Impl::OnProperty(const mpv_event_property &property, uint64_t watched) {
+  if (url.isEmpty() || !property.data)
+    return;
+  switch (watched) {
+  case WatchTime:
+    if (state != PlayState::Stopped)
+      position = *static_cast<double *>(property.data);
+    break;
+  case WatchDuration:
+    duration = *static_cast<double *>(property.data);
+    break;
+  case WatchEof:
+    if (*static_cast<int *>(property.data) && state == PlayState::Playing && !loop)
+      state = PlayState::Ended;
+    break;
+  default:
+    break;
+  }
+}
+
+MpvPlayer::MpvPlayer(QWidget *picwmp, VideoDrawing drawing, DisplayObserver *observer)
+    : m_impl(std::make_unique<Impl>(picwmp, drawing, observer)) {}
+
+MpvPlayer::~MpvPlayer() = default;
+
+void MpvPlayer::SetUrl(const QString &storedPathOrAddress) {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("URL=") + storedPathOrAddress);
+  if (storedPathOrAddress.isEmpty()) {
+    Close();
+    return;
+  }
+  if (!d.Ensure())
+    return;
+  d.url = storedPathOrAddress;
+  d.position = 0;
+  d.duration = 0;
+  d.fileLoaded = false;
+  d.wantedPosition.reset();
+  d.state = PlayState::Playing;
+  d.Command({"loadfile", MediaTarget(storedPathOrAddress).constData(), "replace"});
+  d.Pause(false);
+  d.surface->SetBlank(false);
+}
+
+QString MpvPlayer::Url() const { return m_impl->url; }
+
+void MpvPlayer::Close() {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("close"));
+  d.Command({"stop"});
+  d.url.clear();
+  d.position = 0;
+  d.duration = 0;
+  d.fileLoaded = false;
+  d.wantedPosition.reset();
+  d.state = PlayState::Undefined;
+  if (d.surface)
+    d.surface->SetBlank(true);
+}
+
+void MpvPlayer::ControlsPlay() {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("controls.play"));
+  if (d.url.isEmpty())
+    return;
+  if (d.state == PlayState::Ended)
+    d.Seek(0);
+  d.state = PlayState::Playing;
+  d.Pause(false);
+  d.surface->SetBlank(false);
+}
+
+void MpvPlayer::ControlsPause() {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("controls.pause"));
+  if (d.state != PlayState::Playing)
+    return;
+  d.state = PlayState::Paused;
+  d.Pause(true);
+}
+
+void MpvPlayer::ControlsStop() {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("controls.stop"));
+  if (d.url.isEmpty())
+    return;
+  // Kept open at its start, so that the play that often follows at once begins without a gap.
+  d.state = PlayState::Stopped;
+  d.Pause(true);
+  d.Seek(0);
+  d.surface->SetBlank(true);
+}
+
+double MpvPlayer::CurrentPosition() const { return m_impl->position; }
+
+void MpvPlayer::SetCurrentPosition(double seconds) {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("controls.currentPosition=") + QString::number(seconds));
+  if (d.url.isEmpty())
+    return;
+  if (d.state == PlayState::Ended)
+    d.state = PlayState::Paused;
+  d.Seek(std::max(0.0, seconds));
+}
+
+double MpvPlayer::MediaDuration() const { return m_impl->duration; }
+
+int MpvPlayer::Volume() const { return m_impl->volume; }
+
+void MpvPlayer::SetVolume(int volume) {
+  Impl &d = *m_impl;
+  d.volume = std::clamp(volume, 0, 100);
+  d.Say(QStringLiteral("settings.volume=") + QString::number(d.volume));
+  d.Text("volume", QByteArray::number(d.volume).constData());
+}
+
+void MpvPlayer::SetLoop(bool loop) {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("settings.setMode(loop,") + (loop ? u"true)" : u"false)"));
+  d.loop = loop;
+  d.Text("loop-file", loop ? "inf" : "no");
+}
+
+PlayState MpvPlayer::State() const { return m_impl->state; }
+
+void MpvPlayer::SetStretchToFit(bool stretch) {
+  Impl &d = *m_impl;
+  d.Say(QStringLiteral("stretchToFit=") + (stretch ? u"true" : u"false"));
+  d.stretch = stretch;
+  d.Text("video-unscaled", UnscaledMode(stretch));
+}
+
+void MpvPlayer::SetFullScreen(bool full) { m_impl->Say(QStringLiteral("fullScreen=") + (full ? u"true" : u"false")); }
+
+void MpvPlayer::SetUiMode(const QString &mode) { m_impl->Say(QStringLiteral("uiMode=") + mode); }
+
+void MpvPlayer::SetVisible(bool visible) {
+  m_impl->visible = visible;
+  m_impl->Place();
+}
+
+void MpvPlayer::SetGeometry(const QRect &rect) {
+  m_impl->geometry = rect;
+  m_impl->Place();
+}
+
+} // namespace tolmira

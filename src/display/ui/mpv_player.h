@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+#include "display/display_seams.h"
+
+class QWidget;
+
+namespace tolmira {
+
+enum class VideoDrawing { Software, Gl };
+
+// The media player inside `Picwmp`. Nothing of the media library is made before the first SetUrl, so that a service
+// without videos does not pay for it. Every call returns at once; a file that cannot be played leaves the player stopped.
+class MpvPlayer : public MediaPlayer {
+public:
+  // `picwmp` holds the picture and outlives the player. `observer` may be null. Sound goes to the device that the
+  // environment variable TOLMIRA_AO names ("null" for none), else to the desktop's.
+  MpvPlayer(QWidget *picwmp, VideoDrawing drawing, DisplayObserver *observer);
+  ~MpvPlayer() override;
+
+  void SetUrl(const QString &storedPathOrAddress) override;
+  QString Url() const override;
+  void Close() override;
+  void ControlsPlay() override;
+  void ControlsPause() override;
+  void ControlsStop() override; // back to the start, black
+  double CurrentPosition() const override;
+  void SetCurrentPosition(double seconds) override;
+  double MediaDuration() const override;
+  int Volume() const override;
+  void SetVolume(int volume) override;
+  void SetLoop(bool loop) override;
+  PlayState State() const override; // Playing from the call that starts it, Ended at the end of a file that does not loop
+  void SetStretchToFit(bool stretch) override;
+  void SetFullScreen(bool full) override;
+  void SetUiMode(const QString &mode) override;
+
+  void SetVisible(bool visible);       // the player inside its host
+  void SetGeometry(const QRect &rect); // in the host's coordinates
+
+private:
+  struct Impl;
+  std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace tolmira

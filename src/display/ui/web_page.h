@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWebEngineLoadingInfo>
+#include <QWebEnginePage>
+
+#include <functional>
+
+namespace tolmira {
+
+// The engine's page with the rules of a projection: it goes nowhere by itself, opens no windows, and says when a document
+// can take scripts and when its first picture is complete.
+class WebPage : public QWebEnginePage {
+  Q_OBJECT
+
+public:
+  WebPage(QWebEngineProfile *profile, QObject *parent);
+
+  // Loads an address as the load of this number; the reports of the document carry the number.
+  void Load(const QUrl &url, int load);
+
+  std::function<void(const QString &uri, bool &cancel)> OnNavigating; // only what the page itself starts
+  std::function<void(int load)> OnReady; // the document is parsed and its own start functions have run
+  std::function<void(int load)> OnDrawn; // pictures and video are there and have been drawn
+
+protected:
+  bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
+  QWebEnginePage *createWindow(WebWindowType type) override;
+  void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
+                                const QString &source) override;
+
+private:
+  QString m_token; // pages cannot guess it, so they cannot report in the host's name
+};
+
+} // namespace tolmira

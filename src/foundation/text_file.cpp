@@ -1,0 +1,103 @@
+#include "foundation/text_file.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QUrl>
+
+#include <algorithm>
+
+#include "foundation/real_path.h"
+
+namespace tolmira {
+namespace {
+
+constexpr qint64 ReadStep = 256 * 1024;
+
+// What an address cannot hold as it is: signs with a meaning of their own there, signs that would end the quotation
+// marks round the address in a page or a script, and what the address parser drops (control characters, a last blank).
+bool NeedsEncoding(const QString &path) {
+  static constexpr QStringView Special = u"%#?'\"<>";
+  return path.endsWith(u' ') || std::any_of(path.begin(), path.end(), [](QChar character) {
+           return character < u' ' || Special.contains(character);
+         });
+}
+
+} // namespace
+
+FileContent ReadDevice(QIODevice &device, qint64 limit) {
+  FileContent content;
+  content.exists = device.isOpen();
+  if (!device.isReadable())
+    return content;
+  while (content.bytes.size() < limit) {
+    const qint64 wanted = std::min(ReadStep, limit - content.bytes.size());
+    const qsizetype before = content.bytes.size();
+    content.bytes.resize(before + wanted);
+    const qint64 got = device.read(content.bytes.data() + before, wanted);
+    content.bytes.resize(before + std::max<qint64>(got, 0));
+    if (got < 0)
+      return content;
+    if (got == 0) {
+      content.complete = true;
+      return content;
+    }
+  }
+  return content;
+}
+
+FileContent ReadFileContent(const QString &storedPath, qint64 limit) {
+  const QString path = MapStoredPath(storedPath).text();
+  FileContent content;
+  const QFileInfo info(path);
+  content.exists = info.exists();
+  // Only plain files: opening a pipe would wait for a writer, and a folder has no text.
+  if (!info.isFile())
+    return content;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    return content;
+  return ReadDevice(file, limit);
+}
+
+QString ReadWholeFile(const QString &storedPath) {
+  const FileContent content = ReadFileContent(storedPath);
+  return content.complete ? DecodeText(content.bytes).text : QString();
+}
+
+bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
+  const QString path = MapStoredPath(storedPath).text();
+  if (path.isEmpty())
+    return false;
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly))
+    return false;
+  if (file.write(bytes) != bytes.size())
+    file.cancelWriting();
+  return file.commit();
+}
+
+bool WriteTextFile(const QString &text, const QString &path, bool verify) {
+  const FileContent old = ReadFileContent(path);
+  const TextEncoding encoding = old.complete ? DecodeText(old.bytes).encoding : TextEncoding::Windows1252;
+  const QString written = text + u"\r\n";
+  WriteFileAtomically(path, EncodeText(written, encoding));
+  return verify ? ReadWholeFile(path) == written : FileExists(path);
+}
+
+bool FileExists(const QString &storedPath) {
+  const QString path = MapStoredPath(storedPath).text();
+  return !path.isEmpty() && QFileInfo(path).isFile();
+}
+
+QString PagePath(const QString &storedPath) {
+  const QString prefix = QStringLiteral("file:///");
+  // The engine turns the backslashes of an address of this kind itself.
+  const QString asEngineSeesIt = QString(storedPath).replace(u'\\', u'/');
+  const QString real = MapStoredPath(storedPath).text();
+  if (real == asEngineSeesIt && !NeedsEncoding(real))
+    return prefix + storedPath;
+  return prefix + QString::fromLatin1(QUrl::toPercentEncoding(real, "/"));
+}
+
+} // namespace tolmira

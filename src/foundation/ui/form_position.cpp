@@ -1,0 +1,36 @@
+#include "foundation/ui/form_position.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QVariant>
+
+#include "foundation/window_position.h"
+
+namespace tolmira {
+namespace {
+
+QString SectionOf(const QWidget &form, bool useTag) {
+  return useTag ? QString(form.objectName() + form.property("varTAG").toString()) : form.objectName();
+}
+
+} // namespace
+
+void FormPositions::SaveFormPosition(const QWidget &form, bool useTag) const {
+  tolmira::SaveFormPosition(m_store, SectionOf(form, useTag), form.pos());
+}
+
+void FormPositions::RestoreFormPosition(QWidget &form, bool useTag, int fixedTop, int fixedLeft) const {
+  const QScreen *screen = m_console ? m_console->screen() : QGuiApplication::primaryScreen();
+  WindowPlacement placement;
+  placement.window = form.frameGeometry();
+  placement.screen = screen ? screen->geometry() : QRect();
+  placement.console = m_console ? m_console->frameGeometry() : placement.screen;
+  placement.isConsole = m_console == &form;
+  placement.consoleMinimised = m_console && m_console->isMinimized();
+  placement.fixedTop = fixedTop;
+  placement.fixedLeft = fixedLeft;
+  form.move(RestoredFormPosition(m_store, SectionOf(form, useTag), placement));
+  m_yielder.Yield(2);
+}
+
+} // namespace tolmira

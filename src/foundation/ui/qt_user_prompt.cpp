@@ -1,0 +1,86 @@
+#include "foundation/ui/qt_user_prompt.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "foundation/real_path.h"
+
+namespace tolmira {
+namespace {
+
+QMessageBox::Icon IconOf(MessageKind kind) {
+  switch (kind) {
+  case MessageKind::Information:
+    return QMessageBox::Information;
+  case MessageKind::Warning:
+    return QMessageBox::Warning;
+  case MessageKind::Critical:
+    return QMessageBox::Critical;
+  case MessageKind::Question:
+    return QMessageBox::Question;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void Prepare(QMessageBox &box, MessageKind kind, const QString &title, const QString &text) {
+  box.setObjectName(QStringLiteral("MessageBox"));
+  box.setIcon(IconOf(kind));
+  box.setWindowTitle(title);
+  // Names of songs and files come in these texts and may look like markup.
+  box.setTextFormat(Qt::PlainText);
+  box.setText(text);
+}
+
+} // namespace
+
+QWidget *QtUserPrompt::ParentNow() const {
+  QWidget *active = QApplication::activeWindow();
+  return active ? active : m_parent.data();
+}
+
+// The boxes live on the heap behind guarded pointers: the window under a box may go while it is open, and takes the box
+// with it.
+
+void QtUserPrompt::Message(MessageKind kind, const QString &title, const QString &text) {
+  const QPointer<QMessageBox> box = new QMessageBox(ParentNow());
+  Prepare(*box, kind, title, text);
+  box->addButton(QMessageBox::Ok);
+  box->exec();
+  delete box.data();
+}
+
+int QtUserPrompt::Ask(const QString &title, const QString &text, const QStringList &buttons) {
+  const QPointer<QMessageBox> box = new QMessageBox(ParentNow());
+  Prepare(*box, MessageKind::Question, title, text);
+  QList<QAbstractButton *> offered;
+  for (const QString &label : buttons)
+    offered.append(box->addButton(label, QMessageBox::AcceptRole));
+  if (!offered.isEmpty())
+    box->setDefaultButton(static_cast<QPushButton *>(offered.first()));
+  // Without an escape button the toolkit would not let a box of several buttons be closed.
+  QPushButton *closed = box->addButton(QMessageBox::Cancel);
+  closed->hide();
+  box->setEscapeButton(closed);
+  box->exec();
+  if (!box)
+    return -1;
+  const int pressed = static_cast<int>(offered.indexOf(box->clickedButton()));
+  delete box.data();
+  return pressed;
+}
+
+QString QtUserPrompt::OpenFile(const QString &title, const QString &folder, const QString &filter) {
+  const QPointer<QFileDialog> dialog =
+      new QFileDialog(ParentNow(), title, MapStoredPath(folder).text(), filter);
+  dialog->setObjectName(QStringLiteral("FileDialog"));
+  dialog->setOption(QFileDialog::DontUseNativeDialog);
+  dialog->setFileMode(QFileDialog::ExistingFile);
+  const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
+  const QString path = chosen ? dialog->selectedFiles().value(0) : QString();
+  delete dialog.data();
+  return path;
+}
+
+} // namespace tolmira

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QList>
+
+#include "foundation/seams.h"
+
+namespace tolmira::testing {
+
+// Records every box and answers from lists; with no answer left, the user closes the box or gives up.
+class ScriptedPrompt : public UserPrompt {
+public:
+  struct Shown {
+    MessageKind kind;
+    QString title;
+    QString text;
+    QStringList buttons; // empty for a plain message
+  };
+  struct FileQuestion {
+    QString title;
+    QString folder;
+    QString filter;
+  };
+
+  void Message(MessageKind kind, const QString &title, const QString &text) override {
+    shown.append({kind, title, text, {}});
+  }
+
+  int Ask(const QString &title, const QString &text, const QStringList &buttons) override {
+    shown.append({MessageKind::Question, title, text, buttons});
+    return answers.isEmpty() ? -1 : answers.takeFirst();
+  }
+
+  QString OpenFile(const QString &title, const QString &folder, const QString &filter) override {
+    fileQuestions.append({title, folder, filter});
+    return files.isEmpty() ? QString() : files.takeFirst();
+  }
+
+  QList<int> answers;
+  QStringList files;
+  QList<Shown> shown;
+  QList<FileQuestion> fileQuestions;
+};
+
+} // namespace tolmira::testing

@@ -468,10 +468,10 @@ void PagesTest::missingVideoLeavesBlack() {
 
 void PagesTest::bandsOfAnimatedLayoutsTakeTheAlpha() {
   QVERIFY(m_page->Load(BackColor));
-  const QString html =
-      QStringLiteral("UpdateTextHtml('<div class=\"text-container faixaAnimada\" style=\"--faixa:0.6\">"
-                     "<div class=\"bloco1\"><div id=\"texto1\" class=\"textoL animaL1 efeitoRotate\">a</div>"
-                     "</div><div class=\"bloco2\"><div id=\"texto2\" class=\"textoR animaR2\">b</div></div></div>')");
+  const QString html = QStringLiteral(
+      "UpdateTextHtml('<div class=\"text-container faixaAnimada\" style=\"--faixa:0.6\">"
+      "<div class=\"bloco1\"><div id=\"texto1\" class=\"textoL animaL1 efeitoRotate animated fadeIn faster\">a</div>"
+      "</div><div class=\"bloco2\"><div id=\"texto2\" class=\"textoR animaR2 animated faster\">b</div></div></div>')");
   const QString colour = QStringLiteral("getComputedStyle(document.querySelector('.faixaAnimada')).backgroundColor");
   m_page->Eval(html);
   QCOMPARE(m_page->Eval(colour).toString(), QStringLiteral("rgba(0, 0, 0, 0.6)"));
@@ -485,6 +485,9 @@ void PagesTest::bandsOfAnimatedLayoutsTakeTheAlpha() {
   QCOMPARE(
       m_page->Eval(QStringLiteral("getComputedStyle(document.getElementById('texto2')).animationDelay")).toString(),
       QStringLiteral("0.12s"));
+  // A verse that is only drawn again stands at once.
+  m_page->Eval(QString(html).remove(QStringLiteral("animated")));
+  QCOMPARE(m_page->Eval(QStringLiteral("document.getAnimations().length")).toInt(), 0);
 }
 
 void PagesTest::noticeRunsAndLeaves() {

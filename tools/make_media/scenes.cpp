@@ -248,7 +248,7 @@ std::vector<Scene> MakeScenes() {
          return PaintSea(s,
                          {{0, QColor(14, 26, 58)},
                           {0.3, QColor(58, 60, 104)},
-                          {0.55, QColor(188, 118, 86)},
+                          {0.55, QColor(164, 102, 78)},
                           {1, QColor(20, 24, 44)}},
                          QColor(255, 196, 130), 0.5, QColor(18, 30, 54), 4101);
        }},

@@ -41,7 +41,7 @@ public:
   void EditSelected();
   void RemoveFromAgendas(int kind, const QString &name);
   void RenameInAgendas(const QString &oldName, const QString &newName, int kind);
-  void RenameOnScreen(int kind, const QString &oldName, const QString &newName);
+  void RenameOnScreen(int kind, const QString &oldName, const QString &newName, const QString &newTarget);
 
   ListTarefas &Lista() { return m_lista; }
   const ListTarefas &Lista() const { return m_lista; }

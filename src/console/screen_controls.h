@@ -12,7 +12,6 @@ public:
   ScreenControls(ConsoleContext &console, SongLoader &loader);
 
   void SetScreenState(int index); // 0 Normal, 1 Text Hidden, 2 Black Screen, 3 Background, 4 No Projection
-  void ApplyZoom();
   void SliderExLouvor(int value); // the style of songs, 0 to 8
   void LeAjustes();               // the settings of step 6 and 7 of the start
 

@@ -14,27 +14,39 @@ class SongLoader {
 public:
   SongLoader(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas);
 
-  // `fileName` as an agenda entry gives it, with ".txt". False with the message shown when there is no such file.
+  // `fileName` as an agenda entry gives it, with ".txt". False with the message shown when there is no such file; what
+  // is on show then stays. `show` prepares the page.
   bool ListMusicasDuploClique(const QString &caption, const QString &fileName, bool applyTheme, bool show);
+
+  // As above on a full path; what does not end in ".txt" is the song's text itself.
   void CarregaLouvor(const QString &path, bool applyTheme, bool show);
-  // Loads the song on show again (a changed size, style, theme or file) and returns to the same verse. The page is told
-  // with `send`; without it the caller builds the page.
-  void RecarregaMusica(bool send = true);
+
+  // Loads the song on show again (a changed size, style, theme or file) and returns to the same verse. With `send` the
+  // pages are told; without it the caller builds them.
+  void RecarregaMusica(bool send);
+
   // Fits the frame to the projection's proportions.
   void AjustaQuadro();
-  // The panel was resized: frame and strip again, the verse on show stays.
+  // The panel was resized: frame and strip follow, verses and the verse on show stay.
   void PainelMudou();
 
   double FonteDisplay() const; // points, of the display's measuring label
 
 private:
   void PreparaTexto(const QString &path);
-  double AjustaTamanho(const QString &texto) const;
-  void AjustaLabel1(const QString &texto);
+  void AjustaTamanhos(const QString &texto);
+  double LarguraDisponivelPx() const;
 
   ConsoleContext &m_console;
   VerseStepper &m_stepper;
   ThemeControl &m_temas;
+
+  // The strip as it was paged, for scaling it as a whole when the panel changes.
+  struct Referencia {
+    double escala = 1;
+    int painelLargura = 0;
+    int frameHeight = 0;
+  } m_referencia;
 };
 
 } // namespace tolmira

@@ -4,7 +4,9 @@
 
 #include "console/agenda_desk.h"
 #include "console/monitors.h"
+#include "console/page_zoom.h"
 #include "console/screen_controls.h"
+#include "console/song_loader.h"
 #include "console/theme_control.h"
 
 namespace tolmira {
@@ -20,6 +22,7 @@ public:
     std::function<bool()> CriaPrevia;      // the engine on the console's PicWV; false when it cannot start
     std::function<bool()> CriaTelao;       // the engine on the projection
     std::function<void()> MostraTelao;
+    std::function<void()> IniciaFade;
     std::function<void()> CarregaTiles;
     std::function<void()> DescarregaJanelas;
   };

@@ -39,7 +39,8 @@ private:
   std::unique_ptr<PeriodicTimer> m_timerMove;
   std::unique_ptr<PeriodicTimer> m_timerFinaliza;
   std::unique_ptr<PeriodicTimer> m_timerDica4;
-  int m_passoMovimento = 0;
+  int m_passoMovimento = 0; // twips a tick
+  int m_passosDados = 0;
   int m_topoAoClicar = 0;
   int m_posMouseY = 0;
   bool m_arrastando = false;

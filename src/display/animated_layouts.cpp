@@ -9,9 +9,9 @@ namespace tolmira {
 namespace {
 
 constexpr int MaisBlocos = 5;
-constexpr int MaisAtrasos = 5;         // the page has delays for five elements that follow each other
-constexpr double MargemEm = 0.8;       // the band's padding above and below the text
-constexpr double SeparadorEm = 0.5;    // between two groups
+constexpr int MaisAtrasos = 5;           // the page has delays for five elements that follow each other
+constexpr double MargemEm = 0.8;         // the band's padding above and below the text
+constexpr double SeparadorEm = 0.5;      // between two groups
 constexpr double DestaqueDaLinha = 1.15; // the first line of a group against the others
 constexpr double MenorEm = 0.1;
 
@@ -23,7 +23,8 @@ double TamanhoDesejado(qsizetype linhas) {
   return linhas <= 6 ? 1.2 : 1;
 }
 
-// The size at which lines that weigh `peso` together fill the height that `fixoEm` leaves, or the wanted one if smaller.
+// The size at which lines that weigh `peso` together fill the height that `fixoEm` leaves, or the wanted one if
+// smaller.
 double TamanhoQueCabe(const LayoutAnimado &layout, qsizetype linhas, double peso, double fixoEm) {
   const double alturaLinha = std::max(NumericPrefix(layout.alturaLinha), 1.0);
   const double limite = (layout.alturaEm - fixoEm) / (std::max(peso, 1.0) * alturaLinha);
@@ -70,8 +71,8 @@ QString MontaBlocos(const QStringList &linhas, const LayoutAnimado &layout) {
     const qsizetype fim = n + (total - n + blocos - bloco) / (blocos - bloco + 1);
     const bool destaque = fim - n > 1;
     for (bool primeira = true; n < fim; ++n, primeira = false)
-      html += Linha(layout, bloco % 2 ? Esquerdo : Direito, static_cast<int>(n + 1), static_cast<int>(n + 1),
-                    linhas[n], LarguraPorcento, primeira ? em * DestaqueDaLinha : em, primeira && destaque);
+      html += Linha(layout, bloco % 2 ? Esquerdo : Direito, static_cast<int>(n + 1), static_cast<int>(n + 1), linhas[n],
+                    LarguraPorcento, primeira ? em * DestaqueDaLinha : em, primeira && destaque);
     html += u"</div>";
   }
   return html + u"</div>";

@@ -52,6 +52,8 @@ struct TemaRecord {
   QString Efeito_Texto_delay = QStringLiteral("0");
   QString Efeito_Texto_easing;
   bool Maiusculas = true;
+
+  friend bool operator==(const TemaRecord &, const TemaRecord &) = default;
 };
 
 // Index 0 is never used.

@@ -1,0 +1,43 @@
+#include "app/asset_places.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace tolmira {
+
+namespace {
+
+QString FolderOrNothing(const QString &path) {
+  return QFileInfo(path).isDir() ? QDir(path).absolutePath() : QString();
+}
+
+AssetPlaces PlacesUnder(const QString &root) {
+  const QDir dir(root);
+  AssetPlaces places;
+  places.html = FolderOrNothing(dir.filePath(QStringLiteral("html")));
+  places.pageLibs = FolderOrNothing(dir.filePath(QStringLiteral("html/lib")));
+  places.sample = FolderOrNothing(dir.filePath(QStringLiteral("sample")));
+  places.sampleMedia = FolderOrNothing(dir.filePath(QStringLiteral("sample-media")));
+  return places;
+}
+
+} // namespace
+
+AssetPlaces FindAssets(const QString &wish, const QString &executableFolder) {
+  if (!wish.isEmpty())
+    return PlacesUnder(wish);
+  const QString fromEnvironment = qEnvironmentVariable("TOLMIRA_ASSETS");
+  if (!fromEnvironment.isEmpty())
+    return PlacesUnder(fromEnvironment);
+  const AssetPlaces installed = PlacesUnder(QDir(executableFolder).filePath(QStringLiteral("../share/tolmira")));
+  if (installed.Found())
+    return installed;
+  AssetPlaces build;
+  build.html = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_HTML));
+  build.pageLibs = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_LIB));
+  build.sample = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_SAMPLE));
+  build.sampleMedia = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_MEDIA));
+  return build;
+}
+
+} // namespace tolmira

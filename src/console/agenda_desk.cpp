@@ -1,0 +1,230 @@
+#include "console/agenda_desk.h"
+
+#include "foundation/text_file.h"
+#include "songs/song_text.h"
+
+namespace tolmira {
+
+namespace {
+
+const QString TituloDaCaixa = QStringLiteral("Tolmira");
+
+QString Padrao(int n) { return QStringLiteral("Agenda ") + QString::number(n); }
+
+// The first letter and each letter behind a blank or a "-" in capitals, the rest in lower case.
+QString FormaPropria(const QString &label) {
+  QString result;
+  bool capital = true;
+  for (const QChar c : label) {
+    result += capital ? c.toUpper() : c.toLower();
+    capital = c == u' ' || c == u'-';
+  }
+  return result;
+}
+
+} // namespace
+
+AgendaDesk::AgendaDesk(const AppFolder &app, const IniStore &store, EstadoConsole &estado, PainelConsole &painel,
+                       const FaixaTexto &faixa, ConsoleView *&view, UserPrompt &prompt)
+    : m_app(app), m_store(store), m_estado(estado), m_painel(painel), m_faixa(faixa), m_view(view), m_prompt(prompt),
+      m_files(app) {}
+
+QString AgendaDesk::TabTitle(int n) const {
+  return m_store.ReadConfig(QStringLiteral("Agenda"), QString::number(n), Padrao(n));
+}
+
+bool AgendaDesk::TabHasOwnTitle(int n) const { return TabTitle(n) != Padrao(n); }
+
+void AgendaDesk::RenameTab(int n, const QString &title) {
+  // An empty title counts as missing, which gives the tab its default title back.
+  m_store.WriteConfig(QStringLiteral("Agenda"), QString::number(n), title.simplified());
+  if (m_view)
+    m_view->AgendaChanged();
+}
+
+void AgendaDesk::carregaListTarefas(int n) {
+  const auto unsaved = m_unsaved.find(n);
+  if (unsaved == m_unsaved.end())
+    m_files.Carrega(n, m_lista);
+  else
+    m_lista = unsaved->second;
+}
+
+bool AgendaDesk::salvaListTarefas(int n) {
+  if (m_files.Salva(n, m_lista)) {
+    m_unsaved.erase(n);
+    return true;
+  }
+  m_unsaved[n] = m_lista;
+  return false;
+}
+
+void AgendaDesk::SelectTab(int n) {
+  if (n == 0)
+    n = 1;
+  if (n == m_estado.ActiveAgenda || n < 1 || n > NumeroDeAgendas)
+    return;
+  if (m_estado.ActiveAgenda > 0)
+    salvaListTarefas(m_estado.ActiveAgenda);
+  m_estado.ActiveAgenda = n;
+  carregaListTarefas(n);
+
+  m_painel.PicDicaAgenda = false;
+  if (m_lista.ListCount() == 0) {
+    m_painel.PicAviso2 = false;
+    m_painel.PicDicaAgenda = !m_faixa.Label1Visible;
+    const QString begin =
+        QStringLiteral("Click on 'Lyrics', 'Bible', or other buttons in the Main Menu to add items to the 'Agenda ");
+    const QString end =
+        QStringLiteral("', or select another agenda that already contains the items you want to display.");
+    const QString own = begin + u'\'' + TabTitle(n) + end + u'.';
+    const QString fallback = begin + QString::number(n) + end;
+    m_painel.LbDicaAgenda = TabHasOwnTitle(n) ? own : fallback;
+  }
+  if (m_view) {
+    m_view->AgendaChanged();
+    m_view->Atualiza();
+  }
+}
+
+void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &target, QString &message) {
+  message.clear();
+  if (labelGiven.isEmpty()) {
+    if (kind == 1)
+      message = QStringLiteral("Primeiro selecione o item que deseja adicionar na lista");
+    else if (kind == 4)
+      message = QStringLiteral("Insira um link válido de um video do Youtube");
+    else
+      message = QStringLiteral("Primeiro selecione o nome da música que deseja adicionar na lista");
+    return;
+  }
+  QString label = labelGiven;
+  if (label == label.toUpper() || label == label.toLower())
+    label = FormaPropria(label);
+
+  const QString title = TabTitle(m_estado.ActiveAgenda);
+  for (int index = 1; index <= m_lista.Count(kind); ++index)
+    if (m_lista.NameAt(kind, index) == label) {
+      message = QStringLiteral("Item já consta em '") + title + u'\'';
+      return;
+    }
+  if (!m_lista.Add(kind, label, target)) {
+    message = QStringLiteral("This kind of item is not known.");
+    return;
+  }
+  message = QStringLiteral("Adicionado com sucesso em '") + title + u'\'';
+  salvaListTarefas(m_estado.ActiveAgenda);
+  m_painel.PicDicaAgenda = false;
+  if (m_view) {
+    m_view->AgendaChanged();
+    m_view->Atualiza();
+  }
+}
+
+void AgendaDesk::ClearList() {
+  m_lista.Clear();
+  if (m_view)
+    m_view->AgendaChanged();
+}
+
+void AgendaDesk::RemoveSelected() {
+  if (!m_lista.HasSelection()) {
+    m_prompt.Message(MessageKind::Information, TituloDaCaixa,
+                     QStringLiteral("First, select the item you want to remove from the list."));
+    return;
+  }
+  const int kind = m_lista.SelectedKind();
+  const int index = m_lista.SelectedIndex();
+  m_lista.RemoveAt(kind, index);
+  // The next entry of the group takes the selection, so that several can be removed by one key.
+  m_lista.Select(kind, std::min(index, m_lista.Count(kind)));
+  salvaListTarefas(m_estado.ActiveAgenda);
+  if (m_view)
+    m_view->AgendaChanged();
+}
+
+void AgendaDesk::MoveEntry(int kind, int from, int to) {
+  m_lista.Move(kind, from, to);
+  salvaListTarefas(m_estado.ActiveAgenda);
+  if (m_view)
+    m_view->AgendaChanged();
+}
+
+void AgendaDesk::SelectEntry(int kind, int index) {
+  m_lista.Select(kind, index);
+  if (m_view)
+    m_view->AgendaChanged();
+}
+
+QString AgendaDesk::ClearCaption() const {
+  if (!CanClear())
+    return QStringLiteral("Clear List");
+  return QStringLiteral("Clear '") + TabTitle(m_estado.ActiveAgenda) + u'\'';
+}
+
+bool AgendaDesk::CanEdit() const { return false; }
+
+void AgendaDesk::EditSelected() {
+  const auto say = [&](const QString &text) { m_prompt.Message(MessageKind::Information, TituloDaCaixa, text); };
+  if (!m_lista.HasSelection()) {
+    say(QStringLiteral("First, select the name of the tre you want to edit from the list."));
+    return;
+  }
+  const QString target = m_lista.SelectedCaption();
+  bool missing = false;
+  switch (m_lista.SelectedKind()) {
+  case 2:
+  case 3:
+    missing = ResolveSongPath(m_app, target + u".txt").isEmpty();
+    if (missing)
+      say(QStringLiteral("Item not found or cannot be edited."));
+    break;
+  case 4:
+    missing = !FileExists(target);
+    if (missing)
+      say(QStringLiteral("File not found"));
+    break;
+  case 5:
+  case 6: {
+    const bool slide = m_lista.SelectedKind() == 5;
+    missing = !FileExists(m_app.path() + (slide ? QStringLiteral("\\Slides\\") : QStringLiteral("\\SlideShow\\")) +
+                          m_lista.SelectedName() + (slide ? u".sld" : u".sw"));
+    if (missing)
+      say(QStringLiteral("Slide not found"));
+    break;
+  }
+  default:
+    break;
+  }
+  if (!missing)
+    say(QStringLiteral("There is no editor for this item yet."));
+}
+
+void AgendaDesk::RemoveFromAgendas(int kind, const QString &name) {
+  for (int index = m_lista.Count(kind); index >= 1; --index)
+    if (m_lista.NameAt(kind, index) == name)
+      m_lista.RemoveAt(kind, index);
+  for (auto &[n, lista] : m_unsaved)
+    for (int index = lista.Count(kind); index >= 1; --index)
+      if (lista.NameAt(kind, index) == name)
+        lista.RemoveAt(kind, index);
+  m_files.RemoveFromAgendas(kind, name);
+  if (m_view)
+    m_view->AgendaChanged();
+}
+
+void AgendaDesk::RenameInAgendas(const QString &oldName, const QString &newName, int kind) {
+  m_files.RenameInAgendas(oldName, newName, kind);
+}
+
+void AgendaDesk::RenameOnScreen(int kind, const QString &oldName, const QString &newName, const QString &newTarget) {
+  for (int index = 1; index <= m_lista.Count(kind); ++index)
+    if (m_lista.NameAt(kind, index) == oldName) {
+      m_lista.SetNameAt(kind, index, newName);
+      m_lista.SetCaptionAt(kind, index, newTarget);
+    }
+  if (m_view)
+    m_view->AgendaChanged();
+}
+
+} // namespace tolmira

@@ -1,0 +1,35 @@
+#include "console/console_context.h"
+
+#include <cmath>
+
+#include "foundation/text_fields.h"
+
+namespace tolmira {
+
+void ConsoleContext::ChamaPaginas(const QString &nome, const QString &a1, const QString &a2, const QString &a3) {
+  if (Display *display = telao())
+    CallPageScript(display->WV(), nome, QString(a1), a2, a3);
+  CallPageScript(previa(), nome, QString(a1), a2, a3);
+}
+
+void ConsoleContext::ScriptNasPaginas(const QString &script) {
+  if (Display *display = telao(); display && display->WV())
+    display->WV()->ExecuteScript(script);
+  if (PageObject *pagina = previa())
+    pagina->ExecuteScript(script);
+}
+
+void ConsoleContext::EnviaTamanhoDaFonte() {
+  const double size = NumericPrefix(estado.FonteTamanho);
+  const auto points = [](double value) -> QString { return QString::number(static_cast<int>(value)) + u"pt"; };
+  Display *display = telao();
+  if (display)
+    CallPageScript(display->WV(), QStringLiteral("ChangeCSS"), QStringLiteral("set_text"),
+                   QStringLiteral("font-size"), points(size));
+  const int previewWidth = view ? view->PreviewWidthPx() : 0;
+  if (display && previewWidth > 0 && display->SizePx().width() > 0)
+    CallPageScript(previa(), QStringLiteral("ChangeCSS"), QStringLiteral("set_text"), QStringLiteral("font-size"),
+                   points(size / (static_cast<double>(display->SizePx().width()) / previewWidth)));
+}
+
+} // namespace tolmira

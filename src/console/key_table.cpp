@@ -1,0 +1,63 @@
+#include "console/key_table.h"
+
+#include <Qt>
+
+namespace tolmira {
+
+KeyTable::KeyTable(ConsoleContext &console, VerseStepper &stepper, PresentationFlow &flow, AgendaDesk &agenda)
+    : m_console(console), m_stepper(stepper), m_flow(flow), m_agenda(agenda) {}
+
+bool KeyTable::KeyDown(int key, bool ctrl, bool onList) {
+  if (ctrl) {
+    if (key == Qt::Key_B && Image9) {
+      Image9();
+      return true;
+    }
+    if ((key == Qt::Key_A || key == Qt::Key_M) && AddBar) {
+      AddBar(key == Qt::Key_A ? 7 : 0);
+      return true;
+    }
+  }
+
+  const bool biblia = m_console.estado.TipoAtual == u"Bíblia";
+  const bool label1 = m_console.faixa.Label1Visible;
+  switch (key) {
+  case Qt::Key_Control:
+    m_stepper.CtrlDown();
+    return true;
+  case Qt::Key_Return:
+  case Qt::Key_Enter:
+    if (!onList || !m_agenda.Lista().HasSelection())
+      return false;
+    m_flow.exibirSelecinado();
+    return true;
+  case Qt::Key_Up:
+    // Without the test of the strip that the other three keys have; with no song loaded the step finds no verse.
+    if (biblia || (!label1 && m_console.estado.TotalEstrofes == 0))
+      return false;
+    m_stepper.TeclaEstrofe(-1);
+    return true;
+  case Qt::Key_Left:
+    if (biblia || !label1)
+      return false;
+    m_stepper.TeclaEstrofe(-1);
+    return true;
+  case Qt::Key_Down:
+  case Qt::Key_Right:
+    if (biblia || !label1)
+      return false;
+    m_stepper.TeclaEstrofe(1);
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool KeyTable::KeyUp(int key) {
+  if (key != Qt::Key_Control)
+    return false;
+  m_stepper.CtrlUp();
+  return true;
+}
+
+} // namespace tolmira

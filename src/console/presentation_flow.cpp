@@ -1,0 +1,110 @@
+#include "console/presentation_flow.h"
+
+#include "foundation/text_fields.h"
+#include "songs/song_text.h"
+
+namespace tolmira {
+
+namespace {
+
+// Kinds whose loader does not exist yet say so; what is on show stays.
+QString SemCarregador(int kind) {
+  switch (kind) {
+  case 1:
+    return QStringLiteral("Bible passages cannot be shown yet.");
+  case 4:
+    return QStringLiteral("Videos cannot be shown yet.");
+  case 5:
+    return QStringLiteral("Slides cannot be shown yet.");
+  case 6:
+    return QStringLiteral("Slide shows cannot be shown yet.");
+  default:
+    return {};
+  }
+}
+
+} // namespace
+
+PresentationFlow::PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, ThemeControl &temas)
+    : m_console(console), m_agenda(agenda), m_loader(loader), m_temas(temas) {}
+
+void PresentationFlow::ShowEntry(int kind, int index, const QString &caption, const QString &name) {
+  Q_UNUSED(index);
+  EstadoConsole &estado = m_console.estado;
+  PainelConsole &painel = m_console.painel;
+
+  if (const QString refusal = SemCarregador(kind); !refusal.isEmpty() && !name.isEmpty()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), refusal);
+    return;
+  }
+
+  if (!name.isEmpty()) {
+    const bool applyTheme = m_temas.CheckAlteraTemaAleatorio() || estado.ProximoTema != SemTemaNaFila;
+    const QString alinhamento = m_console.store.ReadConfig(QStringLiteral("Config"), QStringLiteral("VerticalAlign"),
+                                                           QStringLiteral("center"));
+    if (!m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true))
+      return;
+    painel.SliderExBibliaVisible = false;
+    painel.SliderExLouvorVisible = true;
+    painel.LbFaixaVisible = kind == 2;
+    painel.CommandBtEnabled = true;
+    painel.ImgAlinhamentoVertical = alinhamento == u"center" ? 2 : alinhamento == u"flex-start" ? 0 : 1;
+  }
+  painel.ComboFontSizeVisible = estado.EhLetra() && m_console.ajustes.AlinhamentoVertical == u"center";
+  m_console.Atualiza();
+  if (m_console.view)
+    m_console.view->FocusStrip();
+}
+
+void PresentationFlow::PorNaLista(const QString &label, int kind, const QString &target, QString &message) {
+  m_agenda.PorNaLista(label, kind, target, message);
+}
+
+void PresentationFlow::exibirAgora(const QString &name) {
+  if (m_agenda.Lista().SelectByName(name))
+    exibirSelecinado();
+  if (m_console.view)
+    m_console.view->AgendaChanged();
+}
+
+void PresentationFlow::exibirSelecinado() {
+  const ListTarefas &lista = m_agenda.Lista();
+  if (lista.HasSelection())
+    ShowEntry(lista.SelectedKind(), lista.SelectedIndex(), lista.SelectedName(), lista.SelectedCaption());
+}
+
+void PresentationFlow::editarSelecionado() { m_agenda.EditSelected(); }
+void PresentationFlow::removerSelecionadodaLista() { m_agenda.RemoveSelected(); }
+
+void PresentationFlow::RemoveFromAgendas(int kind, const QString &name) { m_agenda.RemoveFromAgendas(kind, name); }
+
+void PresentationFlow::RenameInAgendas(const QString &oldName, const QString &newName, int kind) {
+  m_agenda.RenameInAgendas(oldName, newName, kind);
+}
+
+void PresentationFlow::ProcessaEditar(const QString &oldName, const QString &newName) {
+  EstadoConsole &estado = m_console.estado;
+  const QString oldTitle = BaseNameBefore(oldName, QStringLiteral("."));
+  const QString newTitle = BaseNameBefore(newName, QStringLiteral("."));
+  if (oldTitle != newTitle) {
+    m_agenda.RenameInAgendas(oldTitle, newTitle, 2);
+    m_agenda.RenameOnScreen(2, oldTitle, newTitle, newTitle);
+    m_agenda.RenameOnScreen(3, oldTitle, newTitle, newTitle);
+  }
+  if (!estado.EhLetra() || estado.TituloAtual.toLower() != oldTitle.toLower())
+    return;
+  const QString path = ResolveSongPath(m_console.app, newTitle + u".txt");
+  if (!path.isEmpty())
+    estado.ArquivoAtual = path;
+  m_loader.RecarregaMusica(true);
+}
+
+void PresentationFlow::ProcessaEditarSlide(const QString &oldName, const QString &newName) {
+  const QString oldTitle = BaseNameBefore(oldName, QStringLiteral("."));
+  if (oldName == newName)
+    return;
+  m_agenda.RenameInAgendas(oldTitle, newName, 5);
+  m_agenda.RenameOnScreen(5, oldTitle, BaseNameBefore(newName, QStringLiteral(".")), newName);
+}
+
+} // namespace tolmira

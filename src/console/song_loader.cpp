@@ -1,0 +1,231 @@
+#include "console/song_loader.h"
+
+#include <cmath>
+
+#include "console/page_zoom.h"
+#include "console/song_fit.h"
+#include "console/theme_control.h"
+#include "foundation/text_fields.h"
+#include "foundation/text_file.h"
+#include "songs/pagination.h"
+#include "songs/song_text.h"
+
+namespace tolmira {
+
+namespace {
+
+// The frame takes the projection's proportions, as wide as the panel lets it and never higher than this part of it.
+constexpr double AlturaDoQuadro = 0.7;
+// The part of the frame that a verse may fill.
+constexpr double ParteDoQuadro = 0.72;
+constexpr double LarguraDaFaixa = 0.72;
+constexpr double FatorFonteGrande = 1.2;
+
+bool PaginaDeTexto(const QString &pagina) {
+  return pagina == u"backcolor.html" || pagina == u"imagem.html" || pagina == u"video.html";
+}
+
+// CarregaEstrofes cuts at blank lines, where a verse without text would vanish. Empty pieces take its place, so that
+// verse n stays element n - 1.
+QStringList TextoDasEstrofes(const PaginatedSong &paged) {
+  QString texto;
+  for (int i = 1; i <= paged.TotalEstrofes; ++i)
+    if (const QString &verso = paged.Estrofes[static_cast<size_t>(i)].Texto; !verso.isEmpty())
+      texto += (texto.isEmpty() ? QString() : QStringLiteral("\r\n\r\n")) + verso;
+  QStringList pieces = CarregaEstrofes(texto);
+  for (int i = 1; i <= paged.TotalEstrofes; ++i)
+    if (paged.Estrofes[static_cast<size_t>(i)].Texto.isEmpty())
+      pieces.insert(std::min<qsizetype>(i - 1, pieces.size()), QString());
+  return pieces;
+}
+
+} // namespace
+
+SongLoader::SongLoader(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas)
+    : m_console(console), m_stepper(stepper), m_temas(temas) {
+  // A new theme can change font and capitals, so the song is prepared again before its page is built.
+  m_temas.ReapresentaTexto = [this] { RecarregaMusica(false); };
+}
+
+bool SongLoader::ListMusicasDuploClique(const QString &caption, const QString &fileName, bool applyTheme, bool show) {
+  const QString path = ResolveSongPath(m_console.app, fileName);
+  if (path.isEmpty()) {
+    m_console.prompt.Message(
+        MessageKind::Warning, QStringLiteral("Tolmira"),
+        QStringLiteral("Item not found.\n\nThe file may have been deleted or moved to another location."));
+    return false;
+  }
+  PainelConsole &painel = m_console.painel;
+  painel.Label9 = caption;
+  m_console.estado.EstrofeAtual = -1;
+  painel.PicAviso2 = painel.PicDica2 = painel.PicDica3 = painel.PicDica4 = painel.PicDicaAgenda = false;
+  CarregaLouvor(path, applyTheme, show);
+  painel.PicAviso = m_console.estado.ModoMovimento == u"Normal";
+  m_console.Atualiza();
+  return true;
+}
+
+void SongLoader::CarregaLouvor(const QString &path, bool applyTheme, bool show) {
+  EstadoConsole &estado = m_console.estado;
+  const bool firstItem = estado.TipoAtual.isEmpty();
+  m_console.painel.PicAviso2 = false;
+
+  const bool newTheme = applyTheme && !estado.FundoPreso && m_temas.TrocaTema(0);
+  PreparaTexto(path);
+  estado.VersoHtmlAtual.clear();
+  estado.VersoTextoAtual.clear();
+  estado.UltimoTexto.clear();
+  estado.EstrofeAtual = -1;
+  m_stepper.PlaceBelowFrame();
+  m_console.faixa.Label1Visible = true;
+
+  if (show) {
+    if (PaginaDeTexto(estado.PaginaAtual) && !estado.FundoPreso && !firstItem && !newTheme) {
+      m_console.EnviaTamanhoDaFonte();
+      m_console.ChamaPaginas(QStringLiteral("UpdateTextHtml"), QStringLiteral("nada"));
+    } else {
+      m_console.paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
+    }
+  }
+  ApplyZoom(m_console);
+  m_console.Atualiza();
+}
+
+void SongLoader::PreparaTexto(const QString &path) {
+  EstadoConsole &estado = m_console.estado;
+  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
+  estado.TelaLarga = tela.height() <= 0 || static_cast<double>(tela.width()) / tela.height() > 1.34;
+  estado.FonteTexto = estado.TemaAtual.Font_Name.isEmpty() ? QStringLiteral("Arial") : estado.TemaAtual.Font_Name;
+
+  const PreparedSong song = PrepareSongText(m_console.app, path, estado.TemaAtual.Maiusculas);
+  estado.ArquivoAtual = path;
+  estado.TituloAtual = song.fileName;
+  estado.ReferenciaAtual.clear();
+  estado.DefineTipo(song.tipo == TipoLouvor::Harpa ? QStringLiteral("Harpa") : QStringLiteral("Louvor"));
+  estado.TextoMaiusculo = song.maiusculo;
+  m_console.painel.Picture4Visible = true;
+  m_console.painel.Picture7Visible = false;
+  m_console.painel.MensagemTira =
+      song.text.trimmed().isEmpty() ? QStringLiteral("There is no text in this file.") : QString();
+
+  AjustaQuadro();
+  QString texto = song.text;
+  AjustaTamanhos(texto);
+
+  FaixaTexto &faixa = m_console.faixa;
+  estado.PaginandoEstrofes = true;
+  const int limite = static_cast<int>(ParteDoQuadro * faixa.FrameHeight);
+  const PaginatedSong paged =
+      PaginateVerses(texto, {faixa.Label1Fonte, static_cast<double>(faixa.Label1Largura) / TwipsPerPixel, limite},
+                     m_console.measure);
+  estado.Estrofes = paged.Estrofes;
+  estado.TotalEstrofes = paged.TotalEstrofes;
+  estado.TextoEstrofes = TextoDasEstrofes(paged);
+  estado.PaginandoEstrofes = false;
+  faixa.Label1Texto = paged.TextoPaginado;
+  faixa.Alinhamento = m_console.ajustes.Alinhamento;
+  m_referencia = {1, faixa.PainelLargura, faixa.FrameHeight};
+}
+
+double SongLoader::LarguraDisponivelPx() const {
+  return LarguraDaFaixa * m_console.faixa.PainelLargura / TwipsPerPixel;
+}
+
+void SongLoader::AjustaTamanhos(const QString &texto) {
+  EstadoConsole &estado = m_console.estado;
+  FaixaTexto &faixa = m_console.faixa;
+  const AjustesTexto &ajustes = m_console.ajustes;
+
+  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
+  const double base = TamanhoBase(texto,
+                                  {tela, estado.FonteTexto, true, ajustes.FontSizeClass, ajustes.EstiloLouvor,
+                                   ajustes.AlinhamentoVertical == u"center"},
+                                  m_console.measure);
+  estado.FonteTamanho = QString::number(RoundHalfEven(base));
+
+  faixa.Label1Largura = static_cast<int>(LarguraDisponivelPx() * TwipsPerPixel);
+  faixa.Label1Esquerda = (faixa.PainelLargura - faixa.Label1Largura) / 2;
+  faixa.Label1Fonte = {estado.FonteTexto, 14, true};
+  faixa.Label1Fonte.sizePt = TamanhoLabel1(texto, faixa.Label1Fonte, LarguraDisponivelPx(), m_console.measure) *
+                             (ajustes.FonteGrande ? FatorFonteGrande : 1.0);
+}
+
+double SongLoader::FonteDisplay() const {
+  const double size = NumericPrefix(m_console.estado.FonteTamanho);
+  if (size > 0)
+    return size;
+  // Before the first item: the size of the class on this projection.
+  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
+  const AjustesTexto &ajustes = m_console.ajustes;
+  return TamanhoBase(QString(),
+                     {tela, m_console.estado.TemaAtual.Font_Name, true, ajustes.FontSizeClass, ajustes.EstiloLouvor,
+                      ajustes.AlinhamentoVertical == u"center"},
+                     m_console.measure);
+}
+
+void SongLoader::RecarregaMusica(bool send) {
+  EstadoConsole &estado = m_console.estado;
+  if (!estado.EhLetra() || !m_console.faixa.Label1Visible)
+    return;
+  const QString path = estado.ArquivoAtual;
+  // A file that has gone meanwhile must not take the song off the console.
+  if (path.endsWith(u".txt", Qt::CaseInsensitive) && !FileExists(path))
+    return;
+  const int verso = estado.EstrofeAtual;
+  PreparaTexto(path);
+  if (verso > 0) {
+    estado.EstrofeAtual = std::min(verso, estado.TotalEstrofes);
+    m_stepper.PlaceAt(estado.EstrofeAtual);
+  } else if (estado.ModoMovimento == u"Acima") {
+    m_console.faixa.Label1Topo += m_console.faixa.FrameTop - m_stepper.fimdolabel() - TwipsPerPixel;
+  } else {
+    m_stepper.PlaceBelowFrame();
+  }
+  if (send) {
+    m_console.EnviaTamanhoDaFonte();
+    m_console.letras.ExibeVerso(estado.EstrofeAtual, true);
+  }
+  m_console.Atualiza();
+}
+
+void SongLoader::AjustaQuadro() {
+  FaixaTexto &faixa = m_console.faixa;
+  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
+  const double proporcao = tela.width() > 0 ? static_cast<double>(tela.height()) / tela.width() : 0.5625;
+  faixa.FrameHeight = static_cast<int>(std::min(faixa.PainelLargura * proporcao, faixa.PainelAltura * AlturaDoQuadro));
+  faixa.FrameWidth = faixa.PainelLargura;
+  faixa.FrameLeft = 0;
+  faixa.FrameTop = (faixa.PainelAltura - faixa.FrameHeight) / 2;
+}
+
+void SongLoader::PainelMudou() {
+  EstadoConsole &estado = m_console.estado;
+  FaixaTexto &faixa = m_console.faixa;
+  AjustaQuadro();
+  if (!faixa.Label1Visible || m_referencia.painelLargura <= 0 || m_referencia.frameHeight <= 0 ||
+      faixa.PainelLargura <= 0 || faixa.FrameHeight <= 0)
+    return;
+  // Text measures are linear in the font size, so the strip is scaled as a whole instead of being paged anew: a resize
+  // in the middle of a song must not move a line from one verse into another.
+  const double escala = std::min(static_cast<double>(faixa.PainelLargura) / m_referencia.painelLargura,
+                                 static_cast<double>(faixa.FrameHeight) / m_referencia.frameHeight);
+  const double mudanca = escala / m_referencia.escala;
+  m_referencia.escala = escala;
+  const auto scaled = [mudanca](int twips) { return static_cast<int>(std::lround(twips * mudanca)); };
+  faixa.Label1Fonte.sizePt *= mudanca;
+  faixa.Label1Largura = scaled(faixa.Label1Largura);
+  faixa.Label1Esquerda = (faixa.PainelLargura - faixa.Label1Largura) / 2;
+  for (Estrofe &verso : estado.Estrofes) {
+    verso.Topo = scaled(verso.Topo);
+    verso.Base = scaled(verso.Base);
+  }
+  if (estado.EstrofeAtual > 0)
+    m_stepper.PlaceAt(estado.EstrofeAtual);
+  else if (estado.ModoMovimento == u"Acima")
+    faixa.Label1Topo = scaled(faixa.Label1Topo);
+  else
+    m_stepper.PlaceBelowFrame();
+  m_console.Atualiza();
+}
+
+} // namespace tolmira

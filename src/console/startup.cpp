@@ -1,0 +1,117 @@
+#include "console/startup.h"
+
+#include "display/effects.h"
+#include "foundation/text_fields.h"
+
+namespace tolmira {
+
+namespace {
+
+constexpr int EsperaDoFimDoLoad = 1; // ms: as soon as the loop turns
+
+int ReadNumber(const Registro &registro, const QString &name, const QString &fallback) {
+  return static_cast<int>(NumericPrefix(registro.ReadValue(name, fallback)));
+}
+
+} // namespace
+
+ConsoleStartup::ConsoleStartup(ConsoleContext &console, AgendaDesk &agenda, ThemeControl &temas, ThemeStore &loja,
+                               ScreenControls &controles, SongLoader &loader, const MonitorSource &monitores,
+                               Janelas janelas)
+    : m_console(console), m_agenda(agenda), m_temas(temas), m_loja(loja), m_controles(controles), m_loader(loader),
+      m_monitores(monitores), m_janelas(std::move(janelas)) {
+  m_timerTerminaLoad = console.clock.NewTimer([this] { TimerTerminaLoad(); });
+}
+
+void ConsoleStartup::Load() {
+  EstadoConsole &estado = m_console.estado;
+  m_janelas.CarregaFontes();
+  m_controles.LeAjustes();
+  m_placa = PosicionarFrmQuendar(m_monitores, m_console.prompt);
+  m_janelas.PosicionaTelao(m_placa);
+  m_janelas.AjustaPreview();
+  estado.ConsoleCarregado = true;
+  carregaInicio();
+  m_console.yielder.Yield(4);
+  m_janelas.positionInicial();
+  initApp();
+  m_console.yielder.Yield(2);
+  ApplyZoom(m_console);
+  m_timerTerminaLoad->Start(EsperaDoFimDoLoad);
+}
+
+void ConsoleStartup::carregaInicio() {
+  const Registro registro(m_console.store);
+  m_agenda.SelectTab(ReadNumber(registro, QStringLiteral("LastIndexListMusicas"), QStringLiteral("1")));
+  if (m_console.estado.ActiveAgenda == 0)
+    m_agenda.SelectTab(1); // a number that names no agenda
+  m_console.store.WriteConfig(QStringLiteral("Config"), QStringLiteral("JImpConfig"), QStringLiteral("1"));
+  m_loja.LoadTemas(0);
+  m_janelas.CarregaTiles();
+  m_loader.AjustaQuadro();
+  m_temas.CarregaEscolhas(registro);
+  AjustesTexto &ajustes = m_console.ajustes;
+  ajustes.Alinhamento = ReadNumber(registro, QStringLiteral("Alinhamento"), QStringLiteral("2"));
+  ajustes.AlinhamentoBiblia = ReadNumber(registro, QStringLiteral("AlinhamentoBiblia"), QStringLiteral("0"));
+  ajustes.FonteGrande = ReadNumber(registro, QStringLiteral("FonteGrande"), QStringLiteral("1")) == 2;
+  m_console.faixa.Alinhamento = ajustes.Alinhamento;
+  m_console.Atualiza();
+}
+
+void ConsoleStartup::initApp() {
+  if (m_initAppRodou)
+    return;
+  m_initAppRodou = true;
+  const Registro registro(m_console.store);
+  const QString secao = QStringLiteral("Config");
+  const QString marca = QStringLiteral("WV2_error");
+  if (m_janelas.CriaPrevia()) {
+    registro.WriteValue(QStringLiteral("WebView2error"), QStringLiteral("0"));
+    m_console.store.WriteConfig(secao, marca, QStringLiteral("0"));
+    return;
+  }
+  registro.WriteValue(QStringLiteral("WebView2error"), QStringLiteral("1"));
+  m_console.store.WriteConfig(secao, marca, QStringLiteral("1"));
+  m_console.prompt.Message(MessageKind::Critical, QStringLiteral("Tolmira"),
+                           QStringLiteral("Unable to initialize coreWebView2."));
+}
+
+void ConsoleStartup::TimerTerminaLoad() {
+  m_timerTerminaLoad->Stop();
+  EstadoConsole &estado = m_console.estado;
+  m_console.yielder.Yield(2);
+  m_janelas.CriaTelao();
+  m_janelas.MostraTelao();
+  estado.TelaPronta = true;
+  estado.EnviarAoTelao = true;
+  estado.ProximoTema = SemTemaNaFila;
+  estado.IndiceTema = m_temas.CheckAlteraTemaAleatorio() ? m_temas.SorteiaTema() : 1;
+  bool forcar = false;
+  m_temas.aplicaTema(estado.IndiceTema, forcar);
+  m_controles.SetScreenState(0);
+  m_janelas.IniciaFade();
+}
+
+void ConsoleStartup::Unload() {
+  if (m_descarregado)
+    return;
+  m_descarregado = true;
+  EstadoConsole &estado = m_console.estado;
+  m_timerTerminaLoad->Stop();
+  m_temas.StopRotation();
+  estado.EnviarAoTelao = false;
+  estado.TelaPronta = false;
+  const Registro registro(m_console.store);
+  const AjustesTexto &ajustes = m_console.ajustes;
+  registro.WriteValue(QStringLiteral("FonteGrande"),
+                      ajustes.FonteGrande ? QStringLiteral("2") : QStringLiteral("1"));
+  registro.WriteValue(QStringLiteral("Alinhamento"), QString::number(ajustes.Alinhamento));
+  registro.WriteValue(QStringLiteral("AlinhamentoBiblia"), QString::number(ajustes.AlinhamentoBiblia));
+  registro.WriteValue(QStringLiteral("LastIndexListMusicas"), QString::number(estado.ActiveAgenda));
+  if (estado.ActiveAgenda > 0)
+    m_agenda.salvaListTarefas(estado.ActiveAgenda);
+  m_temas.SalvaEscolhas(registro);
+  m_janelas.DescarregaJanelas();
+}
+
+} // namespace tolmira

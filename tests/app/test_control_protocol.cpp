@@ -210,9 +210,9 @@ private slots:
     m->client->Ask(Request(R"({"do":"watch"})"));
     // This client's own buffer stays small, so that what it does not take stays with the server.
     m->client->Socket().setReadBufferSize(1024);
-    const QString long_(1024 * 1024, u'x');
+    const QString large(1024 * 1024, u'x');
     for (int n = 0; n < 12 && m->events.listener; ++n)
-      m->events.OnCommand(long_);
+      m->events.OnCommand(large);
     QTRY_VERIFY(!m->events.listener);
     QCOMPARE(Error(quick.Ask(Request(R"({"do":"state"})"))), QString());
   }

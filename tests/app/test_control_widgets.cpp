@@ -36,7 +36,7 @@ public:
     const auto place = [body, row = 0](QWidget *widget, const char *name) mutable {
       widget->setParent(body);
       widget->setObjectName(QLatin1String(name));
-      widget->setGeometry(10 + 200 * (row / 6), 10 + 60 * (row % 6), 180, row > 8 ? 110 : 30);
+      widget->setGeometry(10 + 200 * (row / 6), 10 + 60 * (row % 6), 180, row > 8 ? 50 : 30);
       ++row;
     };
     place(&button, "Command1");

@@ -15,7 +15,6 @@ AssetPlaces PlacesUnder(const QString &root) {
   const QDir dir(root);
   AssetPlaces places;
   places.html = FolderOrNothing(dir.filePath(QStringLiteral("html")));
-  places.pageLibs = FolderOrNothing(dir.filePath(QStringLiteral("html/lib")));
   places.sample = FolderOrNothing(dir.filePath(QStringLiteral("sample")));
   places.sampleMedia = FolderOrNothing(dir.filePath(QStringLiteral("sample-media")));
   return places;

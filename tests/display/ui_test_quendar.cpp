@@ -130,7 +130,6 @@ private slots:
     QVERIFY(m_window->CriaBrowser());
     m_window->Posiciona(QRect(0, 0, 400, 200), true);
     m_window->ProcessaComando(QStringLiteral("Show"));
-    m_window->resize(400, 200);
     ShowPage(QStringLiteral("#00ff00"));
     QTRY_COMPARE(Centre(), QColor(0, 255, 0));
     m_window->ProcessaComando(QStringLiteral("TelaPreta|#TRUE"));
@@ -143,8 +142,8 @@ private slots:
     const QImage shown = m_window->grab().toImage();
     // Half as wide as high, so it is enlarged to the whole width and cut above and below.
     QCOMPARE(shown.pixelColor(20, 100), QColor(255, 0, 0));
-    QCOMPARE(shown.pixelColor(380, 100), QColor(0, 0, 255));
-    QCOMPARE(shown.pixelColor(20, 199), QColor(255, 0, 0));
+    QCOMPARE(shown.pixelColor(shown.width() - 20, 100), QColor(0, 0, 255));
+    QCOMPARE(shown.pixelColor(20, shown.height() - 1), QColor(255, 0, 0));
     QVERIFY(!Layer("PicTelaPreta")->isHidden());
     m_window->ProcessaComando(QStringLiteral("Normal"));
     QCOMPARE(Centre(), QColor(0, 255, 0));

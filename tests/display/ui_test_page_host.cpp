@@ -183,15 +183,34 @@ private slots:
     QCOMPARE(Eval(m_page, QStringLiteral("log.join('')")), QStringLiteral("\"alive\""));
   }
 
-  void aReportWhileThePageStartsLosesNoScript() {
+  void aReportWhileThePageLoadsLosesNothing() {
     QStringList asked;
     m_page->AoNavegar = [&](const QString &address, bool &) { asked.append(address); };
-    m_page->Navigate(Write(QStringLiteral("a.html"),
-                           Page(QStringLiteral("#fff"), QStringLiteral("<script>location.href='http://image/?x'</script>"))),
-                     8);
+    const QString body = QStringLiteral("<script>location.href='http://image/?x';document.addEventListener("
+                                        "'DOMContentLoaded',()=>location.href='http://image/?y')</script><p id=rest>");
+    m_page->Navigate(Write(QStringLiteral("a.html"), Page(QStringLiteral("#fff"), body)), 8);
     m_page->ExecuteScript(QStringLiteral("Add('a')"));
-    QCOMPARE(Eval(m_page, QStringLiteral("log.join('')")), QStringLiteral("\"a\""));
-    QCOMPARE(asked, QStringList({QStringLiteral("http://image/?x")}));
+    QCOMPARE(Eval(m_page, QStringLiteral("log.join('') + !!document.getElementById('rest')")), QStringLiteral("\"atrue\""));
+    QCOMPARE(asked, QStringList({QStringLiteral("http://image/?x"), QStringLiteral("http://image/?y")}));
+    QTRY_COMPARE(Eval(m_page, QStringLiteral("document.readyState")), QStringLiteral("\"complete\""));
+  }
+
+  void followsAServerToAnotherAddress() {
+    QStringList asked;
+    m_page->AoNavegar = [&](const QString &address, bool &) { asked.append(address); };
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    connect(&server, &QTcpServer::newConnection, this, [&] {
+      QTcpSocket *socket = server.nextPendingConnection();
+      connect(socket, &QTcpSocket::readyRead, socket, [socket] {
+        socket->write(socket->readAll().startsWith("GET /old") ? "HTTP/1.0 302 Found\r\nLocation: /new\r\n\r\n"
+                                                               : "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\nhere");
+        socket->disconnectFromHost();
+      });
+    });
+    m_page->Navigate(QStringLiteral("http://127.0.0.1:%1/old").arg(server.serverPort()), 8);
+    QCOMPARE(Eval(m_page, QStringLiteral("location.pathname")), QStringLiteral("\"/new\""));
+    QVERIFY(asked.isEmpty());
   }
 
   void opensNoWindow() {

@@ -1,4 +1,5 @@
 #include "songs/pagination.h"
+#include "songs/replace_linear.h"
 #include "support/fixed_measure.h"
 
 #include <QSet>
@@ -178,6 +179,26 @@ private slots:
     // A blank line far enough down is where the screen ends; it is filled up with line ends.
     QCOMPARE(SplitLongStanza(Lines("1\n2\n3\n \n5"), 6 * LineTwips, Layout(6), measure), Lines("1\n2\n3\n\n\n5"));
     QCOMPARE(SplitLongStanza(QString(), 100, Layout(5), measure), QString());
+  }
+
+  void linearReplaceIsTheOrdinaryReplace_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("old");
+    for (const auto &[text, old] : {std::pair{"aaaaa", "aa"},
+                                    {"abababc", "ababc"},
+                                    {"aabaaab", "aab"},
+                                    {"abc", "abcd"},
+                                    {"abc", "x"},
+                                    {"", "a"},
+                                    {"aabaabaaab", "aabaaa"}})
+      QTest::addRow("%s in %s", old, text) << QString::fromLatin1(text) << QString::fromLatin1(old);
+  }
+  void linearReplaceIsTheOrdinaryReplace() {
+    QFETCH(QString, text);
+    QFETCH(QString, old);
+    for (const QString &replacement : {QString(), QStringLiteral("a"), QStringLiteral("<aab>")})
+      QCOMPARE(ReplaceInLinearTime(text, old, replacement), QString(text).replace(old, replacement));
+    QCOMPARE(ReplaceInLinearTime(text, QString(), old), text);
   }
 
   void aMeasureThatMakesNoSenseEndsAllTheSame_data() {

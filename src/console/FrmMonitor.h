@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+#include "console/ui/console_parts.h"
+#include "display/display_seams.h"
+#include "display/ui/page_profile.h"
+
+namespace tolmira {
+
+class WebPageHost;
+
+// The operator's window. It copies the records of the console to its controls and forwards what the operator does; it
+// decides nothing. It registers itself as the view of the console for as long as it lives.
+class FrmMonitor : public QMainWindow, public ConsoleView, public PreviewMirror {
+  Q_OBJECT
+
+public:
+  using Parts = ConsoleParts;
+
+  // `perfil` is shared with the projection's page; without one the preview makes its own.
+  explicit FrmMonitor(Parts parts, PageProfile perfil = {});
+  ~FrmMonitor() override;
+
+  std::function<void()> AoFechar; // the window was closed; the program ends
+
+  // What the start needs of the window, in the order of its steps.
+  void DefineTelao(const QSize &pixels); // the projection's size, for the preview's aspect
+  void AjustaPreview();
+  void CarregaTiles();
+  void positionInicial(); // writes the default rectangle and fills the work area
+  bool CriaPrevia();      // the engine on the preview; false when it cannot start
+  WebPageHost *PicWV();
+
+  void AlternaTamanho(); // Image3: work area or the normal rectangle
+
+  void Atualiza() override;
+  void StripMoved() override;
+  void AgendaChanged() override;
+  void ThemesChanged() override;
+  void FocusStrip() override;
+  int PreviewWidthPx() const override;
+
+  void FitMirror() override;
+  void ShowMirrorBlack(bool visible) override;
+  bool LoadMirrorPicture(const QString &storedPath) override;
+  void ShowMirrorPicture(bool visible) override;
+
+protected:
+  void closeEvent(QCloseEvent *event) override;
+  void showEvent(QShowEvent *event) override;
+
+private:
+  void FillWorkArea();
+  struct Impl;
+  std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace tolmira

@@ -1,0 +1,37 @@
+#include "console/ui/add_bar.h"
+
+#include <QHBoxLayout>
+
+#include "console/ui/console_parts.h"
+#include "controls/ui/desk_icon.h"
+
+namespace tolmira {
+
+AddBar::AddBar(QWidget *parent) : QWidget(parent) {
+  struct Face {
+    const char *drawing;
+    QString caption;
+  };
+  const Face faces[] = {{"song", tr("&Lyrics")},   {"bible", tr("&Bible")},        {"slides", tr("Slides")},
+                        {"shows", tr("Shows")},    {"video", tr("Video")},         {"web", tr("&Web")},
+                        {"captions", tr("Captions")}, {"notices", tr("&Notices")}};
+  auto *row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(medidas::Gap);
+  int index = 0;
+  for (const Face &face : faces) {
+    auto *button = new FlatButton(face.caption, this);
+    button->setObjectName(QStringLiteral("BarraAdicionar%1").arg(index++));
+    button->setIcon(DeskIcon(QLatin1String(face.drawing)));
+    button->setIconSize({medidas::Icon, medidas::Icon});
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setMinimumHeight(medidas::Control + 6);
+    QString spoken = face.caption;
+    button->setAccessibleName(spoken.remove(u'&'));
+    button->setEnabled(false);
+    button->setToolTip(AindaNao());
+    row->addWidget(button, 1);
+  }
+}
+
+} // namespace tolmira

@@ -1,0 +1,119 @@
+#include "console/ui/console_keys.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+
+namespace tolmira {
+
+namespace {
+
+bool TakesText(const QWidget *widget) {
+  if (const auto *combo = qobject_cast<const QComboBox *>(widget))
+    return combo->isEditable();
+  return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QTextEdit *>(widget) ||
+         qobject_cast<const QPlainTextEdit *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget);
+}
+
+bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+} // namespace
+
+ConsoleKeys::ConsoleKeys(ConsoleParts parts, QWidget *window, QWidget *list)
+    : QObject(window), m_parts(parts), m_window(window), m_list(list) {
+  qApp->installEventFilter(this);
+}
+
+ConsoleKeys::~ConsoleKeys() { qApp->removeEventFilter(this); }
+
+void ConsoleKeys::ReleaseCtrl() {
+  if (!m_ctrl)
+    return;
+  m_ctrl = false;
+  m_parts.teclas.KeyUp(Qt::Key_Control);
+}
+
+// A key that a control does not want climbs to its parents, and each of them passes here again.
+bool ConsoleKeys::IsRepeatOf(const QKeyEvent *event, QWidget *receiver) {
+  const bool climbs = event == m_lastEvent && m_lastReceiver && m_lastReceiver->parentWidget() == receiver;
+  m_lastEvent = event;
+  m_lastReceiver = receiver;
+  return climbs;
+}
+
+bool ConsoleKeys::eventFilter(QObject *watched, QEvent *event) {
+  switch (event->type()) {
+  case QEvent::WindowDeactivate:
+    if (watched == m_window)
+      ReleaseCtrl();
+    return false;
+  case QEvent::ApplicationStateChange:
+    if (qApp->applicationState() != Qt::ApplicationActive)
+      ReleaseCtrl();
+    return false;
+  case QEvent::KeyPress:
+  case QEvent::KeyRelease:
+    break;
+  default:
+    return false;
+  }
+
+  auto *receiver = qobject_cast<QWidget *>(watched);
+  if (!receiver || receiver->window() != m_window)
+    return false;
+  const auto *key = static_cast<QKeyEvent *>(event);
+  if (IsRepeatOf(key, receiver))
+    return false;
+  const QWidget *modal = QApplication::activeModalWidget();
+  if (QApplication::activePopupWidget() || (modal && modal != m_window) || TakesText(receiver)) {
+    if (key->key() == Qt::Key_Control && event->type() == QEvent::KeyRelease && !key->isAutoRepeat())
+      ReleaseCtrl();
+    return false;
+  }
+  const bool used = event->type() == QEvent::KeyPress ? KeyPressed(*key) : KeyReleased(*key);
+  if (used)
+    m_lastEvent = nullptr;
+  return used;
+}
+
+bool ConsoleKeys::KeyPressed(const QKeyEvent &event) {
+  const int key = event.key();
+  if (key == Qt::Key_Control) {
+    if (event.isAutoRepeat() || m_ctrl)
+      return true;
+    m_ctrl = true;
+    m_parts.teclas.KeyDown(key, true, false);
+    return true;
+  }
+  const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
+  if (m_ctrl && !ctrl)
+    ReleaseCtrl(); // its release was lost on the way
+
+  QWidget *focus = QApplication::focusWidget();
+  const bool onList = focus == m_list;
+  const bool stripShown = m_parts.console.faixa.Label1Visible;
+  const bool used = m_parts.teclas.KeyDown(key, ctrl, onList);
+  const bool arrow = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
+  if (used)
+    return stripShown || !arrow; // with no song loaded the arrows move in the list as well
+  if (IsEnter(key) && !event.isAutoRepeat())
+    if (auto *button = qobject_cast<QAbstractButton *>(focus); button && button->isEnabled()) {
+      button->click();
+      return true;
+    }
+  return false;
+}
+
+bool ConsoleKeys::KeyReleased(const QKeyEvent &event) {
+  if (event.key() != Qt::Key_Control || event.isAutoRepeat())
+    return false;
+  ReleaseCtrl();
+  return true;
+}
+
+} // namespace tolmira

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include "console/ui/console_parts.h"
+
+class QKeyEvent;
+
+namespace tolmira {
+
+// Hands the keys of the console to the key table before any control sees them. Left out are text boxes, open menus and
+// lists that have dropped down, and boxes that lie over the console. A Ctrl whose release the window will never see
+// (the focus went away while it was down) counts as released.
+class ConsoleKeys : public QObject {
+  Q_OBJECT
+
+public:
+  ConsoleKeys(ConsoleParts parts, QWidget *window, QWidget *list);
+  ~ConsoleKeys() override;
+
+protected:
+  bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+  bool KeyPressed(const QKeyEvent &event);
+  bool KeyReleased(const QKeyEvent &event);
+  void ReleaseCtrl();
+  bool IsRepeatOf(const QKeyEvent *event, QWidget *receiver);
+
+  ConsoleParts m_parts;
+  QWidget *m_window;
+  QWidget *m_list;
+  bool m_ctrl = false;
+  const void *m_lastEvent = nullptr; // only compared
+  QPointer<QWidget> m_lastReceiver;
+};
+
+} // namespace tolmira

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QMenuBar>
+
+#include <functional>
+
+#include "console/ui/console_parts.h"
+
+class QActionGroup;
+class QLabel;
+class QPushButton;
+
+namespace tolmira {
+
+// The menu bar with version and caption server at its right end. Each entry is an action of the logic or a place in the
+// window; what the window must do itself comes in as functions.
+class ConsoleMenus : public QMenuBar {
+  Q_OBJECT
+
+public:
+  struct Ways {
+    std::function<void()> close;
+    std::function<void()> toggleSize; // Image3
+    std::function<void()> toAgenda;
+    std::function<void()> toStrip;
+    std::function<void()> toScreenStates;
+    std::function<void()> toThemes;
+    std::function<void(int delta)> choose; // the next or previous entry of the agenda
+    std::function<void(int delta)> move;   // the chosen entry inside its group
+  };
+
+  ConsoleMenus(ConsoleParts parts, Ways ways, QWidget *parent);
+  void Atualiza();
+  void SetMaximised(bool maximised);
+
+private:
+  void MakeFile();
+  void MakeActions();
+  void MakeScreen();
+  void MakeGo();
+  void MakeHelp();
+  void MakeCorner();
+  QMenu *Menu(const char *name, const QString &title);
+  static void Later(QMenu *menu, const QString &text);
+
+  ConsoleParts m_parts;
+  Ways m_ways;
+  QActionGroup *m_states = nullptr;
+  QPushButton *m_image3 = nullptr;
+};
+
+} // namespace tolmira

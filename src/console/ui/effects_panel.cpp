@@ -1,0 +1,111 @@
+#include "console/ui/effects_panel.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+
+#include "controls/ui/palette.h"
+#include "controls/ui/value_slider.h"
+#include "display/effects.h"
+
+namespace tolmira {
+
+namespace {
+
+// A family that the catalogue does not name, from a file somebody edited, is shown all the same.
+void Choose(QComboBox *combo, const QString &value) {
+  if (combo->findText(value) < 0 && !value.isEmpty())
+    combo->addItem(value);
+  combo->setCurrentText(value);
+}
+
+} // namespace
+
+EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent), m_parts(parts) {
+  auto *grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setVerticalSpacing(medidas::Step);
+
+  const auto caption = [this](const QString &text, const char *look) {
+    auto *label = new QLabel(text, this);
+    label->setProperty("look", QLatin1String(look));
+    return label;
+  };
+  grid->addWidget(caption(tr("Effects and filters"), "caps"), 0, 0, 1, 6);
+  m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"));
+  m_imagemExtra = MakeCombo("ComboEfeitoImagemExtra", tr("Variant of the picture effect"));
+  m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect of the text"));
+  m_textoExtra = MakeCombo("ComboEfeitoTextoExtra", tr("Variant of the text effect"));
+  m_imagem->addItems(FamiliasDeEfeito(GrupoEfeito::Imagem, DirecaoEfeito::In));
+  m_texto->addItems(FamiliasDeEfeito(GrupoEfeito::Texto, DirecaoEfeito::In));
+  grid->addWidget(caption(tr("Picture"), "quiet"), 1, 0);
+  grid->addWidget(m_imagem, 1, 1, 1, 2);
+  grid->addWidget(m_imagemExtra, 1, 3, 1, 3);
+  grid->addWidget(caption(tr("Text"), "quiet"), 2, 0);
+  grid->addWidget(m_texto, 2, 1, 1, 2);
+  grid->addWidget(m_textoExtra, 2, 3, 1, 3);
+  m_brilho = MakeFilter("slider1", tr("Brightness"), 200, QStringLiteral("%"), 3, 0);
+  m_contraste = MakeFilter("slider3", tr("Contrast"), 200, QStringLiteral("%"), 3, 3);
+  m_saturacao = MakeFilter("slider4", tr("Saturation"), 200, QStringLiteral("%"), 4, 0);
+  m_desfoque = MakeFilter("slider5", tr("Blur"), 20, QStringLiteral(" px"), 4, 3);
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(4, 1);
+  grid->setRowStretch(5, 1);
+}
+
+QComboBox *EffectsPanel::MakeCombo(const char *name, const QString &spoken) {
+  auto *combo = new QComboBox(this);
+  combo->setObjectName(QLatin1String(name));
+  combo->setAccessibleName(spoken);
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo->setMinimumContentsLength(9);
+  combo->setEnabled(false);
+  combo->setToolTip(AindaNao());
+  return combo;
+}
+
+EffectsPanel::Filter EffectsPanel::MakeFilter(const char *name, const QString &caption, int most, const QString &unit,
+                                              int row, int column) {
+  auto *grid = static_cast<QGridLayout *>(layout());
+  auto *label = new QLabel(caption, this);
+  label->setProperty("look", QStringLiteral("quiet"));
+  auto *slider = new ValueSlider(this);
+  slider->setObjectName(QLatin1String(name));
+  slider->setRange(0, most);
+  slider->setAccessibleName(caption);
+  slider->setEnabled(false);
+  slider->setToolTip(AindaNao());
+  auto *value = new QLabel(this);
+  value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  value->setFixedWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("200%")) + 4);
+  grid->addWidget(label, row, column);
+  grid->addWidget(slider, row, column + 1);
+  grid->addWidget(value, row, column + 2);
+  return {slider, value, unit};
+}
+
+void EffectsPanel::ThemesChanged() {
+  const TemaRecord &tema = m_parts.console.estado.TemaAtual;
+  Choose(m_imagem, tema.Efeito_Imagem_Fx);
+  Choose(m_texto, tema.Efeito_Texto_Fx);
+  const auto variants = [](QComboBox *combo, GrupoEfeito grupo, const QString &familia, const QString &variante) {
+    combo->clear();
+    combo->addItems(VariantesDeEfeito(grupo, familia, DirecaoEfeito::In));
+    combo->setVisible(combo->count() > 0);
+    if (combo->count() > 0)
+      Choose(combo, variante);
+  };
+  variants(m_imagemExtra, GrupoEfeito::Imagem, tema.Efeito_Imagem_Fx, tema.Efeito_Imagem_FxExtra);
+  variants(m_textoExtra, GrupoEfeito::Texto, tema.Efeito_Texto_Fx, tema.Efeito_Texto_FxExtra);
+  const auto set = [](const Filter &filter, int value) {
+    filter.slider->setValue(value);
+    filter.value->setText(QString::number(value) + filter.unit);
+  };
+  set(m_brilho, tema.brightness);
+  set(m_contraste, tema.contrast);
+  set(m_saturacao, tema.saturate);
+  set(m_desfoque, tema.blur);
+}
+
+} // namespace tolmira

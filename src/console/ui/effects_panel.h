@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+
+#include "console/ui/console_parts.h"
+
+class QComboBox;
+class QLabel;
+class QSlider;
+
+namespace tolmira {
+
+// Effects and picture filters of the active theme.
+class EffectsPanel : public QWidget {
+  Q_OBJECT
+
+public:
+  EffectsPanel(ConsoleParts parts, QWidget *parent);
+  void ThemesChanged();
+
+private:
+  struct Filter {
+    QSlider *slider;
+    QLabel *value;
+    QString unit;
+  };
+  QComboBox *MakeCombo(const char *name, const QString &spoken);
+  Filter MakeFilter(const char *name, const QString &caption, int most, const QString &unit, int row, int column);
+
+  ConsoleParts m_parts;
+  QComboBox *m_imagem;
+  QComboBox *m_imagemExtra;
+  QComboBox *m_texto;
+  QComboBox *m_textoExtra;
+  Filter m_brilho;
+  Filter m_contraste;
+  Filter m_saturacao;
+  Filter m_desfoque;
+};
+
+} // namespace tolmira

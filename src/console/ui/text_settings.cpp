@@ -1,0 +1,168 @@
+#include "console/ui/text_settings.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/value_slider.h"
+
+namespace tolmira {
+
+namespace {
+
+void KeepPlace(QWidget *widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+}
+
+QLabel *Caption(const QString &text, const char *name, QWidget *parent) {
+  auto *label = new QLabel(text, parent);
+  label->setObjectName(QLatin1String(name));
+  label->setProperty("look", QStringLiteral("quiet"));
+  KeepPlace(label);
+  return label;
+}
+
+} // namespace
+
+TextSettings::TextSettings(ConsoleParts parts, QWidget *parent) : QWidget(parent), m_parts(parts) {
+  setObjectName(QStringLiteral("Picture3"));
+  MakeSliders();
+  MakeButtons();
+  auto *grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setVerticalSpacing(medidas::Step);
+  const auto row = [grid](int line, int column, QWidget *caption, QWidget *control, QWidget *value) {
+    grid->addWidget(caption, line, column);
+    grid->addWidget(control, line, column + 1);
+    grid->addWidget(value, line, column + 2);
+  };
+  row(0, 0, m_lbEstilo, m_sliderExLouvor, m_valorEstilo);
+  row(1, 0, m_lbFaixa, m_sliderFaixa, m_valorFaixa);
+  grid->setColumnMinimumWidth(3, medidas::Gap);
+  row(0, 4, m_label31, m_sliderZoom, m_valorZoom);
+  grid->addWidget(m_lbTamanho, 1, 4);
+  grid->addWidget(m_comboFontSize, 1, 5, 1, 2);
+  grid->setColumnMinimumWidth(7, medidas::Gap);
+  grid->addWidget(m_picture4, 0, 8, 2, 1);
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(5, 1);
+}
+
+void TextSettings::MakeSliders() {
+  const auto slider = [this](const char *name, int least, int most, const QString &spoken) {
+    auto *made = new ValueSlider(this);
+    made->setObjectName(QLatin1String(name));
+    made->setRange(least, most);
+    made->setAccessibleName(spoken);
+    KeepPlace(made);
+    return made;
+  };
+  const auto value = [this](const char *name, const QString &widest) {
+    auto *label = new QLabel(widest, this);
+    label->setObjectName(QLatin1String(name));
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setFixedWidth(label->fontMetrics().horizontalAdvance(widest) + 2);
+    KeepPlace(label);
+    return label;
+  };
+
+  m_lbEstilo = Caption(tr("St&yle"), "LbEstilo", this);
+  m_sliderExLouvor = slider("SliderExLouvor", 0, ScreenControls::UltimoEstilo, tr("Style of songs"));
+  m_sliderExLouvor->setToolTip(tr("Style of songs: 0 and 1 plain, 2 to 6 with a band, 7 and 8 animated.\n"
+                                  "PageUp and PageDown change it while a song is on show."));
+  m_lbEstilo->setBuddy(m_sliderExLouvor);
+  m_valorEstilo = value("ValorEstilo", QStringLiteral("8"));
+  connect(m_sliderExLouvor, &QSlider::valueChanged, this, [this](int v) { m_parts.controles.SliderExLouvor(v); });
+
+  m_lbFaixa = Caption(tr("Band"), "LbFaixa", this);
+  m_sliderFaixa = slider("SliderFaixa", 0, 10, tr("Strength of the text band"));
+  m_valorFaixa = value("ValorFaixa", QStringLiteral("10"));
+  m_label31 = Caption(tr("Zoom"), "Label31", this);
+  m_sliderZoom = slider("SliderZoom", 60, 150, tr("Zoom of the page, per cent"));
+  m_valorZoom = value("ValorZoom", QStringLiteral("150%"));
+  m_lbTamanho = Caption(tr("Size"), "LbTamanho", this);
+  m_comboFontSize = new QComboBox(this);
+  m_comboFontSize->setObjectName(QStringLiteral("ComboFontSize"));
+  m_comboFontSize->setAccessibleName(tr("Font size"));
+  m_comboFontSize->addItems(
+      {QStringLiteral("Small Fonts"), QStringLiteral("Medium Fonts"), QStringLiteral("Large Fonts")});
+  KeepPlace(m_comboFontSize);
+  for (QWidget *later : {static_cast<QWidget *>(m_sliderFaixa), static_cast<QWidget *>(m_sliderZoom),
+                         static_cast<QWidget *>(m_comboFontSize)}) {
+    later->setEnabled(false);
+    later->setToolTip(AindaNao());
+  }
+}
+
+void TextSettings::MakeButtons() {
+  m_picture4 = new QWidget(this);
+  m_picture4->setObjectName(QStringLiteral("Picture4"));
+  KeepPlace(m_picture4);
+  auto *grid = new QGridLayout(m_picture4);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(medidas::Step);
+  const auto button = [this, grid](const QString &name, const char *drawing, const QString &spoken, int row, int column) {
+    auto *made = new QPushButton(m_picture4);
+    made->setObjectName(name);
+    made->setProperty("look", QStringLiteral("icon"));
+    made->setIcon(DeskIcon(QLatin1String(drawing)));
+    made->setIconSize({medidas::Icon, medidas::Icon});
+    made->setCheckable(true);
+    made->setAccessibleName(spoken);
+    made->setEnabled(false);
+    made->setToolTip(AindaNao());
+    grid->addWidget(made, row, column);
+    return made;
+  };
+  m_image4[0] = button(QStringLiteral("Image40"), "align-left", tr("Align left"), 0, 0);
+  m_image4[2] = button(QStringLiteral("Image42"), "align-center", tr("Centre"), 0, 1);
+  m_image4[1] = button(QStringLiteral("Image41"), "align-right", tr("Align right"), 0, 2);
+  m_alinhamentoVertical =
+      button(QStringLiteral("ImgAlinhamentoVertical"), "valign-middle", tr("Vertical alignment"), 1, 0);
+  m_alinhamentoVertical->setCheckable(false);
+  m_imgBtFontSize[0] = button(QStringLiteral("ImgBtFontSize1"), "text-small", tr("Console text normal"), 1, 1);
+  m_imgBtFontSize[1] = button(QStringLiteral("ImgBtFontSize2"), "text-large", tr("Console text large"), 1, 2);
+}
+
+void TextSettings::Atualiza() {
+  const PainelConsole &painel = m_parts.console.painel;
+  const AjustesTexto &ajustes = m_parts.console.ajustes;
+  const auto setValue = [](QSlider *slider, QLabel *label, int value, const QString &unit = {}) {
+    const QSignalBlocker quiet(slider);
+    slider->setValue(value);
+    label->setText(QString::number(value) + unit);
+  };
+  setValue(m_sliderExLouvor, m_valorEstilo, ajustes.EstiloLouvor);
+  setValue(m_sliderFaixa, m_valorFaixa, ajustes.TransparenciaFaixa.toInt());
+  setValue(m_sliderZoom, m_valorZoom, painel.SliderZoom, QStringLiteral("%"));
+  m_comboFontSize->setCurrentIndex(ajustes.FontSizeClass);
+
+  for (QWidget *widget : {static_cast<QWidget *>(m_lbEstilo), static_cast<QWidget *>(m_sliderExLouvor),
+                          static_cast<QWidget *>(m_valorEstilo)})
+    widget->setVisible(painel.SliderExLouvorVisible);
+  for (QWidget *widget : {static_cast<QWidget *>(m_lbFaixa), static_cast<QWidget *>(m_sliderFaixa),
+                          static_cast<QWidget *>(m_valorFaixa)})
+    widget->setVisible(painel.LbFaixaVisible);
+  for (QWidget *widget : {static_cast<QWidget *>(m_label31), static_cast<QWidget *>(m_sliderZoom),
+                          static_cast<QWidget *>(m_valorZoom)})
+    widget->setVisible(painel.SliderZoomVisible);
+  m_comboFontSize->setVisible(painel.ComboFontSizeVisible);
+  m_lbTamanho->setVisible(painel.ComboFontSizeVisible);
+  m_picture4->setVisible(painel.Picture4Visible);
+
+  for (int i = 0; i < 3; ++i)
+    m_image4[static_cast<size_t>(i)]->setChecked(i == ajustes.Alinhamento);
+  const char *const vertical[] = {"valign-top", "valign-bottom", "valign-middle"};
+  m_alinhamentoVertical->setIcon(DeskIcon(QLatin1String(vertical[qBound(0, painel.ImgAlinhamentoVertical, 2)])));
+  m_imgBtFontSize[0]->setChecked(!ajustes.FonteGrande);
+  m_imgBtFontSize[1]->setChecked(ajustes.FonteGrande);
+}
+
+} // namespace tolmira

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+
+#include <array>
+#include <deque>
+
+#include "console/ui/console_parts.h"
+
+class QCheckBox;
+class QMenu;
+class QTimer;
+
+namespace tolmira {
+
+class FrameMark;
+class ThemeTile;
+
+// The sixteen themes, the frames of the active and the queued one, and the boxes of the rotation.
+class ThemesPanel : public QWidget {
+  Q_OBJECT
+
+public:
+  ThemesPanel(ConsoleParts parts, QWidget *parent);
+
+  void Atualiza();      // frames and boxes
+  void ThemesChanged(); // tiles whose theme changed are drawn anew, the ticks are copied
+  // Reads all tiles. A tile that is not ready on the disk costs a decode, so they come one by one when the loop is idle.
+  void CarregaTiles();
+  bool TilesPending() const { return !m_waiting.empty(); }
+
+  static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
+
+private:
+  void MakeTile(int n, QWidget *panel);
+  void LoadNext();
+
+  ConsoleParts m_parts;
+  QCheckBox *m_altera;
+  std::array<ThemeTile *, NumeroDeTemas + 1> m_tile{};
+  std::array<QCheckBox *, NumeroDeTemas + 1> m_chkIM{};
+  FrameMark *m_temaAtual;
+  FrameMark *m_avisoProximo;
+  QMenu *m_mntrocar;
+  int m_menuTile = 0;
+  TabelaTemas m_shown; // the themes that the tiles show
+  bool m_loaded = false;
+  std::deque<int> m_waiting;
+  QTimer *m_loader;
+};
+
+} // namespace tolmira

@@ -28,7 +28,7 @@ AssetPlaces FindAssets(const QString &wish, const QString &executableFolder) {
   const QString fromEnvironment = qEnvironmentVariable("TOLMIRA_ASSETS");
   if (!fromEnvironment.isEmpty())
     return PlacesUnder(fromEnvironment);
-  const AssetPlaces installed = PlacesUnder(QDir(executableFolder).filePath(QStringLiteral("../share/tolmira")));
+  const AssetPlaces installed = PlacesUnder(QDir::cleanPath(executableFolder + QStringLiteral("/../share/tolmira")));
   if (installed.Found())
     return installed;
   AssetPlaces build;

@@ -156,10 +156,10 @@ private slots:
     QCOMPARE(state.value(QStringLiteral("TituloAtual")).toString(), QStringLiteral("Pão Para o Caminho"));
     QCOMPARE(state.value(QStringLiteral("EstrofeAtual")).toInt(), -1);
     QVERIFY(state.value(QStringLiteral("DisplayVisivel")).toBool());
-    QCOMPARE(QJsonDocument(state.value(QStringLiteral("Estrofes")).toArray()).toJson(QJsonDocument::Compact),
-             R"([{"Base":600,"Texto":"a\r\nb","Topo":30}])");
-    QCOMPARE(QJsonDocument(state.value(QStringLiteral("Agenda")).toArray()).toJson(QJsonDocument::Compact),
-             R"([{"kind":2,"label":"Lamp","target":"Lamp 2"}])");
+    const QJsonObject lists = Request(
+        R"({"Estrofes":[{"Base":600,"Texto":"a\r\nb","Topo":30}],"Agenda":[{"kind":2,"label":"Lamp","target":"Lamp 2"}]})");
+    QCOMPARE(state.value(QStringLiteral("Estrofes")), lists.value(QStringLiteral("Estrofes")));
+    QCOMPARE(state.value(QStringLiteral("Agenda")), lists.value(QStringLiteral("Agenda")));
   }
 
   void evalGivesTheValueAsJson_data() {
@@ -182,20 +182,23 @@ private slots:
     m->events.OnCommand(QStringLiteral("before anyone watches"));
     QCOMPARE(Error(m->client->Ask(Request(R"({"do":"watch"})"))), QString());
     m->events.OnCommand(QStringLiteral("Normal"));
-    m->events.OnScript(QStringLiteral("display"), QStringLiteral("f('1')"));
+    m->events.OnScript(QStringLiteral("display"), QStringLiteral("f('1');"));
     m->events.OnNavigate(QStringLiteral("preview"), QStringLiteral("file:////tmp/a.html"));
     m->events.OnMedia(QStringLiteral("controls.play"));
     m->events.OnMessage(QStringLiteral("T"), QStringLiteral("text"), {QStringLiteral("OK")});
-    const QJsonObject command = m->client->Line();
-    QCOMPARE(command, Request(R"({"event":"command","text":"Normal"})"));
-    QCOMPARE(m->client->Line(), Request(R"({"event":"script","page":"display","text":"f('1')"})"));
-    QCOMPARE(m->client->Line(), Request(R"({"event":"navigate","page":"preview","url":"file:////tmp/a.html"})"));
-    QCOMPARE(m->client->Line(), Request(R"({"event":"media","call":"controls.play"})"));
-    QCOMPARE(m->client->Line(), Request(R"({"event":"message","title":"T","text":"text","buttons":["OK"]})"));
+    QList<QJsonObject> expected = {Request(R"({"event":"command","text":"Normal"})")};
+    expected << Request(R"({"event":"script","page":"display","text":"f('1');"})");
+    expected << Request(R"({"event":"navigate","page":"preview","url":"file:////tmp/a.html"})");
+    expected << Request(R"({"event":"media","call":"controls.play"})");
+    expected << Request(R"({"event":"message","title":"T","text":"text","buttons":["OK"]})");
+    for (const QJsonObject &event : std::as_const(expected))
+      QCOMPARE(m->client->Line(), event);
     m->estado.EstrofeAtual = 2;
     m->agenda = {{2, QStringLiteral("Lamp"), QStringLiteral("Lamp")}};
-    QCOMPARE(m->client->Line(), Request(R"({"event":"state","state":{"EstrofeAtual":2,
-             "Agenda":[{"kind":2,"label":"Lamp","target":"Lamp"}]}})"));
+    const QJsonObject changed = Request(R"({"EstrofeAtual":2,"Agenda":[{"kind":2,"label":"Lamp","target":"Lamp"}]})");
+    const QJsonObject state = m->client->Line();
+    QCOMPARE(state.value(QStringLiteral("event")).toString(), QStringLiteral("state"));
+    QCOMPARE(state.value(QStringLiteral("state")).toObject(), changed);
   }
 
   void nobodyListensOnceTheWatcherIsGone() {

@@ -33,7 +33,7 @@ public:
     resize(640, 480);
     auto *body = new QWidget(this);
     setCentralWidget(body);
-    const auto place = [body, row = 0](QWidget *widget, const char *name) mutable {
+    auto place = [body, row = 0](QWidget *widget, const char *name) mutable {
       widget->setParent(body);
       widget->setObjectName(QLatin1String(name));
       widget->setGeometry(10 + 200 * (row / 6), 10 + 60 * (row % 6), 180, row > 8 ? 50 : 30);

@@ -87,7 +87,7 @@ private slots:
     QVERIFY(line.ends);
     QTEST(line.exitCode, "exitCode");
     QVERIFY2(line.text.contains(holds), qPrintable(line.text));
-    QVERIFY(!line.text.contains(u'<'));
+    QVERIFY(!line.text.contains(QStringLiteral("<exec")));
   }
 };
 

@@ -15,7 +15,6 @@ AssetPlaces PlacesUnder(const QString &root) {
   const QDir dir(root);
   AssetPlaces places;
   places.html = FolderOrNothing(dir.filePath(QStringLiteral("html")));
-  places.pageLibs = FolderOrNothing(dir.filePath(QStringLiteral("html/lib")));
   places.sample = FolderOrNothing(dir.filePath(QStringLiteral("sample")));
   places.sampleMedia = FolderOrNothing(dir.filePath(QStringLiteral("sample-media")));
   return places;
@@ -29,7 +28,7 @@ AssetPlaces FindAssets(const QString &wish, const QString &executableFolder) {
   const QString fromEnvironment = qEnvironmentVariable("TOLMIRA_ASSETS");
   if (!fromEnvironment.isEmpty())
     return PlacesUnder(fromEnvironment);
-  const AssetPlaces installed = PlacesUnder(QDir(executableFolder).filePath(QStringLiteral("../share/tolmira")));
+  const AssetPlaces installed = PlacesUnder(QDir::cleanPath(executableFolder + QStringLiteral("/../share/tolmira")));
   if (installed.Found())
     return installed;
   AssetPlaces build;

@@ -8,8 +8,8 @@ namespace tolmira {
 // What is delivered beside the program, as folders to copy from. A folder that does not exist is an empty text or is
 // passed over by the copier.
 struct AssetPlaces {
-  QString html;        // page templates, for <app>/html
-  QString pageLibs;    // scripts and styles that the templates load, for <app>/html/lib
+  QString html;        // page templates, for <app>/html; installed, with the libraries in lib/
+  QString pageLibs;    // scripts and styles that the templates load, for <app>/html/lib, where they lie apart
   QString sample;      // the starter service, for <app>
   QString sampleMedia; // its pictures and videos ("Images", "Videos"), for <app>
   bool Found() const { return !html.isEmpty(); }

@@ -64,9 +64,9 @@ CommandLine ParseCommandLine(const QStringList &arguments) {
   result.assets = Absolute(parser.value(assets));
   const QString mode = parser.value(graphics);
   if (mode == u"software")
-    result.graphics = Graphics::Software;
+    result.graphics = GraphicsBackend::Software;
   else if (mode == u"gl")
-    result.graphics = Graphics::Gl;
+    result.graphics = GraphicsBackend::Gl;
   else if (mode != u"auto")
     return Ending(2, QStringLiteral("The option --graphics takes auto, software or gl, not '%1'.").arg(mode));
   return result;

@@ -3,9 +3,9 @@
 #include <QString>
 #include <QStringList>
 
-namespace tolmira {
+#include "display/ui/graphics_backend.h"
 
-enum class Graphics { Auto, Software, Gl };
+namespace tolmira {
 
 // What the command line asked for. Can be read before the application object exists, because the graphics choice has to
 // be made before it.
@@ -13,7 +13,7 @@ struct CommandLine {
   QString app;     // absolute; empty for the usual folder
   QString control; // absolute path of the control socket; empty for none
   QString assets;  // absolute; empty for the usual place
-  Graphics graphics = Graphics::Auto;
+  GraphicsBackend graphics = GraphicsBackend::Auto;
 
   // Set when the program is to print `text` and end at once: help, version, or a mistake in the options.
   bool ends = false;

@@ -12,6 +12,7 @@
 #include <QJsonArray>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMetaProperty>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPointer>

@@ -65,7 +65,7 @@ bool Matches(const QAbstractButton *button, const QString &wish, const QString &
 
 QAbstractButton *FindButton(const QWidget *box, const QString &wish) {
   const auto *message = qobject_cast<const QMessageBox *>(box);
-  const QMetaEnum standard = QMetaEnum::fromType<QDialogButtonBox::StandardButton>();
+  const QMetaEnum standard = QMetaEnum::fromType<QDialogButtonBox::StandardButtons>();
   const auto *buttons = box->findChild<QDialogButtonBox *>();
   for (QAbstractButton *button : box->findChildren<QAbstractButton *>()) {
     if (!button->isVisible())

@@ -110,7 +110,9 @@ public:
       MakeFolder(name);
     if (m_result.isNew) {
       AddMissing(m_assets.sample, QString());
-      AddMissing(m_assets.sampleMedia, QString());
+      for (const QString &kind : {QStringLiteral("Images"), QStringLiteral("Videos")})
+        if (!m_assets.sampleMedia.isEmpty())
+          AddMissing(QDir(m_assets.sampleMedia).filePath(kind), kind + u'/');
     }
     Templates();
     // The mark goes only when everything is there, so that a disk that was full is filled at the next start.

@@ -24,8 +24,7 @@ QString ContornoTexto(const TemaRecord &tema) {
 }
 
 QString EstiloTexto(const TemaRecord &tema) {
-  const QString inicio =
-      u"font-family:" + tema.Font_Name + u"; color:" + CorDoTexto(tema.Font_Cor) + u"; text-shadow:";
+  const QString inicio = u"font-family:" + tema.Font_Name + u"; color:" + CorDoTexto(tema.Font_Cor) + u"; text-shadow:";
   if (!tema.FontSombra_Enabled && !tema.FontBorda_Enabled)
     return inicio + u" rgba(0, 0, 0, 0) 0px 0px 0px ,rgba(0, 0, 0, 0) 0px 0px 0px;";
   return inicio + ContornoTexto(tema) + u',' + SombraTexto(tema, 1) + u';';

@@ -19,7 +19,9 @@ QString WithoutLastSeparator(QString path) {
 
 AppFolder::AppFolder(QString path) : m_path(WithoutLastSeparator(std::move(path))) {}
 
-QString AppFolder::ExpandAppPath(const QString &text) const { return QString(text).replace(Token, m_path); }
+QString AppFolder::ExpandAppPath(const QString &text) const {
+  return QString(text).replace(Token, m_path);
+}
 
 QString AppFolder::CompactAppPath(const QString &text) const {
   return m_path.isEmpty() ? text : QString(text).replace(m_path, Token);

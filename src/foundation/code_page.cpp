@@ -1,7 +1,6 @@
 #include "foundation/code_page.h"
 
 #include <QStringDecoder>
-
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -13,10 +12,10 @@ constexpr QByteArrayView ByteOrderMark("\xEF\xBB\xBF", 3);
 
 // The bytes 0x80 to 0x9F; outside this range a byte is the character of the same number. The five undefined bytes are
 // mapped to themselves, so that a file with such a byte comes back from a rewrite unchanged.
-constexpr std::array<char16_t, 32> UpperControls = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<char16_t, 32> UpperControls = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 std::optional<unsigned char> FindByte(char16_t character) {
   if (character < 0x80 || (character >= 0xA0 && character <= 0xFF))
@@ -66,7 +65,9 @@ char16_t CharacterOfByte(unsigned char byte) {
   return byte >= 0x80 && byte <= 0x9F ? UpperControls[byte - 0x80u] : static_cast<char16_t>(byte);
 }
 
-unsigned char ByteOfCharacter(char16_t character) { return FindByte(character).value_or('?'); }
+unsigned char ByteOfCharacter(char16_t character) {
+  return FindByte(character).value_or('?');
+}
 
 DecodedText DecodeText(const QByteArray &bytes) {
   if (IsAscii(bytes))

@@ -1,11 +1,12 @@
+#include "foundation/real_seams.h"
+
 #include <QFont>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QHash>
 #include <QTextLayout>
-
 #include <algorithm>
-
-#include "foundation/real_seams.h"
 
 namespace tolmira {
 namespace {
@@ -15,10 +16,19 @@ constexpr int ReferencePixels = 256;
 // A song has a hundred lines, so this is many songs; then the lines are forgotten and measured again.
 constexpr qsizetype RememberedLines = 4096;
 
+// The font system finds something for every name: the family itself, one of the same measures under another name (that
+// is how "Arial" is met), or else the one that it would take for any name. Only the last is a missing family.
+bool IsMissing(const QString &family) {
+  if (family.isEmpty())
+    return true;
+  if (QFontDatabase::hasFamily(family))
+    return false;
+  const QString anyName = QFontInfo(QFont(QStringLiteral("tolmira has no such family"))).family();
+  return QFontInfo(QFont(family)).family() == anyName;
+}
+
 QFont ReferenceFont(const QString &family, bool bold) {
-  const QString fallback = QStringLiteral("Arial");
-  QFont font;
-  font.setFamilies(family.isEmpty() ? QStringList{fallback} : QStringList{family, fallback});
+  QFont font(IsMissing(family) ? QStringLiteral("Arial") : family);
   font.setPixelSize(ReferencePixels);
   font.setBold(bold);
   font.setHintingPreference(QFont::PreferNoHinting);
@@ -27,23 +37,41 @@ QFont ReferenceFont(const QString &family, bool bold) {
 }
 
 struct Face {
+  // What was found out about a line: its width, and its count of lines at the wrap width asked for last.
+  struct Line {
+    double width = 0;
+    double wrapWidth = 0;
+    int wrappedLines = 1;
+  };
+
   explicit Face(const QFont &reference) : font(reference), metrics(reference) {}
 
-  double LineWidth(const QString &line) {
-    if (const auto known = widths.constFind(line); known != widths.constEnd())
+  Line &Remembered(const QString &text) {
+    if (const auto known = lines.find(text); known != lines.end())
       return *known;
-    if (widths.size() >= RememberedLines)
-      widths.clear();
-    return *widths.insert(line, metrics.horizontalAdvance(line));
+    if (lines.size() >= RememberedLines)
+      lines.clear();
+    return *lines.insert(text, Line{.width = metrics.horizontalAdvance(text)});
+  }
+
+  double LineWidth(const QString &text) { return Remembered(text).width; }
+
+  int WrappedLines(const QString &text, double width) {
+    Line &line = Remembered(text);
+    if (line.width <= width)
+      return 1;
+    if (line.wrapWidth != width) {
+      line.wrappedLines = LayOut(text, width);
+      line.wrapWidth = width;
+    }
+    return line.wrappedLines;
   }
 
   // Words that are longer than a line break inside.
-  int WrappedLines(const QString &line, double width) {
-    if (LineWidth(line) <= width)
-      return 1;
+  int LayOut(const QString &text, double width) const {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    QTextLayout layout(line, font);
+    QTextLayout layout(text, font);
     layout.setTextOption(option);
     int count = 0;
     layout.beginLayout();
@@ -57,16 +85,15 @@ struct Face {
 
   QFont font;
   QFontMetricsF metrics;
-  QHash<QString, double> widths;
+  QHash<QString, Line> lines;
 };
 
-double Scale(const FontSpec &font) { return std::max(font.sizePt, 0.0) * 96 / 72 / ReferencePixels; }
+double Scale(const FontSpec &font) {
+  return std::max(font.sizePt, 0.0) * 96 / 72 / ReferencePixels;
+}
 
 QStringList LinesOf(const QString &text) {
-  return QString(text)
-      .replace(QLatin1String("\r\n"), QLatin1String("\n"))
-      .replace(u'\r', u'\n')
-      .split(u'\n');
+  return QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n').split(u'\n');
 }
 
 } // namespace

@@ -1,10 +1,9 @@
+#include "foundation/text_utils.h"
+
 #include <QLocale>
 #include <QRegularExpression>
-
 #include <algorithm>
 #include <array>
-
-#include "foundation/text_utils.h"
 
 namespace tolmira {
 namespace {

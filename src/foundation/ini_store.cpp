@@ -1,9 +1,9 @@
 #include "foundation/ini_store.h"
 
-#include <QHash>
-
 #include "foundation/ini_text.h"
 #include "foundation/text_file.h"
+
+#include <QHash>
 
 namespace tolmira {
 namespace {
@@ -16,8 +16,7 @@ QString ValueOr(const std::optional<QString> &value, const QString &fallback) {
 
 IniStore::IniStore(const AppFolder &app) : m_app(app) {}
 
-QString IniStore::ReadConfig(const QString &section, const QString &key, const QString &fallback,
-                             QString &file) const {
+QString IniStore::ReadConfig(const QString &section, const QString &key, const QString &fallback, QString &file) const {
   if (file.isEmpty())
     file = m_app.At(u"\\Data\\Config.dat");
   return ValueOr(IniValue(ReadWholeFile(file), section, key), fallback);

@@ -1,7 +1,6 @@
 #include "foundation/ini_text.h"
 
 #include <QSet>
-
 #include <algorithm>
 
 namespace tolmira {
@@ -13,15 +12,17 @@ enum class LineKind { Blank, Section, Key, Other };
 
 struct Line {
   LineKind kind = LineKind::Other;
-  QStringView name;           // of the section or the key
-  QStringView value;          // behind the "=" of a key, as it stands
-  qsizetype start = 0;        // of the line in the text
-  qsizetype end = 0;          // behind its last character
-  qsizetype next = 0;         // behind its line end
+  QStringView name;    // of the section or the key
+  QStringView value;   // behind the "=" of a key, as it stands
+  qsizetype start = 0; // of the line in the text
+  qsizetype end = 0;   // behind its last character
+  qsizetype next = 0;  // behind its line end
 };
 
 // Only what an INI file counts as blank; a no-break space is text.
-bool IsBlank(QChar character) { return character == u' ' || (character >= u'\t' && character <= u'\f'); }
+bool IsBlank(QChar character) {
+  return character == u' ' || (character >= u'\t' && character <= u'\f');
+}
 
 QStringView Trimmed(QStringView text) {
   while (!text.isEmpty() && IsBlank(text.front()))
@@ -31,7 +32,9 @@ QStringView Trimmed(QStringView text) {
   return text;
 }
 
-bool SameName(QStringView a, QStringView b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+bool SameName(QStringView a, QStringView b) {
+  return a.compare(b, Qt::CaseInsensitive) == 0;
+}
 
 Line LineAt(QStringView text, qsizetype start) {
   Line line;
@@ -64,8 +67,8 @@ Line LineAt(QStringView text, qsizetype start) {
 
 QString ValueForReader(QStringView stored) {
   QStringView value = Trimmed(stored);
-  const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                      (value.front() == u'"' || value.front() == u'\'');
+  const bool quoted =
+      value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
   if (quoted)
     value = value.sliced(1, value.size() - 2);
   const qsizetype nul = value.indexOf(QChar(u'\0'));
@@ -116,8 +119,7 @@ std::optional<QString> IniValue(QStringView text, QStringView section, QStringVi
   return std::nullopt;
 }
 
-void ForEachIniValue(QStringView text,
-                     const std::function<void(QStringView, QStringView, const QString &)> &visit) {
+void ForEachIniValue(QStringView text, const std::function<void(QStringView, QStringView, const QString &)> &visit) {
   QSet<QString> sections;
   QSet<QString> keys;
   QStringView section;

@@ -7,7 +7,9 @@ namespace tolmira {
 namespace {
 
 // A dangling link counts as there: to look for another spelling of its name would be wrong.
-bool IsThere(const QString &path) { return QFileInfo::exists(path) || QFileInfo(path).isSymLink(); }
+bool IsThere(const QString &path) {
+  return QFileInfo::exists(path) || QFileInfo(path).isSymLink();
+}
 
 // The entry of `folder` that is `name` in another case; the first in name order, empty when there is none.
 QString FindInAnyCase(const QString &folder, QStringView name) {

@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QRandomGenerator>
 #include <QTimer>
-
 #include <algorithm>
 #include <chrono>
 
@@ -75,6 +74,8 @@ void LoopYielder::Yield(int times) {
   --m_depth;
 }
 
-double SystemRandom::Draw() { return QRandomGenerator::global()->generateDouble(); }
+double SystemRandom::Draw() {
+  return QRandomGenerator::global()->generateDouble();
+}
 
 } // namespace tolmira

@@ -1,14 +1,15 @@
 #include "foundation/text_fields.h"
 
 #include <QLocale>
-
 #include <cmath>
 #include <limits>
 
 namespace tolmira {
 namespace {
 
-bool IsDigit(QChar character) { return character >= u'0' && character <= u'9'; }
+bool IsDigit(QChar character) {
+  return character >= u'0' && character <= u'9';
+}
 
 qsizetype SkipDigits(QStringView text, qsizetype at) {
   while (at < text.size() && IsDigit(text.at(at)))
@@ -117,10 +118,16 @@ QString NumberText(double value) {
   return QString::number(value, 'f', QLocale::FloatingPointShortest);
 }
 
-double ReadNumber(const QString &text) { return ParseFinite(text.trimmed().replace(u',', u'.')); }
+double ReadNumber(const QString &text) {
+  return ParseFinite(text.trimmed().replace(u',', u'.'));
+}
 
-QString TrimCrLf(const QString &text) { return TrimLineEnds(text).toString(); }
+QString TrimCrLf(const QString &text) {
+  return TrimLineEnds(text).toString();
+}
 
-QString TrimAll(const QString &text) { return TrimLineEnds(TrimBlanks(TrimLineEnds(TrimBlanks(text)))).toString(); }
+QString TrimAll(const QString &text) {
+  return TrimLineEnds(TrimBlanks(TrimLineEnds(TrimBlanks(text)))).toString();
+}
 
 } // namespace tolmira

@@ -1,13 +1,12 @@
 #include "foundation/text_file.h"
 
+#include "foundation/real_path.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QUrl>
-
 #include <algorithm>
-
-#include "foundation/real_path.h"
 
 namespace tolmira {
 namespace {

@@ -1,10 +1,10 @@
 #include "foundation/text_utils.h"
 
-#include <array>
-#include <utility>
-
 #include "foundation/code_page.h"
 #include "foundation/text_fields.h"
+
+#include <array>
+#include <utility>
 
 namespace tolmira {
 namespace {
@@ -118,10 +118,9 @@ QString StripMarkup(const QString &text) {
 
 QString RepairEntities(const QString &text) {
   static constexpr std::pair<QStringView, QStringView> Repairs[] = {
-      {u"\r\n", u""},    {u"\n", u""},        {u"<i>", u""},    {u"</i>", u""},      {u"&#x27;", u"'"},
-      {u"&quot;", u"\""}, {u"&#39;", u"'"},   {u"&#039;", u"'"}, {u"&amp;", u"&"},   {u"?s", u"'s"},
-      {u"?re", u"'re"},  {u"?ve", u"'ve"},    {u"<p>", u"\r\n"}, {u"<br>", u"\r\n"}, {u"<br/>", u"\r\n"},
-      {u"Â", u""}};
+      {u"\r\n", u""},    {u"\n", u""},       {u"<i>", u""},       {u"</i>", u""}, {u"&#x27;", u"'"}, {u"&quot;", u"\""},
+      {u"&#39;", u"'"},  {u"&#039;", u"'"},  {u"&amp;", u"&"},    {u"?s", u"'s"}, {u"?re", u"'re"},  {u"?ve", u"'ve"},
+      {u"<p>", u"\r\n"}, {u"<br>", u"\r\n"}, {u"<br/>", u"\r\n"}, {u"Â", u""}};
   QString repaired = text;
   for (const auto &[old, replacement] : Repairs)
     repaired.replace(old.toString(), replacement.toString());

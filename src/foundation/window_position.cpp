@@ -7,9 +7,13 @@ namespace {
 
 constexpr int TwipsPerPixel = 15;
 
-QString PositionFile(const IniStore &store) { return store.App().At(u"\\Data\\FormPositions.dat"); }
+QString PositionFile(const IniStore &store) {
+  return store.App().At(u"\\Data\\FormPositions.dat");
+}
 
-int PixelsOfTwips(double twips) { return RoundHalfEven(twips / TwipsPerPixel); }
+int PixelsOfTwips(double twips) {
+  return RoundHalfEven(twips / TwipsPerPixel);
+}
 
 QPoint Centred(const WindowPlacement &placement) {
   const QRect &screen = placement.screen;

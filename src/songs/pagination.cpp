@@ -2,6 +2,7 @@
 
 #include "foundation/text_fields.h"
 #include "songs/line_ends.h"
+#include "songs/replace_linear.h"
 #include "songs/song_text.h"
 
 #include <QHash>
@@ -31,16 +32,21 @@ public:
 
   double Px(const QString &text) {
     double px = 0;
-    qsizetype from = 0;
-    for (;;) {
-      qsizetype end = from;
-      while (end < text.size() && text[end] != u'\r' && text[end] != u'\n')
-        ++end;
-      px += LinePx(QStringView(text).sliced(from, end - from));
-      if (end == text.size())
-        return px;
-      from = end + (QStringView(text).sliced(end).startsWith(LineEnd) ? 2 : 1);
-    }
+    AddLines(text, [&px](double linePx) {
+      px += linePx;
+      return true;
+    });
+    return px;
+  }
+
+  // Looks no further than it must, so that a song which is one endless stanza costs little in every round.
+  bool Reaches(const QString &text, int limitTwips) {
+    double px = 0;
+    AddLines(text, [&](double linePx) {
+      px += linePx;
+      return ToTwips(px) < limitTwips;
+    });
+    return ToTwips(px) >= limitTwips;
   }
 
   int Twips(const QString &text) { return ToTwips(Px(text)); }
@@ -48,6 +54,19 @@ public:
   static int ToTwips(double px) { return RoundHalfEven(std::clamp(px * TwipsPerPixel, 0.0, LargestTwips)); }
 
 private:
+  // Hands the height of each line to `add` until that returns false.
+  template <typename Add> void AddLines(const QString &text, Add add) {
+    qsizetype from = 0;
+    for (;;) {
+      qsizetype end = from;
+      while (end < text.size() && text[end] != u'\r' && text[end] != u'\n')
+        ++end;
+      if (!add(LinePx(QStringView(text).sliced(from, end - from))) || end == text.size())
+        return;
+      from = end + (QStringView(text).sliced(end).startsWith(LineEnd) ? 2 : 1);
+    }
+  }
+
   double LinePx(QStringView line) {
     if (line.isEmpty())
       return m_emptyLinePx;
@@ -155,7 +174,7 @@ QStringList StanzasToPage(QString &text, int limit, StripMeasure &strip) {
     const QStringList stanzas = SplitStanzas(text);
     bool startOver = false;
     for (const QString &stanza : stanzas) {
-      if (strip.Twips(stanza) < limit)
+      if (!strip.Reaches(stanza, limit))
         continue;
       if (rounds >= MostRounds) {
         lateCutBudget -= text.size();
@@ -165,7 +184,7 @@ QStringList StanzasToPage(QString &text, int limit, StripMeasure &strip) {
       const QString before = text;
       const QString cut = Recut(stanza, limit, strip);
       if (cut != stanza)
-        text.replace(stanza, cut);
+        text = ReplaceInLinearTime(text, stanza, cut);
       // Where the cut changes nothing, every further round would come to the same stanza again.
       rounds = text == before ? MostRounds : rounds + 1;
       if (rounds < MostRounds) {

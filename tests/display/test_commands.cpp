@@ -61,7 +61,7 @@ private slots:
   void blackScreen();
   void defaultPictureLiesOverTheBlack();
   void unreadableDefaultPictureLeavesTheOldOne();
-  void blackBringsThePageBackWhenItGoes();
+  void takingThePictureAwayTakesTheBlackToo();
   void youtubeKeepsTheBlackScreenInFront();
   void closingTouchesNothingAfterwards();
 
@@ -236,7 +236,7 @@ void TestCommands::unreadableDefaultPictureLeavesTheOldOne() {
   QVERIFY(p.layers.imagePadrao);
 }
 
-void TestCommands::blackBringsThePageBackWhenItGoes() {
+void TestCommands::takingThePictureAwayTakesTheBlackToo() {
   Projection p;
   p.commands.DefineTelaPreta(true);
   QVERIFY(p.layers.telaPreta);
@@ -342,8 +342,8 @@ void TestCommands::imageNameReachesTheShowControl_data() {
   QTest::newRow("plain") << QStringLiteral("http://image/?a.jpg") << QStringLiteral("a.jpg");
   QTest::newRow("encoded") << QStringLiteral("http://image/?Sexta%2Dfeira+%E0+noite%20(1).jpg")
                            << QStringLiteral("Sexta-feira à noite (1).jpg");
-  QTest::newRow("cut at the first mark only") << QStringLiteral("http://image/?quem%3F.jpg?x")
-                                               << QStringLiteral("quem?.jpg?x");
+  QTest::newRow("cut at the first mark only")
+      << QStringLiteral("http://image/?quem%3F.jpg?x") << QStringLiteral("quem?.jpg?x");
   QTest::newRow("empty name") << QStringLiteral("http://image/?") << QStringLiteral("");
 }
 
@@ -415,8 +415,9 @@ void TestCommands::rampIntervalComesFromTheVolume() {
 
 void TestCommands::anyCommandEndsTheRamp_data() {
   QTest::addColumn<QString>("comando");
-  for (const QString &comando : {QStringLiteral("xyz"), QStringLiteral("UpdateText|#a"), QStringLiteral("VideoComando|#"),
-                                 QStringLiteral("GotoNextImage"), QStringLiteral("Fechar")})
+  for (const QString &comando :
+       {QStringLiteral("xyz"), QStringLiteral("UpdateText|#a"), QStringLiteral("VideoComando|#"),
+        QStringLiteral("GotoNextImage"), QStringLiteral("Fechar")})
     QTest::newRow(qPrintable(comando)) << comando;
 }
 

@@ -1,6 +1,6 @@
-#include <QtTest>
-
 #include "foundation/code_page.h"
+
+#include <QtTest>
 
 using namespace tolmira;
 
@@ -23,7 +23,8 @@ private slots:
     QTest::newRow("upper controls") << QByteArray("\x80\x93\x9F") << QStringLiteral("€“Ÿ") << ansi;
     QTest::newRow("undefined bytes") << QByteArray("\x81\x8D\x8F\x90\x9D")
                                      << QStringLiteral(u"\u0081\u008D\u008F\u0090\u009D") << ansi;
-    QTest::newRow("nul") << QByteArray("a\0\xE9", 3) << QString(QStringLiteral("a") + QChar(u'\0') + QChar(u'é')) << ansi;
+    QTest::newRow("nul") << QByteArray("a\0\xE9", 3) << QString(QStringLiteral("a") + QChar(u'\0') + QChar(u'é'))
+                         << ansi;
     QTest::newRow("utf-8") << QByteArray("\xC3\x81gua") << QStringLiteral("Água") << TextEncoding::Utf8;
     QTest::newRow("utf-8 with mark") << QByteArray("\xEF\xBB\xBF[Config]\xC3\xA9") << QStringLiteral("[Config]é")
                                      << TextEncoding::Utf8WithMark;

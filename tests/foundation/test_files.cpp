@@ -1,11 +1,10 @@
-#include <QBuffer>
-#include <QtTest>
-
-#include <sys/stat.h>
-
 #include "foundation/app_folder.h"
 #include "foundation/real_path.h"
 #include "foundation/text_file.h"
+
+#include <QBuffer>
+#include <QtTest>
+#include <sys/stat.h>
 
 using namespace tolmira;
 
@@ -80,7 +79,8 @@ private slots:
     row("line ends are no part of it", {song}, QStringLiteral("\\Lyrics\\Água\r\n Viva.txt\r\n"),
         QStringLiteral("/Lyrics/Água Viva.txt"));
     row("trailing separator", {song}, QStringLiteral("\\lyrics\\"), QStringLiteral("/Lyrics/"));
-    row("a file is no folder", {QStringLiteral("Data")}, QStringLiteral("\\data\\x.dat"), QStringLiteral("/Data/x.dat"));
+    row("a file is no folder", {QStringLiteral("Data")}, QStringLiteral("\\data\\x.dat"),
+        QStringLiteral("/Data/x.dat"));
     row("upwards", {song}, QStringLiteral("\\lyrics\\..\\LYRICS\\Água Viva.txt"),
         QStringLiteral("/Lyrics/../Lyrics/Água Viva.txt"));
   }

@@ -1,6 +1,6 @@
-#include <QtTest>
-
 #include "foundation/ini_store.h"
+
+#include <QtTest>
 
 using namespace tolmira;
 
@@ -91,15 +91,15 @@ private slots:
     row("new key in an empty section", "[Config]\r\n\r\n[B]\r\n", x, "[Config]\r\nkey=x\r\n\r\n[B]\r\n");
     row("new key at an open end", "[Config]\r\na=1", x, "[Config]\r\na=1\r\nkey=x\r\n");
     row("new key behind an open section", "[Config]", x, "[Config]\r\nkey=x\r\n");
-    row("replaced, the rest stays", "; top\n[config]\n Key = old ; no comment\n;key=1\njunk\nkey=2\n\n[Config]\nkey=3", x,
-        "; top\n[config]\n Key =x\n;key=1\njunk\nkey=2\n\n[Config]\nkey=3");
+    row("replaced, the rest stays", "; top\n[config]\n Key = old ; no comment\n;key=1\njunk\nkey=2\n\n[Config]\nkey=3",
+        x, "; top\n[config]\n Key =x\n;key=1\njunk\nkey=2\n\n[Config]\nkey=3");
     row("empty value", "[Config]\r\nkey=1\r\n", QString(), "[Config]\r\nkey=\r\n");
     row("line ends cannot break the file", "[Config]\r\nkey=1\r\n", QStringLiteral("a\r\n[B]\nc\rd"),
         "[Config]\r\nkey=a [B] c d\r\n", false);
     row("edge blanks do not come back", "[Config]\r\n", QStringLiteral(" x"), "[Config]\r\nkey= x\r\n", false);
     row("quotes do not come back", "[Config]\r\n", QStringLiteral("\"x\""), "[Config]\r\nkey=\"x\"\r\n", false);
-    row("too long to come back", "[Config]\r\n", QString(1024, u'x'), "[Config]\r\nkey=" + QByteArray(1024, 'x') + "\r\n",
-        false);
+    row("too long to come back", "[Config]\r\n", QString(1024, u'x'),
+        "[Config]\r\nkey=" + QByteArray(1024, 'x') + "\r\n", false);
     row("windows-1252", "[Config]\r\n", QStringLiteral("é"), "[Config]\r\nkey=\xE9\r\n");
     row("beyond the code page", "[A]\r\nb=\xE9\r\n", QStringLiteral("ש"),
         "[A]\r\nb=\xC3\xA9\r\n[Config]\r\nkey=\xD7\xA9\r\n");

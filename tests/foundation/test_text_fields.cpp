@@ -1,8 +1,7 @@
-#include <QtTest>
-
-#include <limits>
-
 #include "foundation/text_fields.h"
+
+#include <QtTest>
+#include <limits>
 
 using namespace tolmira;
 
@@ -49,7 +48,8 @@ private slots:
   void Splits() {
     const QString bar = QStringLiteral("|");
     QCOMPARE(SplitText(QString(), bar).size(), 0);
-    QCOMPARE(SplitText(QStringLiteral("a|b|"), bar), QStringList({QStringLiteral("a"), QStringLiteral("b"), QString()}));
+    QCOMPARE(SplitText(QStringLiteral("a|b|"), bar),
+             QStringList({QStringLiteral("a"), QStringLiteral("b"), QString()}));
     QCOMPARE(SplitText(QStringLiteral("a|b"), QString()), QStringList{QStringLiteral("a|b")});
   }
 
@@ -104,7 +104,8 @@ private slots:
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("lines");
     QTest::addColumn<QString>("all");
-    QTest::newRow("pairs") << QStringLiteral("\r\n\r\na\r\nb\r\n") << QStringLiteral("a\r\nb") << QStringLiteral("a\r\nb");
+    QTest::newRow("pairs") << QStringLiteral("\r\n\r\na\r\nb\r\n") << QStringLiteral("a\r\nb")
+                           << QStringLiteral("a\r\nb");
     QTest::newRow("halves stay") << QStringLiteral("\na\r") << QStringLiteral("\na\r") << QStringLiteral("\na\r");
     QTest::newRow("half behind a pair") << QStringLiteral("\r\n\na\r\r\n") << QStringLiteral("\na\r")
                                         << QStringLiteral("\na\r");

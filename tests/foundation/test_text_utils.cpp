@@ -1,6 +1,6 @@
-#include <QtTest>
-
 #include "foundation/text_utils.h"
+
+#include <QtTest>
 
 using namespace tolmira;
 
@@ -35,7 +35,7 @@ private slots:
     row("title: hyphen", TitleCaseSong, QStringLiteral("louva-deus"), QStringLiteral("Louva-Deus"));
     row("title: accent", TitleCaseSong, QStringLiteral("isto É água"), QStringLiteral("Isto é Água"));
     row("title: no overlap", TitleCaseSong, QStringLiteral("x de de y"), QStringLiteral("X de De Y"));
-    row("title: order of the pairs", TitleCaseSong, QStringLiteral("x e de y"), QStringLiteral("X E de Y"));
+    row("title: two small words", TitleCaseSong, QStringLiteral("x e de y"), QStringLiteral("X e de Y"));
     row("title: last word", TitleCaseSong, QStringLiteral("vem que"), QStringLiteral("Vem Que"));
 
     row("strip: tag", StripMarkup, QStringLiteral("a<b>c"), QStringLiteral("ac"));
@@ -91,7 +91,8 @@ private slots:
   }
 
   void ReplacingWithItselfComesToAnEnd() {
-    QCOMPARE(ReplaceAll(QStringLiteral("a\nb"), QStringLiteral("\n"), QStringLiteral("\r\n")), QStringLiteral("a\r\nb"));
+    QCOMPARE(ReplaceAll(QStringLiteral("a\nb"), QStringLiteral("\n"), QStringLiteral("\r\n")),
+             QStringLiteral("a\r\nb"));
     QVERIFY(!ReplaceAll(QStringLiteral("aaabb"), QStringLiteral("ab"), QStringLiteral("bbaa")).isEmpty());
   }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include "foundation/seams.h"
+
+#include <vector>
 
 namespace tolmira::testing {
 

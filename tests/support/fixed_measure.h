@@ -1,8 +1,8 @@
 #pragma once
 
-#include <algorithm>
-
 #include "foundation/seams.h"
+
+#include <algorithm>
 
 namespace tolmira::testing {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QList>
-
 #include "foundation/seams.h"
+
+#include <QList>
 
 namespace tolmira::testing {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/seams.h"
+
 #include <initializer_list>
 #include <vector>
-
-#include "foundation/seams.h"
 
 namespace tolmira::testing {
 

@@ -217,7 +217,7 @@ private slots:
   void outdatedThumbnailsGo() {
     for (const char *name : {"tema1-0_MYRIADPRO_CorDeFundo_1_1.jpg", "tema1-5_Arial_Imagem_1_1.jpg",
                              "TEMA1-9_Arial_Imagem_1_1.JPG", "tema11-0_Old_CorDeFundo_1_1.jpg", "tema1-note.png"})
-      Write((QByteArray("Data/mini/") + name).constData(), "x");
+      Write(QByteArray("Data/mini/").append(name).constData(), "x");
     m_store->LoadTemas(1);
     QCOMPARE(Mini(),
              QStringList({QStringLiteral("tema1-0_MYRIADPRO_CorDeFundo_1_1.jpg"), QStringLiteral("tema1-note.png"),

@@ -15,14 +15,22 @@ Q_LOGGING_CATEGORY(logPage, "tolmira.page", QtWarningMsg)
 
 const QString ReporterName = QStringLiteral("tolmira-reporter");
 
-// Runs in a world of its own when a document begins, so it knows the number of the load that it belongs to. Two timers in a
-// row: the page's libraries call their start functions by one timer after DOMContentLoaded. Pictures are decoded before
-// the first frame counts, since the engine would otherwise draw that frame without the large ones.
+// Runs in a world of its own when a document begins, so it knows the number of the load that it belongs to.
+// Two timers in a row before "ready": the page's libraries call their start functions by one timer after
+// DOMContentLoaded. Pictures are decoded before the first frame counts as drawn, since the engine would otherwise draw
+// that frame without the large ones. What the page wants to leave for is stopped in the page: a navigation that the engine
+// has begun and the host refuses ends the document's own loading too, and a page may report while it still loads.
 const QString ReporterSource = QStringLiteral(R"js(
 (function () {
   const say = what => console.info('%1:%2:' + what);
   const frames = (n, then) => n === 0 ? then() : requestAnimationFrame(() => frames(n - 1, then));
   const shown = e => { const r = e.getBoundingClientRect(); return r.width > 0 && r.height > 0; };
+  say('began');
+  navigation.addEventListener('navigate', e => {
+    if (e.hashChange || !e.cancelable) return;
+    e.preventDefault();
+    say('leave:' + e.destination.url);
+  });
   addEventListener('DOMContentLoaded', () => setTimeout(() => setTimeout(() => say('ready'), 0), 0));
   addEventListener('load', () => {
     const pictures = [...document.images].filter(shown).slice(0, 3).map(i => i.decode().catch(() => {}));
@@ -61,17 +69,24 @@ void WebPage::Load(const QUrl &url, int load) {
   reporter.setWorldId(QWebEngineScript::ApplicationWorld);
   reporter.setSourceCode(ReporterSource.arg(m_token).arg(load));
   scripts().insert(reporter);
+  m_load = load;
+  m_began = false;
+  m_fromServer = url.scheme().startsWith(u"http");
   this->load(url);
+}
+
+void WebPage::Leave(const QUrl &url, bool &cancel) {
+  if (OnNavigating)
+    OnNavigating(QString::fromLatin1(url.toEncoded()), cancel);
+  qCDebug(logPage) << "page wants to leave for" << url << (cancel ? "refused" : "allowed");
 }
 
 bool WebPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) {
   // Frames inside a page are its own content. What a server answers with a redirection is still the host's load.
-  if (!isMainFrame || type == NavigationTypeTyped || type == NavigationTypeRedirect)
+  if (!isMainFrame || type == NavigationTypeTyped || (type == NavigationTypeRedirect && m_fromServer && !m_began))
     return true;
   bool cancel = true;
-  if (OnNavigating)
-    OnNavigating(QString::fromLatin1(url.toEncoded()), cancel);
-  qCDebug(logPage) << "page wants to leave for" << url << (cancel ? "refused" : "allowed");
+  Leave(url, cancel);
   return !cancel;
 }
 
@@ -79,16 +94,29 @@ QWebEnginePage *WebPage::createWindow(WebWindowType) { return nullptr; }
 
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
                                        const QString &source) {
-  const QStringList parts = message.split(u':');
-  if (parts.size() == 3 && parts[0] == m_token) {
-    const int load = parts[1].toInt();
-    if (parts[2] == u"ready" && OnReady)
-      OnReady(load);
-    else if (parts[2] == u"drawn" && OnDrawn)
-      OnDrawn(load);
+  if (!message.startsWith(m_token)) {
+    qCDebug(logPage) << "console" << level << source << line << message;
     return;
   }
-  qCDebug(logPage) << "console" << level << source << line << message;
+  // token:load:what, and the address behind "leave:"
+  const QString what = message.section(u':', 2);
+  if (message.section(u':', 1, 1).toInt() != m_load)
+    return; // of a page that is being left
+  if (what == u"began") {
+    m_began = true;
+  } else if (what == u"ready") {
+    if (OnReady)
+      OnReady(m_load);
+  } else if (what == u"drawn") {
+    if (OnDrawn)
+      OnDrawn(m_load);
+  } else if (what.startsWith(u"leave:")) {
+    const QUrl url(what.mid(6));
+    bool cancel = true;
+    Leave(url, cancel);
+    if (!cancel)
+      load(url);
+  }
 }
 
 } // namespace tolmira

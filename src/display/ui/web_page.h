@@ -15,7 +15,7 @@ class WebPage : public QWebEnginePage {
 public:
   WebPage(QWebEngineProfile *profile, QObject *parent);
 
-  // Loads an address as the load of this number; the reports of the document carry the number.
+  // Loads an address as the load of this number. Reports of the page before it no longer arrive.
   void Load(const QUrl &url, int load);
 
   std::function<void(const QString &uri, bool &cancel)> OnNavigating; // only what the page itself starts
@@ -29,7 +29,12 @@ protected:
                                 const QString &source) override;
 
 private:
+  void Leave(const QUrl &url, bool &cancel);
+
   QString m_token; // pages cannot guess it, so they cannot report in the host's name
+  int m_load = 0;
+  bool m_began = false;      // the document of the present load exists
+  bool m_fromServer = false; // the present load may be redirected
 };
 
 } // namespace tolmira

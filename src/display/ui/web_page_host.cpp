@@ -218,7 +218,8 @@ void WebPageHost::Impl::OnLoading(const QWebEngineLoadingInfo &info) {
   qCDebug(logPage) << name << "could not load" << address << info.errorString();
   timeout.stop();
   queue.GiveUp();
-  ReleasePicture();
+  // Black, and nothing of the older page goes on behind it: a video that was to stop has stopped.
+  page->Load(QUrl(QStringLiteral("about:blank")), queue.Load());
 }
 
 void WebPageHost::Impl::OnProcessEnded() {

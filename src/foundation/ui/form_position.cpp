@@ -1,10 +1,10 @@
 #include "foundation/ui/form_position.h"
 
+#include "foundation/window_position.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QVariant>
-
-#include "foundation/window_position.h"
 
 namespace tolmira {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QPointer>
-#include <QWidget>
-
 #include "foundation/ini_store.h"
 #include "foundation/seams.h"
+
+#include <QPointer>
+#include <QWidget>
 
 namespace tolmira {
 

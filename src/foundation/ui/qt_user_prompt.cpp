@@ -1,11 +1,11 @@
 #include "foundation/ui/qt_user_prompt.h"
 
+#include "foundation/real_path.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
-
-#include "foundation/real_path.h"
 
 namespace tolmira {
 namespace {
@@ -72,8 +72,7 @@ int QtUserPrompt::Ask(const QString &title, const QString &text, const QStringLi
 }
 
 QString QtUserPrompt::OpenFile(const QString &title, const QString &folder, const QString &filter) {
-  const QPointer<QFileDialog> dialog =
-      new QFileDialog(ParentNow(), title, MapStoredPath(folder).text(), filter);
+  const QPointer<QFileDialog> dialog = new QFileDialog(ParentNow(), title, MapStoredPath(folder).text(), filter);
   dialog->setObjectName(QStringLiteral("FileDialog"));
   dialog->setOption(QFileDialog::DontUseNativeDialog);
   dialog->setFileMode(QFileDialog::ExistingFile);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/seams.h"
+
 #include <QPointer>
 #include <QWidget>
-
-#include "foundation/seams.h"
 
 namespace tolmira {
 

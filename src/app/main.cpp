@@ -1,0 +1,32 @@
+#include <QApplication>
+
+#include <cstdio>
+
+#include "app/command_line.h"
+#include "app/program.h"
+#include "display/ui/graphics_backend.h"
+
+using namespace tolmira;
+
+int main(int argc, char *argv[]) {
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i)
+    arguments.append(QString::fromLocal8Bit(argv[i]));
+  const CommandLine line = ParseCommandLine(arguments);
+  if (line.ends) {
+    std::fputs(qPrintable(line.text), line.exitCode == 0 ? stdout : stderr);
+    return line.exitCode;
+  }
+
+  ChooseGraphicsBackend(line.graphics);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Tolmira"));
+  QApplication::setApplicationVersion(QStringLiteral(TOLMIRA_VERSION));
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  Program program(line);
+  // quit() during the start, from a message box that was answered by closing the program, has to find a running loop.
+  if (!program.Start())
+    return 1;
+  return QApplication::exec();
+}

@@ -1,0 +1,206 @@
+#include "app/program.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QTimer>
+
+#include "app/asset_places.h"
+#include "app/control_events.h"
+#include "app/control_server.h"
+#include "app/program_folder.h"
+#include "app/single_instance.h"
+#include "console/FrmMonitor.h"
+#include "console/console_core.h"
+#include "console/startup.h"
+#include "console/ui/qt_monitors.h"
+#include "display/FrmQuendar.h"
+#include "display/ui/graphics_backend.h"
+#include "display/ui/page_profile.h"
+#include "display/ui/web_page_host.h"
+#include "foundation/real_seams.h"
+#include "foundation/ui/qt_user_prompt.h"
+
+namespace tolmira {
+
+namespace {
+
+constexpr int EsperaDasTelas = 300; // ms: a changed desktop announces its screens one by one
+
+} // namespace
+
+struct Program::Impl {
+  explicit Impl(const CommandLine &commandLine)
+      : line(commandLine), app(ChooseProgramFolder(commandLine.app, QCoreApplication::applicationDirPath())),
+        store(app), instance(app), prompt(boxes, events), yielder(loop) {}
+
+  void MakeWindows();
+  void MakeStartup();
+  void ListenForControl();
+  void ScreensChanged();
+  void PlaceDisplay(const PlacaDoTelao &placa);
+  PageObject *PageNamed(const QString &name) const;
+  void SendVerseAgain();
+
+  CommandLine line;
+  AppFolder app;
+  IniStore store;
+  SingleInstance instance;
+
+  ControlEvents events;
+  QtUserPrompt boxes;
+  ObservedPrompt prompt;
+  SystemClock clock;
+  SystemRandom random;
+  LoopYielder loop;
+  CountingYielder yielder;
+  FontTextMeasure measure;
+  QtMonitors monitors;
+  QTimer screenTimer;
+
+  // Windows go before the logic that they refer to, so they stand below it.
+  std::unique_ptr<ConsoleCore> core;
+  PageProfile profile;
+  std::unique_ptr<FrmMonitor> console;
+  std::unique_ptr<FrmQuendar> quendar;
+  std::unique_ptr<ConsoleStartup> startup;
+  std::unique_ptr<ControlServer> control;
+};
+
+PageObject *Program::Impl::PageNamed(const QString &name) const {
+  if (name == u"display" || name == u"FrmQuendar")
+    return quendar ? quendar->WV() : nullptr;
+  if (name == u"preview" || name == u"FrmMonitor")
+    return console ? console->PicWV()->WV() : nullptr;
+  return nullptr;
+}
+
+void Program::Impl::MakeWindows() {
+  core = std::make_unique<ConsoleCore>(ConsoleDoors{
+      app, store, clock, random, yielder, prompt, measure, [this]() -> Display * { return quendar.get(); },
+      [this] { return PageNamed(QStringLiteral("preview")); }});
+  core->canal.AddObserver(&events);
+  profile = NewPageProfile();
+
+  console = std::make_unique<FrmMonitor>(
+      ConsoleParts{core->contexto, core->agenda, core->stepper, core->loader, core->temaControle, core->loja,
+                   core->controles, core->flow, core->teclas},
+      profile);
+  console->PicWV()->AddObserver(&events);
+  console->PicWV()->OnRecovered = [this] { SendVerseAgain(); };
+  console->AoFechar = [this] { startup->Unload(); };
+  monitors.SetConsole(console.get());
+
+  const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
+  quendar = std::make_unique<FrmQuendar>(
+      FrmQuendar::Parts{core->estado, app, clock, console.get(),
+                        CaptionComposers{[](const QString &, const QString &) { return QString(); },
+                                         [](const QString &) { return QString(); }},
+                        &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
+  quendar->OnRecovered = [this] { SendVerseAgain(); };
+  quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
+}
+
+// A page that came back holds its theme and no text.
+void Program::Impl::SendVerseAgain() { core->letras.ExibeVerso(core->estado.EstrofeAtual, false); }
+
+void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
+  console->DefineTelao(placa.tela.size());
+  if (quendar)
+    quendar->Posiciona(placa.tela, placa.segundoMonitor);
+}
+
+void Program::Impl::MakeStartup() {
+  ConsoleStartup::Janelas janelas;
+  janelas.CarregaFontes = [] {};
+  janelas.PosicionaTelao = [this](const PlacaDoTelao &placa) { PlaceDisplay(placa); };
+  janelas.AjustaPreview = [this] { console->AjustaPreview(); };
+  janelas.positionInicial = [this] { console->positionInicial(); };
+  janelas.CriaPrevia = [this] { return console->CriaPrevia(); };
+  janelas.CriaTelao = [this] { return quendar && quendar->CriaBrowser(); };
+  janelas.MostraTelao = [this] { core->canal.SendToDisplay(QStringLiteral("Show")); };
+  janelas.IniciaFade = [this] {
+    if (quendar)
+      quendar->IniciaFade();
+  };
+  janelas.CarregaTiles = [this] { console->CarregaTiles(); };
+  janelas.DescarregaJanelas = [this] {
+    control.reset();
+    if (quendar)
+      quendar->hide();
+    QCoreApplication::quit();
+  };
+  startup = std::make_unique<ConsoleStartup>(core->contexto, core->agenda, core->temaControle, core->loja,
+                                             core->controles, core->loader, monitors, std::move(janelas));
+}
+
+void Program::Impl::ListenForControl() {
+  if (line.control.isEmpty())
+    return;
+  ControlDoors doors =
+      DoorsOf(core->estado, core->flow, core->agenda, core->controles, core->temaControle, core->canal,
+              [this]() -> Display * { return quendar.get(); });
+  doors.pagina = [this](const QString &name) { return PageNamed(name); };
+  doors.fechaConsole = [this] { console->close(); };
+  doors.cedendo = [this] { return yielder.Yielding(); };
+  control = std::make_unique<ControlServer>(std::move(doors), events);
+  if (const QString error = control->Listen(line.control); !error.isEmpty())
+    prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), error);
+}
+
+// The projector was plugged in, pulled out or changed its size. Its window follows; it never covers the operator.
+void Program::Impl::ScreensChanged() {
+  if (!quendar || !core->estado.TelaPronta)
+    return;
+  const PlacaDoTelao placa = EscolheTela(monitors);
+  if (!placa.segundoMonitor) {
+    quendar->Esconde();
+    return;
+  }
+  PlaceDisplay(placa);
+  console->AjustaPreview();
+  core->loader.AjustaQuadro();
+  core->loader.RecarregaMusica(false);
+  core->paginas.MontaPagina(core->estado.TemaAtual, core->estado.EstrofeAtual, 0);
+}
+
+Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line)) {}
+
+Program::~Program() {
+  // Pages end before the profile they share, and before the application object.
+  m_impl->control.reset();
+  m_impl->quendar.reset();
+  m_impl->console.reset();
+}
+
+bool Program::Start() {
+  Impl &p = *m_impl;
+  const FillResult filled =
+      FillProgramFolder(p.app.path(), FindAssets(p.line.assets, QCoreApplication::applicationDirPath()));
+  if (!filled.problem.isEmpty())
+    p.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), filled.problem);
+  if (!p.instance.Start(p.prompt))
+    return false;
+
+  p.MakeWindows();
+  p.MakeStartup();
+  p.ListenForControl();
+
+  p.screenTimer.setSingleShot(true);
+  p.screenTimer.setInterval(EsperaDasTelas);
+  connect(&p.screenTimer, &QTimer::timeout, this, [&p] { p.ScreensChanged(); });
+  const auto watch = [&p, this](QScreen *screen) {
+    connect(screen, &QScreen::geometryChanged, &p.screenTimer, qOverload<>(&QTimer::start));
+  };
+  for (QScreen *screen : QGuiApplication::screens())
+    watch(screen);
+  connect(qApp, &QGuiApplication::screenAdded, this, [&p, watch](QScreen *screen) {
+    watch(screen);
+    p.screenTimer.start();
+  });
+  connect(qApp, &QGuiApplication::screenRemoved, &p.screenTimer, qOverload<>(&QTimer::start));
+
+  p.startup->Load();
+  return true;
+}
+
+} // namespace tolmira

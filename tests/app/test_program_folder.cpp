@@ -1,0 +1,172 @@
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/program_folder.h"
+
+using namespace tolmira;
+
+class TestProgramFolder : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<QTemporaryDir> m_temp;
+  QString m_app;
+  AssetPlaces m_assets;
+
+  QString Temp(const QString &name) const { return m_temp->filePath(name); }
+
+  static void Write(const QString &path, const QByteArray &bytes) {
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+  }
+  static QByteArray Read(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
+  }
+  QByteArray InApp(const QString &name) const { return Read(m_app + u'/' + name); }
+
+private slots:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_temp = std::make_unique<QTemporaryDir>();
+    m_app = Temp(QStringLiteral("app"));
+    Write(Temp(QStringLiteral("assets/html/imagem.html")), "page 1");
+    Write(Temp(QStringLiteral("libs/jquery.min.js")), "library 1");
+    Write(Temp(QStringLiteral("assets/sample/Data/agenda1.dat")), "2|#|Lamp|#|Lamp\r\n");
+    Write(Temp(QStringLiteral("assets/sample/Lyrics/Lamp.txt")), "Lamp\r\n");
+    Write(Temp(QStringLiteral("media/Images/hills.jpg")), "picture");
+    Write(Temp(QStringLiteral("media/made")), "");
+    m_assets = {Temp(QStringLiteral("assets/html")), Temp(QStringLiteral("libs")),
+                Temp(QStringLiteral("assets/sample")), Temp(QStringLiteral("media"))};
+  }
+
+  void newFolderGetsEverything_data() {
+    QTest::addColumn<bool>("exists");
+    QTest::newRow("absent") << false;
+    QTest::newRow("empty") << true;
+  }
+  void newFolderGetsEverything() {
+    QFETCH(bool, exists);
+    if (exists)
+      QVERIFY(QDir().mkpath(m_app));
+    const FillResult result = FillProgramFolder(m_app, m_assets);
+    QVERIFY(result.isNew);
+    QVERIFY(result.usable);
+    QCOMPARE(result.problem, QString());
+    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "page 1");
+    QCOMPARE(InApp(QStringLiteral("html/lib/jquery.min.js")), "library 1");
+    QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "Lamp\r\n");
+    QCOMPARE(InApp(QStringLiteral("Images/hills.jpg")), "picture");
+    QVERIFY(QFileInfo(m_app + QStringLiteral("/Imagens/Mini")).isDir());
+    QVERIFY(QFileInfo(m_app + QStringLiteral("/SlideShow")).isDir());
+    QVERIFY2(!QFileInfo::exists(m_app + QStringLiteral("/made")), "only media are media");
+    QVERIFY(!QFileInfo::exists(m_app + QStringLiteral("/.filling")));
+  }
+
+  void usedFolderGetsNoStarterService() {
+    Write(m_app + QStringLiteral("/Lyrics/Mine.txt"), "mine");
+    const FillResult result = FillProgramFolder(m_app, m_assets);
+    QVERIFY(!result.isNew);
+    QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "<none>");
+    QCOMPARE(InApp(QStringLiteral("Data/agenda1.dat")), "<none>");
+    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "page 1");
+    QVERIFY(QFileInfo(m_app + QStringLiteral("/Data/mini")).isDir());
+  }
+
+  void namesInAnotherCaseAreTheSameNames() {
+    Write(m_app + QStringLiteral("/HTML/Imagem.HTML"), "mine");
+    QVERIFY(QDir().mkpath(m_app + QStringLiteral("/data")));
+    FillProgramFolder(m_app, m_assets);
+    QCOMPARE(InApp(QStringLiteral("HTML/Imagem.HTML")), "mine");
+    QVERIFY(!QFileInfo::exists(m_app + QStringLiteral("/html")));
+    QVERIFY(!QFileInfo::exists(m_app + QStringLiteral("/Data")));
+    QVERIFY(QFileInfo(m_app + QStringLiteral("/data/mini")).isDir());
+  }
+
+  void upgradeReplacesOnlyWhatNobodyChanged() {
+    Write(Temp(QStringLiteral("assets/html/video.html")), "video 1");
+    Write(Temp(QStringLiteral("assets/html/backcolor.html")), "back 1");
+    FillProgramFolder(m_app, m_assets);
+    Write(m_app + QStringLiteral("/html/video.html"), "changed by hand");
+    QVERIFY(QFile::remove(m_app + QStringLiteral("/html/backcolor.html")));
+    Write(m_app + QStringLiteral("/Lyrics/Lamp.txt"), "sung otherwise");
+    for (const char *name : {"imagem.html", "video.html", "backcolor.html"})
+      Write(Temp(QStringLiteral("assets/html/") + QLatin1String(name)), "version 2");
+    Write(Temp(QStringLiteral("assets/sample/Lyrics/Lamp.txt")), "version 2");
+
+    const FillResult result = FillProgramFolder(m_app, m_assets);
+    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "version 2");
+    QCOMPARE(InApp(QStringLiteral("html/video.html")), "changed by hand");
+    QCOMPARE(InApp(QStringLiteral("html/backcolor.html")), "version 2");
+    QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "sung otherwise");
+    QCOMPARE(result.written, QStringList({QStringLiteral("html/backcolor.html"), QStringLiteral("html/imagem.html")}));
+    QCOMPARE(FillProgramFolder(m_app, m_assets).written, QStringList());
+  }
+
+  void templateOfUnknownOriginIsLeftAlone() {
+    Write(m_app + QStringLiteral("/html/imagem.html"), "older, from somewhere");
+    FillProgramFolder(m_app, m_assets);
+    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "older, from somewhere");
+  }
+
+  void fillingThatWasCutOffGoesOn() {
+    FillProgramFolder(m_app, m_assets);
+    QVERIFY(QFile::remove(m_app + QStringLiteral("/Lyrics/Lamp.txt")));
+    Write(m_app + QStringLiteral("/Data/agenda1.dat"), "mine");
+    Write(m_app + QStringLiteral("/.filling"), "");
+    QVERIFY(FillProgramFolder(m_app, m_assets).isNew);
+    QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "Lamp\r\n");
+    QCOMPARE(InApp(QStringLiteral("Data/agenda1.dat")), "mine");
+    QVERIFY(!QFileInfo::exists(m_app + QStringLiteral("/.filling")));
+  }
+
+  void failuresAreToldAndSurvived() {
+    // A file stands where a folder should be.
+    Write(m_app + QStringLiteral("/html"), "not a folder");
+    const FillResult result = FillProgramFolder(m_app, m_assets);
+    QVERIFY(result.usable);
+    QVERIFY2(result.problem.contains(QStringLiteral("the folder html could not be made")), qPrintable(result.problem));
+    QVERIFY(QFileInfo(m_app + QStringLiteral("/Lyrics")).isDir());
+    QCOMPARE(InApp(QStringLiteral("html")), "not a folder");
+  }
+
+  void fileInPlaceOfTheFolder() {
+    Write(m_app, "a file");
+    const FillResult result = FillProgramFolder(m_app, m_assets);
+    QVERIFY(!result.usable);
+    QVERIFY(result.problem.contains(QStringLiteral("it is a file")));
+    QCOMPARE(Read(m_app), "a file");
+  }
+
+  void missingAssetsAreTold() {
+    const FillResult result = FillProgramFolder(m_app, {});
+    QVERIFY(result.usable);
+    QVERIFY(result.problem.contains(QStringLiteral("templates")));
+  }
+
+  void folderIsChosen() {
+    const QString executables = Temp(QStringLiteral("bin"));
+    qputenv("XDG_DATA_HOME", Temp(QStringLiteral("share")).toLocal8Bit());
+    QCOMPARE(ChooseProgramFolder(QString(), executables), Temp(QStringLiteral("share/tolmira")));
+    QVERIFY(QDir().mkpath(executables + QStringLiteral("/data")));
+    QCOMPARE(ChooseProgramFolder(QString(), executables), executables);
+    QCOMPARE(ChooseProgramFolder(m_app + u'/', executables), m_app);
+  }
+
+  void assetsAreFound() {
+    QCOMPARE(FindAssets(Temp(QStringLiteral("assets")), QString()).sample, m_assets.sample);
+    QVERIFY(!FindAssets(Temp(QStringLiteral("nowhere")), QString()).Found());
+    Write(Temp(QStringLiteral("usr/share/tolmira/html/imagem.html")), "installed");
+    QCOMPARE(FindAssets(QString(), Temp(QStringLiteral("usr/bin"))).html, Temp(QStringLiteral("usr/share/tolmira/html")));
+    qputenv("TOLMIRA_ASSETS", Temp(QStringLiteral("assets")).toLocal8Bit());
+    QCOMPARE(FindAssets(QString(), Temp(QStringLiteral("usr/bin"))).html, m_assets.html);
+    qunsetenv("TOLMIRA_ASSETS");
+  }
+};
+
+QTEST_GUILESS_MAIN(TestProgramFolder)
+#include "test_program_folder.moc"

@@ -1,0 +1,358 @@
+#include <QtTest>
+
+#include "console/startup.h"
+#include "console_fixture.h"
+
+using namespace tolmira;
+using namespace tolmira::testing;
+
+// From the chosen entry to the prepared page, and what themes and screen states do to an item on show.
+class TestPresentation : public QObject {
+  Q_OBJECT
+
+private slots:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_fixture = std::make_unique<ConsoleFixture>();
+    m_fixture->Write(QStringLiteral("Lyrics/Graça.txt"), TresEstrofes);
+    m_fixture->Write(QStringLiteral("Lyrics/Outra.txt"), "Uma\r\n\r\nDuas");
+  }
+
+  void theFirstSongBuildsThePageAndTheNextKeepsIt() {
+    m_fixture->display.commands.clear();
+    m_fixture->Show(QStringLiteral("Graça"));
+    QVERIFY(m_fixture->display.commands.first().startsWith(u"CarregaTema|#file:///"));
+    QCOMPARE(Estado().TipoAtual, QStringLiteral("Louvor"));
+    QCOMPARE(Painel().Label9, QStringLiteral("Graça"));
+    QVERIFY(Painel().PicAviso);
+    QVERIFY(Painel().SliderExLouvorVisible);
+    QVERIFY(Painel().LbFaixaVisible);
+
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->Forget();
+    m_fixture->Show(QStringLiteral("Outra"));
+    QVERIFY(m_fixture->display.commands.isEmpty());
+    const QStringList expected{
+        QStringLiteral("ChangeCSS('set_text','font-size','%1pt')").arg(Estado().FonteTamanho),
+        QStringLiteral("UpdateTextHtml('nada')")};
+    QCOMPARE(m_fixture->display.page.scripts, expected);
+    QCOMPARE(m_fixture->preview.scripts.size(), 2);
+    QCOMPARE(m_fixture->preview.scripts.first(),
+             QStringLiteral("ChangeCSS('set_text','font-size','%1pt')").arg(Estado().FonteTamanho.toInt() / 4));
+    QCOMPARE(Estado().EstrofeAtual, -1);
+    QVERIFY(Estado().VersoTextoAtual.isEmpty());
+  }
+
+  void aPlacedBackgroundIsRebuiltAndKeepsItsTheme() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    Estado().FundoPreso = true;
+    m_fixture->core.temaControle.SetCheckAlteraTemaAleatorio(true);
+    const int theme = Estado().IndiceTema;
+    m_fixture->Forget();
+    m_fixture->Show(QStringLiteral("Outra"));
+    QVERIFY(m_fixture->display.commands.first().startsWith(u"CarregaTema|#"));
+    QCOMPARE(Estado().IndiceTema, theme);
+  }
+
+  void refusals_data() {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("Bible") << 1 << QStringLiteral("Bible passages cannot be shown yet.");
+    QTest::newRow("video") << 4 << QStringLiteral("Videos cannot be shown yet.");
+    QTest::newRow("slides") << 5 << QStringLiteral("Slides cannot be shown yet.");
+    QTest::newRow("show") << 6 << QStringLiteral("Slide shows cannot be shown yet.");
+    QTest::newRow("missing song")
+        << 2
+        << QStringLiteral("Item not found.\n\nThe file may have been deleted or moved to another location.");
+    QTest::newRow("an unknown kind is a song")
+        << 7
+        << QStringLiteral("Item not found.\n\nThe file may have been deleted or moved to another location.");
+  }
+  void refusals() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->Forget();
+    QFETCH(int, kind);
+    m_fixture->core.flow.ShowEntry(kind, 1, QStringLiteral("x"), QStringLiteral("nowhere"));
+    QCOMPARE(m_fixture->prompt.shown.size(), 1);
+    QTEST(m_fixture->prompt.shown.first().text, "message");
+    QVERIFY(m_fixture->display.commands.isEmpty());
+    QCOMPARE(Estado().EstrofeAtual, 1);
+    QCOMPARE(Painel().Label9, QStringLiteral("Graça"));
+  }
+
+  void anEntryWithoutANameLoadsNothing() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->Forget();
+    m_fixture->core.flow.ShowEntry(2, 1, QString(), QString());
+    QVERIFY(m_fixture->display.page.scripts.isEmpty());
+    QVERIFY(m_fixture->prompt.shown.isEmpty());
+    QVERIFY(Painel().ComboFontSizeVisible);
+  }
+
+  void everyVerseIsAtItsPlaceInTheTextThatIsSent_data() {
+    QTest::addColumn<QByteArray>("song");
+    QTest::newRow("plain") << TresEstrofes;
+    QTest::newRow("a line that keeps a stanza together") << QByteArray("a\r\n-\r\nb\r\n\r\nc");
+    QTest::newRow("blanks between stanzas") << QByteArray("a\r\n\r\n \r\n\r\nb\r\n\r\nc");
+    QTest::newRow("a stanza too tall for the frame")
+        << QByteArray("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n10\r\n11\r\n12\r\n13\r\n14\r\n15\r\n16\r\n17\r\n18\r\n"
+                      "19\r\n20\r\n21\r\n22\r\n23\r\n24\r\n25\r\n26\r\n27\r\n28\r\n29\r\n30\r\n31\r\n32\r\n\r\nfim");
+    QTest::newRow("empty") << QByteArray();
+  }
+  void everyVerseIsAtItsPlaceInTheTextThatIsSent() {
+    QFETCH(QByteArray, song);
+    m_fixture->Write(QStringLiteral("Cantor/9 Teste.txt"), song);
+    m_fixture->core.flow.ShowEntry(3, 1, QStringLiteral("9 Teste"), QStringLiteral("9 Teste"));
+    QVERIFY(Estado().TotalEstrofes >= 1);
+    for (int n = 1; n <= Estado().TotalEstrofes; ++n) {
+      QString verse = Estado().Estrofes[static_cast<size_t>(n)].Texto;
+      QCOMPARE(Estado().TextoEstrofes.value(n - 1), verse.replace(QStringLiteral("\r\n"), QStringLiteral("<br>")));
+      QVERIFY(Estado().Estrofes[static_cast<size_t>(n)].Base >= Estado().Estrofes[static_cast<size_t>(n)].Topo);
+    }
+    const int limit = m_fixture->core.faixa.FrameHeight * 72 / 100;
+    if (song.size() > 100)
+      QVERIFY(Estado().Estrofes[1].Base - Estado().Estrofes[1].Topo < limit);
+  }
+
+  void capitalsComeFromTheTheme() {
+    m_fixture->core.temas[2].Maiusculas = true;
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->Forget();
+    m_fixture->core.temaControle.MenuAplicar(2);
+    QVERIFY(Estado().TextoMaiusculo);
+    QCOMPARE(Estado().EstrofeAtual, 2);
+    // One page, then the verse on show again.
+    QCOMPARE(m_fixture->display.commands.size(), 2);
+    QVERIFY(m_fixture->display.commands.first().startsWith(u"CarregaTema|#"));
+    QCOMPARE(m_fixture->VersesSent(), QStringList{QStringLiteral("TERCEIRA LINHA<br>QUARTA LINHA")});
+  }
+
+  void aTileQueuesWhileATextIsOnShow() {
+    m_fixture->core.temaControle.PressTile(4);
+    QCOMPARE(Estado().IndiceTema, 4); // nothing on show: at once
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->Forget();
+    m_fixture->core.temaControle.PressTile(5);
+    QCOMPARE(Estado().ProximoTema, 5);
+    QCOMPARE(Painel().PicAvisoProximo, 5);
+    QVERIFY(m_fixture->display.commands.isEmpty());
+    // The notice ends, the queue does not.
+    m_fixture->clock.Advance(60000);
+    QCOMPARE(Painel().PicAvisoProximo, 0);
+    m_fixture->core.temas[5].CordeFundo = 255;
+    m_fixture->Show(QStringLiteral("Outra"));
+    QCOMPARE(Estado().IndiceTema, 5);
+    QCOMPARE(Estado().ProximoTema, SemTemaNaFila);
+    QVERIFY(m_fixture->display.commands.first().startsWith(u"CarregaTema|#"));
+    m_fixture->core.temaControle.PressTile(6);
+    m_fixture->core.temaControle.PressTile(5); // the active one: at once, and nothing waits any more
+    QCOMPARE(Estado().ProximoTema, SemTemaNaFila);
+  }
+
+  void slidesRefuseATile() {
+    Estado().DefineTipo(QStringLiteral("Slides"));
+    m_fixture->core.temaControle.PressTile(3);
+    QCOMPARE(m_fixture->prompt.shown.first().text, QStringLiteral("Not applicable during slideshow display."));
+    QCOMPARE(Estado().IndiceTema, 1);
+  }
+
+  void applyingTicksTheSlotAndOneAlwaysStays() {
+    ThemeControl &temas = m_fixture->core.temaControle;
+    for (int n = 2; n <= 16; ++n)
+      temas.SetChkIM(n, false);
+    temas.SetChkIM(1, false);
+    QVERIFY(temas.ChkIM(1));
+    QCOMPARE(m_fixture->prompt.shown.last().text, QStringLiteral("At least one item must remain enabled."));
+    QCOMPARE(temas.SorteiaTema(), 1);
+    temas.MenuAplicar(0);
+    QCOMPARE(Estado().IndiceTema, 1);
+    temas.MenuAplicar(9);
+    QVERIFY(temas.ChkIM(9));
+  }
+
+  void picturesRotate_data() {
+    QTest::addColumn<QString>("pictures");
+    QTest::addColumn<QString>("interval");
+    QTest::addColumn<int>("nextAfter20s");
+    const QString two = QStringLiteral("a.jpg|b.jpg|");
+    QTest::newRow("every ten seconds") << two << QStringLiteral("1") << 2;
+    QTest::newRow("every twenty") << two << QStringLiteral("3") << 1;
+    QTest::newRow("one picture") << QStringLiteral("a.jpg|") << QStringLiteral("1") << 0;
+    QTest::newRow("off") << two << QStringLiteral("-1") << 0;
+    QTest::newRow("a code that means nothing") << two << QStringLiteral("6") << 0;
+  }
+  void picturesRotate() {
+    TemaRecord &tema = m_fixture->core.temas[2];
+    tema.Tipo = QStringLiteral("Imagem");
+    tema.Efeito_Imagem_FxExtra = QStringLiteral("none");
+    QFETCH(QString, pictures);
+    tema.Imagem = pictures;
+    QFETCH(QString, interval);
+    tema.Efeito_Imagem_timeout = interval;
+    m_fixture->core.temaControle.MenuAplicar(2);
+    m_fixture->Forget();
+    m_fixture->clock.Advance(20000);
+    QTEST(static_cast<int>(m_fixture->display.commands.count(QStringLiteral("GotoNextImage"))), "nextAfter20s");
+    QCOMPARE(m_fixture->preview.scripts.count(QStringLiteral("GotoNextImage()")),
+             m_fixture->display.commands.count(QStringLiteral("GotoNextImage")));
+  }
+
+  void aRandomEffectIsDrawnAtEachPicture() {
+    TemaRecord &tema = m_fixture->core.temas[2];
+    tema.Tipo = QStringLiteral("Imagem");
+    tema.Imagem = QStringLiteral("a.jpg|b.jpg|");
+    tema.Efeito_Imagem_Fx = QStringLiteral("Cover");
+    m_fixture->core.temaControle.MenuAplicar(2);
+    m_fixture->Forget();
+    m_fixture->clock.Advance(10000);
+    QCOMPARE(m_fixture->display.commands,
+             (QStringList{QStringLiteral("ChangeOptions|#fx|#uncover|#"), QStringLiteral("GotoNextImage")}));
+    QCOMPARE(m_fixture->preview.scripts.first(), QStringLiteral("ChangeOptions('fx','uncover')"));
+  }
+
+  void onePictureOverTheTheme() {
+    m_fixture->core.temaControle.ExibirImagem(QStringLiteral("z.jpg"), true);
+    QCOMPARE(Estado().TemaAtual.Imagem, QStringLiteral("z.jpg|z.jpg|"));
+    QCOMPARE(Estado().TemaAtual.Tipo, QStringLiteral("Imagem"));
+    QCOMPARE(Estado().TemaAtual.Efeito_Imagem_timeout, QStringLiteral("-1"));
+    QCOMPARE(Estado().PaginaAtual, QStringLiteral("imagem.html"));
+  }
+
+  void screenStates() {
+    const QString fundo = m_fixture->app.At(u"\\Images\\f.png");
+    m_fixture->Write(QStringLiteral("Images/f.png"), "x");
+    m_fixture->store.WriteConfig(QStringLiteral("Config"), QStringLiteral("padraodefundo"), QStringLiteral("f.png"));
+    ScreenControls &controles = m_fixture->core.controles;
+    controles.SetScreenState(1);
+    controles.SetScreenState(2);
+    QVERIFY(m_fixture->display.telaPreta);
+    controles.SetScreenState(3);
+    QCOMPARE(m_fixture->display.fundoPadrao, fundo);
+    controles.SetScreenState(4);
+    QCOMPARE(Estado().EstadoTela, QStringLiteral("Hide"));
+    controles.SetScreenState(0);
+    QCOMPARE(m_fixture->display.commands,
+             (QStringList{QStringLiteral("ChangeCSS|#texto|#display|#none"), QStringLiteral("OcultarTexto"),
+                          QStringLiteral("ChangeCSS|#texto|#display|#block"), QStringLiteral("TelaPreta|#true"),
+                          QString(u"PadraDeFundo|#" + fundo), QStringLiteral("Hide"), QStringLiteral("Normal")}));
+    QCOMPARE(m_fixture->preview.scripts.first(), QStringLiteral("ChangeCSS('texto','display','none')"));
+  }
+
+  void noDefaultBackgroundLeavesTheStateAsItIs() {
+    m_fixture->core.controles.SetScreenState(2);
+    m_fixture->Forget();
+    m_fixture->core.controles.SetScreenState(3);
+    QCOMPARE(Estado().EstadoTela, QStringLiteral("TelaPreta"));
+    QVERIFY(m_fixture->display.commands.isEmpty());
+  }
+
+  void theStyleSliderResendsAndReloads() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->Forget();
+    m_fixture->core.controles.SliderExLouvor(6);
+    QCOMPARE(m_fixture->VersesSent().size(), 1);
+    QVERIFY(!m_fixture->display.page.scripts.contains(QStringLiteral("set_text")));
+    m_fixture->core.controles.SliderExLouvor(7);
+    QCOMPARE(m_fixture->VersesSent().size(), 2);
+    QVERIFY(m_fixture->display.page.scripts.first().startsWith(u"ChangeCSS('set_text'"));
+    QCOMPARE(m_fixture->display.page.zoom, 0.92);
+    QVERIFY(!Painel().SliderZoomVisible);
+    QCOMPARE(Estado().EstrofeAtual, 1);
+    QCOMPARE(m_fixture->store.ReadConfig(QStringLiteral("Config"), QStringLiteral("estiloLouvor"), QString()),
+             QStringLiteral("7"));
+  }
+
+  void aStoredZoomIsNeverBelowSixty() {
+    m_fixture->store.WriteConfig(QStringLiteral("Config"), QStringLiteral("ZoomAjust"), QStringLiteral("40"));
+    ApplyZoom(m_fixture->core.contexto);
+    QCOMPARE(Painel().SliderZoom, 60);
+    QCOMPARE(m_fixture->display.page.zoom, 0.6);
+    QCOMPARE(m_fixture->preview.zoom, 0.6);
+  }
+
+  void aSongWhoseFileIsGoneStaysOnTheConsole() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    QFile::remove(m_fixture->folder.filePath(QStringLiteral("Lyrics/Graça.txt")));
+    m_fixture->core.temaControle.MenuAplicar(3);
+    QCOMPARE(Estado().TotalEstrofes, 3);
+    QCOMPARE(Estado().EstrofeAtual, 1);
+  }
+
+  void anEditedSongIsRenamedEverywhereAndReloaded() {
+    m_fixture->Write(QStringLiteral("Data/agenda1.dat"), "2|#|Gra\xE7" "a|#|Gra\xE7" "a\r\n");
+    m_fixture->core.agenda.SelectTab(1);
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    QFile::rename(m_fixture->folder.filePath(QStringLiteral("Lyrics/Graça.txt")),
+                  m_fixture->folder.filePath(QStringLiteral("Lyrics/Nova.txt")));
+    m_fixture->core.flow.ProcessaEditar(QStringLiteral("Graça.txt"), QStringLiteral("Nova.txt"));
+    QCOMPARE(m_fixture->Read(QStringLiteral("Data/agenda1.dat")), QByteArray("2|#|Nova|#|Nova\r\n"));
+    QCOMPARE(m_fixture->core.agenda.Lista().CaptionAt(2, 1), QStringLiteral("Nova"));
+    QVERIFY(Estado().ArquivoAtual.endsWith(u"Nova.txt"));
+    QCOMPARE(Estado().EstrofeAtual, 1);
+  }
+
+  void longSongsFitTheProjection_data() {
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<int>("fontClass");
+    for (const int lines : {1, 2, 4, 5, 6, 8})
+      for (int fontClass = 0; fontClass <= 2; ++fontClass)
+        QTest::addRow("%d lines, class %d", lines, fontClass) << lines << fontClass;
+  }
+  void longSongsFitTheProjection() {
+    QFETCH(int, lines);
+    QFETCH(int, fontClass);
+    m_fixture->core.ajustes.FontSizeClass = fontClass;
+    QByteArray song;
+    for (int i = 0; i < lines; ++i)
+      song += "Uma linha de tamanho comum no meio\r\n";
+    m_fixture->Write(QStringLiteral("Lyrics/Longa.txt"), song);
+    m_fixture->Show(QStringLiteral("Longa"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    const QString html = m_fixture->display.page.scripts.isEmpty() ? m_fixture->display.commands.last()
+                                                                   : m_fixture->display.page.scripts.last();
+    static const QRegularExpression em(QStringLiteral("font-size:([0-9.]+)em"));
+    static const QRegularExpression lineHeight(QStringLiteral("line-height:([0-9.]+)"));
+    const double px = Estado().FonteTamanho.toDouble() * 96 / 72 * em.match(html).captured(1).toDouble();
+    QVERIFY(px > 0.03 * 720); // legible
+    const int shown = static_cast<int>(Estado().TextoEstrofes.value(0).split(QStringLiteral("<br>")).size());
+    QVERIFY(px * lineHeight.match(html).captured(1).toDouble() * shown < 720);
+    QVERIFY(m_fixture->measure.Width(QStringLiteral("Uma linha de tamanho comum no meio"),
+                                     {QStringLiteral("x"), px * 72 / 96, true}) < 1280);
+  }
+
+  void keysFindTheirTarget() {
+    KeyTable &teclas = m_fixture->core.teclas;
+    QVERIFY(!teclas.KeyDown(Qt::Key_Down, false, true)); // nothing loaded: the list may have it
+    QVERIFY(!teclas.KeyDown(Qt::Key_Return, false, true));
+    m_fixture->Write(QStringLiteral("Data/agenda1.dat"), "2|#|Outra|#|Outra\r\n");
+    m_fixture->core.agenda.SelectTab(1);
+    m_fixture->core.agenda.SelectEntry(2, 1);
+    QVERIFY(!teclas.KeyDown(Qt::Key_Return, false, false));
+    QVERIFY(teclas.KeyDown(Qt::Key_Return, false, true));
+    QCOMPARE(Painel().Label9, QStringLiteral("Outra"));
+    for (const int key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Left, Qt::Key_Up})
+      QVERIFY(teclas.KeyDown(key, false, true));
+    QVERIFY(!teclas.KeyDown(Qt::Key_B, true, false)); // its window does not exist
+    int pressed = -1;
+    teclas.AddBar = [&](int index) { pressed = index; };
+    QVERIFY(teclas.KeyDown(Qt::Key_A, true, false));
+    QCOMPARE(pressed, 7);
+    QVERIFY(teclas.KeyDown(Qt::Key_M, true, false));
+    QCOMPARE(pressed, 0);
+    QVERIFY(!teclas.KeyDown(Qt::Key_M, false, false));
+  }
+
+private:
+  EstadoConsole &Estado() { return m_fixture->core.estado; }
+  PainelConsole &Painel() { return m_fixture->core.painel; }
+  std::unique_ptr<ConsoleFixture> m_fixture;
+};
+
+QTEST_GUILESS_MAIN(TestPresentation)
+#include "test_presentation.moc"

@@ -1,0 +1,203 @@
+#include <QtTest>
+
+#include "console/startup.h"
+#include "console_fixture.h"
+
+using namespace tolmira;
+using namespace tolmira::testing;
+
+namespace {
+
+class FixedMonitors : public MonitorSource {
+public:
+  std::vector<clsMonitor> Monitors() const override { return list; }
+  quintptr ConsoleMonitor() const override { return console; }
+  static clsMonitor At(quintptr handle, QRect rect) {
+    clsMonitor monitor;
+    monitor.Handle = handle;
+    monitor.Left = rect.left();
+    monitor.Top = rect.top();
+    monitor.Width = rect.width();
+    monitor.Height = rect.height();
+    return monitor;
+  }
+  std::vector<clsMonitor> list;
+  quintptr console = 1;
+};
+
+} // namespace
+
+class TestStartup : public QObject {
+  Q_OBJECT
+
+private slots:
+  void init() {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_fixture = std::make_unique<ConsoleFixture>();
+    m_fixture->core.estado = EstadoConsole();
+    m_monitors = FixedMonitors();
+    m_monitors.list = {FixedMonitors::At(1, QRect(0, 0, 1280, 800)), FixedMonitors::At(2, QRect(1280, 0, 1280, 720))};
+    m_steps.clear();
+    m_engineStarts = true;
+  }
+
+  void theOrderOfTheStart() {
+    Startup()->Load();
+    QVERIFY(!Estado().TelaPronta);
+    m_fixture->clock.Advance(10);
+    QVERIFY(Estado().TelaPronta);
+    QVERIFY(Estado().EnviarAoTelao);
+    QCOMPARE(m_steps.join(u' '), QStringLiteral("fonts place preview tiles initial engine display show fade"));
+    QCOMPARE(Estado().ActiveAgenda, 1);
+    QVERIFY(m_fixture->display.commands.first().startsWith(u"CarregaTema|#"));
+    QCOMPARE(m_fixture->display.commands.last(), QStringLiteral("Normal"));
+    QCOMPARE(Config(QStringLiteral("JImpConfig")), QStringLiteral("1"));
+    QCOMPARE(Config(QStringLiteral("WV2_error")), QStringLiteral("0"));
+  }
+
+  void anEngineThatCannotStartLeavesTheConsoleRunning() {
+    m_engineStarts = false;
+    Startup()->Load();
+    m_fixture->clock.Advance(10);
+    QCOMPARE(m_fixture->prompt.shown.last().text, QStringLiteral("Unable to initialize coreWebView2."));
+    QCOMPARE(Config(QStringLiteral("WV2_error")), QStringLiteral("1"));
+    QCOMPARE(Registro(m_fixture->store).ReadValue(QStringLiteral("WebView2error"), QString()), QStringLiteral("1"));
+    QVERIFY(Estado().TelaPronta);
+  }
+
+  void whatIsSavedComesBack() {
+    m_fixture->Write(QStringLiteral("Data/agenda4.dat"), "2|#|a|#|a\r\n");
+    {
+      auto startup = Startup();
+      startup->Load();
+      m_fixture->clock.Advance(10);
+      m_fixture->core.agenda.SelectTab(4);
+      m_fixture->core.temaControle.SetChkIM(7, false);
+      m_fixture->core.temaControle.SetCheckAlteraTemaAleatorio(false);
+      m_fixture->core.ajustes.Alinhamento = 0;
+      m_fixture->core.ajustes.FonteGrande = true;
+      QString message;
+      m_fixture->core.agenda.PorNaLista(QStringLiteral("Bendito Seja"), 2, QString(), message);
+      startup->Unload();
+      startup->Unload();
+      QCOMPARE(m_steps.count(QStringLiteral("unload")), 1);
+      QVERIFY(!Estado().TelaPronta);
+    }
+    const Registro registro(m_fixture->store);
+    QCOMPARE(registro.ReadValue(QStringLiteral("FonteGrande"), QString()), QStringLiteral("2"));
+    m_fixture->core.estado = EstadoConsole();
+    m_fixture->core.ajustes = AjustesTexto();
+    Startup()->Load();
+    QCOMPARE(Estado().ActiveAgenda, 4);
+    QCOMPARE(m_fixture->core.agenda.Lista().Count(2), 2);
+    QVERIFY(!m_fixture->core.temaControle.ChkIM(7));
+    QVERIFY(!m_fixture->core.temaControle.CheckAlteraTemaAleatorio());
+    QCOMPARE(m_fixture->core.ajustes.Alinhamento, 0);
+    QVERIFY(m_fixture->core.ajustes.FonteGrande);
+  }
+
+  void aStoreFullOfNonsenseGivesDefaults() {
+    m_fixture->Write(QStringLiteral("Data/Config.dat"),
+                     "[Config]\r\nestiloLouvor=abc\r\nTransparencia_Faixa=900\r\nComboFontSize=-4\r\n"
+                     "[Registro]\r\nLastIndexListMusicas=77\r\nchkim1=x\r\n");
+    Startup()->Load();
+    m_fixture->clock.Advance(10);
+    QCOMPARE(m_fixture->core.ajustes.EstiloLouvor, 0);
+    QCOMPARE(m_fixture->core.ajustes.TransparenciaFaixa, QStringLiteral("10"));
+    QCOMPARE(m_fixture->core.ajustes.FontSizeClass, 0);
+    QCOMPARE(Estado().ActiveAgenda, 1);
+  }
+
+  void whereTheProjectionGoes_data() {
+    QTest::addColumn<QList<QRect>>("monitors");
+    QTest::addColumn<int>("console"); // index
+    QTest::addColumn<QRect>("place");
+    QTest::addColumn<bool>("second");
+    const QRect desk(0, 0, 1280, 800);
+    QTest::newRow("second monitor") << QList<QRect>{desk, {1280, 0, 1920, 1080}} << 0 << QRect(1280, 0, 1920, 1080)
+                                    << true;
+    QTest::newRow("to the left") << QList<QRect>{desk, {-1024, 32, 1024, 768}} << 0 << QRect(-1024, 32, 1024, 768)
+                                 << true;
+    QTest::newRow("console on the second") << QList<QRect>{desk, {1280, 0, 1920, 1080}} << 1 << desk << true;
+    QTest::newRow("first that is free of three")
+        << QList<QRect>{desk, {1280, 0, 800, 600}, {2080, 0, 640, 480}} << 0 << QRect(1280, 0, 800, 600) << true;
+    QTest::newRow("one monitor") << QList<QRect>{desk} << 0 << QRect(320, 200, 640, 400) << false;
+  }
+  void whereTheProjectionGoes() {
+    QFETCH(QList<QRect>, monitors);
+    m_monitors.list.clear();
+    for (int i = 0; i < monitors.size(); ++i)
+      m_monitors.list.push_back(FixedMonitors::At(static_cast<quintptr>(i) + 1, monitors[i]));
+    QFETCH(int, console);
+    m_monitors.console = static_cast<quintptr>(console) + 1;
+    const PlacaDoTelao placa = PosicionarFrmQuendar(m_monitors, m_fixture->prompt);
+    QTEST(placa.tela, "place");
+    QTEST(placa.segundoMonitor, "second");
+    QCOMPARE(m_fixture->prompt.shown.size(), monitors.size() == 1 ? 1 : 0);
+    if (monitors.size() == 1) {
+      QCOMPARE(m_fixture->prompt.shown.first().kind, MessageKind::Critical);
+      QVERIFY(m_fixture->prompt.shown.first().text.startsWith(
+          QStringLiteral("The second monitor or projector is not activated")));
+    }
+  }
+
+  void theConsolesRectangle() {
+    const QRect screen(0, 0, 1000, 800);
+    QCOMPARE(LeRetanguloNormal(m_fixture->store, screen), QRect(100, 80, 800, 640));
+    GravaRetanguloNormal(m_fixture->store, QRect(-40, 20, 900, 700));
+    QCOMPARE(LeRetanguloNormal(m_fixture->store, screen), QRect(-40, 20, 900, 700));
+    QVERIFY(m_fixture->Read(QStringLiteral("Data/FormPositions.dat")).contains("Frm1R=13500"));
+    GravaRetanguloNormal(m_fixture->store, QRect(0, 0, 6, 700)); // 90 twips
+    QCOMPARE(LeRetanguloNormal(m_fixture->store, screen), QRect(100, 80, 800, 640));
+  }
+
+  void thePreviewHasTheProjectionsAspect_data() {
+    QTest::addColumn<QSize>("container");
+    QTest::addColumn<QSize>("monitor");
+    QTest::addColumn<QRect>("panel");
+    QTest::newRow("bound by width") << QSize(322, 300) << QSize(1280, 720) << QRect(1, 60, 320, 180);
+    QTest::newRow("bound by height") << QSize(402, 182) << QSize(1024, 768) << QRect(81, 1, 240, 180);
+  }
+  void thePreviewHasTheProjectionsAspect() {
+    QFETCH(QSize, container);
+    QFETCH(QSize, monitor);
+    QTEST(AjustaPreview(container, monitor), "panel");
+  }
+
+private:
+  std::unique_ptr<ConsoleStartup> Startup() {
+    const auto step = [this](const char *name) { return [this, name] { m_steps.append(QLatin1String(name)); }; };
+    ConsoleStartup::Janelas janelas;
+    janelas.CarregaFontes = step("fonts");
+    janelas.PosicionaTelao = [this](const PlacaDoTelao &) { m_steps.append(QStringLiteral("place")); };
+    janelas.AjustaPreview = step("preview");
+    janelas.positionInicial = step("initial");
+    janelas.CriaPrevia = [this] {
+      m_steps.append(QStringLiteral("engine"));
+      return m_engineStarts;
+    };
+    janelas.CriaTelao = [this] {
+      m_steps.append(QStringLiteral("display"));
+      return m_engineStarts;
+    };
+    janelas.MostraTelao = step("show");
+    janelas.IniciaFade = step("fade");
+    janelas.CarregaTiles = step("tiles");
+    janelas.DescarregaJanelas = step("unload");
+    ConsoleCore &core = m_fixture->core;
+    return std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja, core.controles,
+                                            core.loader, m_monitors, std::move(janelas));
+  }
+  EstadoConsole &Estado() { return m_fixture->core.estado; }
+  QString Config(const QString &key) {
+    return m_fixture->store.ReadConfig(QStringLiteral("Config"), key, QString());
+  }
+
+  std::unique_ptr<ConsoleFixture> m_fixture;
+  FixedMonitors m_monitors;
+  QStringList m_steps;
+  bool m_engineStarts = true;
+};
+
+QTEST_GUILESS_MAIN(TestStartup)
+#include "test_startup.moc"

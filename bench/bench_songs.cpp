@@ -1,5 +1,5 @@
 // What opening a song costs: reading and preparing the file, then cutting it into verses with the real text measure.
-// An operator must not notice it; below 2 ms together is the aim for a song of eight stanzas.
+// An operator must not notice it; below 2 ms together is the aim for such a song of eight stanzas.
 
 #include "foundation/real_seams.h"
 #include "songs/pagination.h"
@@ -15,7 +15,7 @@ using namespace tolmira;
 
 namespace {
 
-// A hymn of four stanzas and its chorus: eight verses on show, with one stanza that has to be cut.
+// A hymn of four stanzas, shown as eight with the chorus behind each; one stanza is so long that it is cut.
 QByteArray Hymn() {
   QByteArray text;
   for (int stanza = 1; stanza <= 4; ++stanza) {

@@ -8,22 +8,6 @@
 
 using namespace tolmira;
 
-namespace {
-
-GraphicsBackend BackendOf(Graphics graphics) {
-  switch (graphics) {
-  case Graphics::Software:
-    return GraphicsBackend::Software;
-  case Graphics::Gl:
-    return GraphicsBackend::Gl;
-  case Graphics::Auto:
-    break;
-  }
-  return GraphicsBackend::Auto;
-}
-
-} // namespace
-
 int main(int argc, char *argv[]) {
   QStringList arguments;
   for (int i = 0; i < argc; ++i)
@@ -34,7 +18,7 @@ int main(int argc, char *argv[]) {
     return line.exitCode;
   }
 
-  ChooseGraphicsBackend(BackendOf(line.graphics));
+  ChooseGraphicsBackend(line.graphics);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tolmira"));
   QApplication::setApplicationVersion(QStringLiteral(TOLMIRA_VERSION));

@@ -26,11 +26,11 @@ namespace tolmira {
 
 namespace {
 
-constexpr QSize TamanhoMinimo{1100, 680};
+constexpr QSize TamanhoMinimo{1120, 680};
 // Shares of the width, agenda to text to screen.
 constexpr int PartesDaMesa[] = {23, 47, 30};
 constexpr int PartesDosTemas[] = {68, 32};
-constexpr int PartesDaAltura[] = {70, 30}; // desk to themes
+constexpr int LarguraDaAgenda = 340; // least, px: five tabs with their default titles
 
 } // namespace
 
@@ -64,6 +64,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   auto *desk = new QHBoxLayout;
   desk->setSpacing(medidas::Margin);
   d.agenda = new AgendaPanel(parts, body);
+  d.agenda->setMinimumWidth(LarguraDaAgenda);
   desk->addWidget(d.agenda, PartesDaMesa[0]);
   auto *middle = new QVBoxLayout;
   middle->setSpacing(medidas::Gap);
@@ -75,7 +76,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.preview = new PreviewBox(std::move(perfil), body);
   d.screen = new ScreenPanel(parts, d.preview, body);
   desk->addWidget(d.screen, PartesDaMesa[2]);
-  rows->addLayout(desk, PartesDaAltura[0]);
+  rows->addLayout(desk, 1);
 
   rows->addWidget(new AddBar(body));
 
@@ -85,7 +86,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.effects = new EffectsPanel(parts, body);
   lower->addWidget(d.themes, PartesDosTemas[0]);
   lower->addWidget(d.effects, PartesDosTemas[1]);
-  rows->addLayout(lower, PartesDaAltura[1]);
+  rows->addLayout(lower);
   setCentralWidget(body);
 
   ConsoleMenus::Ways ways;

@@ -250,6 +250,7 @@ void VerseStepper::MouseUp_Finaliza(bool force, bool noSend) {
     m_console.yielder.Yield(9);
   if (!noSend && estado.EhLetra())
     m_console.letras.ExibeVerso(estado.EstrofeAtual, true);
+  m_console.Atualiza(); // what is out has changed
 }
 
 void VerseStepper::CtrlDown() {

@@ -23,6 +23,15 @@ constexpr int FadeIntervalMs = 16;
 constexpr int GripIntervalMs = 3000;
 constexpr int GripIgnoreAboveTwips = 50; // at the very edge the pointer leaves the strip's timer alone
 
+bool OnX11() { return QGuiApplication::platformName() == u"xcb"; }
+
+// A tool window has no entry in the task bar. Only X11 has the notion; elsewhere it would be an ordinary window with a
+// complaint.
+Qt::WindowFlags ProjectionFlags() {
+  return (OnX11() ? Qt::Tool : Qt::Window) | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
+         Qt::WindowStaysOnTopHint;
+}
+
 void PaintBlack(QWidget *widget) {
   QPalette black = widget->palette();
   black.setColor(QPalette::Window, Qt::black);
@@ -168,7 +177,11 @@ void FrmQuendar::Impl::ShowGripForState() {
   picMove->Label7()->setVisible(IsNormal());
 }
 
-void FrmQuendar::Impl::ApplyAlfa() { window.setWindowOpacity(alfa / static_cast<double>(FullAlfa)); }
+// Without a compositor the window is opaque from the start; its page comes out of black by itself.
+void FrmQuendar::Impl::ApplyAlfa() {
+  if (OnX11())
+    window.setWindowOpacity(alfa / static_cast<double>(FullAlfa));
+}
 
 void FrmQuendar::Impl::TickFade() {
   alfa = qMin(alfa + FadeStep, FullAlfa);
@@ -241,7 +254,7 @@ void FrmQuendar::Impl::OnScreenRemoved(QScreen *gone) {
 }
 
 FrmQuendar::FrmQuendar(Parts parts, QWidget *parent)
-    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint) {
+    : QWidget(parent, ProjectionFlags()) {
   setObjectName(QStringLiteral("FrmQuendar"));
   setWindowTitle(QStringLiteral("FrmQuendar"));
   setAttribute(Qt::WA_ShowWithoutActivating);
@@ -295,12 +308,13 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
 void FrmQuendar::IniciaFade() { m_impl->timerFade->Start(FadeIntervalMs); }
 
 void FrmQuendar::Esconde() {
-  m_impl->withoutScreen = true;
+  m_impl->withoutScreen = true; // before the hiding, so that nothing can show it on another screen meanwhile
   m_impl->screen = nullptr;
   hide();
 }
 
 void FrmQuendar::ProcessaComando(const QString &comando) { m_impl->commands->ProcessaComando(comando); }
+int FrmQuendar::Alfa() const { return m_impl->alfa; }
 PageObject *FrmQuendar::WV() { return m_impl->WV(); }
 MediaPlayer *FrmQuendar::wmp() { return m_impl->wmp(); }
 QSize FrmQuendar::SizePx() const { return size(); }

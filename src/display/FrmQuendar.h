@@ -40,6 +40,7 @@ public:
   // screen); otherwise a normal window for rehearsal, with its grip. Shows nothing by itself.
   void Posiciona(const QRect &pixels, bool wholeScreen);
   void IniciaFade(); // starts TimerFade
+  int Alfa() const;  // opacity, 0 to 255; drawn where the desktop can (X11 with a compositor)
   // Takes the window off the desktop until the next Posiciona, whatever the commands say meanwhile. The window does this
   // itself when the projector's screen goes, because the desktop would move it over the operator's screen.
   void Esconde();

@@ -212,10 +212,10 @@ private slots:
     QCOMPARE(StanzaAtCaret(text, caret), stanza);
   }
 
-  // The time limit of the test is the assertion: a quadratic pass over five megabytes would take hours.
+  // The time limit of the test is the assertion: a quadratic pass over megabytes would take hours.
   void hugeFilesDoNotHang_data() {
     QTest::addColumn<QByteArray>("bytes");
-    constexpr int size = 5'000'000;
+    constexpr int size = 2'000'000;
     QTest::newRow("one line") << QByteArray(size, 'x');
     QTest::newRow("blanks") << QByteArray(size, ' ');
     QTest::newRow("line ends") << QByteArray("\r\n").repeated(size / 2);

@@ -103,7 +103,7 @@ void ConsoleMenus::MakeHelp() {
 void ConsoleMenus::MakeCorner() {
   auto *corner = new QWidget(this);
   auto *row = new QHBoxLayout(corner);
-  row->setContentsMargins(0, 2, 8, 2);
+  row->setContentsMargins(0, 0, 8, 0);
   row->setSpacing(medidas::Gap);
   const auto quiet = [corner, row](const char *name, const QString &text, const QString &tip) {
     auto *label = new QLabel(text, corner);
@@ -118,7 +118,7 @@ void ConsoleMenus::MakeCorner() {
   m_image3 = new QPushButton(corner);
   m_image3->setObjectName(QStringLiteral("Image3"));
   m_image3->setProperty("look", QStringLiteral("flat"));
-  m_image3->setStyleSheet(QStringLiteral("padding: 0; min-height: 24px; min-width: 30px;"));
+  m_image3->setStyleSheet(QStringLiteral("padding: 0; min-height: 22px; min-width: 30px;"));
   m_image3->setIconSize({16, 16});
   m_image3->setFocusPolicy(Qt::TabFocus);
   connect(m_image3, &QPushButton::clicked, this, [this] { m_ways.toggleSize(); });

@@ -1,13 +1,6 @@
 #pragma once
 
-#include "console/agenda_desk.h"
-#include "console/console_context.h"
-#include "console/key_table.h"
-#include "console/presentation_flow.h"
-#include "console/screen_controls.h"
-#include "console/song_loader.h"
-#include "console/stepping.h"
-#include "console/theme_control.h"
+#include "console/console_core.h"
 
 namespace tolmira {
 
@@ -22,6 +15,11 @@ struct ConsoleParts {
   ScreenControls &controles;
   PresentationFlow &fluxo;
   KeyTable &teclas;
+
+  static ConsoleParts Of(ConsoleCore &core) {
+    return {core.contexto, core.agenda, core.stepper,   core.loader, core.temaControle,
+            core.loja,     core.controles, core.flow, core.teclas};
+  }
 };
 
 // The tool tip of what has its place already and no window behind it.

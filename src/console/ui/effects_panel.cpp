@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 
 #include "controls/ui/palette.h"
 #include "controls/ui/value_slider.h"
@@ -22,58 +23,72 @@ void Choose(QComboBox *combo, const QString &value) {
 } // namespace
 
 EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent), m_parts(parts) {
-  auto *grid = new QGridLayout(this);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(medidas::Gap);
-  grid->setVerticalSpacing(medidas::Step);
+  auto *column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(medidas::Step + 2);
 
   const auto caption = [this](const QString &text, const char *look) {
     auto *label = new QLabel(text, this);
     label->setProperty("look", QLatin1String(look));
     return label;
   };
-  grid->addWidget(caption(tr("Effects and filters"), "caps"), 0, 0, 1, 6);
+  column->addWidget(caption(tr("Effects and filters"), "caps"));
   m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"));
   m_imagemExtra = MakeCombo("ComboEfeitoImagemExtra", tr("Variant of the picture effect"));
   m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect of the text"));
   m_textoExtra = MakeCombo("ComboEfeitoTextoExtra", tr("Variant of the text effect"));
   m_imagem->addItems(FamiliasDeEfeito(GrupoEfeito::Imagem, DirecaoEfeito::In));
   m_texto->addItems(FamiliasDeEfeito(GrupoEfeito::Texto, DirecaoEfeito::In));
-  grid->addWidget(caption(tr("Picture"), "quiet"), 1, 0);
-  grid->addWidget(m_imagem, 1, 1, 1, 2);
-  grid->addWidget(m_imagemExtra, 1, 3, 1, 3);
-  grid->addWidget(caption(tr("Text"), "quiet"), 2, 0);
-  grid->addWidget(m_texto, 2, 1, 1, 2);
-  grid->addWidget(m_textoExtra, 2, 3, 1, 3);
-  m_brilho = MakeFilter("slider1", tr("Brightness"), 200, QStringLiteral("%"), 3, 0);
-  m_contraste = MakeFilter("slider3", tr("Contrast"), 200, QStringLiteral("%"), 3, 3);
-  m_saturacao = MakeFilter("slider4", tr("Saturation"), 200, QStringLiteral("%"), 4, 0);
-  m_desfoque = MakeFilter("slider5", tr("Blur"), 20, QStringLiteral(" px"), 4, 3);
-  grid->setColumnStretch(1, 1);
-  grid->setColumnStretch(4, 1);
-  grid->setRowStretch(5, 1);
+
+  auto *combos = new QGridLayout;
+  combos->setHorizontalSpacing(medidas::Gap);
+  combos->setVerticalSpacing(medidas::Step + 2);
+  combos->addWidget(caption(tr("Picture"), "quiet"), 0, 0);
+  combos->addWidget(m_imagem, 0, 1);
+  combos->addWidget(m_imagemExtra, 0, 2);
+  combos->addWidget(caption(tr("Text"), "quiet"), 1, 0);
+  combos->addWidget(m_texto, 1, 1);
+  combos->addWidget(m_textoExtra, 1, 2);
+  combos->setColumnStretch(1, 1);
+  combos->setColumnStretch(2, 1);
+  column->addLayout(combos);
+
+  auto *filters = new QGridLayout;
+  filters->setHorizontalSpacing(medidas::Gap);
+  filters->setVerticalSpacing(medidas::Step);
+  m_brilho = MakeFilter(filters, {"slider1", tr("Brightness"), 200, QStringLiteral("%")}, 0, 0);
+  m_contraste = MakeFilter(filters, {"slider3", tr("Contrast"), 200, QStringLiteral("%")}, 0, 4);
+  m_saturacao = MakeFilter(filters, {"slider4", tr("Saturation"), 200, QStringLiteral("%")}, 1, 0);
+  m_desfoque = MakeFilter(filters, {"slider5", tr("Blur"), 20, QStringLiteral(" px")}, 1, 4);
+  filters->setColumnStretch(1, 1);
+  filters->setColumnMinimumWidth(3, medidas::Gap);
+  filters->setColumnStretch(5, 1);
+  column->addLayout(filters);
+  column->addStretch(1);
 }
 
 QComboBox *EffectsPanel::MakeCombo(const char *name, const QString &spoken) {
   auto *combo = new QComboBox(this);
   combo->setObjectName(QLatin1String(name));
   combo->setAccessibleName(spoken);
+  // A family without variants has no second box; its place stays.
+  QSizePolicy policy = combo->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  combo->setSizePolicy(policy);
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  combo->setMinimumContentsLength(9);
+  combo->setMinimumContentsLength(6);
   combo->setEnabled(false);
   combo->setToolTip(AindaNao());
   return combo;
 }
 
-EffectsPanel::Filter EffectsPanel::MakeFilter(const char *name, const QString &caption, int most, const QString &unit,
-                                              int row, int column) {
-  auto *grid = static_cast<QGridLayout *>(layout());
-  auto *label = new QLabel(caption, this);
+EffectsPanel::Filter EffectsPanel::MakeFilter(QGridLayout *grid, const Scale &scale, int row, int column) {
+  auto *label = new QLabel(scale.caption, this);
   label->setProperty("look", QStringLiteral("quiet"));
   auto *slider = new ValueSlider(this);
-  slider->setObjectName(QLatin1String(name));
-  slider->setRange(0, most);
-  slider->setAccessibleName(caption);
+  slider->setObjectName(QLatin1String(scale.name));
+  slider->setRange(0, scale.most);
+  slider->setAccessibleName(scale.caption);
   slider->setEnabled(false);
   slider->setToolTip(AindaNao());
   auto *value = new QLabel(this);
@@ -82,7 +97,7 @@ EffectsPanel::Filter EffectsPanel::MakeFilter(const char *name, const QString &c
   grid->addWidget(label, row, column);
   grid->addWidget(slider, row, column + 1);
   grid->addWidget(value, row, column + 2);
-  return {slider, value, unit};
+  return {slider, value, scale.unit};
 }
 
 void EffectsPanel::ThemesChanged() {

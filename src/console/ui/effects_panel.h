@@ -5,6 +5,7 @@
 #include "console/ui/console_parts.h"
 
 class QComboBox;
+class QGridLayout;
 class QLabel;
 class QSlider;
 
@@ -24,8 +25,14 @@ private:
     QLabel *value;
     QString unit;
   };
+  struct Scale {
+    const char *name;
+    QString caption;
+    int most;
+    QString unit;
+  };
   QComboBox *MakeCombo(const char *name, const QString &spoken);
-  Filter MakeFilter(const char *name, const QString &caption, int most, const QString &unit, int row, int column);
+  Filter MakeFilter(QGridLayout *grid, const Scale &scale, int row, int column);
 
   ConsoleParts m_parts;
   QComboBox *m_imagem;

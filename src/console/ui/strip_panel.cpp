@@ -117,11 +117,15 @@ void StripArea::MarkVerse() {
   // While Ctrl holds the projection back, the mark stays at the verse that is out.
   if (estado.EnviarAoTelao || estado.EstrofeAtual < 1)
     m_marcado = estado.EstrofeAtual;
+  const auto spanOf = [&estado](int verso) { return estado.Estrofes[static_cast<size_t>(verso)]; };
+  const bool inFrame = estado.EstrofeAtual >= 1 && estado.EstrofeAtual <= estado.TotalEstrofes;
+  const Estrofe atual = inFrame ? spanOf(estado.EstrofeAtual) : Estrofe();
+  m_label1->SetBright(atual.Topo / Twips, atual.Base / Twips);
   if (m_marcado < 1 || m_marcado > estado.TotalEstrofes || estado.VersoHtmlAtual.isEmpty()) {
     m_label1->SetMark(0, 0, {});
     return;
   }
-  const Estrofe &verso = estado.Estrofes[static_cast<size_t>(m_marcado)];
+  const Estrofe verso = spanOf(m_marcado);
   m_label1->SetMark(verso.Topo / Twips, verso.Base / Twips, QColor(StateColour(estado.EstadoTela)));
 }
 

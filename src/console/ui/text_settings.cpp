@@ -79,7 +79,10 @@ void TextSettings::MakeSliders() {
                                   "PageUp and PageDown change it while a song is on show."));
   m_lbEstilo->setBuddy(m_sliderExLouvor);
   m_valorEstilo = value("ValorEstilo", QStringLiteral("8"));
-  connect(m_sliderExLouvor, &QSlider::valueChanged, this, [this](int v) { m_parts.controles.SliderExLouvor(v); });
+  connect(m_sliderExLouvor, &QSlider::valueChanged, this, [this](int v) {
+    m_valorEstilo->setText(QString::number(v));
+    m_parts.controles.SliderExLouvor(v);
+  });
 
   m_lbFaixa = Caption(tr("Band"), "LbFaixa", this);
   m_sliderFaixa = slider("SliderFaixa", 0, 10, tr("Strength of the text band"));
@@ -160,7 +163,10 @@ void TextSettings::Atualiza() {
   for (int i = 0; i < 3; ++i)
     m_image4[static_cast<size_t>(i)]->setChecked(i == ajustes.Alinhamento);
   const char *const vertical[] = {"valign-top", "valign-bottom", "valign-middle"};
-  m_alinhamentoVertical->setIcon(DeskIcon(QLatin1String(vertical[qBound(0, painel.ImgAlinhamentoVertical, 2)])));
+  if (const int now = qBound(0, painel.ImgAlinhamentoVertical, 2); now != m_verticalShown) {
+    m_verticalShown = now; // a drawing costs more than the rest of this copy, which runs with every key
+    m_alinhamentoVertical->setIcon(DeskIcon(QLatin1String(vertical[now])));
+  }
   m_imgBtFontSize[0]->setChecked(!ajustes.FonteGrande);
   m_imgBtFontSize[1]->setChecked(ajustes.FonteGrande);
 }

@@ -40,6 +40,7 @@ private:
   QWidget *m_picture4;
   std::array<QPushButton *, 3> m_image4{}; // left, right, centre
   QPushButton *m_alinhamentoVertical;
+  int m_verticalShown = -1;
   std::array<QPushButton *, 2> m_imgBtFontSize{};
 };
 

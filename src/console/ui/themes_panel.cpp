@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "controls/ui/frame_mark.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/theme_tile.h"
@@ -45,20 +47,20 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   column->addLayout(head);
   connect(m_altera, &QCheckBox::clicked, this, [this](bool on) { m_parts.temas.SetCheckAlteraTemaAleatorio(on); });
 
-  auto *panel = new QWidget(this);
-  panel->setObjectName(QStringLiteral("PicImgFundo"));
-  auto *grid = new QGridLayout(panel);
+  m_panel = new QWidget(this);
+  m_panel->setObjectName(QStringLiteral("PicImgFundo"));
+  auto *grid = new QGridLayout(m_panel);
   grid->setContentsMargins(MarkMargin, MarkMargin, MarkMargin, MarkMargin);
   grid->setSpacing(medidas::Gap);
   for (int n = 1; n <= NumeroDeTemas; ++n) {
-    MakeTile(n, panel);
+    MakeTile(n, m_panel);
     grid->addWidget(m_tile[static_cast<size_t>(n)], (n - 1) / Columns, (n - 1) % Columns);
   }
-  column->addWidget(panel, 1);
+  column->addWidget(m_panel);
 
-  m_temaAtual = new FrameMark(QColor(cores::Accent), panel);
+  m_temaAtual = new FrameMark(QColor(cores::Accent), m_panel);
   m_temaAtual->setObjectName(QStringLiteral("PicTemaAtual"));
-  m_avisoProximo = new FrameMark(QColor(cores::Held), panel);
+  m_avisoProximo = new FrameMark(QColor(cores::Held), m_panel);
   m_avisoProximo->setObjectName(QStringLiteral("PicAvisoProximo"));
   m_avisoProximo->SetBlinking(true);
 
@@ -73,6 +75,15 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   m_loader = new QTimer(this);
   m_loader->setInterval(0);
   connect(m_loader, &QTimer::timeout, this, &ThemesPanel::LoadNext);
+}
+
+// The tiles keep the proportions of a screen, within what reads and what leaves room for the desk.
+void ThemesPanel::resizeEvent(QResizeEvent *event) {
+  QWidget::resizeEvent(event);
+  const int tileWidth = (width() - 2 * MarkMargin - (Columns - 1) * medidas::Gap) / Columns;
+  const int tileHeight = std::clamp(tileWidth * 9 / 16, 56, 120);
+  const int rows = NumeroDeTemas / Columns;
+  m_panel->setFixedHeight(rows * tileHeight + (rows - 1) * medidas::Gap + 2 * MarkMargin);
 }
 
 void ThemesPanel::MakeTile(int n, QWidget *panel) {

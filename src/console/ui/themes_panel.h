@@ -31,12 +31,16 @@ public:
 
   static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
 
+protected:
+  void resizeEvent(QResizeEvent *event) override;
+
 private:
   void MakeTile(int n, QWidget *panel);
   void LoadNext();
 
   ConsoleParts m_parts;
   QCheckBox *m_altera;
+  QWidget *m_panel;
   std::array<ThemeTile *, NumeroDeTemas + 1> m_tile{};
   std::array<QCheckBox *, NumeroDeTemas + 1> m_chkIM{};
   FrameMark *m_temaAtual;

@@ -5,6 +5,20 @@
 
 namespace tolmira {
 
+namespace {
+
+constexpr int IconGap = 4;        // what the style leaves between icon and text
+constexpr QChar Space(u'\u2002'); // and what the look adds to it
+
+} // namespace
+
+QSize FlatButton::sizeHint() const {
+  QSize hint = QPushButton::sizeHint();
+  if (!icon().isNull() && !text().isEmpty())
+    hint.rwidth() += fontMetrics().horizontalAdvance(Space);
+  return hint;
+}
+
 QSize FlatButton::minimumSizeHint() const { return {28, QPushButton::minimumSizeHint().height()}; }
 
 int FlatButton::CaptionWidth() const {
@@ -12,7 +26,7 @@ int FlatButton::CaptionWidth() const {
   initStyleOption(&option);
   int width = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).width();
   if (!icon().isNull())
-    width -= iconSize().width() + 4;
+    width -= iconSize().width() + IconGap + fontMetrics().horizontalAdvance(Space);
   return width;
 }
 
@@ -25,6 +39,8 @@ void FlatButton::paintEvent(QPaintEvent *) {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text = fontMetrics().elidedText(text(), Qt::ElideRight, CaptionWidth(), Qt::TextShowMnemonic);
+  if (!icon().isNull())
+    option.text.prepend(Space);
   painter.drawControl(QStyle::CE_PushButton, option);
 }
 

@@ -11,6 +11,7 @@ class FlatButton : public QPushButton {
 
 public:
   using QPushButton::QPushButton;
+  QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
   bool CaptionIsCut() const;
 

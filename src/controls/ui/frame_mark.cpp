@@ -25,6 +25,8 @@ FrameMark::FrameMark(const QColor &colour, QWidget *parent)
 }
 
 void FrameMark::Around(QWidget *target, int marginPx) {
+  if (target == m_target && marginPx == m_marginPx)
+    return;
   if (m_target)
     m_target->removeEventFilter(this);
   m_target = target;

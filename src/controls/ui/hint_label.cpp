@@ -17,7 +17,7 @@ HintLabel::HintLabel(QLatin1String drawing, const QString &text, QWidget *parent
   auto *icon = new QLabel;
   icon->setPixmap(DeskIcon(drawing, colour).pixmap(QSize(medidas::Icon, medidas::Icon), devicePixelRatioF()));
   icon->setFixedSize(medidas::Icon, medidas::Icon);
-  row->addWidget(icon, 0, Qt::AlignTop);
+  row->addWidget(icon, 0, Qt::AlignVCenter);
   m_text->setTextFormat(Qt::PlainText);
   row->addWidget(m_text, 1);
 }

@@ -90,10 +90,10 @@ QPushButton[look="main"] { background: @accent; border-color: @accent; color: @d
 QPushButton[look="main"]:hover { background: @accent; border-color: @text; }
 QPushButton[look="main"]:focus { border-color: @text; }
 QPushButton[look="main"]:disabled { background: @panel; border-color: @line; color: @faint; font-weight: 400; }
-QPushButton[look="tab"] { background: transparent; border: 1px solid transparent; color: @quiet; padding: 0 4px;
+QPushButton[look="tab"] { background: transparent; border: 1px solid transparent; color: @quiet; padding: 0 2px;
   border-bottom: 2px solid transparent; border-radius: 6px; }
 QPushButton[look="tab"]:hover { background: @hover; color: @text; }
-QPushButton[look="tab"]:checked { background: @raised; color: @text; border-bottom-color: @accent; font-weight: 600;
+QPushButton[look="tab"]:checked { background: @raised; color: @text; border-bottom-color: @accent;
   border-bottom-left-radius: 0; border-bottom-right-radius: 0; }
 QPushButton[look="tab"]:focus { border: 1px solid @accent; border-bottom-width: 2px; }
 QPushButton[look="icon"] { padding: 0; min-width: 34px; max-width: 34px; }

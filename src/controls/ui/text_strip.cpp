@@ -47,6 +47,14 @@ void TextStrip::SetMark(double top, double bottom, const QColor &colour) {
   update();
 }
 
+void TextStrip::SetBright(double top, double bottom) {
+  if (top == m_brightTop && bottom == m_brightBottom)
+    return;
+  m_brightTop = top;
+  m_brightBottom = bottom;
+  update();
+}
+
 void TextStrip::LayOut() {
   m_layouts.clear();
   m_lines.clear();
@@ -126,7 +134,17 @@ void TextStrip::paintEvent(QPaintEvent *) {
   PaintLines(painter, QColor(cores::Faint).lighter(125), inside.bottom(), height());
   painter.restore();
   painter.save();
-  painter.setClipRect(inside);
+  const double top = m_top + m_brightTop;
+  const double bottom = m_top + m_brightBottom;
+  if (m_brightBottom > m_brightTop) {
+    painter.setClipRect(inside & QRectF(0, 0, width(), std::max(0.0, top)));
+    PaintLines(painter, QColor(cores::Quiet), inside.top(), top);
+    painter.setClipRect(inside & QRectF(0, bottom, width(), std::max(0.0, height() - bottom)));
+    PaintLines(painter, QColor(cores::Quiet), bottom, inside.bottom());
+    painter.setClipRect(inside & QRectF(0, top, width(), bottom - top));
+  } else {
+    painter.setClipRect(inside);
+  }
   PaintLines(painter, QColor(cores::Text), inside.top(), inside.bottom());
   painter.restore();
 

@@ -37,6 +37,10 @@ public:
   double Top() const { return m_top; }
   int LineCount() const { return int(m_lines.size()); }
 
+  // The lines between these (in the strip) stay bright in the frame and the rest there steps back; none when bottom is
+  // not below top: then all in the frame is bright.
+  void SetBright(double top, double bottom);
+
   // The frame as its owner paints it when no text is there.
   static void PaintFrame(QPainter &painter, const QRectF &frame);
 
@@ -63,6 +67,8 @@ private:
   Content m_content;
   double m_top = 0;
   QRectF m_frame;
+  double m_brightTop = 0;
+  double m_brightBottom = 0;
   double m_markTop = 0;
   double m_markBottom = 0;
   QColor m_markColour;

@@ -1,0 +1,534 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScreen>
+#include <QSet>
+#include <QSlider>
+#include <QtTest>
+
+#include "console/FrmMonitor.h"
+#include "console/monitors.h"
+#include "console_fixture.h"
+#include "controls/ui/frame_mark.h"
+#include "controls/ui/group_list.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/theme_tile.h"
+#include "support/ui_warnings.h"
+
+using namespace tolmira;
+using namespace tolmira::testing;
+
+namespace {
+
+// The console over a program folder of its own, with the projection replaced by a recording.
+class Desk : public ConsoleFixture {
+public:
+  explicit Desk(const QSize &size = {1280, 800}) : frm(ConsoleParts::Of(core)) {
+    Write(QStringLiteral("Lyrics/Rocha Eterna.txt"), TresEstrofes);
+    Write(QStringLiteral("Lyrics/Santo Santo.txt"), "Uma linha\r\n\r\nOutra linha");
+    core.agenda.SelectTab(1);
+    frm.resize(size);
+    frm.show();
+    frm.activateWindow();
+    if (!QTest::qWaitForWindowActive(&frm))
+      qFatal("the window never became active");
+  }
+
+  void Fill() {
+    QString message;
+    core.agenda.PorNaLista(QStringLiteral("Santo Santo"), 2, QString(), message);
+    core.agenda.PorNaLista(QStringLiteral("Rocha Eterna"), 2, QString(), message);
+    core.agenda.PorNaLista(QStringLiteral("João 3:16"), 1, QString(), message);
+  }
+
+  template <typename T = QWidget> T *Find(const QString &name) {
+    T *found = frm.findChild<T *>(name);
+    if (!found)
+      qFatal("there is no control %s", qPrintable(name));
+    return found;
+  }
+  GroupList *List() { return static_cast<GroupList *>(Find<QListWidget>(QStringLiteral("ListTarefas"))); }
+  // A key as the window system gives it: to whatever has the focus.
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); }
+  QPoint RowOf(const QString &label) {
+    const QList<QListWidgetItem *> items = List()->findItems(label, Qt::MatchExactly);
+    if (items.isEmpty())
+      qFatal("no such entry: %s", qPrintable(label));
+    return List()->visualItemRect(items.first()).center();
+  }
+  void DoubleClick(const QString &label) {
+    QTest::mouseClick(List()->viewport(), Qt::LeftButton, {}, RowOf(label));
+    QTest::mouseDClick(List()->viewport(), Qt::LeftButton, {}, RowOf(label));
+  }
+
+  FrmMonitor frm;
+};
+
+QStringList RowTexts(const QListWidget *list) {
+  QStringList texts;
+  for (int row = 0; row < list->count(); ++row)
+    texts << list->item(row)->text();
+  return texts;
+}
+
+} // namespace
+
+class UiTestMonitor : public QObject {
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { ApplyLook(*qApp); }
+  void init() { QTest::failOnWarning(UnexpectedWarning()); }
+
+  void listShowsTheAgendaInItsGroups() {
+    Desk desk;
+    QVERIFY(desk.List()->count() == 0);
+    desk.Fill();
+    QCOMPARE(RowTexts(desk.List()), QStringList({QStringLiteral("Bible"), QStringLiteral("João 3:16"),
+                                                 QStringLiteral("Songs"), QStringLiteral("Santo Santo"),
+                                                 QStringLiteral("Rocha Eterna")}));
+    auto *clear = desk.Find<QPushButton>(QStringLiteral("BotaoFlat11"));
+    QCOMPARE(clear->text(), QStringLiteral("Clear 'Agenda 1'"));
+    for (int n = 2; n <= 4; ++n)
+      QVERIFY(!desk.Find<QPushButton>(QStringLiteral("BotaoFlat1%1").arg(n))->isEnabled());
+
+    QTest::mouseClick(desk.List()->viewport(), Qt::LeftButton, {}, desk.RowOf(QStringLiteral("Rocha Eterna")));
+    QCOMPARE(desk.core.agenda.Lista().SelectedName(), QStringLiteral("Rocha Eterna"));
+    QVERIFY(desk.Find<QPushButton>(QStringLiteral("BotaoFlat12"))->isEnabled());
+    QVERIFY(desk.Find<QPushButton>(QStringLiteral("BotaoFlat14"))->isEnabled());
+    QTest::mouseClick(desk.Find<QPushButton>(QStringLiteral("BotaoFlat12")), Qt::LeftButton);
+    QCOMPARE(desk.core.agenda.Lista().Count(2), 1);
+
+    QTest::mouseClick(clear, Qt::LeftButton);
+    QCOMPARE(desk.List()->count(), 0);
+    QCOMPARE(clear->text(), QStringLiteral("Clear List"));
+    QVERIFY(!clear->isEnabled());
+  }
+
+  void doubleClickShowsAndMarksTheEntry() {
+    Desk desk;
+    desk.Fill();
+    QVERIFY(!desk.Find(QStringLiteral("Label1"))->isVisible());
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    QCOMPARE(desk.Find<QLabel>(QStringLiteral("Label9"))->text(), QStringLiteral("Rocha Eterna"));
+    QVERIFY(desk.Find(QStringLiteral("Label1"))->isVisible());
+    QVERIFY(desk.Find(QStringLiteral("PicAviso"))->isVisible());
+    QVERIFY(!desk.Find(QStringLiteral("PicAviso2"))->isVisible());
+    QCOMPARE(desk.List()->OnShow(), (QPair<int, int>(2, 2)));
+    QCOMPARE(QApplication::focusWidget(), desk.Find(QStringLiteral("PicAbac2")));
+    QCOMPARE(desk.Find<QLabel>(QStringLiteral("LbContagem"))->text(), QStringLiteral("– / 3"));
+  }
+
+  void wholeServiceByKeyboard() {
+    Desk desk;
+    desk.Fill();
+    desk.List()->setFocus();
+    desk.Key(Qt::Key_Down); // no song is loaded: the arrows walk in the list
+    desk.Key(Qt::Key_Down);
+    QCOMPARE(desk.core.agenda.Lista().SelectedName(), QStringLiteral("Santo Santo"));
+    desk.Key(Qt::Key_Return);
+    QCOMPARE(desk.core.painel.Label9, QStringLiteral("Santo Santo"));
+
+    desk.Key(Qt::Key_Down);
+    QCOMPARE(desk.core.estado.EstrofeAtual, 1); // one press, one step, however many widgets the key climbs through
+    desk.EndGlide();
+    QCOMPARE(desk.VersesSent().size(), 1);
+
+    // The next entry is chosen while the verse stays, and from the list the arrows still step.
+    desk.Key(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(desk.core.agenda.Lista().SelectedName(), QStringLiteral("Rocha Eterna"));
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(desk.List()));
+    QCOMPARE(desk.core.painel.Label9, QStringLiteral("Santo Santo"));
+    desk.Key(Qt::Key_Down);
+    QCOMPARE(desk.core.estado.EstrofeAtual, 2);
+    QCOMPARE(desk.core.agenda.Lista().SelectedName(), QStringLiteral("Rocha Eterna"));
+    desk.List()->setFocus();
+    desk.Key(Qt::Key_Enter);
+    QCOMPARE(desk.core.painel.Label9, QStringLiteral("Rocha Eterna"));
+
+    desk.Key(Qt::Key_F7);
+    QCOMPARE(desk.core.estado.EstadoTela, QStringLiteral("TelaPreta"));
+    desk.Key(Qt::Key_F5);
+    QCOMPARE(desk.core.estado.EstadoTela, QStringLiteral("Normal"));
+    desk.Key(Qt::Key_2, Qt::AltModifier);
+    QCOMPARE(desk.core.estado.ActiveAgenda, 2);
+    desk.Key(Qt::Key_F12);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("PicImgFundoB1"));
+    desk.Key(Qt::Key_Tab);
+    desk.Key(Qt::Key_Tab);
+    while (!qobject_cast<ThemeTile *>(QApplication::focusWidget()))
+      desk.Key(Qt::Key_Tab);
+    desk.Key(Qt::Key_Space);
+    QCOMPARE_NE(desk.core.estado.ProximoTema, SemTemaNaFila);
+  }
+
+  void ctrlHoldsTheProjectionBack_data() {
+    QTest::addColumn<QString>("release");
+    QTest::newRow("key released") << QStringLiteral("key");
+    QTest::newRow("window left") << QStringLiteral("deactivate");
+    QTest::newRow("release lost") << QStringLiteral("lost");
+  }
+  void ctrlHoldsTheProjectionBack() {
+    QFETCH(QString, release);
+    Desk desk;
+    desk.Fill();
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    desk.Key(Qt::Key_Down);
+    desk.EndGlide();
+    desk.Forget();
+    QWidget *strip = desk.Find(QStringLiteral("PicAbac2"));
+    // The test library's own clicks let go of Ctrl after each key.
+    const auto press = [strip](int key, Qt::KeyboardModifiers modifiers, bool repeated = false) {
+      QKeyEvent event(QEvent::KeyPress, key, modifiers, QString(), repeated);
+      QApplication::sendEvent(strip, &event);
+    };
+    press(Qt::Key_Control, Qt::ControlModifier);
+    QVERIFY(desk.Find(QStringLiteral("PicDica3"))->isVisible());
+    press(Qt::Key_Control, Qt::ControlModifier, true);
+    press(Qt::Key_Down, Qt::ControlModifier);
+    desk.EndGlide();
+    QCOMPARE(desk.core.estado.EstrofeAtual, 2);
+    QCOMPARE(desk.VersesSent().size(), 0);
+
+    if (release == u"key") {
+      QKeyEvent up(QEvent::KeyRelease, Qt::Key_Control, Qt::NoModifier);
+      QApplication::sendEvent(strip, &up);
+    } else if (release == u"deactivate") {
+      QEvent leave(QEvent::WindowDeactivate);
+      QApplication::sendEvent(&desk.frm, &leave);
+    } else {
+      press(Qt::Key_Shift, Qt::ShiftModifier);
+    }
+    QVERIFY(desk.core.estado.EnviarAoTelao);
+    QVERIFY(!desk.Find(QStringLiteral("PicDica3"))->isVisible());
+    QCOMPARE(desk.VersesSent().size(), 1);
+  }
+
+  void tabIsRenamedInItsPlace() {
+    Desk desk;
+    desk.Fill();
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    auto *tab = desk.Find<QPushButton>(QStringLiteral("BotaoFlat52"));
+    QTest::mouseDClick(tab, Qt::LeftButton);
+    auto *editor = desk.Find<QLineEdit>(QStringLiteral("BotaoFlat52Editor"));
+    QTRY_VERIFY(editor->hasFocus());
+    QTest::keyClicks(editor, QStringLiteral("Noite & vigilia"));
+    // Arrows and Ctrl belong to the text while it is typed.
+    QTest::keyClick(editor, Qt::Key_Left);
+    QTest::keyPress(editor, Qt::Key_Control, Qt::ControlModifier);
+    QTest::keyRelease(editor, Qt::Key_Control);
+    QCOMPARE(editor->cursorPosition(), 14);
+    QCOMPARE(desk.core.estado.EstrofeAtual, -1);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCOMPARE(desk.core.agenda.TabTitle(2), QStringLiteral("Noite & vigilia"));
+    QCOMPARE(tab->text(), QStringLiteral("Noite && vigilia"));
+
+    QTest::keyClick(tab, Qt::Key_F2);
+    editor = tab->findChild<QLineEdit *>();
+    QTRY_VERIFY((editor = tab->findChild<QLineEdit *>()) && editor->hasFocus());
+    QCOMPARE(editor->text(), QStringLiteral("Noite & vigilia"));
+    QTest::keyClicks(editor, QStringLiteral("something else"));
+    QTest::keyClick(editor, Qt::Key_Escape);
+    QCOMPARE(desk.core.agenda.TabTitle(2), QStringLiteral("Noite & vigilia"));
+  }
+
+  void entriesMoveInsideTheirGroup() {
+    Desk desk;
+    desk.Fill();
+    desk.core.agenda.SelectEntry(2, 1);
+    desk.Key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+    QCOMPARE(desk.core.agenda.Lista().NameAt(2, 2), QStringLiteral("Santo Santo"));
+    QCOMPARE(desk.List()->Chosen(), (QPair<int, int>(2, 2)));
+    desk.Key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier); // at the end already
+    QCOMPARE(desk.core.agenda.Lista().NameAt(2, 2), QStringLiteral("Santo Santo"));
+    emit desk.List()->EntryMoved(2, 2, 1);
+    QCOMPARE(RowTexts(desk.List()).mid(3), QStringList({QStringLiteral("Santo Santo"), QStringLiteral("Rocha Eterna")}));
+  }
+
+  void screenStates() {
+    Desk desk;
+    auto *banner = desk.Find<QLabel>(QStringLiteral("LbEstadoTela"));
+    auto *black = desk.Find<QAbstractButton>(QStringLiteral("LBTela2"));
+    QCOMPARE(banner->text(), QStringLiteral("LIVE, NO TEXT"));
+    QTest::mouseClick(black, Qt::LeftButton);
+    QVERIFY(desk.display.telaPreta);
+    QVERIFY(black->isChecked());
+    QCOMPARE(banner->text(), QStringLiteral("BLACK SCREEN"));
+    const QImage image = banner->grab().toImage();
+    QCOMPARE(QColor(image.pixel(12, 22)).rgb(), cores::Off);
+
+    // There is no default background: the choice is refused and the marker stays.
+    QTest::mouseClick(desk.Find<QAbstractButton>(QStringLiteral("LBTela3")), Qt::LeftButton);
+    QVERIFY(black->isChecked());
+    QVERIFY(!desk.Find<QAbstractButton>(QStringLiteral("LBTela3"))->isChecked());
+    QVERIFY(desk.frm.findChild<QAction *>(QStringLiteral("MnTela2"))->isChecked());
+
+    desk.Find(QStringLiteral("LBTela0"))->setFocus();
+    desk.Key(Qt::Key_Return);
+    QCOMPARE(desk.core.estado.EstadoTela, QStringLiteral("Normal"));
+    desk.Fill();
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    desk.Key(Qt::Key_Down);
+    desk.EndGlide();
+    QCOMPARE(banner->text(), QStringLiteral("LIVE"));
+    for (int i = 0; i < 5; ++i)
+      QCOMPARE(desk.Find(QStringLiteral("LBTela%1").arg(i))->toolTip(), ScreenControls::DicaDoEstado(i));
+  }
+
+  void previewMirrorsLieOverThePage() {
+    Desk desk;
+    QWidget *page = desk.Find(QStringLiteral("PicWV"));
+    QWidget *black = desk.Find(QStringLiteral("PicTelaPretaPreview"));
+    QWidget *picture = desk.Find(QStringLiteral("ImagePadraoPreview"));
+    QImage blue(64, 36, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    QVERIFY(blue.save(desk.folder.filePath(QStringLiteral("Images/fundo.png"))));
+    QVERIFY(!desk.frm.LoadMirrorPicture(desk.app.At(u"\\Images\\missing.png")));
+    QVERIFY(desk.frm.LoadMirrorPicture(desk.app.At(u"\\Images\\fundo.png")));
+    desk.frm.ShowMirrorPicture(true);
+    desk.frm.ShowMirrorBlack(true);
+    QCOMPARE(black->geometry(), page->geometry());
+    QCOMPARE(picture->geometry(), page->geometry());
+    const QPoint middle = page->geometry().center();
+    QCOMPARE(QColor(page->parentWidget()->grab().toImage().pixel(middle)), QColor(Qt::blue));
+    desk.frm.ShowMirrorPicture(false);
+    QCOMPARE(QColor(page->parentWidget()->grab().toImage().pixel(middle)), QColor(Qt::black));
+    QCOMPARE(desk.frm.PreviewWidthPx(), page->width());
+    desk.frm.DefineTelao({1024, 768});
+    QVERIFY(qAbs(page->width() * 3 - page->height() * 4) <= 6);
+    QCOMPARE(black->geometry(), page->geometry());
+  }
+
+  void tilesShowAndPress() {
+    Desk desk;
+    desk.core.temas[2].CordeFundo = 0x0000ff; // red, in the stores' order
+    desk.core.temas[5].CordeFundo = 0xff0000; // blue
+    desk.frm.CarregaTiles();
+    auto *second = static_cast<ThemeTile *>(desk.Find(QStringLiteral("PicImgFundoB2")));
+    QTRY_COMPARE(second->Shown().colour, QColor(Qt::red));
+    QCOMPARE(QColor(second->grab().toImage().pixel(second->rect().center())), QColor(Qt::red));
+    auto *fifth = static_cast<ThemeTile *>(desk.Find(QStringLiteral("PicImgFundoB5")));
+    QTRY_COMPARE(fifth->Shown().colour, QColor(Qt::blue));
+
+    auto *active = desk.Find(QStringLiteral("PicTemaAtual"));
+    auto *queued = static_cast<FrameMark *>(desk.Find(QStringLiteral("PicAvisoProximo")));
+    QTest::mouseClick(second, Qt::LeftButton); // nothing is on show: at once
+    QCOMPARE(desk.core.estado.IndiceTema, 2);
+    QVERIFY(active->isVisible());
+    QVERIFY(active->geometry().contains(second->geometry()));
+    QVERIFY(!queued->isVisible());
+
+    desk.Fill();
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    QTest::mouseClick(fifth, Qt::LeftButton);
+    QCOMPARE(desk.core.estado.ProximoTema, 5);
+    QCOMPARE(desk.core.estado.IndiceTema, 2);
+    QVERIFY(queued->isVisible() && queued->IsBlinking());
+    QVERIFY(queued->geometry().contains(fifth->geometry()));
+
+    // A theme that changes in the store shows on its tile.
+    desk.core.temas[5].CordeFundo = 0x00ff00;
+    desk.frm.ThemesChanged();
+    QTRY_COMPARE(fifth->Shown().colour, QColor(Qt::green));
+  }
+
+  void tilePicturesAndBadges() {
+    Desk desk;
+    QImage picture(320, 180, QImage::Format_RGB32);
+    picture.fill(QColor(10, 200, 10));
+    QDir(desk.folder.path()).mkpath(QStringLiteral("Data/mini"));
+    QVERIFY(picture.save(desk.folder.filePath(QStringLiteral("Images/a.png"))));
+    desk.core.temas[3].Tipo = QStringLiteral("Imagem");
+    desk.core.temas[3].Imagem = desk.app.At(u"\\Images\\a.png") + u'|' + desk.app.At(u"\\Images\\a.png") + u'|';
+    desk.frm.CarregaTiles();
+    auto *tile = static_cast<ThemeTile *>(desk.Find(QStringLiteral("PicImgFundoB3")));
+    QTRY_COMPARE(tile->Shown().count, QStringLiteral("2 Imagens"));
+    const QColor middle = tile->grab().toImage().pixel(tile->rect().center());
+    QVERIFY2(middle.green() > 180 && middle.red() < 40, qPrintable(middle.name()));
+    QVERIFY(tile->accessibleName().contains(u"2 Imagens"));
+  }
+
+  void rotationBoxes() {
+    Desk desk;
+    auto *all = desk.Find<QCheckBox>(QStringLiteral("CheckAlteraTemaAleatorio"));
+    auto *box = desk.Find<QCheckBox>(QStringLiteral("ChkIM4"));
+    QVERIFY(!all->isChecked());
+    QVERIFY(!box->isVisible());
+    QTest::mouseClick(all, Qt::LeftButton, {}, {8, all->height() / 2});
+    QVERIFY(desk.core.temaControle.CheckAlteraTemaAleatorio());
+    QVERIFY(box->isVisible() && box->isChecked());
+    const int theme = desk.core.estado.IndiceTema;
+    for (int n = 16; n >= 1; --n) {
+      auto *each = desk.Find<QCheckBox>(QStringLiteral("ChkIM%1").arg(n));
+      QTest::mouseClick(each, Qt::LeftButton, {}, each->rect().center());
+    }
+    QCOMPARE(desk.prompt.shown.last().text, QStringLiteral("At least one item must remain enabled."));
+    QVERIFY(desk.Find<QCheckBox>(QStringLiteral("ChkIM1"))->isChecked());
+    QVERIFY(!box->isChecked());
+    QCOMPARE(desk.core.estado.IndiceTema, theme); // a box is not the tile under it
+  }
+
+  void settingsFollowTheRecordAndStayInPlace() {
+    Desk desk;
+    desk.Fill();
+    auto *style = desk.Find<QSlider>(QStringLiteral("SliderExLouvor"));
+    QVERIFY(!style->isVisible());
+    const QRect strip = desk.Find(QStringLiteral("PicAbac2"))->geometry();
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    QVERIFY(style->isVisible());
+    QCOMPARE(style->value(), 4);
+    QCOMPARE(desk.Find(QStringLiteral("PicAbac2"))->geometry(), strip);
+    style->setFocus();
+    desk.Key(Qt::Key_PageUp); // a song is on show, so the arrows are not the slider's
+    QCOMPARE(desk.core.ajustes.EstiloLouvor, 5);
+    QCOMPARE(desk.Find<QLabel>(QStringLiteral("ValorEstilo"))->text(), QStringLiteral("5"));
+    QVERIFY(desk.Find(QStringLiteral("SliderZoom"))->isVisible());
+    style->setValue(7);
+    QVERIFY(!desk.Find(QStringLiteral("SliderZoom"))->isVisible());
+    QCOMPARE(desk.Find(QStringLiteral("PicAbac2"))->geometry(), strip);
+  }
+
+  void dragOfTheStripReachesTheStepper() {
+    Desk desk;
+    desk.Fill();
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    QWidget *label1 = desk.Find(QStringLiteral("Label1"));
+    const int before = desk.core.faixa.Label1Topo;
+    const QPoint from(label1->width() / 2, label1->height() - 20);
+    QTest::mousePress(label1, Qt::LeftButton, {}, from);
+    const int wanted = desk.core.faixa.FrameTop / TwipsPerPixel + 4 - desk.core.estado.Estrofes[1].Topo / TwipsPerPixel;
+    const int way = wanted - before / TwipsPerPixel;
+    QTest::mouseMove(label1, from + QPoint(0, way));
+    QVERIFY(qAbs(desk.core.faixa.Label1Topo - (before + way * TwipsPerPixel)) <= TwipsPerPixel);
+    QTest::mouseRelease(label1, Qt::LeftButton, {}, from + QPoint(0, way));
+    desk.EndGlide();
+    QCOMPARE(desk.core.estado.EstrofeAtual, 1);
+    QCOMPARE(desk.VersesSent().size(), 1);
+  }
+
+  void hintsOfAnEmptyAgenda() {
+    Desk desk;
+    desk.core.agenda.SelectTab(3);
+    auto *hint = desk.Find(QStringLiteral("PicDicaAgenda"));
+    QVERIFY(hint->isVisible());
+    auto *text = desk.Find<QLabel>(QStringLiteral("LbDicaAgenda"));
+    QCOMPARE(text->text(), desk.core.painel.LbDicaAgenda);
+    QVERIFY(desk.Find(QStringLiteral("PicAbac2"))->rect().contains(hint->geometry()));
+    QCOMPARE_GE(text->height(), text->heightForWidth(text->width()));
+  }
+
+  void nothingIsCut_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("least") << QSize(1120, 680);
+    QTest::newRow("1280x800") << QSize(1280, 800);
+    QTest::newRow("1920x1080") << QSize(1920, 1080);
+  }
+  void nothingIsCut() {
+    QFETCH(QSize, size);
+    Desk desk(size);
+    desk.Fill();
+    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
+    desk.core.agenda.SelectEntry(2, 2);
+    QCOMPARE(desk.frm.size(), size);
+    QStringList cut;
+    const QList<QWidget *> widgets = desk.frm.findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+      const bool carriesText = qobject_cast<QLabel *>(widget) || qobject_cast<QPushButton *>(widget) ||
+                               qobject_cast<QCheckBox *>(widget) || qobject_cast<QComboBox *>(widget);
+      if (!widget->isVisible() || !carriesText)
+        continue;
+      const QSize hint = widget->sizeHint();
+      const QRect place(widget->mapTo(&desk.frm, QPoint()), widget->size());
+      const auto *label = qobject_cast<QLabel *>(widget);
+      const bool tooSmall = widget->width() < hint.width() || (widget->height() < hint.height() && !(label && label->wordWrap()));
+      const auto *combo = qobject_cast<QComboBox *>(widget);
+      const bool comboFits = combo && widget->width() >= combo->minimumSizeHint().width();
+      if ((tooSmall && !comboFits) || !desk.frm.rect().contains(place))
+        cut << QStringLiteral("%1 '%2' %3x%4 of %5x%6")
+                   .arg(widget->objectName(), widget->property("text").toString())
+                   .arg(widget->width())
+                   .arg(widget->height())
+                   .arg(hint.width())
+                   .arg(hint.height());
+    }
+    QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
+  }
+
+  void everyControlHasItsNames() {
+    Desk desk;
+    desk.core.temaControle.SetCheckAlteraTemaAleatorio(true);
+    QStringList poor;
+    QSet<QString> names;
+    const QList<QWidget *> widgets = desk.frm.findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+      const bool control = qobject_cast<QAbstractButton *>(widget) || qobject_cast<QAbstractSlider *>(widget) ||
+                           qobject_cast<QComboBox *>(widget) || qobject_cast<QLineEdit *>(widget) ||
+                           qobject_cast<QListWidget *>(widget);
+      if (!control || !widget->parentWidget() || qobject_cast<QComboBox *>(widget->parentWidget()) ||
+          widget->objectName().startsWith(u"qt_") || qobject_cast<QAbstractScrollArea *>(widget->parentWidget()->parentWidget()))
+        continue;
+      const QString name = widget->objectName();
+      const bool noTip = widget->toolTip().isEmpty() && name != u"LBTela3"; // the one that has none
+      if (name.isEmpty() || widget->accessibleName().isEmpty() || noTip || names.contains(name))
+        poor << QStringLiteral("%1 %2").arg(QLatin1String(widget->metaObject()->className()), name);
+      names.insert(name);
+    }
+    QVERIFY2(poor.isEmpty(), qPrintable(poor.join(u'\n')));
+    QCOMPARE_GT(names.size(), 60);
+  }
+
+  void tabReachesEveryControl() {
+    Desk desk;
+    desk.Fill();
+    desk.core.agenda.SelectEntry(2, 1);
+    desk.core.temaControle.SetCheckAlteraTemaAleatorio(true);
+    desk.List()->setFocus();
+    QSet<QWidget *> reached;
+    for (int i = 0; i < 200 && !reached.contains(QApplication::focusWidget()); ++i) {
+      reached.insert(QApplication::focusWidget());
+      desk.Key(Qt::Key_Tab);
+    }
+    QStringList missing;
+    const QList<QWidget *> widgets = desk.frm.findChildren<QWidget *>();
+    for (QWidget *widget : widgets)
+      if (widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) &&
+          !widget->focusProxy() && !reached.contains(widget))
+        missing << widget->objectName();
+    QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u' ')));
+  }
+
+  void windowGoesBetweenWorkAreaAndItsOwnRectangle() {
+    Desk desk;
+    desk.frm.setMinimumSize(100, 100); // the test desktop is smaller than the window likes to be
+    desk.frm.positionInicial();
+    const QRect work = desk.frm.screen()->availableGeometry();
+    const QRect all = desk.frm.screen()->geometry();
+    QCOMPARE(LeRetanguloNormal(desk.store, all), RetanguloPadrao(all));
+    QCOMPARE(desk.frm.frameGeometry(), work);
+    auto *toggle = desk.Find<QPushButton>(QStringLiteral("Image3"));
+    toggle->click();
+    QCOMPARE(desk.frm.geometry(), RetanguloPadrao(all));
+
+    const QRect own(40, 30, 500, 400);
+    desk.frm.setGeometry(own);
+    toggle->click();
+    QCOMPARE(desk.frm.frameGeometry(), work);
+    QCOMPARE(LeRetanguloNormal(desk.store, all), own);
+    toggle->click();
+    QCOMPARE(desk.frm.geometry(), own);
+  }
+
+  void closingTellsTheOwnerOnce() {
+    Desk desk;
+    int closed = 0;
+    desk.frm.AoFechar = [&closed] { ++closed; };
+    desk.frm.close();
+    QCOMPARE(closed, 1);
+  }
+};
+
+QTEST_MAIN(UiTestMonitor)
+#include "ui_test_monitor.moc"

@@ -1,0 +1,238 @@
+#include <QImage>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+
+#include "display/FrmQuendar.h"
+#include "display/ui/web_page_host.h"
+#include "support/fake_clock.h"
+#include "support/web_fixture.h"
+
+using namespace tolmira;
+using namespace tolmira::testing;
+
+class TestQuendar : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<QTemporaryDir> m_folder;
+  std::unique_ptr<AppFolder> m_app;
+  std::unique_ptr<EstadoConsole> m_estado;
+  std::unique_ptr<FakeClock> m_clock;
+  PageProfile m_profile;
+  std::unique_ptr<FrmQuendar> m_window;
+
+  std::unique_ptr<FrmQuendar> NewWindow() {
+    return std::make_unique<FrmQuendar>(
+        FrmQuendar::Parts{*m_estado, *m_app, *m_clock, nullptr, {}, nullptr, VideoDrawing::Software, m_profile});
+  }
+  QWidget *Layer(const char *name) { return m_window->findChild<QWidget *>(QLatin1String(name)); }
+  QColor Centre() { return m_window->grab().toImage().pixelColor(m_window->rect().center()); }
+  QString Picture(const QString &name, const QColor &left, const QColor &right) {
+    QImage image(200, 400, QImage::Format_RGB32);
+    image.fill(left);
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 100; x < 200; ++x)
+        image.setPixelColor(x, y, right);
+    const QString path = m_folder->filePath(name);
+    return image.save(path) ? path : QString();
+  }
+  void ShowPage(const QString &colour) {
+    const QString path = m_folder->filePath(QStringLiteral("page.html"));
+    WriteText(path, QStringLiteral("<body style='margin:0;background:%1'><div id=texto></div><script>function ChangeCSS(a,b,c)"
+                                   "{document.getElementById(a).style[b]=c}</script>")
+                        .arg(colour));
+    m_window->ProcessaComando(u"CarregaTema|#file:///" + path);
+  }
+
+private slots:
+  void initTestCase() { m_profile = NewPageProfile(); }
+  void init() {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_app = std::make_unique<AppFolder>(m_folder->path());
+    m_estado = std::make_unique<EstadoConsole>();
+    m_clock = std::make_unique<FakeClock>();
+    m_window = NewWindow();
+    m_window->resize(400, 200);
+  }
+  void cleanup() {
+    m_window.reset();
+    m_folder.reset();
+  }
+  void cleanupTestCase() { m_profile.reset(); }
+
+  void beginsInvisibleTransparentAndWithoutFocus() {
+    QVERIFY(!m_window->isVisible());
+    QCOMPARE(m_window->Alfa(), 0);
+    QVERIFY(!m_window->DisplayVisivel());
+    QVERIFY(m_window->WV() == nullptr);
+    QVERIFY(m_window->wmp() != nullptr);
+    QVERIFY(m_window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    QVERIFY(Layer("PicTelaPreta")->isHidden());
+  }
+
+  void beginsBlackOnceTheConsoleIsThere() {
+    m_estado->ConsoleCarregado = true;
+    m_window = NewWindow();
+    QVERIFY(!Layer("PicTelaPreta")->isHidden());
+  }
+
+  void fadesInByTwenty() {
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    m_clock->Advance(16);
+    QCOMPARE(m_window->Alfa(), 20);
+    m_clock->Advance(16 * 11);
+    QCOMPARE(m_window->Alfa(), 240);
+    m_clock->Advance(16);
+    QCOMPARE(m_window->Alfa(), 255);
+    QCOMPARE(m_clock->ActiveTimers(), 0);
+  }
+
+  void visibilityFollowsTheCommands() {
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    QVERIFY(m_window->isVisible());
+    m_window->ProcessaComando(QStringLiteral("Hide"));
+    QVERIFY(!m_window->isVisible());
+    m_window->ProcessaComando(QStringLiteral("xyz"));
+    QVERIFY(!m_window->isVisible());
+    m_window->ProcessaComando(QStringLiteral("Normal"));
+    QVERIFY(m_window->isVisible());
+  }
+
+  void topmostChangesWithoutANewWindow() {
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    QWindow *native = m_window->windowHandle();
+    const WId id = m_window->winId();
+    QSignalSpy visible(native, &QWindow::visibleChanged);
+    m_window->ProcessaComando(QStringLiteral("NoTopMost"));
+    QVERIFY(!native->flags().testFlag(Qt::WindowStaysOnTopHint));
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    QVERIFY(native->flags().testFlag(Qt::WindowStaysOnTopHint));
+    QCOMPARE(m_window->winId(), id);
+    QCOMPARE(visible.count(), 0);
+    QVERIFY(m_window->isVisible());
+  }
+
+  void aLostScreenHidesItUntilItIsPlacedAgain() {
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    m_window->Esconde();
+    QVERIFY(!m_window->isVisible());
+    m_window->ProcessaComando(QStringLiteral("UpdateText|#x|#|#|#"));
+    QVERIFY(!m_window->isVisible());
+    QVERIFY(m_window->DisplayVisivel());
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    QVERIFY(m_window->isVisible());
+  }
+
+  void theLayersCoverEachOther() {
+    QVERIFY(m_window->CriaBrowser());
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    ShowPage(QStringLiteral("#00ff00"));
+    QTRY_COMPARE(Centre(), QColor(0, 255, 0));
+    m_window->ProcessaComando(QStringLiteral("TelaPreta|#TRUE"));
+    QCOMPARE(Centre(), QColor(0, 0, 0));
+    m_window->ProcessaComando(QStringLiteral("TelaPreta|#false"));
+    QCOMPARE(Centre(), QColor(0, 255, 0));
+
+    const QString picture = Picture(QStringLiteral("Logo.png"), QColor(255, 0, 0), QColor(0, 0, 255));
+    m_window->ProcessaComando(u"PadraDeFundo|#" + picture);
+    const QImage shown = m_window->grab().toImage();
+    // Half as wide as high, so it is enlarged to the whole width and cut above and below.
+    QCOMPARE(shown.pixelColor(20, 100), QColor(255, 0, 0));
+    QCOMPARE(shown.pixelColor(shown.width() - 20, 100), QColor(0, 0, 255));
+    QCOMPARE(shown.pixelColor(20, shown.height() - 1), QColor(255, 0, 0));
+    QVERIFY(!Layer("PicTelaPreta")->isHidden());
+    m_window->ProcessaComando(QStringLiteral("Normal"));
+    QCOMPARE(Centre(), QColor(0, 255, 0));
+    QVERIFY(Layer("PicTelaPreta")->isHidden());
+  }
+
+  void aMissingPictureLeavesTheOldOne() {
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    const QColor red(255, 0, 0);
+    m_window->ProcessaComando(u"PadraDeFundo|#" + Picture(QStringLiteral("a.png"), red, red));
+    m_window->ProcessaComando(u"PadraDeFundo|#" + m_folder->filePath(QStringLiteral("missing.png")));
+    QCOMPARE(Centre(), red);
+    WriteText(m_folder->filePath(QStringLiteral("broken.png")), QStringLiteral("\x89PNG no picture"));
+    m_window->ProcessaComando(u"PadraDeFundo|#" + m_folder->filePath(QStringLiteral("broken.png")));
+    QCOMPARE(Centre(), red);
+  }
+
+  void theVideoLayerComesInFrontOfThePage() {
+    QVERIFY(m_window->CriaBrowser());
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("html")));
+    WriteText(m_folder->filePath(QStringLiteral("html/emptyback.html")), QStringLiteral("<body style='background:#0f0'>"));
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    qputenv("TOLMIRA_AO", "null");
+    m_window->ProcessaComando(QStringLiteral("Video|#av://lavfi:color=red:size=160x80:rate=10"));
+    QTRY_VERIFY(Centre().red() > 180 && Centre().green() < 60);
+    QCOMPARE(m_window->wmp()->Volume(), 50);
+    QCOMPARE(Layer("Picwmp")->geometry(), m_window->rect());
+    ShowPage(QStringLiteral("#0000ff"));
+    QTRY_COMPARE(Centre(), QColor(0, 0, 255));
+    QVERIFY(m_window->wmp()->Url().isEmpty());
+  }
+
+  void theGripComesAndGoes() {
+    m_estado->ConsoleCarregado = true;
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    m_window->ProcessaComando(QStringLiteral("TelaPreta|#true"));
+    QTRY_VERIFY(m_window->isFullScreen());
+    QVERIFY(Layer("PicMove")->isHidden());
+    QTest::mouseMove(Layer("PicTelaPreta"), {200, 100});
+    QTRY_VERIFY(!Layer("PicMove")->isHidden());
+    QVERIFY(Layer("Label7")->isHidden());
+    m_clock->Advance(10000);
+    QVERIFY(Layer("PicMove")->isHidden());
+
+    QTest::mouseClick(Layer("PicTelaPreta"), Qt::LeftButton);
+    QVERIFY(!m_window->isFullScreen());
+    QVERIFY(!Layer("PicMove")->isHidden());
+    QVERIFY(!Layer("Label7")->isHidden());
+    m_clock->Advance(10000);
+    QVERIFY(!Layer("PicMove")->isHidden());
+    QTest::mouseClick(Layer("Label7"), Qt::LeftButton);
+    QVERIFY(m_window->isFullScreen());
+  }
+
+  void theMouseDoesNothingBeforeTheConsoleIsThere() {
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    m_window->ProcessaComando(QStringLiteral("TelaPreta|#true"));
+    QTest::mouseClick(Layer("PicTelaPreta"), Qt::LeftButton);
+    QVERIFY(m_window->isFullScreen());
+    QVERIFY(Layer("PicMove")->isHidden());
+  }
+
+  void reportsItsSizeWhileTheConsoleLoads() {
+    int calls = 0;
+    m_window->PosicaoInicial = [&] { ++calls; };
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    m_window->resize(500, 300);
+    QTRY_VERIFY(calls > 0);
+    QCOMPARE(m_window->SizePx(), QSize(500, 300));
+    QCOMPARE(m_window->PicWV()->geometry(), QRect(0, 0, 500, 300));
+    m_estado->ConsoleCarregado = true;
+    QCoreApplication::processEvents();
+    calls = 0;
+    m_window->resize(600, 300);
+    QTRY_COMPARE(m_window->PicWV()->width(), 600);
+    QCoreApplication::processEvents();
+    QCOMPARE(calls, 0);
+  }
+
+  void fecharLetsGo() {
+    int unloaded = 0;
+    m_window->OnUnload = [&] { ++unloaded; };
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    m_window->ProcessaComando(QStringLiteral("Fechar"));
+    QVERIFY(!m_window->isVisible());
+    QCOMPARE(unloaded, 1);
+  }
+};
+
+QTEST_MAIN(TestQuendar)
+#include "ui_test_quendar.moc"

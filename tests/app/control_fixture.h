@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QCoreApplication>
+#include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
 
 #include <memory>
 
@@ -54,7 +56,14 @@ public:
   void Send(const QJsonObject &request) { Raw(QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n'); }
   bool HasLine() const { return m_socket.canReadLine(); }
   QJsonObject Line() {
-    if (!QTest::qWaitFor([this] { return m_socket.canReadLine(); }, 20000))
+    // A loop that sleeps, as the program's own does: changes of the state are looked at before it goes to sleep.
+    QEventLoop loop;
+    QTimer::singleShot(20000, &loop, [&loop] { loop.exit(1); });
+    QObject::connect(&m_socket, &QLocalSocket::readyRead, &loop, [this, &loop] {
+      if (m_socket.canReadLine())
+        loop.exit(0);
+    });
+    if (!m_socket.canReadLine() && loop.exec() != 0)
       return {{QStringLiteral("error"), QStringLiteral("<no line came>")}};
     return QJsonDocument::fromJson(m_socket.readLine()).object();
   }
@@ -67,6 +76,40 @@ public:
 private:
   QLocalSocket m_socket;
 };
+
+// A client in a thread of its own, as another program would be: it goes on while this one is inside a box.
+class DistantClient {
+public:
+  explicit DistantClient(const QString &path) {
+    m_socket.connectToServer(path);
+    m_socket.waitForConnected(10000);
+  }
+  QJsonObject Ask(const char *request) {
+    m_socket.write(QByteArray(request) + '\n');
+    m_socket.waitForBytesWritten(10000);
+    while (!m_socket.canReadLine())
+      if (!m_socket.waitForReadyRead(20000))
+        return {{QStringLiteral("error"), QStringLiteral("<no answer came>")}};
+    return QJsonDocument::fromJson(m_socket.readLine()).object();
+  }
+  // The error of the answer; empty when it is good.
+  QString Error(const char *request) { return Ask(request).value(QStringLiteral("error")).toString(); }
+
+private:
+  QLocalSocket m_socket;
+};
+
+// Runs `talk` with a distant client while this thread's message loop turns; false when it does not come to its end.
+inline bool FromElsewhere(const QString &path, const std::function<void(DistantClient &)> &talk) {
+  const std::unique_ptr<QThread> thread(QThread::create([&] {
+    DistantClient client(path);
+    talk(client);
+  }));
+  thread->start();
+  const bool done = QTest::qWaitFor([&] { return thread->isFinished(); }, 60000);
+  thread->wait();
+  return done;
+}
 
 // A server before doubles of the whole program.
 struct ControlFixture {

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "control_fixture.h"
+#include "support/window_warnings.h"
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -29,7 +30,7 @@ class TestControlProtocol : public QObject {
 
 private slots:
   void init() {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    FailOnWindowWarnings();
     m = std::make_unique<ControlFixture>();
     QCOMPARE(m->error, QString());
   }
@@ -81,7 +82,7 @@ private slots:
     QTest::newRow("agenda") << QByteArray(R"({"do":"agenda","n":5})") << "SelectTab 5";
     QTest::newRow("screen") << QByteArray(R"({"do":"screen","index":4})") << "SetScreenState 4";
     QTest::newRow("theme") << QByteArray(R"({"do":"theme","slot":16})") << "PressTile 16";
-    QTest::newRow("send") << QByteArray(R"({"do":"send","comando":"TelaPreta|#true"})")
+    QTest::newRow("send") << QByteArray("{\"do\":\"send\",\"comando\":\"TelaPreta|#true\"}")
                           << "SendToDisplay TelaPreta|#true";
     QTest::newRow("quit") << QByteArray(R"({"do":"quit"})") << "fecha";
   }
@@ -172,9 +173,9 @@ private slots:
   void evalGivesTheValueAsJson() {
     QFETCH(QString, json);
     m->page.answer = json;
-    m->client->Send(Request(R"({"do":"eval","page":"display","script":"x()"})"));
+    m->client->Send(Request(R"({"do":"eval","page":"display","script":"x();"})"));
     const QJsonValue value = m->client->Line().value(QStringLiteral("value"));
-    QCOMPARE(m->page.evaluated, QStringList(QStringLiteral("x()")));
+    QCOMPARE(m->page.evaluated, QStringList(QStringLiteral("x();")));
     QCOMPARE(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact), '[' + json.toUtf8() + ']');
   }
 
@@ -183,12 +184,12 @@ private slots:
     QCOMPARE(Error(m->client->Ask(Request(R"({"do":"watch"})"))), QString());
     m->events.OnCommand(QStringLiteral("Normal"));
     m->events.OnScript(QStringLiteral("display"), QStringLiteral("f('1');"));
-    m->events.OnNavigate(QStringLiteral("preview"), QStringLiteral("file:////tmp/a.html"));
+    m->events.OnNavigate(QStringLiteral("preview"), QStringLiteral("/tmp/a.html"));
     m->events.OnMedia(QStringLiteral("controls.play"));
     m->events.OnMessage(QStringLiteral("T"), QStringLiteral("text"), {QStringLiteral("OK")});
     QList<QJsonObject> expected = {Request(R"({"event":"command","text":"Normal"})")};
     expected << Request(R"({"event":"script","page":"display","text":"f('1');"})");
-    expected << Request(R"({"event":"navigate","page":"preview","url":"file:////tmp/a.html"})");
+    expected << Request(R"({"event":"navigate","page":"preview","url":"/tmp/a.html"})");
     expected << Request(R"({"event":"media","call":"controls.play"})");
     expected << Request(R"({"event":"message","title":"T","text":"text","buttons":["OK"]})");
     for (const QJsonObject &event : std::as_const(expected))
@@ -222,23 +223,35 @@ private slots:
 
   void otherRequestsAreServedWhileABoxIsOpen() {
     m->presentation.onShow = OpenBoxInside;
-    ControlClient second(m->path);
-    // The answer does not wait for the box.
-    const QJsonObject shown = m->client->Ask(Request(R"({"id":1,"do":"show","kind":2,"label":"x"})"));
+    QJsonObject shown;
+    QStringList errors;
+    QVERIFY(FromElsewhere(m->path, [&](DistantClient &client) {
+      // The answer does not wait for the box.
+      shown = client.Ask(R"({"id":1,"do":"show","kind":2,"label":"x"})");
+      DistantClient second(m->path);
+      errors << second.Error(R"({"do":"state"})") << client.Error(R"({"do":"quit"})")
+             << client.Error(R"({"do":"answer","button":"Nope"})")
+             << client.Error(R"({"do":"answer","button":"look again"})");
+    }));
+    QVERIFY(!QApplication::activeModalWidget());
+    QCOMPARE(shown.value(QStringLiteral("id")).toInt(), 1);
     QCOMPARE(shown.value(QStringLiteral("opened")).toString(), QStringLiteral("MessageBox"));
-    QCOMPARE(Error(second.Ask(Request(R"({"do":"state"})"))), QString());
-    QVERIFY(Error(m->client->Ask(Request(R"({"do":"quit"})"))).contains(QStringLiteral("MessageBox")));
-    QVERIFY(Error(m->client->Ask(Request(R"({"do":"answer","button":"Nope"})"))).contains(QStringLiteral("Nope")));
-    QVERIFY(QApplication::activeModalWidget());
-    QCOMPARE(Error(m->client->Ask(Request(R"({"do":"answer","button":"Look again"})"))), QString());
-    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QCOMPARE(errors[0], QString());
+    QVERIFY(errors[1].contains(QStringLiteral("MessageBox")));
+    QVERIFY(errors[2].contains(QStringLiteral("Nope")));
+    QCOMPARE(errors[3], QString());
+    QCOMPARE(m->calls, QStringList(QStringLiteral("ShowEntry 2 0 x x")));
   }
 
   void boxesAnswerToStandardNames() {
     m->presentation.onShow = OpenBoxInside;
-    m->client->Ask(Request(R"({"do":"show","kind":2,"label":"x"})"));
-    QCOMPARE(Error(m->client->Ask(Request(R"({"do":"answer","button":"Ok"})"))), QString());
-    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QString error;
+    QVERIFY(FromElsewhere(m->path, [&](DistantClient &client) {
+      client.Ask(R"({"do":"show","kind":2,"label":"x"})");
+      error = client.Error(R"({"do":"answer","button":"Ok"})");
+    }));
+    QCOMPARE(error, QString());
+    QVERIFY(!QApplication::activeModalWidget());
   }
 
   void requestsWaitForTheOneUnderWay() {

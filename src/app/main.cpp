@@ -24,6 +24,7 @@ int main(int argc, char *argv[]) {
   QApplication::setApplicationName(QStringLiteral("Tolmira"));
   QApplication::setApplicationVersion(QStringLiteral(TOLMIRA_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);
+  ApplyLook(application);
 
   ApplyLook(application);
 

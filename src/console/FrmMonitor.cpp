@@ -129,6 +129,7 @@ WebPageHost *FrmMonitor::PicWV() { return m_impl->preview->PicWV(); }
 void FrmMonitor::positionInicial() {
   GravaRetanguloNormal(m_impl->parts.console.store, RetanguloPadrao(screen()->geometry()));
   FillWorkArea();
+  show();
 }
 
 // Filled by hand and not by the platform, so that the panel of the desktop stays in sight. The frame's thickness is

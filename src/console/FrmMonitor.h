@@ -31,7 +31,7 @@ public:
   void DefineTelao(const QSize &pixels); // the projection's size, for the preview's aspect
   void AjustaPreview();
   void CarregaTiles();
-  void positionInicial(); // writes the default rectangle and fills the work area
+  void positionInicial(); // writes the default rectangle, fills the work area and shows the window
   bool CriaPrevia();      // the engine on the preview; false when it cannot start
   WebPageHost *PicWV();
 

@@ -15,7 +15,9 @@
 #include "controls/ui/frame_mark.h"
 #include "controls/ui/group_list.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/text_strip.h"
 #include "controls/ui/theme_tile.h"
+#include "foundation/real_seams.h"
 #include "support/ui_warnings.h"
 
 using namespace tolmira;
@@ -389,6 +391,34 @@ private slots:
     style->setValue(7);
     QVERIFY(!desk.Find(QStringLiteral("SliderZoom"))->isVisible());
     QCOMPARE(desk.Find(QStringLiteral("PicAbac2"))->geometry(), strip);
+  }
+
+  void stripBreaksLinesWhereTheMeasureDoes_data() {
+    QTest::addColumn<QString>("family");
+    QTest::addColumn<double>("sizePt");
+    QTest::newRow("installed") << QStringLiteral("Liberation Serif") << 17.3;
+    QTest::newRow("missing") << QStringLiteral("No Such Family") << 23.7;
+    QTest::newRow("small") << QStringLiteral("DejaVu Sans") << 9.1;
+  }
+  void stripBreaksLinesWhereTheMeasureDoes() {
+    QFETCH(QString, family);
+    QFETCH(double, sizePt);
+    FontTextMeasure measure;
+    const FontSpec font{FonteInstalada(family), sizePt, true};
+    TextStrip strip;
+    TextStrip::Content content;
+    content.text = QStringLiteral("Through many dangers, toils and snares I have already come\r\n\r\n"
+                                  "WAS BLIND, BUT NOW I SEE THE LORD HAS PROMISED GOOD TO ME");
+    content.family = font.family;
+    content.fontPx = sizePt * 96 / 72;
+    content.lineHeight = measure.Height(QString(), font, 0);
+    for (double width = 120; width < 900; width += 7) {
+      content.width = width;
+      strip.SetContent(content);
+      const int lines = qRound(measure.Height(content.text, font, width) / content.lineHeight);
+      QVERIFY2(strip.LineCount() == lines,
+               qPrintable(QStringLiteral("%1 px: %2, measured %3").arg(width).arg(strip.LineCount()).arg(lines)));
+    }
   }
 
   void dragOfTheStripReachesTheStepper() {

@@ -1,6 +1,7 @@
 #include "controls/ui/text_strip.h"
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -10,6 +11,31 @@
 #include "controls/ui/palette.h"
 
 namespace tolmira {
+
+namespace {
+
+// Lines are broken at this size, where rounding inside the font engine does not show, and drawn at their own.
+constexpr int ReferencePixels = 256;
+
+// Words that are longer than a line break inside.
+QStringList BreakLines(const QString &paragraph, const QFont &font, double width) {
+  if (paragraph.isEmpty() || QFontMetricsF(font).horizontalAdvance(paragraph) <= width)
+    return {paragraph};
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QTextLayout layout(paragraph, font);
+  layout.setTextOption(option);
+  QStringList pieces;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    pieces.append(paragraph.mid(line.textStart(), line.textLength()).trimmed());
+  }
+  layout.endLayout();
+  return pieces;
+}
+
+} // namespace
 
 TextStrip::TextStrip(QWidget *parent) : QWidget(parent) {
   setCursor(Qt::OpenHandCursor);
@@ -56,33 +82,38 @@ void TextStrip::SetBright(double top, double bottom) {
 }
 
 void TextStrip::LayOut() {
-  m_layouts.clear();
   m_lines.clear();
+  if (m_content.fontPx <= 0 || m_content.width <= 0)
+    return;
   QFont font(m_content.family);
   font.setBold(m_content.bold);
   font.setHintingPreference(QFont::PreferNoHinting);
-  // A pixel size would be whole; through points the measured size comes out to the fraction.
-  font.setPointSizeF(std::max(1.0, m_content.fontPx * 72.0 / logicalDpiY()));
+  font.setKerning(true);
+  // A pixel size would be whole; through points the wanted size comes out to the fraction.
+  QFont reference = font;
+  reference.setPixelSize(ReferencePixels);
+  font.setPointSizeF(m_content.fontPx * 72.0 / logicalDpiY());
 
   QTextOption option(m_content.alignment);
-  option.setWrapMode(QTextOption::WordWrap);
+  option.setWrapMode(QTextOption::NoWrap);
   QString text = m_content.text;
   text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
   const QStringList paragraphs = text.split(u'\n');
-  for (const QString &paragraph : paragraphs) {
-    auto layout = std::make_unique<QTextLayout>(paragraph, font, this);
-    layout->setTextOption(option);
-    layout->setCacheEnabled(true);
-    layout->beginLayout();
-    for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
-      line.setLineWidth(m_content.width);
-      const double spare = (m_content.lineHeight - line.height()) / 2;
-      line.setPosition({m_content.left, double(m_lines.size()) * m_content.lineHeight + spare});
-      m_lines.push_back({int(m_layouts.size()), line.lineNumber()});
+  for (const QString &paragraph : paragraphs)
+    for (const QString &piece : BreakLines(paragraph, reference, m_content.width * ReferencePixels / m_content.fontPx)) {
+      auto layout = std::make_unique<QTextLayout>(piece, font, this);
+      layout->setTextOption(option);
+      layout->setCacheEnabled(true);
+      layout->beginLayout();
+      QTextLine line = layout->createLine();
+      if (line.isValid()) {
+        line.setLineWidth(m_content.width);
+        const double spare = (m_content.lineHeight - line.height()) / 2;
+        line.setPosition({m_content.left, double(m_lines.size()) * m_content.lineHeight + spare});
+      }
+      layout->endLayout();
+      m_lines.push_back(std::move(layout));
     }
-    layout->endLayout();
-    m_layouts.push_back(std::move(layout));
-  }
 }
 
 void TextStrip::PaintFrame(QPainter &painter, const QRectF &frame) {
@@ -102,10 +133,8 @@ void TextStrip::PaintLines(QPainter &painter, const QColor &colour, double from,
   const int count = int(m_lines.size());
   const int first = std::clamp(int(std::floor((from - m_top) / height)), 0, count);
   const int last = std::clamp(int(std::ceil((to - m_top) / height)), 0, count);
-  for (int i = first; i < last; ++i) {
-    const Line &at = m_lines[size_t(i)];
-    m_layouts[size_t(at.layout)]->lineAt(at.index).draw(&painter, {0, m_top});
-  }
+  for (int i = first; i < last; ++i)
+    m_lines[size_t(i)]->draw(&painter, {0, m_top});
 }
 
 void TextStrip::paintEvent(QPaintEvent *) {

@@ -10,8 +10,9 @@
 namespace tolmira {
 
 // A tall text that slides behind a fixed frame. What lies in the frame is bright, the rest dimmed, and one span can be
-// marked in a colour. The text is laid out once when its content changes; a move only paints. All lengths are pixels
-// with fractions, in the coordinates of this widget except where "in the strip" is said.
+// marked in a colour. The text is laid out once when its content changes; a move only paints. Lines break where
+// a measure without hinting breaks them, at any size. All lengths are pixels with fractions, in the coordinates of this
+// widget except where "in the strip" is said.
 class TextStrip : public QWidget {
   Q_OBJECT
 
@@ -57,10 +58,6 @@ protected:
   void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-  struct Line {
-    int layout;
-    int index; // inside its layout
-  };
   void LayOut();
   void PaintLines(QPainter &painter, const QColor &colour, double from, double to) const;
 
@@ -72,8 +69,7 @@ private:
   double m_markTop = 0;
   double m_markBottom = 0;
   QColor m_markColour;
-  std::vector<std::unique_ptr<QTextLayout>> m_layouts; // one a paragraph
-  std::vector<Line> m_lines;
+  std::vector<std::unique_ptr<QTextLayout>> m_lines;
   bool m_dragging = false;
 };
 

@@ -4,6 +4,7 @@
 
 #include "app/command_line.h"
 #include "app/program.h"
+#include "controls/ui/palette.h"
 #include "display/ui/graphics_backend.h"
 
 using namespace tolmira;
@@ -23,6 +24,8 @@ int main(int argc, char *argv[]) {
   QApplication::setApplicationName(QStringLiteral("Tolmira"));
   QApplication::setApplicationVersion(QStringLiteral(TOLMIRA_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);
+
+  ApplyLook(application);
 
   Program program(line);
   // quit() during the start, from a message box that was answered by closing the program, has to find a running loop.

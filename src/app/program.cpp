@@ -114,7 +114,10 @@ void Program::Impl::MakeStartup() {
   janelas.CarregaFontes = [] {};
   janelas.PosicionaTelao = [this](const PlacaDoTelao &placa) { PlaceDisplay(placa); };
   janelas.AjustaPreview = [this] { console->AjustaPreview(); };
-  janelas.positionInicial = [this] { console->positionInicial(); };
+  janelas.positionInicial = [this] {
+    console->positionInicial();
+    console->show();
+  };
   janelas.CriaPrevia = [this] { return console->CriaPrevia(); };
   janelas.CriaTelao = [this] { return quendar && quendar->CriaBrowser(); };
   janelas.MostraTelao = [this] { core->canal.SendToDisplay(QStringLiteral("Show")); };

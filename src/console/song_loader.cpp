@@ -14,10 +14,9 @@ namespace tolmira {
 
 namespace {
 
-// The frame takes the projection's proportions, as wide as the panel lets it and never higher than this part of it.
-constexpr double AlturaDoQuadro = 0.7;
-// The part of the frame that a verse may fill.
-constexpr double ParteDoQuadro = 0.72;
+// The frame takes the projection's proportions, as wide as the panel lets it and never higher than this part of it. A
+// stanza that is as tall as the frame is split.
+constexpr double AlturaDoQuadro = 0.72;
 constexpr double LarguraDaFaixa = 0.72;
 constexpr double FatorFonteGrande = 1.2;
 
@@ -114,9 +113,8 @@ void SongLoader::PreparaTexto(const QString &path) {
 
   FaixaTexto &faixa = m_console.faixa;
   estado.PaginandoEstrofes = true;
-  const int limite = static_cast<int>(ParteDoQuadro * faixa.FrameHeight);
   const PaginatedSong paged =
-      PaginateVerses(texto, {faixa.Label1Fonte, static_cast<double>(faixa.Label1Largura) / TwipsPerPixel, limite},
+      PaginateVerses(texto, {faixa.Label1Fonte, static_cast<double>(faixa.Label1Largura) / TwipsPerPixel, faixa.FrameHeight},
                      m_console.measure);
   estado.Estrofes = paged.Estrofes;
   estado.TotalEstrofes = paged.TotalEstrofes;

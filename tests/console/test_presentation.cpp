@@ -110,9 +110,8 @@ private slots:
       QCOMPARE(Estado().TextoEstrofes.value(n - 1), verse.replace(QStringLiteral("\r\n"), QStringLiteral("<br>")));
       QVERIFY(Estado().Estrofes[static_cast<size_t>(n)].Base >= Estado().Estrofes[static_cast<size_t>(n)].Topo);
     }
-    const int limit = m_fixture->core.faixa.FrameHeight * 72 / 100;
     if (song.size() > 100)
-      QVERIFY(Estado().Estrofes[1].Base - Estado().Estrofes[1].Topo < limit);
+      QVERIFY(Estado().Estrofes[1].Base - Estado().Estrofes[1].Topo < m_fixture->core.faixa.FrameHeight);
   }
 
   void capitalsComeFromTheTheme() {

@@ -32,7 +32,9 @@ EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent
     label->setProperty("look", QLatin1String(look));
     return label;
   };
-  column->addWidget(caption(tr("Effects and filters"), "caps"));
+  QLabel *title = caption(tr("Effects and filters"), "caps");
+  title->setMinimumHeight(medidas::Heading);
+  column->addWidget(title);
   m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"));
   m_imagemExtra = MakeCombo("ComboEfeitoImagemExtra", tr("Variant of the picture effect"));
   m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect of the text"));

@@ -1,5 +1,7 @@
 #include "console/ui/preview_box.h"
 
+#include <algorithm>
+
 #include "console/monitors.h"
 #include "controls/ui/palette.h"
 #include "display/ui/picture_layer.h"
@@ -32,6 +34,9 @@ void PreviewBox::DefineMonitor(const QSize &monitor) {
 }
 
 void PreviewBox::AjustaPreview() {
+  // Room beyond the projection's proportions would only be an empty margin.
+  if (!m_monitor.isEmpty())
+    setMaximumHeight(std::max(minimumHeight(), (width() - 2) * m_monitor.height() / m_monitor.width() + 2));
   m_picWV->setGeometry(tolmira::AjustaPreview(size(), m_monitor));
   FitMirror();
 }

@@ -28,6 +28,8 @@ struct Banner {
   QString state; // selects the colours
 };
 
+constexpr int AlturaDoAviso = 44; // px
+
 // What the congregation sees, in as few words as can be.
 Banner BannerOf(const EstadoConsole &estado) {
   const QString held = QStringLiteral("held");
@@ -54,16 +56,17 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(medidas::Gap);
   preview->setParent(this);
-  column->addWidget(preview, 1);
+  column->addWidget(preview, 20);
 
   m_banner = new QLabel(this);
   m_banner->setObjectName(QStringLiteral("LbEstadoTela"));
   m_banner->setProperty("look", QStringLiteral("banner"));
   m_banner->setAlignment(Qt::AlignCenter);
-  m_banner->setFixedHeight(44);
+  m_banner->setMinimumHeight(AlturaDoAviso);
+  m_banner->setMaximumHeight(2 * AlturaDoAviso);
   m_banner->setAccessibleName(tr("State of the projection"));
   m_banner->setToolTip(tr("What the projection shows now"));
-  column->addWidget(m_banner);
+  column->addWidget(m_banner, 2);
 
   auto *states = new QVBoxLayout;
   states->setSpacing(medidas::Step);
@@ -78,7 +81,7 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
     states->addWidget(state);
     m_lbTela[static_cast<size_t>(i)] = state;
   }
-  column->addLayout(states);
+  column->addLayout(states, 5);
 
   auto *reference = new QLineEdit(this);
   reference->setObjectName(QStringLiteral("Text2"));
@@ -86,7 +89,14 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
   reference->setAccessibleName(tr("Quick Bible reference"));
   reference->setEnabled(false);
   reference->setToolTip(AindaNao());
+  column->addStretch(1);
   column->addWidget(reference);
+}
+
+void ScreenPanel::resizeEvent(QResizeEvent *event) {
+  QWidget::resizeEvent(event);
+  layout()->activate();
+  SetLook(m_banner, "size", m_banner->height() > 3 * AlturaDoAviso / 2 ? QStringLiteral("large") : QString());
 }
 
 void ScreenPanel::Atualiza() {

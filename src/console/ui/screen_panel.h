@@ -21,6 +21,9 @@ public:
   ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *parent);
   void Atualiza();
 
+protected:
+  void resizeEvent(QResizeEvent *event) override;
+
 private:
   ConsoleParts m_parts;
   QLabel *m_banner;

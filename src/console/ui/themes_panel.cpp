@@ -36,6 +36,7 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   auto *head = new QHBoxLayout;
   auto *title = new QLabel(tr("Themes"), this);
   title->setProperty("look", QStringLiteral("caps"));
+  title->setMinimumHeight(medidas::Heading);
   head->addWidget(title);
   head->addStretch(1);
   m_altera = new QCheckBox(tr("Change the theme with every &item"), this);

@@ -34,9 +34,11 @@ void HintLabel::SetMaximumTextWidth(int px) {
   const int natural = m_text->fontMetrics().size(0, m_text->text()).width() + 2;
   const bool wrap = natural > px;
   m_text->setWordWrap(wrap);
-  m_text->setFixedWidth(wrap ? px : natural);
-  m_text->setMinimumHeight(wrap ? m_text->heightForWidth(px) : 0);
-  adjustSize();
+  const int width = wrap ? px : natural;
+  m_text->setFixedSize(width, m_text->heightForWidth(width) > 0 ? m_text->heightForWidth(width)
+                                                                 : m_text->fontMetrics().height());
+  layout()->activate();
+  resize(layout()->minimumSize());
 }
 
 } // namespace tolmira

@@ -35,6 +35,7 @@ inline constexpr int Margin = 12;
 inline constexpr int Corner = 6;
 inline constexpr int Control = 30; // height of buttons, boxes and rows
 inline constexpr int Icon = 18;
+inline constexpr int Heading = 24; // line above a block
 } // namespace medidas
 
 QPalette DeskPalette();

@@ -13,7 +13,8 @@ StateButton::StateButton(const QString &caption, QLatin1String drawing, QRgb col
   setText(caption);
   setCheckable(true);
   setFocusPolicy(Qt::StrongFocus);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  setMaximumHeight(46);
   setAccessibleName(caption.trimmed());
 }
 
@@ -50,7 +51,7 @@ void StateButton::paintEvent(QPaintEvent *) {
   if (isChecked()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_colour);
-    painter.drawRoundedRect(QRectF(face.left() + 4, face.top() + 7, 4, face.height() - 14), 2, 2);
+    painter.drawRoundedRect(QRectF(face.left() + 4, face.top() + 8, 4, face.height() - 16), 2, 2);
   }
   const QRect iconRect(16, (height() - medidas::Icon) / 2, medidas::Icon, medidas::Icon);
   (isChecked() ? m_iconChosen : m_icon).paint(&painter, iconRect);

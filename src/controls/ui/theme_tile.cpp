@@ -82,19 +82,20 @@ void ThemeTile::paintEvent(QPaintEvent *) {
   small.setBold(true);
   painter.setFont(small);
   const QFontMetricsF metrics(small);
-  const auto plate = [&](const QString &text, bool right) {
+  const auto plate = [&](const QString &text, bool upperLeft) {
     const double w = std::max(metrics.horizontalAdvance(text) + 8, 16.0);
     const double h = 15;
-    const QRectF at(right ? face.right() - w - 3 : face.left() + 3, face.bottom() - h - 3, w, h);
+    const QRectF at = upperLeft ? QRectF(face.left() + 3, face.top() + 3, w, h)
+                                : QRectF(face.right() - w - 3, face.bottom() - h - 3, w, h);
     PaintPlate(painter, at);
     painter.setPen(QColor(cores::Text));
     painter.drawText(at, Qt::AlignCenter, text);
   };
-  plate(QString::number(m_number), false);
+  plate(QString::number(m_number), true);
   if (!m_content.count.isEmpty())
-    plate(m_content.count, true);
+    plate(m_content.count, false);
   if (m_content.video) {
-    const QRectF badge(face.left() + 3, face.top() + 3, 18, 15);
+    const QRectF badge(face.right() - 18 - 3, face.bottom() - 15 - 3, 18, 15);
     PaintPlate(painter, badge);
     QPainterPath play;
     play.moveTo(badge.left() + 6, badge.top() + 4);

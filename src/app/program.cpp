@@ -127,7 +127,9 @@ void Program::Impl::MakeStartup() {
   };
   janelas.CarregaTiles = [this] { console->CarregaTiles(); };
   janelas.DescarregaJanelas = [this] {
-    control.reset();
+    // It may be one of its requests that closes the program.
+    if (control)
+      control->Close();
     if (quendar)
       quendar->hide();
     QCoreApplication::quit();

@@ -26,8 +26,6 @@ int main(int argc, char *argv[]) {
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(application);
 
-  ApplyLook(application);
-
   Program program(line);
   // quit() during the start, from a message box that was answered by closing the program, has to find a running loop.
   if (!program.Start())

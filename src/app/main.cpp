@@ -27,8 +27,7 @@ int main(int argc, char *argv[]) {
   ApplyLook(application);
 
   Program program(line);
-  // quit() during the start, from a message box that was answered by closing the program, has to find a running loop.
-  if (!program.Start())
-    return 1;
+  if (const std::optional<int> exitCode = program.Start())
+    return *exitCode;
   return QApplication::exec();
 }

@@ -39,7 +39,11 @@ const char *UnscaledMode(bool stretch) { return stretch ? "no" : "downscale-big"
 } // namespace
 
 struct MpvPlayer::Impl : public QObject {
-  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {}
+  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {
+    // The first GL widget that comes to a window on show has that window made anew, so this one is there from the start.
+    if (drawing == VideoDrawing::Gl)
+      surface = NewGlVideoSurface(picwmp);
+  }
   ~Impl() override {
     surface.reset();
     if (mpv) {
@@ -131,7 +135,8 @@ bool MpvPlayer::Impl::Ensure() {
       },
       this);
 
-  surface = drawing == VideoDrawing::Gl ? NewGlVideoSurface(picwmp) : NewSoftwareVideoSurface(picwmp);
+  if (!surface)
+    surface = NewSoftwareVideoSurface(picwmp);
   surface->Attach(mpv);
   Place();
   Text("volume", QByteArray::number(volume).constData());

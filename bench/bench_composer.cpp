@@ -10,7 +10,7 @@ using namespace tolmira;
 namespace {
 
 // A display that swallows its commands: only the composing is measured.
-class NullDisplay : public Display {
+class NullDisplay : public tolmira::Display {
 public:
   void ProcessaComando(const QString &) override {}
   PageObject *WV() override { return nullptr; }
@@ -27,9 +27,10 @@ struct Composer {
   NullDisplay display;
   FontTextMeasure measure;
   SystemRandom random;
-  DisplayChannel canal{estado, [this]() -> Display * { return &display; }};
-  LyricsComposer letras{estado,  ajustes, canal, [this]() -> Display * { return &display; }, [] { return nullptr; },
-                        measure, random};
+  DisplayChannel canal{estado, [this]() -> tolmira::Display * { return &display; }};
+  LyricsComposer letras{
+      estado,  ajustes, canal, [this]() -> tolmira::Display * { return &display; }, [] { return nullptr; },
+      measure, random};
 
   Composer() {
     estado.TelaPronta = true;

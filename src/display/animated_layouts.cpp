@@ -43,11 +43,12 @@ struct Lado {
 constexpr Lado Esquerdo{u"textoL", u"animaL"};
 constexpr Lado Direito{u"textoR", u"animaR"};
 
-QString Linha(const LayoutAnimado &layout, const Lado &lado, int numero, int ordem, const QString &texto,
-              double percentual, double maximoEm, bool destaque) {
+// `numero` counts the lines of the verse, `ordem` says when the line comes in; both from 1.
+QString Linha(const LayoutAnimado &layout, const Lado &lado, qsizetype numero, qsizetype ordem, const QString &texto,
+              const QString &tamanho, bool destaque) {
   return u"<div id='texto" + QString::number(numero) + u"' class='" + lado.texto + u' ' + lado.anima +
-         QString::number(std::min(ordem, MaisAtrasos)) + u' ' + layout.efeito + u" [efeito]' style='font-size:" +
-         layout.tamanho(texto, percentual, maximoEm) + u"em;" + (destaque ? u" color: yellow;" : u"") + u"'>" + texto +
+         QString::number(std::min<qsizetype>(ordem, MaisAtrasos)) + u' ' + layout.efeito +
+         u" [efeito]' style='font-size:" + tamanho + u"em;" + (destaque ? u" color: yellow;" : u"") + u"'>" + texto +
          u"</div>";
 }
 
@@ -70,41 +71,43 @@ QString MontaBlocos(const QStringList &linhas, const LayoutAnimado &layout) {
     // The lines that are left, shared out over the groups that are left, the larger shares first.
     const qsizetype fim = n + (total - n + blocos - bloco) / (blocos - bloco + 1);
     const bool destaque = fim - n > 1;
-    for (bool primeira = true; n < fim; ++n, primeira = false)
-      html += Linha(layout, bloco % 2 ? Esquerdo : Direito, static_cast<int>(n + 1), static_cast<int>(n + 1), linhas[n],
-                    LarguraPorcento, primeira ? em * DestaqueDaLinha : em, primeira && destaque);
+    for (bool primeira = true; n < fim; ++n, primeira = false) {
+      const QString tamanho = layout.tamanho(linhas[n], LarguraPorcento, primeira ? em * DestaqueDaLinha : em);
+      html += Linha(layout, bloco % 2 ? Esquerdo : Direito, n + 1, n + 1, linhas[n], tamanho, primeira && destaque);
+    }
     html += u"</div>";
   }
   return html + u"</div>";
 }
 
-// The first half of the lines left of the bar, the second half right of it.
+// The first half of the lines left of the bar, the second half right of it. A single line stands left of the bar, both
+// in the middle.
 QString MontaColunas(const QStringList &linhas, const LayoutAnimado &layout) {
   const qsizetype total = linhas.size();
   const qsizetype aEsquerda = (total + 1) / 2;
   const bool duas = total > 1;
-  const int larguraVw = duas ? 42 : 84;
-  const double percentual = larguraVw - 1;
-  const double peso = static_cast<double>(aEsquerda) + DestaqueDaLinha - 1;
-  const double em = TamanhoQueCabe(layout, total, peso, MargemEm);
+  const QString largura = duas ? QStringLiteral("42vw") : QStringLiteral("fit-content");
+  const double percentual = duas ? 41 : 83;
+  const double em = TamanhoQueCabe(layout, total, static_cast<double>(aEsquerda) + DestaqueDaLinha - 1, MargemEm);
+
+  double altura = 0; // of the higher column
+  const auto coluna = [&](const Lado &lado, QStringView classe, qsizetype de, qsizetype ate) {
+    QString html = u"<div class='" + classe + u"' style='width:" + largura + u";'>";
+    double soma = 0;
+    for (qsizetype n = de; n < ate; ++n) {
+      const QString tamanho = layout.tamanho(linhas[n], percentual, n == 0 ? em * DestaqueDaLinha : em);
+      html += Linha(layout, lado, n + 1, n - de + 1, linhas[n], tamanho, n == 0 && duas);
+      soma += NumericPrefix(tamanho);
+    }
+    altura = std::max(altura, soma * NumericPrefix(layout.alturaLinha));
+    return QString(html + u"</div>");
+  };
 
   QString html = Abre(layout, u"text-container", u"flex-direction:row; gap:1.6vw;");
-  if (total == 0)
-    return html + u"</div>";
-
-  const QString largura = QString::number(larguraVw) + u"vw;'>";
-  int numero = 0;
-  html += u"<div class='blocoTextoL' style='width:" + largura;
-  for (int ordem = 1; ordem <= aEsquerda; ++ordem, ++numero)
-    html += Linha(layout, Esquerdo, numero + 1, ordem, linhas[numero], percentual,
-                  ordem == 1 ? em * DestaqueDaLinha : em, ordem == 1 && duas);
-  const double alturaBarra = static_cast<double>(aEsquerda) * em * NumericPrefix(layout.alturaLinha);
-  html += u"</div><div class='cor1' style='height:" + QString::number(alturaBarra, 'f', 2) + u"em;'></div>";
-  if (duas) {
-    html += u"<div class='blocoTextoR' style='width:" + largura;
-    for (int ordem = 1; numero < total; ++ordem, ++numero)
-      html += Linha(layout, Direito, numero + 1, ordem, linhas[numero], percentual, em, false);
-    html += u"</div>";
+  if (total > 0) {
+    const QString esquerda = coluna(Esquerdo, u"blocoTextoL", 0, aEsquerda);
+    const QString direita = duas ? coluna(Direito, u"blocoTextoR", aEsquerda, total) : QString();
+    html += esquerda + u"<div class='cor1' style='height:" + QString::number(altura, 'f', 2) + u"em;'></div>" + direita;
   }
   return html + u"</div>";
 }

@@ -31,13 +31,19 @@ QByteArray MediaTarget(const QString &stored) {
   return MapStoredPath(path).text().toUtf8();
 }
 
+QLatin1String Word(bool value) { return value ? QLatin1String("true") : QLatin1String("false"); }
+
 // Stretched or not, a picture keeps its aspect; a small one is enlarged only when it is to fit.
 const char *UnscaledMode(bool stretch) { return stretch ? "no" : "downscale-big"; }
 
 } // namespace
 
 struct MpvPlayer::Impl : public QObject {
-  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {}
+  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {
+    // The first GL widget that comes to a window on show has that window made anew, so this one is there from the start.
+    if (drawing == VideoDrawing::Gl)
+      surface = NewGlVideoSurface(picwmp);
+  }
   ~Impl() override {
     surface.reset();
     if (mpv) {
@@ -129,7 +135,8 @@ bool MpvPlayer::Impl::Ensure() {
       },
       this);
 
-  surface = drawing == VideoDrawing::Gl ? NewGlVideoSurface(picwmp) : NewSoftwareVideoSurface(picwmp);
+  if (!surface)
+    surface = NewSoftwareVideoSurface(picwmp);
   surface->Attach(mpv);
   Place();
   Text("volume", QByteArray::number(volume).constData());
@@ -313,7 +320,7 @@ void MpvPlayer::SetVolume(int volume) {
 
 void MpvPlayer::SetLoop(bool loop) {
   Impl &d = *m_impl;
-  d.Say(QStringLiteral("settings.setMode(loop,") + (loop ? u"true)" : u"false)"));
+  d.Say(QStringLiteral("settings.setMode(loop,%1)").arg(Word(loop)));
   d.loop = loop;
   d.Text("loop-file", loop ? "inf" : "no");
 }
@@ -322,12 +329,12 @@ PlayState MpvPlayer::State() const { return m_impl->state; }
 
 void MpvPlayer::SetStretchToFit(bool stretch) {
   Impl &d = *m_impl;
-  d.Say(QStringLiteral("stretchToFit=") + (stretch ? u"true" : u"false"));
+  d.Say(QStringLiteral("stretchToFit=%1").arg(Word(stretch)));
   d.stretch = stretch;
   d.Text("video-unscaled", UnscaledMode(stretch));
 }
 
-void MpvPlayer::SetFullScreen(bool full) { m_impl->Say(QStringLiteral("fullScreen=") + (full ? u"true" : u"false")); }
+void MpvPlayer::SetFullScreen(bool full) { m_impl->Say(QStringLiteral("fullScreen=%1").arg(Word(full))); }
 
 void MpvPlayer::SetUiMode(const QString &mode) { m_impl->Say(QStringLiteral("uiMode=") + mode); }
 

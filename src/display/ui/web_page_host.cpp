@@ -9,6 +9,7 @@
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QPointer>
+#include <QQuickWidget>
 #include <QTimer>
 #include <QWebEngineView>
 
@@ -22,6 +23,7 @@
 #include "display/page_address.h"
 #include "display/script_queue.h"
 #include "display/ui/held_picture.h"
+#include "display/ui/prompt_drawing.h"
 #include "display/ui/web_page.h"
 
 namespace tolmira {
@@ -111,6 +113,7 @@ struct WebPageHost::Impl : public PageObject {
   std::unique_ptr<WebPage> page;
   std::unique_ptr<QWebEngineView> view;
   HeldPicture *held = nullptr;
+  PromptDrawing promptDrawing{nullptr};
 
   ScriptQueue queue;
   QUrl address; // of the page that is or should be there
@@ -296,6 +299,8 @@ void WebPageHost::Impl::ReleasePicture() {
 void WebPageHost::Impl::Tame(QWidget *widget) {
   widget->setFocusPolicy(Qt::NoFocus);
   widget->installEventFilter(&host);
+  if (auto *drawing = qobject_cast<QQuickWidget *>(widget))
+    promptDrawing.Watch(drawing);
 }
 
 // The engine takes the focus at a mouse press by itself, whatever the widget's policy.

@@ -1,5 +1,7 @@
 #include "display/display_channel.h"
 
+#include <QRegularExpression>
+
 namespace tolmira {
 
 DisplayChannel::DisplayChannel(const EstadoConsole &estado, std::function<Display *()> display)
@@ -51,12 +53,8 @@ void CallPageScript(PageObject *pagina, const QString &nome, QString &&a1, const
 }
 
 QString EscapaApostrofos(QString texto) {
-  const QString escapado = QStringLiteral("\\'");
-  const QString guardado = QStringLiteral("|x|");
-  texto.replace(escapado, guardado);
-  texto.replace(u'\'', escapado);
-  texto.replace(guardado, escapado);
-  return texto;
+  static const QRegularExpression unescaped(QStringLiteral("(?<!\\\\)'"));
+  return texto.replace(unescaped, QStringLiteral("\\'"));
 }
 
 } // namespace tolmira

@@ -137,25 +137,22 @@ QStringList RemoteProgram::OpenBoxes() {
 }
 
 QList<qint64> RemoteProgram::Renderers() const {
-  QList<qint64> found;
-  // Descendants of the program whose command line says that they draw pages.
-  QList<qint64> family{Pid()};
-  const QStringList processes = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
-  for (qsizetype i = 0; i < family.size(); ++i)
-    for (const QString &process : processes) {
-      bool number = false;
-      const qint64 pid = process.toLongLong(&number);
+  // Render processes are forked by a helper of the engine, which makes them the program's grandchildren.
+  const auto childrenOf = [](qint64 parent) {
+    QList<qint64> children;
+    for (const QString &process : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
       QFile stat(QStringLiteral("/proc/%1/stat").arg(process));
-      if (!number || !stat.open(QIODevice::ReadOnly))
+      if (!stat.open(QIODevice::ReadOnly))
         continue;
       const QByteArray line = stat.readAll();
-      const qint64 parent = line.mid(line.lastIndexOf(')') + 2).split(' ').value(1).toLongLong();
-      if (parent != family[i] || family.contains(pid))
-        continue;
-      family.append(pid);
-      QFile command(QStringLiteral("/proc/%1/cmdline").arg(process));
-      if (command.open(QIODevice::ReadOnly) && command.readAll().contains("--type=renderer"))
-        found.append(pid);
+      if (line.mid(line.lastIndexOf(')') + 2).split(' ').value(1).toLongLong() == parent)
+        children.append(process.toLongLong());
     }
+    children.removeAll(0);
+    return children;
+  };
+  QList<qint64> found;
+  for (const qint64 helper : childrenOf(Pid()))
+    found += childrenOf(helper);
   return found;
 }

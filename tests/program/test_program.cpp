@@ -47,7 +47,7 @@ private slots:
     for (const int slot : {1, 3, 11}) { // pictures, a video, a colour
       program.Do(QStringLiteral("theme"), {{QStringLiteral("slot"), slot}});
       QVERIFY(program.WaitFor(QStringLiteral("IndiceTema"), slot));
-      QTRY_VERIFY_WITH_TIMEOUT(Brightest(program.Grab(QStringLiteral("FrmQuendar"))) > 40, 20000);
+      QTRY_VERIFY_WITH_TIMEOUT(Brightest(program.Grab(QStringLiteral("FrmQuendar"))) > 20, 20000);
     }
     QVERIFY(program.Quit());
   }

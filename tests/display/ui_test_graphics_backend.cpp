@@ -1,6 +1,6 @@
-#include <QTest>
-
 #include "display/ui/graphics_backend.h"
+
+#include <QTest>
 
 using namespace tolmira;
 

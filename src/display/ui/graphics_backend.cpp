@@ -1,17 +1,15 @@
 #include "display/ui/graphics_backend.h"
 
+#include <EGL/egl.h>
 #include <QDir>
 #include <QFile>
 #include <QList>
 #include <QtGlobal>
-
 #include <dlfcn.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <EGL/egl.h>
 
 namespace tolmira {
 

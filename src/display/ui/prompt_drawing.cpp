@@ -11,7 +11,9 @@ PromptDrawing::PromptDrawing(QObject *parent) : QObject(parent) {
   connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [this] { DrawNow(); });
 }
 
-void PromptDrawing::Watch(QQuickWidget *widget) { m_widget = widget; }
+void PromptDrawing::Watch(QQuickWidget *widget) {
+  m_widget = widget;
+}
 
 void PromptDrawing::DrawNow() {
   if (!m_widget)

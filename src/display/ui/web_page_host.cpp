@@ -1,5 +1,11 @@
 #include "display/ui/web_page_host.h"
 
+#include "display/page_address.h"
+#include "display/script_queue.h"
+#include "display/ui/held_picture.h"
+#include "display/ui/prompt_drawing.h"
+#include "display/ui/web_page.h"
+
 #include <QApplication>
 #include <QChildEvent>
 #include <QElapsedTimer>
@@ -12,19 +18,11 @@
 #include <QQuickWidget>
 #include <QTimer>
 #include <QWebEngineView>
-
 #include <algorithm>
 #include <map>
+#include <unistd.h>
 #include <utility>
 #include <vector>
-
-#include <unistd.h>
-
-#include "display/page_address.h"
-#include "display/script_queue.h"
-#include "display/ui/held_picture.h"
-#include "display/ui/prompt_drawing.h"
-#include "display/ui/web_page.h"
 
 namespace tolmira {
 
@@ -333,9 +331,13 @@ bool WebPageHost::CriaBrowser() {
   return true;
 }
 
-PageObject *WebPageHost::WV() { return m_impl->view ? m_impl.get() : nullptr; }
+PageObject *WebPageHost::WV() {
+  return m_impl->view ? m_impl.get() : nullptr;
+}
 
-void WebPageHost::AddObserver(DisplayObserver *observer) { m_impl->observers.push_back(observer); }
+void WebPageHost::AddObserver(DisplayObserver *observer) {
+  m_impl->observers.push_back(observer);
+}
 
 void WebPageHost::resizeEvent(QResizeEvent *) {
   if (!m_impl->view)

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLoggingCategory>
 
 #include <cstdio>
 
@@ -20,6 +21,8 @@ int main(int argc, char *argv[]) {
   }
 
   ChooseGraphicsBackend(line.graphics);
+  // The engine tells its whole configuration at every start; QT_LOGGING_RULES brings it back for who wants it.
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.debug=false"));
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tolmira"));
   QApplication::setApplicationVersion(QStringLiteral(TOLMIRA_VERSION));

@@ -35,6 +35,7 @@ public:
   void positionInicial(); // writes the default rectangle, fills the work area and shows the window
   bool CriaPrevia();      // the engine on the preview; false when it cannot start
   WebPageHost *PicWV();
+  void TakeKeysOf(QWidget *window); // keys that reach that window count as the console's
 
   void AlternaTamanho(); // Image3: work area or the normal rectangle
 

@@ -30,6 +30,8 @@ void ConsoleStartup::Load() {
   m_janelas.CarregaFontes();
   m_controles.LeAjustes();
   m_placa = PosicionarFrmQuendar(m_monitores, m_console.prompt);
+  if (m_descarregado)
+    return; // closed from outside while the message stood
   m_janelas.PosicionaTelao(m_placa);
   m_janelas.AjustaPreview();
   estado.ConsoleCarregado = true;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/verse_text.h"
 #include "foundation/text_fields.h"
 
 namespace tolmira {
@@ -48,8 +49,8 @@ QString Linha(const LayoutAnimado &layout, const Lado &lado, qsizetype numero, q
               const QString &tamanho, bool destaque) {
   return u"<div id='texto" + QString::number(numero) + u"' class='" + lado.texto + u' ' + lado.anima +
          QString::number(std::min<qsizetype>(ordem, MaisAtrasos)) + u' ' + layout.efeito +
-         u" [efeito]' style='font-size:" + tamanho + u"em;" + (destaque ? u" color: yellow;" : u"") + u"'>" + texto +
-         u"</div>";
+         u" [efeito]' style='font-size:" + tamanho + u"em;" + (destaque ? u" color: yellow;" : u"") + u"'>" +
+         TextoParaPagina(texto) + u"</div>";
 }
 
 // Groups of two lines, or of more where five groups of two are not enough. Groups come in from the left and from the

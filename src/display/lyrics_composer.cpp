@@ -4,6 +4,7 @@
 
 #include "display/animated_layouts.h"
 #include "display/effects.h"
+#include "display/verse_text.h"
 #include "foundation/text_fields.h"
 
 namespace tolmira {
@@ -68,6 +69,8 @@ void LyricsComposer::ExibeVerso(int posicao, bool comEfeito) {
   const bool animado = m_ajustes.EstiloLouvor >= PrimeiroEstiloAnimado;
 
   QString h = MontaVerso(verso);
+  // An apostrophe that the song's author escaped already has two backslashes by now.
+  h.replace(QStringLiteral("\\\\'"), QStringLiteral("\\'"));
   QString semEfeito = h;
   semEfeito.remove(SlotEfeito());
   // Each line of an animated layout names an effect of its own already.
@@ -80,7 +83,6 @@ void LyricsComposer::ExibeVerso(int posicao, bool comEfeito) {
     // This draw changes nothing that is sent. It stays because the draws behind it would come out otherwise.
     if (animado)
       SorteiaEfeito(ListaEfeitosSelecionados, m_random);
-    h.replace(QStringLiteral("\\\\'"), QStringLiteral("\\'"));
     Envia(h, verso);
   }
   m_estado.VersoHtmlAtual = h;
@@ -88,14 +90,15 @@ void LyricsComposer::ExibeVerso(int posicao, bool comEfeito) {
 }
 
 void LyricsComposer::Envia(QString &html, const QString &verso) {
-  m_canal.SendToDisplay(u"UpdateText|#" + html + u"|#|#|#" + verso);
+  m_canal.SendToDisplay(u"UpdateText|#" + html + u"|#|#|#" + SemSeparador(verso));
   CallPageScript(m_previa ? m_previa() : nullptr, QStringLiteral("UpdateTextHtml"), html);
 }
 
-QString LyricsComposer::MontaVerso(const QString &texto) {
+QString LyricsComposer::MontaVerso(const QString &verso) {
   if (m_ajustes.EstiloLouvor >= PrimeiroEstiloAnimado)
-    return EscapaApostrofos(MontaAnimado(texto));
+    return EscapaApostrofos(MontaAnimado(verso));
 
+  const QString texto = TextoParaPagina(verso);
   const QStringList linhas = SplitText(texto, QStringLiteral("<br>"));
   const int quantas = static_cast<int>(linhas.size());
   // Long verses mostly come in as one block, short ones line by line. The draw is made for every verse.
@@ -103,7 +106,7 @@ QString LyricsComposer::MontaVerso(const QString &texto) {
   const QString efeitoBloco = emBloco ? SlotEfeito() : QString();
   const QString efeitoLinha = emBloco ? QString() : SlotEfeito();
 
-  const QString em = NumberText(TamanhoEm(texto, quantas));
+  const QString em = NumberText(TamanhoEm(verso, quantas));
   const QString alturaLinha = AlturaLinha(quantas);
   const QString alfa = AlfaFaixa(m_ajustes.TransparenciaFaixa);
   const int estilo = m_ajustes.EstiloLouvor;

@@ -26,7 +26,7 @@ public:
 
   void ExibeVerso(int posicao, bool comEfeito); // 1-based; -1 sends nothing
   // The only place where the layout is chosen. "[efeito]" is left in the result, apostrophes are escaped.
-  QString MontaVerso(const QString &texto);
+  QString MontaVerso(const QString &verso);
 
   // The size in em of the page's base size (`base`, points) at which the longest line of `texto` (lines end at CR LF)
   // takes at most `percentual` per cent of the display's width; never above `tamanho` points (1.3 times as much on a

@@ -4,12 +4,15 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLoggingCategory>
 #include <QSaveFile>
 #include <QUrl>
 #include <algorithm>
 
 namespace tolmira {
 namespace {
+
+Q_LOGGING_CATEGORY(logStore, "tolmira.store", QtWarningMsg)
 
 constexpr qint64 ReadStep = 256 * 1024;
 
@@ -69,11 +72,15 @@ bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
   if (path.isEmpty())
     return false;
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly))
+  if (!file.open(QIODevice::WriteOnly)) {
+    qCDebug(logStore) << "not written:" << path << file.errorString();
     return false;
+  }
   if (file.write(bytes) != bytes.size())
     file.cancelWriting();
-  return file.commit();
+  const bool written = file.commit();
+  qCDebug(logStore) << (written ? "written:" : "not written:") << path << bytes.size();
+  return written;
 }
 
 bool WriteTextFile(const QString &text, const QString &path, bool verify) {

@@ -1,10 +1,10 @@
-#include <QRegularExpression>
-#include <QtTest>
-
 #include "display/lyrics_composer.h"
 #include "support/fixed_measure.h"
 #include "support/recording_display.h"
 #include "support/scripted_random.h"
+
+#include <QRegularExpression>
+#include <QtTest>
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -72,6 +72,9 @@ private slots:
   void positionBeyondTheVersesIsAnEmptyVerse();
   void previewGetsTheVerseWhileCommandsAreDropped();
   void apostrophesReachThePageEscapedOnce();
+  void noVerseEndsItsScript_data();
+  void noVerseEndsItsScript();
+  void separatorOfFieldsInAVerseCutsNothing();
   void longVersesComeInAsOneBlock_data();
   void longVersesComeInAsOneBlock();
   void chanceIsBelowAndNotAt();
@@ -236,6 +239,53 @@ void TestLyricsComposer::apostrophesReachThePageEscapedOnce() {
   QVERIFY2(!QString(first).remove(QStringLiteral("\\'")).contains(u'\''), "one apostrophe would end the script's text");
   QVERIFY(show.Html(2, true).contains(u">D\\'Ele \\'sim\\'<"));
   QVERIFY2(show.estado.VersoTextoAtual == u"D\\'Ele 'sim'", "the verse itself stays as it is");
+}
+
+void TestLyricsComposer::noVerseEndsItsScript_data() {
+  QTest::addColumn<QString>("verso");
+  QTest::addColumn<QString>("html");
+  QTest::newRow("escape") << QStringLiteral("a\\u b") << QStringLiteral("a&#92;u b");
+  QTest::newRow("at the end") << QStringLiteral("fim\\") << QStringLiteral("fim&#92;");
+  QTest::newRow("before an apostrophe") << QStringLiteral("D\\'Ele") << QStringLiteral("D\\'Ele");
+  QTest::newRow("two before an apostrophe") << QStringLiteral("D\\\\'Ele") << QStringLiteral("D&#92;\\'Ele");
+  QTest::newRow("lone line ends") << QStringLiteral("a\rb\nc\n\nd") << QStringLiteral("a b c  d");
+  QTest::newRow("line separator") << QStringLiteral("a\u2028b\u2029c") << QStringLiteral("a b c");
+  QTest::newRow("references") << QStringLiteral("a&nbsp;b &#233; &#xE9;") << QStringLiteral("a&nbsp;b &#233; &#xE9;");
+  QTest::newRow("ampersands") << QStringLiteral("T&D &not &copyb; & &#; &&")
+                              << QStringLiteral("T&amp;D &amp;not &copyb; & &amp;#; &&");
+  QTest::newRow("mark of the escaping") << QStringLiteral("|x|") << QStringLiteral("|x|");
+}
+
+// What stands between the quotes is read as JavaScript reads it: the string ends at the first apostrophe without a
+// backslash, and a backslash takes the character behind it.
+void TestLyricsComposer::noVerseEndsItsScript() {
+  QFETCH(QString, verso);
+  QFETCH(QString, html);
+  for (const int estilo : {1, 2, 4, 7, 8}) {
+    Show show;
+    show.ajustes.EstiloLouvor = estilo;
+    show.estado.TextoEstrofes = {verso};
+    // The second time the verse is on show already and takes the other way.
+    for (int vez = 0; vez < 2; ++vez) {
+      show.letras.ExibeVerso(1, true);
+      const QString script = show.preview.scripts.last();
+      static const QRegularExpression whole(QStringLiteral("^UpdateTextHtml\\('(?:[^'\\\\\\r\\n]|\\\\')*'\\)$"));
+      QVERIFY2(whole.match(script).hasMatch(), qPrintable(script));
+      QVERIFY2(script.contains(QString(u'>' + html + u'<')), qPrintable(script));
+      QCOMPARE(show.estado.VersoTextoAtual, verso);
+      QCOMPARE(show.display.commands.last().section(QStringLiteral("|#"), 1, 1), script.mid(16, script.size() - 18));
+    }
+  }
+}
+
+void TestLyricsComposer::separatorOfFieldsInAVerseCutsNothing() {
+  Show show;
+  show.estado.TextoEstrofes = {QStringLiteral("Em|#Dó")};
+  show.letras.ExibeVerso(1, true);
+  const QStringList fields = show.display.commands.last().split(QStringLiteral("|#"));
+  QCOMPARE(fields.size(), 5);
+  QVERIFY2(fields[1].endsWith(u">Em&#124;#Dó</div></div>"), qPrintable(fields[1]));
+  QCOMPARE(fields[4], QStringLiteral("Em&#124;#Dó"));
 }
 
 void TestLyricsComposer::longVersesComeInAsOneBlock_data() {

@@ -2,10 +2,12 @@
 
 #include <QColor>
 #include <QTextLayout>
+#include <QFont>
+#include <QStringList>
 #include <QWidget>
 
 #include <memory>
-#include <vector>
+#include <unordered_map>
 
 namespace tolmira {
 
@@ -59,7 +61,8 @@ protected:
 
 private:
   void LayOut();
-  void PaintLines(QPainter &painter, const QColor &colour, double from, double to) const;
+  void PaintLines(QPainter &painter, const QColor &colour, double from, double to);
+  const QTextLayout &LayoutOf(int index);
 
   Content m_content;
   double m_top = 0;
@@ -69,7 +72,9 @@ private:
   double m_markTop = 0;
   double m_markBottom = 0;
   QColor m_markColour;
-  std::vector<std::unique_ptr<QTextLayout>> m_lines;
+  QFont m_font;
+  QStringList m_lines;
+  std::unordered_map<int, std::unique_ptr<QTextLayout>> m_layouts; // of the lines painted so far
   bool m_dragging = false;
 };
 

@@ -18,8 +18,9 @@ const QString ReporterName = QStringLiteral("tolmira-reporter");
 // Runs in a world of its own when a document begins, so it knows the number of the load that it belongs to.
 // Two timers in a row before "ready": the page's libraries call their start functions by one timer after
 // DOMContentLoaded. Pictures are decoded before the first frame counts as drawn, since the engine would otherwise draw
-// that frame without the large ones. What the page wants to leave for is stopped in the page: a navigation that the engine
-// has begun and the host refuses ends the document's own loading too, and a page may report while it still loads.
+// that frame without the large ones. What the page wants to leave for is stopped in the page: a navigation that the
+// engine has begun and the host refuses ends the document's own loading too, and a page may report while it still
+// loads.
 const QString ReporterSource = QStringLiteral(R"js(
 (function () {
   const say = what => console.info('%1:%2:' + what);
@@ -44,8 +45,7 @@ const QString ReporterSource = QStringLiteral(R"js(
 } // namespace
 
 WebPage::WebPage(QWebEngineProfile *profile, QObject *parent)
-    : QWebEnginePage(profile, parent),
-      m_token(QString::number(QRandomGenerator::system()->generate64(), 36)) {
+    : QWebEnginePage(profile, parent), m_token(QString::number(QRandomGenerator::system()->generate64(), 36)) {
   setBackgroundColor(QColor(Qt::black)); // before the first load, or a white flash is seen
   QWebEngineSettings *own = settings();
   own->setAttribute(QWebEngineSettings::ShowScrollBars, false);
@@ -90,7 +90,9 @@ bool WebPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool
   return !cancel;
 }
 
-QWebEnginePage *WebPage::createWindow(WebWindowType) { return nullptr; }
+QWebEnginePage *WebPage::createWindow(WebWindowType) {
+  return nullptr;
+}
 
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
                                        const QString &source) {

@@ -176,8 +176,11 @@ void Program::Impl::ScreensChanged() {
     screenTimer.start();
     return;
   }
+  console->AreaDeTrabalhoMudou();
   const PlacaDoTelao placa = EscolheTela(monitors);
-  if (!placa.segundoMonitor && noProjetor) {
+  core.painel.SemProjetor = !placa.segundoMonitor && noProjetor;
+  core.contexto.Atualiza();
+  if (core.painel.SemProjetor) {
     quendar->Esconde();
     return;
   }

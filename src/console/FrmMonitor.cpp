@@ -48,6 +48,7 @@ struct FrmMonitor::Impl {
   EffectsPanel *effects = nullptr;
   ConsoleKeys *keys = nullptr;
   bool fillsWorkArea = false;
+  QRect filled; // the rectangle that filled it, without the frame
 };
 
 FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_unique<Impl>(parts)) {
@@ -140,8 +141,14 @@ void FrmMonitor::positionInicial() {
 void FrmMonitor::FillWorkArea() {
   m_impl->fillsWorkArea = true;
   const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
-  setGeometry(screen()->availableGeometry().marginsRemoved(frame));
+  m_impl->filled = screen()->availableGeometry().marginsRemoved(frame);
+  setGeometry(m_impl->filled);
   m_impl->menus->SetMaximised(true);
+}
+
+void FrmMonitor::AreaDeTrabalhoMudou() {
+  if (m_impl->fillsWorkArea && geometry() == m_impl->filled)
+    FillWorkArea();
 }
 
 void FrmMonitor::AlternaTamanho() {

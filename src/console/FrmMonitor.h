@@ -38,6 +38,7 @@ public:
   void TakeKeysOf(QWidget *window); // keys that reach that window count as the console's
 
   void AlternaTamanho(); // Image3: work area or the normal rectangle
+  void AreaDeTrabalhoMudou(); // a console that filled the work area fills it again
 
   void Atualiza() override;
   void StripMoved() override;

@@ -40,6 +40,7 @@ struct PainelConsole {
   int ImgAlinhamentoVertical = 2;  // 0 flex-start, 1 flex-end, 2 center
   bool CommandBtEnabled = false;   // three buttons of text effects, and Command2
   int LBTelaMarcado = 0;           // index of the chosen screen state
+  bool SemProjetor = false;        // the monitor of the projection was taken away
 
   // tips
   bool PicAviso = false;           // "drag the text or press an arrow key"

@@ -284,6 +284,11 @@ private slots:
     QVERIFY(desk.display.telaPreta);
     QVERIFY(black->isChecked());
     QCOMPARE(banner->text(), QStringLiteral("BLACK SCREEN"));
+    desk.core.painel.SemProjetor = true; // whatever the state is, nobody sees it
+    desk.frm.Atualiza();
+    QCOMPARE(banner->text(), QStringLiteral("NO PROJECTOR"));
+    desk.core.painel.SemProjetor = false;
+    desk.frm.Atualiza();
     const QImage image = banner->grab().toImage();
     QCOMPARE(QColor(image.pixel(12, 22)).rgb(), cores::Off);
 

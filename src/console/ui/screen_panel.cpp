@@ -31,11 +31,13 @@ struct Banner {
 constexpr int AlturaDoAviso = 44; // px
 
 // What the congregation sees, in as few words as can be.
-Banner BannerOf(const EstadoConsole &estado) {
+Banner BannerOf(const EstadoConsole &estado, bool semProjetor) {
   const QString held = QStringLiteral("held");
   const QString off = QStringLiteral("off");
   if (!estado.TelaPronta)
     return {QObject::tr("STARTING"), QString()};
+  if (semProjetor)
+    return {QObject::tr("NO PROJECTOR"), off};
   if (estado.EstadoTela == u"OcultarTexto")
     return {QObject::tr("TEXT HIDDEN"), held};
   if (estado.EstadoTela == u"TelaPreta")
@@ -100,7 +102,7 @@ void ScreenPanel::resizeEvent(QResizeEvent *event) {
 }
 
 void ScreenPanel::Atualiza() {
-  const Banner banner = BannerOf(m_parts.console.estado);
+  const Banner banner = BannerOf(m_parts.console.estado, m_parts.console.painel.SemProjetor);
   m_banner->setText(banner.text);
   SetLook(m_banner, "state", banner.state);
   for (int i = 0; i < 5; ++i)

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -26,7 +27,7 @@ namespace tolmira {
 
 namespace {
 
-constexpr QSize TamanhoMinimo{1120, 680};
+constexpr QSize TamanhoMinimo{640, 400}; // below the room that the desk needs it scrolls
 // Shares of the width, agenda to text to screen.
 constexpr int PartesDaMesa[] = {23, 47, 30};
 constexpr int PartesDosTemas[] = {68, 32};
@@ -57,7 +58,12 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   setMinimumSize(TamanhoMinimo);
   Impl &d = *m_impl;
 
-  auto *body = new QWidget(this);
+  // On a small or strongly scaled screen the desk is larger than the work area, and all of it must be in reach.
+  auto *desktop = new QScrollArea(this);
+  desktop->setFrameShape(QFrame::NoFrame);
+  desktop->setFocusPolicy(Qt::NoFocus);
+  desktop->setWidgetResizable(true);
+  auto *body = new QWidget;
   auto *rows = new QVBoxLayout(body);
   rows->setContentsMargins(medidas::Margin, medidas::Step, medidas::Margin, medidas::Margin);
   rows->setSpacing(medidas::Margin);
@@ -89,17 +95,21 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   lower->addWidget(d.themes, PartesDosTemas[0]);
   lower->addWidget(d.effects, PartesDosTemas[1]);
   rows->addLayout(lower);
-  setCentralWidget(body);
+  desktop->setWidget(body);
+  setCentralWidget(desktop);
 
   ConsoleMenus::Ways ways;
   ways.close = [this] { close(); };
   ways.toggleSize = [this] { AlternaTamanho(); };
-  ways.toAgenda = [&d] { d.agenda->Lista()->setFocus(Qt::ShortcutFocusReason); };
-  ways.toStrip = [this] { FocusStrip(); };
-  const auto focus = [this](const QString &name) {
-    if (auto *widget = findChild<QWidget *>(name))
-      widget->setFocus(Qt::ShortcutFocusReason);
+  const auto go = [desktop](QWidget *widget) {
+    if (!widget)
+      return;
+    widget->setFocus(Qt::ShortcutFocusReason);
+    desktop->ensureWidgetVisible(widget, 0, 0);
   };
+  ways.toAgenda = [&d, go] { go(d.agenda->Lista()); };
+  ways.toStrip = [&d, go] { go(d.strip->PicAbac2()); };
+  const auto focus = [this, go](const QString &name) { go(findChild<QWidget *>(name)); };
   ways.toScreenStates = [&d, focus] { focus(QStringLiteral("LBTela%1").arg(d.parts.console.painel.LBTelaMarcado)); };
   ways.toThemes = [&d, focus] {
     focus(QStringLiteral("PicImgFundoB%1").arg(qMax(1, d.parts.console.painel.PicTemaAtual)));

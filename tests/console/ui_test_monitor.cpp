@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QSet>
 #include <QSlider>
 #include <QtTest>
@@ -482,7 +483,7 @@ private slots:
 
   void nothingIsCut_data() {
     QTest::addColumn<QSize>("size");
-    QTest::newRow("least") << QSize(1120, 680);
+    QTest::newRow("1280x800 at 125 per cent") << QSize(1024, 640);
     QTest::newRow("1280x800") << QSize(1280, 800);
     QTest::newRow("1920x1080") << QSize(1920, 1080);
   }
@@ -515,6 +516,22 @@ private slots:
                    .arg(hint.height());
     }
     QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
+  }
+
+  void aSmallScreenScrollsToWhatTheKeysReach() {
+    Desk desk({800, 520});
+    desk.core.painel.PicTemaAtual = 16;
+    desk.core.painel.LBTelaMarcado = 4;
+    QWidget *body = desk.Find(QStringLiteral("ListTarefas"))->window()->findChild<QScrollArea *>()->viewport();
+    const QList<QPair<Qt::Key, QString>> ways{{Qt::Key_F12, QStringLiteral("PicImgFundoB16")},
+                                              {Qt::Key_F11, QStringLiteral("LBTela4")},
+                                              {Qt::Key_F3, QStringLiteral("ListTarefas")}};
+    for (const auto &[key, name] : ways) {
+      desk.Key(key);
+      QWidget *wanted = desk.Find(name);
+      QVERIFY2(wanted->hasFocus(), qPrintable(name));
+      QVERIFY2(body->rect().contains(QRect(wanted->mapTo(body, QPoint()), wanted->size())), qPrintable(name));
+    }
   }
 
   void everyControlHasItsNames() {

@@ -26,7 +26,7 @@ void Choose(QComboBox *combo, const QString &value) {
 EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent), m_parts(parts) {
   auto *column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(medidas::Step + 2);
+  column->setSpacing(medidas::Step);
 
   const auto caption = [this](const QString &text, const char *look) {
     auto *label = new QLabel(text, this);
@@ -48,7 +48,7 @@ EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent
 
   auto *combos = new QGridLayout;
   combos->setHorizontalSpacing(medidas::Gap);
-  combos->setVerticalSpacing(medidas::Step + 2);
+  combos->setVerticalSpacing(medidas::Step);
   combos->addLayout(head, 0, 0, 1, 2);
   combos->addWidget(m_fontes, 0, 2);
   combos->addWidget(caption(tr("Picture"), "quiet"), 1, 0);

@@ -24,7 +24,7 @@ void StateButton::SetKeyHint(const QString &hint) {
 }
 
 QSize StateButton::sizeHint() const {
-  return {60 + fontMetrics().horizontalAdvance(text()) + fontMetrics().horizontalAdvance(m_hint), medidas::Control + 2};
+  return {60 + fontMetrics().horizontalAdvance(text()) + fontMetrics().horizontalAdvance(m_hint), medidas::Control};
 }
 
 void StateButton::enterEvent(QEnterEvent *) { update(); }

@@ -7,7 +7,7 @@ namespace tolmira {
 ValueSlider::ValueSlider(QWidget *parent) : QSlider(Qt::Horizontal, parent) {
   setFocusPolicy(Qt::StrongFocus);
   setPageStep(1);
-  setMinimumWidth(64);
+  setMinimumWidth(56);
 }
 
 void ValueSlider::wheelEvent(QWheelEvent *event) {

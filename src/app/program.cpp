@@ -39,7 +39,6 @@ struct Program::Impl {
   void ScreensChanged();
   void PlaceDisplay(const PlacaDoTelao &placa);
   PageObject *PageNamed(const QString &name) const;
-  void SendVerseAgain();
 
   CommandLine line;
   AppFolder app;
@@ -86,7 +85,7 @@ void Program::Impl::MakeWindows() {
                    core->controles, core->flow, core->teclas},
       profile);
   console->PicWV()->AddObserver(&events);
-  console->PicWV()->OnRecovered = [this] { SendVerseAgain(); };
+  console->PicWV()->OnRecovered = [this] { core->loader.PaginaVoltou(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
 
@@ -96,12 +95,9 @@ void Program::Impl::MakeWindows() {
                         CaptionComposers{[](const QString &, const QString &) { return QString(); },
                                          [](const QString &) { return QString(); }},
                         &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
-  quendar->OnRecovered = [this] { SendVerseAgain(); };
+  quendar->OnRecovered = [this] { core->loader.PaginaVoltou(); };
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
-
-// A page that came back holds its theme and no text.
-void Program::Impl::SendVerseAgain() { core->letras.ExibeVerso(core->estado.EstrofeAtual, false); }
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
   console->DefineTelao(placa.tela.size());

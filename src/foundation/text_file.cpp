@@ -67,6 +67,12 @@ QString ReadWholeFile(const QString &storedPath) {
   return content.complete ? DecodeText(content.bytes).text : QString();
 }
 
+bool CommitWhole(QSaveFile &file) {
+  if (!file.flush())
+    file.cancelWriting();
+  return file.commit();
+}
+
 bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
   const QString path = MapStoredPath(storedPath).text();
   if (path.isEmpty())
@@ -78,7 +84,7 @@ bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
   }
   if (file.write(bytes) != bytes.size())
     file.cancelWriting();
-  const bool written = file.commit();
+  const bool written = CommitWhole(file);
   qCDebug(logStore) << (written ? "written:" : "not written:") << path << bytes.size();
   return written;
 }

@@ -61,6 +61,8 @@ struct Program::Impl {
   FontTextMeasure measure;
   QtMonitors monitors;
   QTimer screenTimer;
+  bool noProjetor = false; // the projection stands, or last stood, on a monitor of its own
+  bool fechado = false;
 
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;
@@ -89,7 +91,10 @@ void Program::Impl::MakeWindows() {
       profile);
   console->PicWV()->AddObserver(&events);
   console->PicWV()->OnRecovered = [this] { SendVerseAgain(); };
-  console->AoFechar = [this] { startup->Unload(); };
+  console->AoFechar = [this] {
+    fechado = true;
+    startup->Unload();
+  };
   monitors.SetConsole(console.get());
 
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
@@ -107,6 +112,7 @@ void Program::Impl::MakeWindows() {
 void Program::Impl::SendVerseAgain() { core.letras.ExibeVerso(core.estado.EstrofeAtual, false); }
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
+  noProjetor = placa.segundoMonitor;
   console->DefineTelao(placa.tela.size());
   if (quendar)
     quendar->Posiciona(placa.tela, placa.segundoMonitor);
@@ -114,15 +120,13 @@ void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
 
 void Program::Impl::MakeStartup() {
   ConsoleStartup::Janelas janelas;
-  janelas.CarregaFontes = [] {};
+  janelas.CarregaFontes = [this] { console->CarregaFontes(); };
   janelas.PosicionaTelao = [this](const PlacaDoTelao &placa) { PlaceDisplay(placa); };
   janelas.AjustaPreview = [this] { console->AjustaPreview(); };
-  janelas.positionInicial = [this] {
-    console->positionInicial();
-    console->show();
-  };
+  janelas.positionInicial = [this] { console->positionInicial(); };
   janelas.CriaPrevia = [this] { return console->CriaPrevia(); };
   janelas.CriaTelao = [this] { return quendar && quendar->CriaBrowser(); };
+  // Straight to the window: the channel carries nothing before the start has ended.
   janelas.MostraTelao = [this] {
     if (quendar)
       quendar->ProcessaComando(QStringLiteral("Show"));
@@ -167,12 +171,17 @@ void Program::Impl::ListenForControl() {
     prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), error);
 }
 
-// The projector was plugged in, pulled out or changed its size. Its window follows; it never covers the operator.
+// The projector was plugged in, pulled out or changed its size. Its window follows; one that stood on a projector never
+// covers the operator, and a rehearsal window stays what it is.
 void Program::Impl::ScreensChanged() {
-  if (!quendar || !core.estado.TelaPronta)
+  if (!quendar || fechado)
     return;
+  if (!core.estado.TelaPronta) { // the start is under way; afterwards, then
+    screenTimer.start();
+    return;
+  }
   const PlacaDoTelao placa = EscolheTela(monitors);
-  if (!placa.segundoMonitor) {
+  if (!placa.segundoMonitor && noProjetor) {
     quendar->Esconde();
     return;
   }

@@ -121,6 +121,7 @@ FrmMonitor::~FrmMonitor() {
     m_impl->parts.console.view = nullptr;
 }
 
+void FrmMonitor::CarregaFontes() { m_impl->effects->CarregaFontes(); }
 void FrmMonitor::DefineTelao(const QSize &pixels) { m_impl->preview->DefineMonitor(pixels); }
 void FrmMonitor::AjustaPreview() { m_impl->preview->AjustaPreview(); }
 void FrmMonitor::CarregaTiles() { m_impl->themes->CarregaTiles(); }
@@ -129,7 +130,7 @@ void FrmMonitor::TakeKeysOf(QWidget *window) { m_impl->keys->AddWindow(window); 
 WebPageHost *FrmMonitor::PicWV() { return m_impl->preview->PicWV(); }
 
 void FrmMonitor::positionInicial() {
-  GravaRetanguloNormal(m_impl->parts.console.store, RetanguloPadrao(screen()->geometry()));
+  GravaRetanguloPadrao(m_impl->parts.console.store, screen()->geometry());
   FillWorkArea();
   show();
 }

@@ -28,6 +28,7 @@ public:
   std::function<void()> AoFechar; // the window was closed; the program ends
 
   // What the start needs of the window, in the order of its steps.
+  void CarregaFontes();
   void DefineTelao(const QSize &pixels); // the projection's size, for the preview's aspect
   void AjustaPreview();
   void CarregaTiles();

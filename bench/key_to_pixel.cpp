@@ -2,17 +2,16 @@
 // prints the median and the 95th percentile over the repetitions. A press that changes nothing within the limit counts
 // as missed and makes the program fail.
 
+#include "x_probe.h"
+
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
-
-#include "x_probe.h"
 
 namespace {
 
@@ -59,8 +58,9 @@ int main(int argc, char **argv) {
   using namespace tolmira::bench;
   Wishes wishes;
   if (!ReadWishes(argc, argv, wishes)) {
-    std::fprintf(stderr, "usage: key_to_pixel --key NAME [--key NAME ...] [--area X Y WIDTH HEIGHT] [--times N] [--pause MS]\n"
-                         "Several keys are pressed in turn (Down, Up), so that each press changes the picture.\n");
+    std::fprintf(stderr,
+                 "usage: key_to_pixel --key NAME [--key NAME ...] [--area X Y WIDTH HEIGHT] [--times N] [--pause MS]\n"
+                 "Several keys are pressed in turn (Down, Up), so that each press changes the picture.\n");
     return 2;
   }
   const Connection connection(XOpenDisplay(nullptr));

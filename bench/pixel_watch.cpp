@@ -1,11 +1,11 @@
-// Prints every change of a rectangle of the X screen with its monotonic time, as the mean colour of the rectangle. A page
-// change that flashes shows as a line near 000000 or ffffff between the old picture and the new one.
+// Prints every change of a rectangle of the X screen with its monotonic time, as the mean colour of the rectangle. A
+// page change that flashes shows as a line near 000000 or ffffff between the old picture and the new one.
+
+#include "x_probe.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-
-#include "x_probe.h"
 
 int main(int argc, char **argv) {
   if (argc != 6) {

@@ -1,18 +1,17 @@
 // A projection and its preview without the console, to be measured from outside: Down and Up put another verse on both
 // pages, N changes both to the other page, V plays the video named third. Pages need the function UpdateTextHtml.
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QLoggingCategory>
-#include <QScreen>
-
-#include <cstdio>
-
 #include "display/FrmQuendar.h"
 #include "display/display_channel.h"
 #include "display/ui/graphics_backend.h"
 #include "display/ui/web_page_host.h"
 #include "foundation/real_seams.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLoggingCategory>
+#include <QScreen>
+#include <cstdio>
 
 using namespace tolmira;
 
@@ -72,8 +71,14 @@ int main(int argc, char **argv) {
   EstadoConsole estado;
   estado.ConsoleCarregado = true;
   SystemClock clock;
-  FrmQuendar window({estado, app, clock, nullptr, {}, nullptr,
-                     backend == GraphicsBackend::Gl ? VideoDrawing::Gl : VideoDrawing::Software, profile});
+  FrmQuendar window({estado,
+                     app,
+                     clock,
+                     nullptr,
+                     {},
+                     nullptr,
+                     backend == GraphicsBackend::Gl ? VideoDrawing::Gl : VideoDrawing::Software,
+                     profile});
   window.CriaBrowser();
   Desk desk(window, profile, arguments.mid(1));
   desk.move(0, 0);

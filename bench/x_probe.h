@@ -3,14 +3,13 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XShm.h>
-#include <sys/ipc.h>
-#include <sys/shm.h>
-#include <time.h>
-
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <stdexcept>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+#include <time.h>
 #include <vector>
 
 namespace tolmira::bench {
@@ -38,8 +37,9 @@ class ScreenProbe {
 public:
   ScreenProbe(Display *display, int x, int y, int width, int height) : m_display(display), m_x(x), m_y(y) {
     const int screen = DefaultScreen(display);
-    m_image = XShmCreateImage(display, DefaultVisual(display, screen), static_cast<unsigned>(DefaultDepth(display, screen)),
-                              ZPixmap, nullptr, &m_segment, static_cast<unsigned>(width), static_cast<unsigned>(height));
+    m_image =
+        XShmCreateImage(display, DefaultVisual(display, screen), static_cast<unsigned>(DefaultDepth(display, screen)),
+                        ZPixmap, nullptr, &m_segment, static_cast<unsigned>(width), static_cast<unsigned>(height));
     if (!m_image)
       throw std::runtime_error("the X server offers no shared memory images");
     m_bytes = static_cast<size_t>(m_image->bytes_per_line) * static_cast<size_t>(height);
@@ -59,7 +59,9 @@ public:
   ScreenProbe(const ScreenProbe &) = delete;
   ScreenProbe &operator=(const ScreenProbe &) = delete;
 
-  void Read() { XShmGetImage(m_display, RootWindow(m_display, DefaultScreen(m_display)), m_image, m_x, m_y, AllPlanes); }
+  void Read() {
+    XShmGetImage(m_display, RootWindow(m_display, DefaultScreen(m_display)), m_image, m_x, m_y, AllPlanes);
+  }
   bool Differs() const { return m_kept.size() != m_bytes || std::memcmp(m_kept.data(), m_image->data, m_bytes) != 0; }
   void Keep() { m_kept.assign(m_image->data, m_image->data + m_bytes); }
 

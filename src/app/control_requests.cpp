@@ -182,7 +182,7 @@ ControlAnswer ControlRequests::Quit() {
         QStringLiteral("the console is behind the open window \"%1\"").arg(NameOf(box)));
   // The answer leaves before the program does.
   if (m_doors.fechaConsole)
-    QTimer::singleShot(0, this, [this] { m_doors.fechaConsole(); });
+    QTimer::singleShot(0, this, [close = m_doors.fechaConsole] { close(); });
   return ControlAnswer::Ok();
 }
 

@@ -66,6 +66,12 @@ QString ControlServer::Listen(const QString &path) {
   return {};
 }
 
+void ControlServer::Close() {
+  m_closed = true;
+  m_server.close();
+  m_waiting.clear();
+}
+
 void ControlServer::Accept() {
   while (QLocalSocket *socket = m_server.nextPendingConnection()) {
     auto *connection = new ControlConnection(socket, this);
@@ -87,7 +93,7 @@ int ControlServer::WaitingOf(const ControlConnection *connection) const {
 }
 
 void ControlServer::Enqueue(ControlConnection *connection, const LineReader::Line &line) {
-  if (line.bytes.trimmed().isEmpty() && !line.tooLong)
+  if (m_closed || (line.bytes.trimmed().isEmpty() && !line.tooLong))
     return;
   m_waiting.push_back({connection, line});
   if (WaitingOf(connection) >= WaitingLimit)

@@ -33,6 +33,9 @@ public:
   // Opens the socket, mode 0600. A socket that a dead program left is replaced; one that is in use, or a file of
   // another kind, is not. The error text is empty when it stands.
   QString Listen(const QString &path);
+  // Takes no further connections or requests: the program is closing. May be called from inside a request, whose answer
+  // still goes out. The object itself must not go while a request runs.
+  void Close();
 
 private:
   struct Waiting {
@@ -67,6 +70,7 @@ private:
   std::deque<Waiting> m_waiting;
   std::list<std::shared_ptr<Running>> m_running; // the innermost is the last
   bool m_scheduled = false;
+  bool m_closed = false;
   QTimer m_retry;    // while requests wait for the running one
   QTimer m_boxTimer; // while a request runs: looks whether it opened a box
   StateWatch m_stateWatch;

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLoggingCategory>
 
 #include <cstdio>
 
@@ -20,16 +21,16 @@ int main(int argc, char *argv[]) {
   }
 
   ChooseGraphicsBackend(line.graphics);
+  // The engine tells its whole configuration at every start; QT_LOGGING_RULES brings it back for who wants it.
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.debug=false"));
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tolmira"));
   QApplication::setApplicationVersion(QStringLiteral(TOLMIRA_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);
-
   ApplyLook(application);
 
   Program program(line);
-  // quit() during the start, from a message box that was answered by closing the program, has to find a running loop.
-  if (!program.Start())
-    return 1;
+  if (const std::optional<int> exitCode = program.Start())
+    return *exitCode;
   return QApplication::exec();
 }

@@ -31,7 +31,12 @@ constexpr int EsperaDasTelas = 300; // ms: a changed desktop announces its scree
 struct Program::Impl {
   explicit Impl(const CommandLine &commandLine)
       : line(commandLine), app(ChooseProgramFolder(commandLine.app, QCoreApplication::applicationDirPath())),
-        store(app), instance(app), prompt(boxes, events), yielder(loop) {}
+        store(app), instance(app), prompt(boxes, events), yielder(loop),
+        core(ConsoleDoors{app, store, clock, random, yielder, prompt, measure,
+                          [this]() -> Display * { return quendar.get(); },
+                          [this] { return PageNamed(QStringLiteral("preview")); }}) {
+    core.canal.AddObserver(&events);
+  }
 
   void MakeWindows();
   void MakeStartup();
@@ -55,9 +60,12 @@ struct Program::Impl {
   FontTextMeasure measure;
   QtMonitors monitors;
   QTimer screenTimer;
+  bool noProjetor = false; // the projection stands, or last stood, on a monitor of its own
+  bool fechado = false;
 
   // Windows go before the logic that they refer to, so they stand below it.
-  std::unique_ptr<ConsoleCore> core;
+  ConsoleCore core;
+  bool leaving = false; // closed from outside before the console stood
   PageProfile profile;
   std::unique_ptr<FrmMonitor> console;
   std::unique_ptr<FrmQuendar> quendar;
@@ -74,32 +82,33 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
 }
 
 void Program::Impl::MakeWindows() {
-  core = std::make_unique<ConsoleCore>(ConsoleDoors{
-      app, store, clock, random, yielder, prompt, measure, [this]() -> Display * { return quendar.get(); },
-      [this] { return PageNamed(QStringLiteral("preview")); }});
-  core->canal.AddObserver(&events);
   profile = NewPageProfile();
 
   console = std::make_unique<FrmMonitor>(
-      ConsoleParts{core->contexto, core->agenda, core->stepper, core->loader, core->temaControle, core->loja,
-                   core->controles, core->flow, core->teclas},
+      ConsoleParts{core.contexto, core.agenda, core.stepper, core.loader, core.temaControle, core.loja,
+                   core.controles, core.flow, core.teclas},
       profile);
   console->PicWV()->AddObserver(&events);
-  console->PicWV()->OnRecovered = [this] { core->loader.PaginaVoltou(); };
-  console->AoFechar = [this] { startup->Unload(); };
+  console->PicWV()->OnRecovered = [this] { core.loader.PaginaVoltou(); };
+  console->AoFechar = [this] {
+    fechado = true;
+    startup->Unload();
+  };
   monitors.SetConsole(console.get());
 
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
-      FrmQuendar::Parts{core->estado, app, clock, console.get(),
+      FrmQuendar::Parts{core.estado, app, clock, console.get(),
                         CaptionComposers{[](const QString &, const QString &) { return QString(); },
                                          [](const QString &) { return QString(); }},
                         &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
-  quendar->OnRecovered = [this] { core->loader.PaginaVoltou(); };
+  quendar->OnRecovered = [this] { core.loader.PaginaVoltou(); };
+  console->TakeKeysOf(quendar.get());
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
+  noProjetor = placa.segundoMonitor;
   console->DefineTelao(placa.tela.size());
   if (quendar)
     quendar->Posiciona(placa.tela, placa.segundoMonitor);
@@ -107,59 +116,76 @@ void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
 
 void Program::Impl::MakeStartup() {
   ConsoleStartup::Janelas janelas;
-  janelas.CarregaFontes = [] {};
+  janelas.CarregaFontes = [this] { console->CarregaFontes(); };
   janelas.PosicionaTelao = [this](const PlacaDoTelao &placa) { PlaceDisplay(placa); };
   janelas.AjustaPreview = [this] { console->AjustaPreview(); };
-  janelas.positionInicial = [this] {
-    console->positionInicial();
-    console->show();
-  };
+  janelas.positionInicial = [this] { console->positionInicial(); };
   janelas.CriaPrevia = [this] { return console->CriaPrevia(); };
   janelas.CriaTelao = [this] { return quendar && quendar->CriaBrowser(); };
-  janelas.MostraTelao = [this] { core->canal.SendToDisplay(QStringLiteral("Show")); };
+  // Straight to the window: the channel carries nothing before the start has ended.
+  janelas.MostraTelao = [this] {
+    if (quendar)
+      quendar->ProcessaComando(QStringLiteral("Show"));
+    console->activateWindow();
+  };
   janelas.IniciaFade = [this] {
     if (quendar)
       quendar->IniciaFade();
   };
   janelas.CarregaTiles = [this] { console->CarregaTiles(); };
   janelas.DescarregaJanelas = [this] {
-    control.reset();
+    // It may be one of its requests that closes the program.
+    if (control)
+      control->Close();
     if (quendar)
       quendar->hide();
     QCoreApplication::quit();
   };
-  startup = std::make_unique<ConsoleStartup>(core->contexto, core->agenda, core->temaControle, core->loja,
-                                             core->controles, core->loader, monitors, std::move(janelas));
+  startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
+                                             core.controles, core.loader, monitors, std::move(janelas));
 }
 
 void Program::Impl::ListenForControl() {
   if (line.control.isEmpty())
     return;
   ControlDoors doors =
-      DoorsOf(core->estado, core->flow, core->agenda, core->controles, core->temaControle, core->canal,
+      DoorsOf(core.estado, core.flow, core.agenda, core.controles, core.temaControle, core.canal,
               [this]() -> Display * { return quendar.get(); });
   doors.pagina = [this](const QString &name) { return PageNamed(name); };
-  doors.fechaConsole = [this] { console->close(); };
+  doors.fechaConsole = [this] {
+    if (console) {
+      console->close();
+      return;
+    }
+    leaving = true;
+    if (QWidget *box = QApplication::activeModalWidget())
+      box->close();
+  };
   doors.cedendo = [this] { return yielder.Yielding(); };
   control = std::make_unique<ControlServer>(std::move(doors), events);
   if (const QString error = control->Listen(line.control); !error.isEmpty())
     prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), error);
 }
 
-// The projector was plugged in, pulled out or changed its size. Its window follows; it never covers the operator.
+// The projector was plugged in, pulled out or changed its size. Its window follows; one that stood on a projector never
+// covers the operator, and a rehearsal window stays what it is.
 void Program::Impl::ScreensChanged() {
-  if (!quendar || !core->estado.TelaPronta)
+  if (!quendar || fechado)
     return;
+  if (!core.estado.TelaPronta) { // the start is under way; afterwards, then
+    screenTimer.start();
+    return;
+  }
   const PlacaDoTelao placa = EscolheTela(monitors);
-  if (!placa.segundoMonitor) {
+  if (!placa.segundoMonitor && noProjetor) {
     quendar->Esconde();
     return;
   }
   PlaceDisplay(placa);
   console->AjustaPreview();
-  core->loader.AjustaQuadro();
-  core->loader.RecarregaMusica(false);
-  core->paginas.MontaPagina(core->estado.TemaAtual, core->estado.EstrofeAtual, 0);
+  core.loader.AjustaQuadro();
+  core.loader.RecarregaMusica(false);
+  core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, 0);
 }
 
 Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line)) {}
@@ -171,18 +197,21 @@ Program::~Program() {
   m_impl->console.reset();
 }
 
-bool Program::Start() {
+std::optional<int> Program::Start() {
   Impl &p = *m_impl;
+  // First, so that what the start has to say can be answered from outside.
+  p.ListenForControl();
   const FillResult filled =
       FillProgramFolder(p.app.path(), FindAssets(p.line.assets, QCoreApplication::applicationDirPath()));
   if (!filled.problem.isEmpty())
     p.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), filled.problem);
   if (!p.instance.Start(p.prompt))
-    return false;
+    return 1;
+  if (p.leaving)
+    return 0;
 
   p.MakeWindows();
   p.MakeStartup();
-  p.ListenForControl();
 
   p.screenTimer.setSingleShot(true);
   p.screenTimer.setInterval(EsperaDasTelas);
@@ -199,7 +228,9 @@ bool Program::Start() {
   connect(qApp, &QGuiApplication::screenRemoved, &p.screenTimer, qOverload<>(&QTimer::start));
 
   p.startup->Load();
-  return true;
+  if (p.startup->Descarregado())
+    return 0;
+  return std::nullopt;
 }
 
 } // namespace tolmira

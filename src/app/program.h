@@ -3,6 +3,7 @@
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 #include "app/command_line.h"
 
@@ -17,9 +18,9 @@ public:
   explicit Program(const CommandLine &line);
   ~Program() override;
 
-  // Prepares the program folder, opens the console and the projection. False when the program is not to run: the
-  // operator has been told why.
-  bool Start();
+  // Prepares the program folder, opens the console and the projection. An exit code when the program is not to run: the
+  // operator has been told why, or closed it meanwhile.
+  std::optional<int> Start();
 
 private:
   struct Impl;

@@ -46,6 +46,7 @@ struct FrmMonitor::Impl {
   ScreenPanel *screen = nullptr;
   ThemesPanel *themes = nullptr;
   EffectsPanel *effects = nullptr;
+  ConsoleKeys *keys = nullptr;
   bool fillsWorkArea = false;
 };
 
@@ -107,7 +108,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.menus = new ConsoleMenus(parts, std::move(ways), this);
   setMenuBar(d.menus);
 
-  new ConsoleKeys(parts, this, d.agenda->Lista());
+  d.keys = new ConsoleKeys(parts, this, d.agenda->Lista());
   parts.console.view = this;
   AgendaChanged();
   ThemesChanged();
@@ -120,15 +121,18 @@ FrmMonitor::~FrmMonitor() {
     m_impl->parts.console.view = nullptr;
 }
 
+void FrmMonitor::CarregaFontes() { m_impl->effects->CarregaFontes(); }
 void FrmMonitor::DefineTelao(const QSize &pixels) { m_impl->preview->DefineMonitor(pixels); }
 void FrmMonitor::AjustaPreview() { m_impl->preview->AjustaPreview(); }
 void FrmMonitor::CarregaTiles() { m_impl->themes->CarregaTiles(); }
 bool FrmMonitor::CriaPrevia() { return m_impl->preview->PicWV()->CriaBrowser(); }
+void FrmMonitor::TakeKeysOf(QWidget *window) { m_impl->keys->AddWindow(window); }
 WebPageHost *FrmMonitor::PicWV() { return m_impl->preview->PicWV(); }
 
 void FrmMonitor::positionInicial() {
-  GravaRetanguloNormal(m_impl->parts.console.store, RetanguloPadrao(screen()->geometry()));
+  GravaRetanguloPadrao(m_impl->parts.console.store, screen()->geometry());
   FillWorkArea();
+  show();
 }
 
 // Filled by hand and not by the platform, so that the panel of the desktop stays in sight. The frame's thickness is

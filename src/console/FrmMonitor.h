@@ -28,12 +28,14 @@ public:
   std::function<void()> AoFechar; // the window was closed; the program ends
 
   // What the start needs of the window, in the order of its steps.
+  void CarregaFontes();
   void DefineTelao(const QSize &pixels); // the projection's size, for the preview's aspect
   void AjustaPreview();
   void CarregaTiles();
-  void positionInicial(); // writes the default rectangle and fills the work area
+  void positionInicial(); // writes the default rectangle, fills the work area and shows the window
   bool CriaPrevia();      // the engine on the preview; false when it cannot start
   WebPageHost *PicWV();
+  void TakeKeysOf(QWidget *window); // keys that reach that window count as the console's
 
   void AlternaTamanho(); // Image3: work area or the normal rectangle
 

@@ -38,8 +38,23 @@ bool AgendaDesk::TabHasOwnTitle(int n) const { return TabTitle(n) != Padrao(n); 
 void AgendaDesk::RenameTab(int n, const QString &title) {
   // An empty title counts as missing, which gives the tab its default title back.
   m_store.WriteConfig(QStringLiteral("Agenda"), QString::number(n), title.simplified());
-  if (m_view)
+  if (n == m_estado.ActiveAgenda)
+    m_painel.LbDicaAgenda = DicaDaAgenda(n);
+  if (m_view) {
     m_view->AgendaChanged();
+    m_view->Atualiza();
+  }
+}
+
+// A title of its own stands in quotes of its own and ends in two full stops.
+QString AgendaDesk::DicaDaAgenda(int n) const {
+  const QString begin =
+      QStringLiteral("Click on 'Lyrics', 'Bible', or other buttons in the Main Menu to add items to the 'Agenda ");
+  const QString end =
+      QStringLiteral("', or select another agenda that already contains the items you want to display.");
+  if (TabHasOwnTitle(n))
+    return begin + u'\'' + TabTitle(n) + end + u'.';
+  return begin + QString::number(n) + end;
 }
 
 void AgendaDesk::carregaListTarefas(int n) {
@@ -70,16 +85,11 @@ void AgendaDesk::SelectTab(int n) {
   carregaListTarefas(n);
 
   m_painel.PicDicaAgenda = false;
+  m_painel.PicAviso2 = !m_faixa.Label1Visible;
   if (m_lista.ListCount() == 0) {
     m_painel.PicAviso2 = false;
     m_painel.PicDicaAgenda = !m_faixa.Label1Visible;
-    const QString begin =
-        QStringLiteral("Click on 'Lyrics', 'Bible', or other buttons in the Main Menu to add items to the 'Agenda ");
-    const QString end =
-        QStringLiteral("', or select another agenda that already contains the items you want to display.");
-    const QString own = begin + u'\'' + TabTitle(n) + end + u'.';
-    const QString fallback = begin + QString::number(n) + end;
-    m_painel.LbDicaAgenda = TabHasOwnTitle(n) ? own : fallback;
+    m_painel.LbDicaAgenda = DicaDaAgenda(n);
   }
   if (m_view) {
     m_view->AgendaChanged();
@@ -115,6 +125,7 @@ void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &
   message = QStringLiteral("Adicionado com sucesso em '") + title + u'\'';
   salvaListTarefas(m_estado.ActiveAgenda);
   m_painel.PicDicaAgenda = false;
+  m_painel.PicAviso2 = !m_faixa.Label1Visible;
   if (m_view) {
     m_view->AgendaChanged();
     m_view->Atualiza();

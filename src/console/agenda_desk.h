@@ -47,6 +47,8 @@ public:
   const ListTarefas &Lista() const { return m_lista; }
 
 private:
+  QString DicaDaAgenda(int n) const;
+
   AppFolder m_app;
   const IniStore &m_store;
   EstadoConsole &m_estado;

@@ -1,5 +1,6 @@
 #include "console/monitors.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "foundation/text_fields.h"
@@ -10,18 +11,20 @@ namespace {
 
 const QString Secao = QStringLiteral("Config");
 constexpr int Twips = 15;        // to the pixel
+constexpr int LimiteDeTwips = 1'000'000; // far beyond any desktop
 constexpr int TamanhoMinimo = 101; // twips; a smaller stored rectangle is not believed
 
 QString Arquivo(const IniStore &store) { return store.App().At(u"\\Data\\FormPositions.dat"); }
 
-void Grava(const IniStore &store, const QString &key, int pixels) {
+void Grava(const IniStore &store, const QString &key, double twips) {
   QString file = Arquivo(store);
-  store.WriteConfig(Secao, key, QString::number(pixels * Twips), file);
+  store.WriteConfig(Secao, key, QString::number(std::lround(twips)), file);
 }
 
 int Le(const IniStore &store, const QString &key) {
   QString file = Arquivo(store);
-  return static_cast<int>(NumericPrefix(store.ReadConfig(Secao, key, QStringLiteral("0"), file)));
+  const double stored = NumericPrefix(store.ReadConfig(Secao, key, QStringLiteral("0"), file));
+  return static_cast<int>(std::clamp<double>(stored, -LimiteDeTwips, LimiteDeTwips));
 }
 
 } // namespace
@@ -59,11 +62,20 @@ QRect RetanguloPadrao(const QRect &tela) {
           part(tela.height(), 0.8)};
 }
 
+// From the screen in twips, of which a tenth is finer than a pixel.
+void GravaRetanguloPadrao(const IniStore &store, const QRect &tela) {
+  const auto twips = [](int pixels) { return static_cast<double>(pixels) * Twips; };
+  Grava(store, QStringLiteral("Frm1T"), twips(tela.top()) + twips(tela.height()) * 0.1);
+  Grava(store, QStringLiteral("Frm1L"), twips(tela.left()) + twips(tela.width()) * 0.1);
+  Grava(store, QStringLiteral("Frm1R"), twips(tela.width()) * 0.8);
+  Grava(store, QStringLiteral("Frm1B"), twips(tela.height()) * 0.8);
+}
+
 void GravaRetanguloNormal(const IniStore &store, const QRect &pixels) {
-  Grava(store, QStringLiteral("Frm1T"), pixels.top());
-  Grava(store, QStringLiteral("Frm1L"), pixels.left());
-  Grava(store, QStringLiteral("Frm1R"), pixels.width());
-  Grava(store, QStringLiteral("Frm1B"), pixels.height());
+  Grava(store, QStringLiteral("Frm1T"), pixels.top() * Twips);
+  Grava(store, QStringLiteral("Frm1L"), pixels.left() * Twips);
+  Grava(store, QStringLiteral("Frm1R"), pixels.width() * Twips);
+  Grava(store, QStringLiteral("Frm1B"), pixels.height() * Twips);
 }
 
 QRect LeRetanguloNormal(const IniStore &store, const QRect &tela) {
@@ -80,7 +92,7 @@ QRect AjustaPreview(const QSize &container, const QSize &monitor) {
     return {QPoint(0, 0), container};
   int width = container.width() - 2;
   int height = static_cast<int>(static_cast<double>(width) / monitor.width() * monitor.height());
-  if (height - 2 > container.height() - 2) {
+  if (height - 2 > container.height()) {
     height = container.height() - 2;
     width = static_cast<int>(static_cast<double>(height) / monitor.height() * monitor.width());
   }

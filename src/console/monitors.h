@@ -43,6 +43,7 @@ PlacaDoTelao EscolheTela(const MonitorSource &monitores);
 
 // The console's normal rectangle, in pixels; Data\FormPositions.dat keeps it in twips.
 QRect RetanguloPadrao(const QRect &tela);
+void GravaRetanguloPadrao(const IniStore &store, const QRect &tela);
 void GravaRetanguloNormal(const IniStore &store, const QRect &pixels);
 QRect LeRetanguloNormal(const IniStore &store, const QRect &tela); // below 101 twips in a direction: the default
 

@@ -8,6 +8,7 @@ namespace tolmira {
 
 namespace {
 constexpr int ZoomMinimo = 60;      // per cent
+constexpr int ZoomMaximo = 500;     // per cent, what a page takes
 constexpr int ZoomAnimado = 92;     // per cent, animated layouts in the middle of the screen
 constexpr int PrimeiroAnimado = 7;  // style of songs
 } // namespace
@@ -17,7 +18,7 @@ void ApplyZoom(ConsoleContext &console) {
   AjustesTexto &ajustes = console.ajustes;
   const auto stored = [&](const QString &key) {
     const QString text = console.store.ReadConfig(QStringLiteral("Config"), key, QStringLiteral("100"));
-    return std::max(ZoomMinimo, static_cast<int>(NumericPrefix(text)));
+    return static_cast<int>(std::clamp<double>(NumericPrefix(text), ZoomMinimo, ZoomMaximo));
   };
 
   const bool biblia = console.estado.TipoAtual == u"Bíblia";

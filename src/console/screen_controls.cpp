@@ -12,6 +12,7 @@ namespace tolmira {
 namespace {
 
 const QString Config = QStringLiteral("Config");
+constexpr int PrimeiroAnimado = 7; // style of songs
 
 struct EstadoDaTela {
   QString legenda;
@@ -112,9 +113,11 @@ void ScreenControls::SliderExLouvor(int value) {
   const bool songOnShow = estado.EhLetra() && m_console.faixa.Label1Visible;
   if (!songOnShow)
     return;
-  if (old < 7 && value < 7)
+  if (old < PrimeiroAnimado && value < PrimeiroAnimado) {
     m_console.letras.ExibeVerso(estado.EstrofeAtual, true);
-  else if (!estado.ArquivoAtual.isEmpty())
+    return;
+  }
+  if (!estado.ArquivoAtual.isEmpty())
     m_loader.RecarregaMusica(true);
   if (m_console.view)
     m_console.view->FocusStrip();
@@ -125,7 +128,8 @@ void ScreenControls::LeAjustes() {
     return m_console.store.ReadConfig(Config, key, fallback);
   };
   const auto number = [&](const QString &key, int fallback, int least, int most) {
-    return std::clamp(static_cast<int>(NumericPrefix(text(key, QString::number(fallback)))), least, most);
+    const double stored = NumericPrefix(text(key, QString::number(fallback)));
+    return static_cast<int>(std::clamp<double>(stored, least, most));
   };
   AjustesTexto &ajustes = m_console.ajustes;
   ajustes.TransparenciaFaixa = QString::number(number(QStringLiteral("Transparencia_Faixa"), 7, 0, 10));

@@ -57,9 +57,10 @@ bool SongLoader::ListMusicasDuploClique(const QString &caption, const QString &f
   PainelConsole &painel = m_console.painel;
   painel.Label9 = caption;
   m_console.estado.EstrofeAtual = -1;
+  m_console.estado.ModoMovimento = QStringLiteral("Normal");
   painel.PicAviso2 = painel.PicDica2 = painel.PicDica3 = painel.PicDica4 = painel.PicDicaAgenda = false;
   CarregaLouvor(path, applyTheme, show);
-  painel.PicAviso = m_console.estado.ModoMovimento == u"Normal";
+  painel.PicAviso = true;
   m_console.Atualiza();
   return true;
 }

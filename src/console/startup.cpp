@@ -9,8 +9,10 @@ namespace {
 
 constexpr int EsperaDoFimDoLoad = 1; // ms: as soon as the loop turns
 
-int ReadNumber(const Registro &registro, const QString &name, const QString &fallback) {
-  return static_cast<int>(NumericPrefix(registro.ReadValue(name, fallback)));
+// A value outside `least` to `most` is not believed.
+int ReadNumber(const Registro &registro, const QString &name, int fallback, int least, int most) {
+  const double stored = NumericPrefix(registro.ReadValue(name, QString::number(fallback)));
+  return stored >= least && stored <= most ? static_cast<int>(stored) : fallback;
 }
 
 } // namespace
@@ -28,6 +30,8 @@ void ConsoleStartup::Load() {
   m_janelas.CarregaFontes();
   m_controles.LeAjustes();
   m_placa = PosicionarFrmQuendar(m_monitores, m_console.prompt);
+  if (m_descarregado)
+    return; // closed from outside while the message stood
   m_janelas.PosicionaTelao(m_placa);
   m_janelas.AjustaPreview();
   estado.ConsoleCarregado = true;
@@ -42,18 +46,16 @@ void ConsoleStartup::Load() {
 
 void ConsoleStartup::carregaInicio() {
   const Registro registro(m_console.store);
-  m_agenda.SelectTab(ReadNumber(registro, QStringLiteral("LastIndexListMusicas"), QStringLiteral("1")));
-  if (m_console.estado.ActiveAgenda == 0)
-    m_agenda.SelectTab(1); // a number that names no agenda
+  m_agenda.SelectTab(ReadNumber(registro, QStringLiteral("LastIndexListMusicas"), 1, 1, NumeroDeAgendas));
   m_console.store.WriteConfig(QStringLiteral("Config"), QStringLiteral("JImpConfig"), QStringLiteral("1"));
   m_loja.LoadTemas(0);
   m_janelas.CarregaTiles();
   m_loader.AjustaQuadro();
   m_temas.CarregaEscolhas(registro);
   AjustesTexto &ajustes = m_console.ajustes;
-  ajustes.Alinhamento = ReadNumber(registro, QStringLiteral("Alinhamento"), QStringLiteral("2"));
-  ajustes.AlinhamentoBiblia = ReadNumber(registro, QStringLiteral("AlinhamentoBiblia"), QStringLiteral("0"));
-  ajustes.FonteGrande = ReadNumber(registro, QStringLiteral("FonteGrande"), QStringLiteral("1")) == 2;
+  ajustes.Alinhamento = ReadNumber(registro, QStringLiteral("Alinhamento"), 2, 0, 2);
+  ajustes.AlinhamentoBiblia = ReadNumber(registro, QStringLiteral("AlinhamentoBiblia"), 0, 0, 2);
+  ajustes.FonteGrande = ReadNumber(registro, QStringLiteral("FonteGrande"), 1, 1, 2) == 2;
   m_console.faixa.Alinhamento = ajustes.Alinhamento;
   m_console.Atualiza();
 }

@@ -35,6 +35,7 @@ public:
   void initApp();           // once
   void TimerTerminaLoad();  // once, ends the loading
   void Unload();            // once
+  bool Descarregado() const { return m_descarregado; } // the console was closed, perhaps in the middle of the start
 
 private:
   ConsoleContext &m_console;

@@ -27,6 +27,7 @@ ThemeControl::ThemeControl(ConsoleContext &console, TabelaTemas &temas) : m_cons
 void ThemeControl::aplicaTema(int n, bool &forcar) {
   EstadoConsole &estado = m_console.estado;
   m_console.painel.PicAvisoProximo = 0;
+  StopRotation(); // a tick of the old theme's must not run while the new page is built
   n = std::clamp(n, 1, NumeroDeTemas);
   const TemaRecord &novo = m_temas[static_cast<size_t>(n)];
   estado.IndiceTema = n;
@@ -44,6 +45,7 @@ void ThemeControl::aplicaTema(int n, bool &forcar) {
   }
   const int posicao = estado.TipoAtual == u"Louvor" ? estado.EstrofeAtual - 1 : estado.EstrofeAtual;
   m_console.paginas.MontaPagina(estado.TemaAtual, posicao, 0);
+  m_imagem = 1;
   DefineTimerInterval();
   m_console.Atualiza();
 }
@@ -61,8 +63,11 @@ bool ThemeControl::TrocaTema(int slot) {
   estado.TemaAtual = novo;
   m_console.painel.PicTemaAtual = slot;
   AplicaTemaAtual();
-  if (changed)
-    DefineTimerInterval();
+  if (changed) {
+    StopRotation();
+    m_imagem = 1;
+  }
+  DefineTimerInterval();
   return changed;
 }
 
@@ -86,10 +91,14 @@ void ThemeControl::StopRotation() { m_timerTrocaImagem->Stop(); }
 
 void ThemeControl::DefineTimerInterval() {
   const TemaRecord &tema = m_console.estado.TemaAtual;
-  m_imagem = 1;
-  m_timerTrocaImagem->Stop();
-  if (tema.Tipo == u"Imagem" && tema.Efeito_Imagem_timeout != u"-1" && ContaImagens(tema.Imagem) >= 2)
-    m_timerTrocaImagem->Start(IntervaloDoCodigo(tema.Efeito_Imagem_timeout));
+  if (tema.Tipo != u"Imagem" || tema.Efeito_Imagem_timeout == u"-1" || ContaImagens(tema.Imagem) < 2) {
+    m_timerTrocaImagem->Stop();
+    return;
+  }
+  // A timer that runs at this interval already keeps the time that has gone by.
+  const int intervalo = IntervaloDoCodigo(tema.Efeito_Imagem_timeout);
+  if (!m_timerTrocaImagem->IsActive() || m_timerTrocaImagem->IntervalMs() != intervalo)
+    m_timerTrocaImagem->Start(intervalo);
 }
 
 void ThemeControl::TickTrocaImagem() {
@@ -109,8 +118,8 @@ void ThemeControl::TickTrocaImagem() {
     const QString fx = EfeitoCycle(tema.Efeito_Imagem_Fx, tema.Efeito_Imagem_FxExtra, m_console.random);
     CallPageScript(m_console.previa(), QStringLiteral("ChangeOptions"), QStringLiteral("fx"), fx);
     m_console.canal.SendToDisplay(QStringLiteral("ChangeOptions|#fx|#") + fx + u"|#");
-    m_console.yielder.Yield(5);
   }
+  m_console.yielder.Yield(5);
   ExibirImagem(imagem, false);
 }
 

@@ -1,17 +1,16 @@
 #include "display/FrmQuendar.h"
 
+#include "display/ui/grip_strip.h"
+#include "display/ui/picture_layer.h"
+#include "display/ui/web_page_host.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
-
 #include <utility>
-
-#include "display/ui/grip_strip.h"
-#include "display/ui/picture_layer.h"
-#include "display/ui/web_page_host.h"
 
 namespace tolmira {
 
@@ -23,7 +22,9 @@ constexpr int FadeIntervalMs = 16;
 constexpr int GripIntervalMs = 3000;
 constexpr int GripIgnoreAboveTwips = 50; // at the very edge the pointer leaves the strip's timer alone
 
-bool OnX11() { return QGuiApplication::platformName() == u"xcb"; }
+bool OnX11() {
+  return QGuiApplication::platformName() == u"xcb";
+}
 
 // A tool window has no entry in the task bar. Only X11 has the notion; elsewhere it would be an ordinary window with a
 // complaint.
@@ -89,10 +90,10 @@ struct FrmQuendar::Impl : public DisplayLayers {
   std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
   int alfa = 0;
   bool moverAtivo = false;
-  bool dragged = false;      // the present press became a drag, so its release is no click
+  bool dragged = false;       // the present press became a drag, so its release is no click
   bool withoutScreen = false; // Esconde: not to be shown before it is placed again
-  QPointer<QScreen> screen;  // of the projector; null in a rehearsal window
-  QRect normalRect;          // of the window in normal state
+  QPointer<QScreen> screen;   // of the projector; null in a rehearsal window
+  QRect normalRect;           // of the window in normal state
 };
 
 FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
@@ -112,7 +113,8 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
   player = std::make_unique<MpvPlayer>(picwmp, parts.video, parts.observer);
   if (parts.observer)
     picWV->AddObserver(parts.observer);
-  commands = std::make_unique<DisplayCommands>(parts.estado, parts.app, *this, parts.mirror, parts.captions, parts.clock);
+  commands =
+      std::make_unique<DisplayCommands>(parts.estado, parts.app, *this, parts.mirror, parts.captions, parts.clock);
   timerFade = parts.clock.NewTimer([this] { TickFade(); });
   timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });
 
@@ -253,8 +255,7 @@ void FrmQuendar::Impl::OnScreenRemoved(QScreen *gone) {
     window.Esconde();
 }
 
-FrmQuendar::FrmQuendar(Parts parts, QWidget *parent)
-    : QWidget(parent, ProjectionFlags()) {
+FrmQuendar::FrmQuendar(Parts parts, QWidget *parent) : QWidget(parent, ProjectionFlags()) {
   setObjectName(QStringLiteral("FrmQuendar"));
   setWindowTitle(QStringLiteral("FrmQuendar"));
   setAttribute(Qt::WA_ShowWithoutActivating);
@@ -280,7 +281,9 @@ bool FrmQuendar::CriaBrowser() {
   return true;
 }
 
-WebPageHost *FrmQuendar::PicWV() { return m_impl->picWV; }
+WebPageHost *FrmQuendar::PicWV() {
+  return m_impl->picWV;
+}
 
 void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
   Impl &d = *m_impl;
@@ -305,7 +308,9 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
     IniciaFade();
 }
 
-void FrmQuendar::IniciaFade() { m_impl->timerFade->Start(FadeIntervalMs); }
+void FrmQuendar::IniciaFade() {
+  m_impl->timerFade->Start(FadeIntervalMs);
+}
 
 void FrmQuendar::Esconde() {
   m_impl->withoutScreen = true; // before the hiding, so that nothing can show it on another screen meanwhile
@@ -313,15 +318,33 @@ void FrmQuendar::Esconde() {
   hide();
 }
 
-void FrmQuendar::ProcessaComando(const QString &comando) { m_impl->commands->ProcessaComando(comando); }
-int FrmQuendar::Alfa() const { return m_impl->alfa; }
-PageObject *FrmQuendar::WV() { return m_impl->WV(); }
-MediaPlayer *FrmQuendar::wmp() { return m_impl->wmp(); }
-QSize FrmQuendar::SizePx() const { return size(); }
-bool FrmQuendar::DisplayVisivel() const { return m_impl->commands->DisplayVisivel(); }
-void FrmQuendar::DefineTelaPreta(bool ligado) { m_impl->commands->DefineTelaPreta(ligado); }
-void FrmQuendar::DefineFundoPadrao(const QString &caminho) { m_impl->commands->DefineFundoPadrao(caminho); }
-DisplayCommands &FrmQuendar::Commands() { return *m_impl->commands; }
+void FrmQuendar::ProcessaComando(const QString &comando) {
+  m_impl->commands->ProcessaComando(comando);
+}
+int FrmQuendar::Alfa() const {
+  return m_impl->alfa;
+}
+PageObject *FrmQuendar::WV() {
+  return m_impl->WV();
+}
+MediaPlayer *FrmQuendar::wmp() {
+  return m_impl->wmp();
+}
+QSize FrmQuendar::SizePx() const {
+  return size();
+}
+bool FrmQuendar::DisplayVisivel() const {
+  return m_impl->commands->DisplayVisivel();
+}
+void FrmQuendar::DefineTelaPreta(bool ligado) {
+  m_impl->commands->DefineTelaPreta(ligado);
+}
+void FrmQuendar::DefineFundoPadrao(const QString &caminho) {
+  m_impl->commands->DefineFundoPadrao(caminho);
+}
+DisplayCommands &FrmQuendar::Commands() {
+  return *m_impl->commands;
+}
 
 void FrmQuendar::resizeEvent(QResizeEvent *) {
   m_impl->Arrange();

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QWidget>
-
-#include <functional>
-#include <memory>
-
 #include "display/display_commands.h"
 #include "display/display_seams.h"
 #include "display/ui/mpv_player.h"
 #include "display/ui/page_profile.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
 
 namespace tolmira {
 
@@ -24,11 +23,11 @@ public:
     EstadoConsole &estado;
     const AppFolder &app;
     Clock &clock;
-    PreviewMirror *mirror;       // may be null
+    PreviewMirror *mirror; // may be null
     CaptionComposers captions;
-    DisplayObserver *observer;   // may be null
+    DisplayObserver *observer; // may be null
     VideoDrawing video;
-    PageProfile profile;         // may be null: the page then has one of its own
+    PageProfile profile; // may be null: the page then has one of its own
   };
   explicit FrmQuendar(Parts parts, QWidget *parent = nullptr);
   ~FrmQuendar() override;
@@ -36,13 +35,13 @@ public:
   bool CriaBrowser();
   WebPageHost *PicWV();
 
-  // Places the window and starts the fade in if it has not run. `wholeScreen` for a projector (`pixels` is then its whole
-  // screen); otherwise a normal window for rehearsal, with its grip. Shows nothing by itself.
+  // Places the window and starts the fade in if it has not run. `wholeScreen` for a projector (`pixels` is then its
+  // whole screen); otherwise a normal window for rehearsal, with its grip. Shows nothing by itself.
   void Posiciona(const QRect &pixels, bool wholeScreen);
   void IniciaFade(); // starts TimerFade
   int Alfa() const;  // opacity, 0 to 255; drawn where the desktop can (X11 with a compositor)
-  // Takes the window off the desktop until the next Posiciona, whatever the commands say meanwhile. The window does this
-  // itself when the projector's screen goes, because the desktop would move it over the operator's screen.
+  // Takes the window off the desktop until the next Posiciona, whatever the commands say meanwhile. The window does
+  // this itself when the projector's screen goes, because the desktop would move it over the operator's screen.
   void Esconde();
 
   void ProcessaComando(const QString &comando) override;
@@ -55,8 +54,8 @@ public:
 
   std::function<void()> OnRecovered;    // the page came back after its render process died
   std::function<void()> PosicaoInicial; // after each resize while the console is still loading
-  // "Fechar" came: the window is hidden, its page and player are gone. The owner deletes the window, not before the call
-  // has returned (deleteLater).
+  // "Fechar" came: the window is hidden, its page and player are gone. The owner deletes the window, not before the
+  // call has returned (deleteLater).
   std::function<void()> OnUnload;
   DisplayCommands &Commands();
 

@@ -1,8 +1,13 @@
 #include "display/display_channel.h"
 
+#include <QLoggingCategory>
 #include <QRegularExpression>
 
 namespace tolmira {
+
+namespace {
+Q_LOGGING_CATEGORY(logDisplay, "tolmira.display", QtWarningMsg)
+} // namespace
 
 DisplayChannel::DisplayChannel(const EstadoConsole &estado, std::function<Display *()> display)
     : m_estado(estado), m_display(std::move(display)) {}
@@ -16,6 +21,7 @@ void DisplayChannel::SendToDisplay(const QString &comando) {
   // The observers hear of the command first, so that their record shows it ahead of the scripts it causes.
   for (DisplayObserver *observer : m_observers)
     observer->OnCommand(comando);
+  qCDebug(logDisplay).noquote() << comando;
   display->ProcessaComando(comando);
 }
 

@@ -1,16 +1,20 @@
 #include "display/page_address.h"
 
-#include <QFileInfo>
-
 #include "foundation/real_path.h"
+
+#include <QFileInfo>
 
 namespace tolmira {
 
 namespace {
 
-QUrl FileAddress(const QString &stored) { return QUrl::fromLocalFile(MapStoredPath(stored).text()); }
+QUrl FileAddress(const QString &stored) {
+  return QUrl::fromLocalFile(MapStoredPath(stored).text());
+}
 
-bool Exists(const QString &stored) { return QFileInfo::exists(MapStoredPath(stored).text()); }
+bool Exists(const QString &stored) {
+  return QFileInfo::exists(MapStoredPath(stored).text());
+}
 
 } // namespace
 

@@ -4,12 +4,15 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLoggingCategory>
 #include <QSaveFile>
 #include <QUrl>
 #include <algorithm>
 
 namespace tolmira {
 namespace {
+
+Q_LOGGING_CATEGORY(logStore, "tolmira.store", QtWarningMsg)
 
 constexpr qint64 ReadStep = 256 * 1024;
 
@@ -64,16 +67,26 @@ QString ReadWholeFile(const QString &storedPath) {
   return content.complete ? DecodeText(content.bytes).text : QString();
 }
 
+bool CommitWhole(QSaveFile &file) {
+  if (!file.flush())
+    file.cancelWriting();
+  return file.commit();
+}
+
 bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
   const QString path = MapStoredPath(storedPath).text();
   if (path.isEmpty())
     return false;
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly))
+  if (!file.open(QIODevice::WriteOnly)) {
+    qCDebug(logStore) << "not written:" << path << file.errorString();
     return false;
+  }
   if (file.write(bytes) != bytes.size())
     file.cancelWriting();
-  return file.commit();
+  const bool written = CommitWhole(file);
+  qCDebug(logStore) << (written ? "written:" : "not written:") << path << bytes.size();
+  return written;
 }
 
 bool WriteTextFile(const QString &text, const QString &path, bool verify) {

@@ -254,6 +254,17 @@ private slots:
     QVERIFY(!QApplication::activeModalWidget());
   }
 
+  void requestThatClosesTheProgramIsAnswered() {
+    m->presentation.onShow = [this] { m->server->Close(); };
+    m->client->Send(Request(R"({"do":"show","kind":2,"label":"x"})"));
+    m->client->Send(Request(R"({"do":"agenda","n":2})"));
+    QCOMPARE(Error(m->client->Line()), QString());
+    QVERIFY2(!QFileInfo::exists(m->path), "the socket goes with the server");
+    m->server.reset();
+    QTRY_VERIFY(!m->client->Connected());
+    QCOMPARE(m->calls, QStringList(QStringLiteral("ShowEntry 2 0 x x")));
+  }
+
   void requestsWaitForTheOneUnderWay() {
     QStringList atTheEnd;
     m->presentation.onShow = [this, &atTheEnd] {

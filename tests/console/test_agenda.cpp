@@ -107,11 +107,16 @@ private slots:
     Desk().SelectTab(3);
     QVERIFY(m_fixture->core.painel.LbDicaAgenda.contains(QStringLiteral("'Agenda 'Jovens', or")));
     QVERIFY(m_fixture->core.painel.LbDicaAgenda.endsWith(QStringLiteral("display..")));
+    Desk().RenameTab(3, QStringLiteral("Coral"));
+    QVERIFY(m_fixture->core.painel.LbDicaAgenda.contains(QStringLiteral("'Agenda 'Coral', or")));
+    Desk().RenameTab(3, QStringLiteral("Jovens"));
     QCOMPARE(Desk().ClearCaption(), QStringLiteral("Clear List"));
+    QVERIFY(!m_fixture->core.painel.PicAviso2);
     QString message;
     Desk().PorNaLista(QStringLiteral("Graça"), 2, QString(), message);
     QCOMPARE(Desk().ClearCaption(), QStringLiteral("Clear 'Jovens'"));
     QVERIFY(!m_fixture->core.painel.PicDicaAgenda);
+    QVERIFY(m_fixture->core.painel.PicAviso2); // something to choose again, and nothing loaded
   }
 
   void clearingReachesTheFileWithTheTabChange() {

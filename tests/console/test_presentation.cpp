@@ -82,6 +82,19 @@ private slots:
     QCOMPARE(Estado().IndiceTema, theme);
   }
 
+  void aNewItemBeginsInTheNormalMode() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->EndGlide();
+    m_fixture->core.stepper.Label1MouseDown(0);
+    m_fixture->core.stepper.Label1MouseMove(400 * TwipsPerPixel);
+    m_fixture->core.stepper.Label1MouseUp(0);
+    QCOMPARE(Estado().ModoMovimento, QStringLiteral("Abaixo"));
+    m_fixture->Show(QStringLiteral("Outra"));
+    QCOMPARE(Estado().ModoMovimento, QStringLiteral("Normal"));
+    QVERIFY(Painel().PicAviso);
+  }
+
   void refusals_data() {
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("message");
@@ -227,6 +240,28 @@ private slots:
              m_fixture->display.commands.count(QStringLiteral("GotoNextImage")));
   }
 
+  void aNewItemThatKeepsItsThemeKeepsTheRotationGoing() {
+    TemaRecord &tema = m_fixture->core.temas[2];
+    tema.Tipo = QStringLiteral("Imagem");
+    tema.Efeito_Imagem_FxExtra = QStringLiteral("none");
+    tema.Imagem = QStringLiteral("a.jpg|b.jpg|");
+    m_fixture->core.temaControle.MenuAplicar(2);
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->Forget();
+    m_fixture->clock.Advance(6000);
+    Estado().ProximoTema = 2;
+    m_fixture->Show(QStringLiteral("Outra"));
+    QVERIFY(m_fixture->display.commands.isEmpty()); // the page stays
+    m_fixture->clock.Advance(4000);
+    QCOMPARE(m_fixture->display.commands, QStringList{QStringLiteral("GotoNextImage")});
+    m_fixture->core.temaControle.StopRotation();
+    Estado().ProximoTema = 2;
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->Forget();
+    m_fixture->clock.Advance(10000);
+    QCOMPARE(m_fixture->display.commands, QStringList{QStringLiteral("GotoNextImage")});
+  }
+
   void aRandomEffectIsDrawnAtEachPicture() {
     TemaRecord &tema = m_fixture->core.temas[2];
     tema.Tipo = QStringLiteral("Imagem");
@@ -280,8 +315,10 @@ private slots:
     m_fixture->Show(QStringLiteral("Graça"));
     m_fixture->core.stepper.TeclaEstrofe(1);
     m_fixture->Forget();
+    m_fixture->view.focus = 0;
     m_fixture->core.controles.SliderExLouvor(6);
     QCOMPARE(m_fixture->VersesSent().size(), 1);
+    QCOMPARE(m_fixture->view.focus, 0); // the slider keeps it for the next step
     QVERIFY(!m_fixture->display.page.scripts.contains(QStringLiteral("set_text")));
     m_fixture->core.controles.SliderExLouvor(7);
     QCOMPARE(m_fixture->VersesSent().size(), 2);

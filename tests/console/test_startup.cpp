@@ -42,7 +42,8 @@ private slots:
   }
 
   void theOrderOfTheStart() {
-    Startup()->Load();
+    const auto startup = Startup();
+    startup->Load();
     QVERIFY(!Estado().TelaPronta);
     m_fixture->clock.Advance(10);
     QVERIFY(Estado().TelaPronta);
@@ -57,7 +58,8 @@ private slots:
 
   void anEngineThatCannotStartLeavesTheConsoleRunning() {
     m_engineStarts = false;
-    Startup()->Load();
+    const auto startup = Startup();
+    startup->Load();
     m_fixture->clock.Advance(10);
     QCOMPARE(m_fixture->prompt.shown.last().text, QStringLiteral("Unable to initialize coreWebView2."));
     QCOMPARE(Config(QStringLiteral("WV2_error")), QStringLiteral("1"));
@@ -87,7 +89,8 @@ private slots:
     QCOMPARE(registro.ReadValue(QStringLiteral("FonteGrande"), QString()), QStringLiteral("2"));
     m_fixture->core.estado = EstadoConsole();
     m_fixture->core.ajustes = AjustesTexto();
-    Startup()->Load();
+    const auto startup = Startup();
+    startup->Load();
     QCOMPARE(Estado().ActiveAgenda, 4);
     QCOMPARE(m_fixture->core.agenda.Lista().Count(2), 2);
     QVERIFY(!m_fixture->core.temaControle.ChkIM(7));
@@ -99,12 +102,14 @@ private slots:
   void aStoreFullOfNonsenseGivesDefaults() {
     m_fixture->Write(QStringLiteral("Data/Config.dat"),
                      "[Config]\r\nestiloLouvor=abc\r\nTransparencia_Faixa=900\r\nComboFontSize=-4\r\n"
-                     "[Registro]\r\nLastIndexListMusicas=77\r\nchkim1=x\r\n");
-    Startup()->Load();
+                     "[Registro]\r\nLastIndexListMusicas=77\r\nchkim1=x\r\nAlinhamento=9\r\n");
+    const auto startup = Startup();
+    startup->Load();
     m_fixture->clock.Advance(10);
     QCOMPARE(m_fixture->core.ajustes.EstiloLouvor, 0);
     QCOMPARE(m_fixture->core.ajustes.TransparenciaFaixa, QStringLiteral("10"));
     QCOMPARE(m_fixture->core.ajustes.FontSizeClass, 0);
+    QCOMPARE(m_fixture->core.ajustes.Alinhamento, 2);
     QCOMPARE(Estado().ActiveAgenda, 1);
   }
 
@@ -147,6 +152,9 @@ private slots:
     GravaRetanguloNormal(m_fixture->store, QRect(-40, 20, 900, 700));
     QCOMPARE(LeRetanguloNormal(m_fixture->store, screen), QRect(-40, 20, 900, 700));
     QVERIFY(m_fixture->Read(QStringLiteral("Data/FormPositions.dat")).contains("Frm1R=13500"));
+    GravaRetanguloPadrao(m_fixture->store, QRect(0, 0, 1366, 768));
+    QCOMPARE(m_fixture->Read(QStringLiteral("Data/FormPositions.dat")),
+             QByteArray("[Config]\r\nFrm1T=1152\r\nFrm1L=2049\r\nFrm1R=16392\r\nFrm1B=9216\r\n"));
     GravaRetanguloNormal(m_fixture->store, QRect(0, 0, 6, 700)); // 90 twips
     QCOMPARE(LeRetanguloNormal(m_fixture->store, screen), QRect(100, 80, 800, 640));
   }
@@ -156,6 +164,7 @@ private slots:
     QTest::addColumn<QSize>("monitor");
     QTest::addColumn<QRect>("panel");
     QTest::newRow("bound by width") << QSize(322, 300) << QSize(1280, 720) << QRect(1, 60, 320, 180);
+    QTest::newRow("two pixels too high still fit") << QSize(322, 178) << QSize(1280, 720) << QRect(1, -1, 320, 180);
     QTest::newRow("bound by height") << QSize(402, 182) << QSize(1024, 768) << QRect(81, 1, 240, 180);
   }
   void thePreviewHasTheProjectionsAspect() {

@@ -15,7 +15,9 @@
 #include "controls/ui/frame_mark.h"
 #include "controls/ui/group_list.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/text_strip.h"
 #include "controls/ui/theme_tile.h"
+#include "foundation/real_seams.h"
 #include "support/ui_warnings.h"
 
 using namespace tolmira;
@@ -248,6 +250,74 @@ private slots:
     QCOMPARE(RowTexts(desk.List()).mid(3), QStringList({QStringLiteral("Santo Santo"), QStringLiteral("Rocha Eterna")}));
   }
 
+  void anEntryIsDragged_data() {
+    QTest::addColumn<QString>("onto");
+    QTest::addColumn<int>("below"); // px from the middle of that row
+    QTest::addColumn<QString>("order");
+    QTest::newRow("behind the next") << QStringLiteral("Rocha Eterna") << 8
+                                     << QStringLiteral("Bible|João 3:16|Songs|Rocha Eterna|Santo Santo|Terceira");
+    QTest::newRow("in front of the next: where it is")
+        << QStringLiteral("Rocha Eterna") << -8 << QStringLiteral("Bible|João 3:16|Songs|Santo Santo|Rocha Eterna|Terceira");
+    QTest::newRow("in front of the last") << QStringLiteral("Terceira") << -8
+                                          << QStringLiteral("Bible|João 3:16|Songs|Rocha Eterna|Santo Santo|Terceira");
+    QTest::newRow("under everything") << QStringLiteral("Terceira") << 90
+                                      << QStringLiteral("Bible|João 3:16|Songs|Rocha Eterna|Terceira|Santo Santo");
+    QTest::newRow("into another group")
+        << QStringLiteral("João 3:16") << 8 << QStringLiteral("Bible|João 3:16|Songs|Santo Santo|Rocha Eterna|Terceira");
+  }
+  void anEntryIsDragged() {
+    Desk desk;
+    desk.Fill();
+    QString message;
+    desk.core.agenda.PorNaLista(QStringLiteral("Terceira"), 2, QString(), message);
+    QFETCH(QString, onto);
+    QFETCH(int, below);
+    QWindow *window = desk.frm.windowHandle();
+    const auto inWindow = [&](const QPoint &row) { return desk.List()->viewport()->mapTo(&desk.frm, row); };
+    const QPoint from = inWindow(desk.RowOf(QStringLiteral("Santo Santo")));
+    const QPoint to = inWindow(desk.RowOf(onto)) + QPoint(0, below);
+    QTest::mousePress(window, Qt::LeftButton, {}, from);
+    QTest::mouseMove(window, from + QPoint(0, 1));
+    // The drag runs a loop of its own, in which the hand goes on.
+    QTimer::singleShot(0, window, [&] {
+      QTest::mouseMove(window, to);
+      QTest::mouseMove(window, to + QPoint(1, 0));
+      QTest::mouseRelease(window, Qt::LeftButton, {}, to);
+    });
+    QTest::mouseMove(window, from + QPoint(0, 2 * QApplication::startDragDistance()));
+    QTRY_VERIFY(QApplication::mouseButtons() == Qt::NoButton);
+    QTEST(RowTexts(desk.List()).join(u'|'), "order");
+    QStringList stored{QStringLiteral("Bible"), desk.core.agenda.Lista().NameAt(1, 1), QStringLiteral("Songs")};
+    for (int index = 1; index <= 3; ++index)
+      stored << desk.core.agenda.Lista().NameAt(2, index);
+    QTEST(stored.join(u'|'), "order");
+  }
+
+  void theFirstDownInTheListIsAtItsFirstEntry() {
+    Desk desk;
+    desk.Fill();
+    desk.Find(QStringLiteral("PicAbac2"))->setFocus();
+    desk.Key(Qt::Key_F3);
+    desk.Key(Qt::Key_Down);
+    QCOMPARE(desk.List()->Chosen(), (QPair<int, int>(1, 1)));
+  }
+
+  void fontsAreThoseInstalled() {
+    Desk desk;
+    desk.frm.CarregaFontes();
+    auto *fonts = desk.Find<QComboBox>(QStringLiteral("ComboFontes"));
+    QCOMPARE_GT(fonts->count(), 0);
+    for (int i = 0; i < fonts->count(); ++i)
+      QVERIFY(!fonts->itemText(i).startsWith(u'@'));
+    desk.core.estado.TemaAtual.Font_Name = fonts->itemText(fonts->count() - 1);
+    desk.frm.ThemesChanged();
+    QCOMPARE(fonts->currentIndex(), fonts->count() - 1);
+    desk.core.estado.TemaAtual.Font_Name = QStringLiteral("No Such Font");
+    desk.frm.ThemesChanged();
+    QCOMPARE(fonts->currentIndex(), -1);
+    QCOMPARE(fonts->findText(QStringLiteral("No Such Font")), -1);
+  }
+
   void screenStates() {
     Desk desk;
     auto *banner = desk.Find<QLabel>(QStringLiteral("LbEstadoTela"));
@@ -389,6 +459,34 @@ private slots:
     style->setValue(7);
     QVERIFY(!desk.Find(QStringLiteral("SliderZoom"))->isVisible());
     QCOMPARE(desk.Find(QStringLiteral("PicAbac2"))->geometry(), strip);
+  }
+
+  void stripBreaksLinesWhereTheMeasureDoes_data() {
+    QTest::addColumn<QString>("family");
+    QTest::addColumn<double>("sizePt");
+    QTest::newRow("installed") << QStringLiteral("Liberation Serif") << 17.3;
+    QTest::newRow("missing") << QStringLiteral("No Such Family") << 23.7;
+    QTest::newRow("small") << QStringLiteral("DejaVu Sans") << 9.1;
+  }
+  void stripBreaksLinesWhereTheMeasureDoes() {
+    QFETCH(QString, family);
+    QFETCH(double, sizePt);
+    FontTextMeasure measure;
+    const FontSpec font{FonteInstalada(family), sizePt, true};
+    TextStrip strip;
+    TextStrip::Content content;
+    content.text = QStringLiteral("Through many dangers, toils and snares I have already come\r\n\r\n"
+                                  "WAS BLIND, BUT NOW I SEE THE LORD HAS PROMISED GOOD TO ME");
+    content.family = font.family;
+    content.fontPx = sizePt * 96 / 72;
+    content.lineHeight = measure.Height(QString(), font, 0);
+    for (double width = 120; width < 900; width += 7) {
+      content.width = width;
+      strip.SetContent(content);
+      const int lines = qRound(measure.Height(content.text, font, width) / content.lineHeight);
+      QVERIFY2(strip.LineCount() == lines,
+               qPrintable(QStringLiteral("%1 px: %2, measured %3").arg(width).arg(strip.LineCount()).arg(lines)));
+    }
   }
 
   void dragOfTheStripReachesTheStepper() {

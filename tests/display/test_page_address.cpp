@@ -1,10 +1,10 @@
+#include "display/page_address.h"
+#include "foundation/text_file.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include "display/page_address.h"
-#include "foundation/text_file.h"
 
 using namespace tolmira;
 
@@ -17,18 +17,30 @@ private slots:
   void findsTheFile_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("asked"); // %1 is the folder
-    QTest::newRow("four slashes") << "temp.html" << "file:///%1/temp.html";
-    QTest::newRow("three slashes") << "temp.html" << "file://%1/temp.html";
-    QTest::newRow("bare path") << "temp.html" << "%1/temp.html";
-    QTest::newRow("backslashes") << "temp.html" << "file:///%1\\temp.html";
-    QTest::newRow("other case") << "Temp.HTML" << "file:///%1\\temp.html";
-    QTest::newRow("line end in the path") << "temp.html" << "file:///%1/temp.html\r\n";
-    QTest::newRow("space and accent") << "página um.html" << "file:///%1/página um.html";
-    QTest::newRow("percent in the name") << "100%.html" << "file:///%1/100%.html";
-    QTest::newRow("an escape in the name") << "a%20b.html" << "file:///%1/a%20b.html";
-    QTest::newRow("number sign") << "hino #3.html" << "file:///%1/hino #3.html";
-    QTest::newRow("question mark") << "quem?.html" << "%1\\quem?.html";
-    QTest::newRow("percent-encoded") << "hino #3.html" << "file:///%1/hino%20%233.html";
+    QTest::newRow("four slashes") << "temp.html"
+                                  << "file:///%1/temp.html";
+    QTest::newRow("three slashes") << "temp.html"
+                                   << "file://%1/temp.html";
+    QTest::newRow("bare path") << "temp.html"
+                               << "%1/temp.html";
+    QTest::newRow("backslashes") << "temp.html"
+                                 << "file:///%1\\temp.html";
+    QTest::newRow("other case") << "Temp.HTML"
+                                << "file:///%1\\temp.html";
+    QTest::newRow("line end in the path") << "temp.html"
+                                          << "file:///%1/temp.html\r\n";
+    QTest::newRow("space and accent") << "página um.html"
+                                      << "file:///%1/página um.html";
+    QTest::newRow("percent in the name") << "100%.html"
+                                         << "file:///%1/100%.html";
+    QTest::newRow("an escape in the name") << "a%20b.html"
+                                           << "file:///%1/a%20b.html";
+    QTest::newRow("number sign") << "hino #3.html"
+                                 << "file:///%1/hino #3.html";
+    QTest::newRow("question mark") << "quem?.html"
+                                   << "%1\\quem?.html";
+    QTest::newRow("percent-encoded") << "hino #3.html"
+                                     << "file:///%1/hino%20%233.html";
   }
   void findsTheFile() {
     QFETCH(QString, name);

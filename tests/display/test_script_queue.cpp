@@ -1,6 +1,6 @@
-#include <QTest>
-
 #include "display/script_queue.h"
+
+#include <QTest>
 
 using tolmira::ScriptQueue;
 

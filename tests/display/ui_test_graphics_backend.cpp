@@ -1,6 +1,6 @@
-#include <QTest>
-
 #include "display/ui/graphics_backend.h"
+
+#include <QTest>
 
 using namespace tolmira;
 
@@ -12,6 +12,7 @@ private slots:
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     qunsetenv("QT_QUICK_BACKEND");
     qunsetenv("QTWEBENGINE_CHROMIUM_FLAGS");
+    qunsetenv("QT_XCB_GL_INTEGRATION");
   }
 
   void knowsEmulatedRenderers_data() {
@@ -36,6 +37,7 @@ private slots:
     QCOMPARE(ChooseGraphicsBackend(GraphicsBackend::Software), GraphicsBackend::Software);
     QCOMPARE(qgetenv("QT_QUICK_BACKEND"), QByteArray("software"));
     QVERIFY(qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").split(' ').contains("--disable-gpu"));
+    QCOMPARE(qgetenv("QT_XCB_GL_INTEGRATION"), QByteArray("none"));
   }
 
   void glLeavesTheEnvironmentAlone() {

@@ -1,3 +1,6 @@
+#include "display/ui/web_page_host.h"
+#include "support/web_fixture.h"
+
 #include <QLineEdit>
 #include <QSet>
 #include <QTcpServer>
@@ -6,11 +9,7 @@
 #include <QTest>
 #include <QThread>
 #include <QWheelEvent>
-
 #include <algorithm>
-
-#include "display/ui/web_page_host.h"
-#include "support/web_fixture.h"
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -33,7 +32,9 @@ QString Page(const QString &colour, const QString &body = {}) {
       .arg(colour, body);
 }
 
-QColor PixelAt(QWidget &widget, const QPoint &point) { return widget.grab().toImage().pixelColor(point); }
+QColor PixelAt(QWidget &widget, const QPoint &point) {
+  return widget.grab().toImage().pixelColor(point);
+}
 
 } // namespace
 
@@ -52,9 +53,7 @@ class TestPageHost : public QObject {
   }
 
 private slots:
-  void initTestCase() {
-    m_profile = NewPageProfile();
-  }
+  void initTestCase() { m_profile = NewPageProfile(); }
   void init() {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_folder = std::make_unique<QTemporaryDir>();
@@ -77,7 +76,8 @@ private slots:
       m_page->ExecuteScript(QStringLiteral("Add('%1')").arg(letter));
     m_page->SetPageProperty(QStringLiteral("document.title"), QStringLiteral("it's \"so\"\\\n</script>é\u2028"));
     QCOMPARE(Eval(m_page, QStringLiteral("log.join('')")), QStringLiteral("\"abc\""));
-    QCOMPARE(Eval(m_page, QStringLiteral("document.title")), QStringLiteral("\"it's \\\"so\\\"\\\\ </script>é\u2028\""));
+    QCOMPARE(Eval(m_page, QStringLiteral("document.title")),
+             QStringLiteral("\"it's \\\"so\\\"\\\\ </script>é\u2028\""));
   }
 
   void scriptsDoNotWaitForSlowPictures() {
@@ -86,13 +86,15 @@ private slots:
     // The picture never arrives, so the page never finishes loading.
     QTcpServer server;
     QVERIFY(server.listen(QHostAddress::LocalHost));
-    const QByteArray body = Page(QStringLiteral("#fff"), QStringLiteral("<img src='http://127.0.0.1:%1/x.png'>").arg(silent.serverPort())).toUtf8();
+    const QByteArray body =
+        Page(QStringLiteral("#fff"), QStringLiteral("<img src='http://127.0.0.1:%1/x.png'>").arg(silent.serverPort()))
+            .toUtf8();
     connect(&server, &QTcpServer::newConnection, this, [&] {
       QTcpSocket *socket = server.nextPendingConnection();
       connect(socket, &QTcpSocket::readyRead, socket, [socket, body] {
         socket->readAll();
-        socket->write("HTTP/1.0 200 OK\r\nContent-Type: text/html\r\nContent-Length: " + QByteArray::number(body.size()) +
-                      "\r\n\r\n" + body);
+        socket->write("HTTP/1.0 200 OK\r\nContent-Type: text/html\r\nContent-Length: " +
+                      QByteArray::number(body.size()) + "\r\n\r\n" + body);
         socket->disconnectFromHost();
       });
     });
@@ -121,7 +123,8 @@ private slots:
     m_page->Navigate(second, 8);
     QCOMPARE(dropped, QStringLiteral("null"));
     m_page->ExecuteScript(QStringLiteral("Add('new')"));
-    QCOMPARE(Eval(m_page, QStringLiteral("[log.join(''), location.pathname.slice(-6)]")), QStringLiteral("[\"new\",\"b.html\"]"));
+    QCOMPARE(Eval(m_page, QStringLiteral("[log.join(''), location.pathname.slice(-6)]")),
+             QStringLiteral("[\"new\",\"b.html\"]"));
   }
 
   void theSamePageAgainIsANewPage() {
@@ -163,9 +166,12 @@ private slots:
   void aPageCannotLeave_data() {
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("uri");
-    QTest::newRow("location") << "location.href='http://image/?Foto 1.jpg'" << "http://image/?Foto%201.jpg";
-    QTest::newRow("link") << "document.getElementById('l').click()" << "http://vaiacabar/?10000";
-    QTest::newRow("form") << "document.getElementById('f').submit()" << "http://form/?";
+    QTest::newRow("location") << "location.href='http://image/?Foto 1.jpg'"
+                              << "http://image/?Foto%201.jpg";
+    QTest::newRow("link") << "document.getElementById('l').click()"
+                          << "http://vaiacabar/?10000";
+    QTest::newRow("form") << "document.getElementById('f').submit()"
+                          << "http://form/?";
   }
   void aPageCannotLeave() {
     QFETCH(QString, script);
@@ -192,7 +198,8 @@ private slots:
                                         "'DOMContentLoaded',()=>location.href='http://image/?y')</script><p id=rest>");
     m_page->Navigate(Write(QStringLiteral("a.html"), Page(QStringLiteral("#fff"), body)), 8);
     m_page->ExecuteScript(QStringLiteral("Add('a')"));
-    QCOMPARE(Eval(m_page, QStringLiteral("log.join('') + !!document.getElementById('rest')")), QStringLiteral("\"atrue\""));
+    QCOMPARE(Eval(m_page, QStringLiteral("log.join('') + !!document.getElementById('rest')")),
+             QStringLiteral("\"atrue\""));
     QCOMPARE(asked, QStringList({QStringLiteral("http://image/?x"), QStringLiteral("http://image/?y")}));
     QTRY_COMPARE(Eval(m_page, QStringLiteral("document.readyState")), QStringLiteral("\"complete\""));
   }
@@ -205,8 +212,9 @@ private slots:
     connect(&server, &QTcpServer::newConnection, this, [&] {
       QTcpSocket *socket = server.nextPendingConnection();
       connect(socket, &QTcpSocket::readyRead, socket, [socket] {
-        socket->write(socket->readAll().startsWith("GET /old") ? "HTTP/1.0 302 Found\r\nLocation: /new\r\n\r\n"
-                                                               : "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\nhere");
+        socket->write(socket->readAll().startsWith("GET /old")
+                          ? "HTTP/1.0 302 Found\r\nLocation: /new\r\n\r\n"
+                          : "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\nhere");
         socket->disconnectFromHost();
       });
     });
@@ -249,13 +257,20 @@ private slots:
   void evaluatesToJson_data() {
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("json");
-    QTest::newRow("number") << "1+1" << "2";
-    QTest::newRow("fraction") << "0.5" << "0.5";
-    QTest::newRow("text") << "'a\"b'" << "\"a\\\"b\"";
-    QTest::newRow("object") << "({a:[1,true,null]})" << "{\"a\":[1,true,null]}";
-    QTest::newRow("statements") << "var x=3; x" << "3";
-    QTest::newRow("nothing") << "undefined" << "null";
-    QTest::newRow("error") << "nowhere()" << "null";
+    QTest::newRow("number") << "1+1"
+                            << "2";
+    QTest::newRow("fraction") << "0.5"
+                              << "0.5";
+    QTest::newRow("text") << "'a\"b'"
+                          << "\"a\\\"b\"";
+    QTest::newRow("object") << "({a:[1,true,null]})"
+                            << "{\"a\":[1,true,null]}";
+    QTest::newRow("statements") << "var x=3; x"
+                                << "3";
+    QTest::newRow("nothing") << "undefined"
+                             << "null";
+    QTest::newRow("error") << "nowhere()"
+                           << "null";
   }
   void evaluatesToJson() {
     QFETCH(QString, script);
@@ -376,10 +391,11 @@ private slots:
     QVERIFY(QTest::qWaitForWindowActive(&console));
     field.setFocus();
     PageObject *page = preview.WV();
-    page->Navigate(Write(QStringLiteral("a.html"),
-                         Page(QStringLiteral("#fff"), QStringLiteral("<input id=i style='position:fixed;left:0;top:0;width:"
-                                                                     "300px;height:100px'><div style='height:4000px'></div>"))),
-                   8);
+    page->Navigate(
+        Write(QStringLiteral("a.html"),
+              Page(QStringLiteral("#fff"), QStringLiteral("<input id=i style='position:fixed;left:0;top:0;width:"
+                                                          "300px;height:100px'><div style='height:4000px'></div>"))),
+        8);
     page->ExecuteScript(QStringLiteral("document.getElementById('i').focus(); window.focus()"));
     Eval(page, QStringLiteral("1"));
     QWidget *inside = preview.childAt(50, 50);
@@ -389,7 +405,8 @@ private slots:
     QTest::keyClicks(console.focusWidget(), QStringLiteral("ab"));
     QTest::keyClicks(inside, QStringLiteral("cd"));
     const QPointF at(50, 150);
-    QWheelEvent wheel(at, inside->mapToGlobal(at), {}, {0, -240}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent wheel(at, inside->mapToGlobal(at), {}, {0, -240}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
     QCoreApplication::sendEvent(inside, &wheel);
     QCOMPARE(field.text(), QStringLiteral("ab"));
     QCOMPARE(Eval(page, QStringLiteral("[document.getElementById('i').value, scrollY]")), QStringLiteral("[\"\",0]"));

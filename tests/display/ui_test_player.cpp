@@ -1,9 +1,9 @@
+#include "display/ui/mpv_player.h"
+
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include "display/ui/mpv_player.h"
 
 using namespace tolmira;
 
@@ -22,16 +22,17 @@ public:
 QString MakeClip(const QString &folder, const QString &name) {
   const QString path = folder + u'/' + name;
   QProcess maker;
-  maker.start(QStringLiteral("ffmpeg"), {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-f"),
-                                         QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                         QStringLiteral("color=red:size=160x120:rate=25:duration=2"),
-                                         QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                         QStringLiteral("sine=duration=2"), QStringLiteral("-c:v"),
-                                         QStringLiteral("mpeg4"), QStringLiteral("-c:a"), QStringLiteral("aac"), path});
+  maker.start(QStringLiteral("ffmpeg"),
+              {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-f"), QStringLiteral("lavfi"),
+               QStringLiteral("-i"), QStringLiteral("color=red:size=160x120:rate=25:duration=2"), QStringLiteral("-f"),
+               QStringLiteral("lavfi"), QStringLiteral("-i"), QStringLiteral("sine=duration=2"), QStringLiteral("-c:v"),
+               QStringLiteral("mpeg4"), QStringLiteral("-c:a"), QStringLiteral("aac"), path});
   return maker.waitForFinished(30000) && maker.exitCode() == 0 ? path : QString();
 }
 
-bool IsReddish(const QColor &colour) { return colour.red() > 180 && colour.green() < 60 && colour.blue() < 60; }
+bool IsReddish(const QColor &colour) {
+  return colour.red() > 180 && colour.green() < 60 && colour.blue() < 60;
+}
 
 } // namespace
 
@@ -77,7 +78,8 @@ private slots:
   }
 
   void playsAtOnceFromAStoredPath() {
-    const QString stored = QString(m_clip).replace(u'/', u'\\').replace(QStringLiteral("Um.mp4"), QStringLiteral("UM.MP4"));
+    const QString stored =
+        QString(m_clip).replace(u'/', u'\\').replace(QStringLiteral("Um.mp4"), QStringLiteral("UM.MP4"));
     m_player->SetUrl(stored);
     QCOMPARE(m_player->Url(), stored);
     QCOMPARE(m_player->State(), PlayState::Playing);

@@ -1,13 +1,13 @@
+#include "display/FrmQuendar.h"
+#include "display/ui/web_page_host.h"
+#include "support/fake_clock.h"
+#include "support/web_fixture.h"
+
 #include <QImage>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
-
-#include "display/FrmQuendar.h"
-#include "display/ui/web_page_host.h"
-#include "support/fake_clock.h"
-#include "support/web_fixture.h"
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -39,8 +39,9 @@ class TestQuendar : public QObject {
   }
   void ShowPage(const QString &colour) {
     const QString path = m_folder->filePath(QStringLiteral("page.html"));
-    WriteText(path, QStringLiteral("<body style='margin:0;background:%1'><div id=texto></div><script>function ChangeCSS(a,b,c)"
-                                   "{document.getElementById(a).style[b]=c}</script>")
+    WriteText(path, QStringLiteral(
+                        "<body style='margin:0;background:%1'><div id=texto></div><script>function ChangeCSS(a,b,c)"
+                        "{document.getElementById(a).style[b]=c}</script>")
                         .arg(colour));
     m_window->ProcessaComando(u"CarregaTema|#file:///" + path);
   }
@@ -164,7 +165,8 @@ private slots:
   void theVideoLayerComesInFrontOfThePage() {
     QVERIFY(m_window->CriaBrowser());
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("html")));
-    WriteText(m_folder->filePath(QStringLiteral("html/emptyback.html")), QStringLiteral("<body style='background:#0f0'>"));
+    WriteText(m_folder->filePath(QStringLiteral("html/emptyback.html")),
+              QStringLiteral("<body style='background:#0f0'>"));
     m_window->ProcessaComando(QStringLiteral("Show"));
     qputenv("TOLMIRA_AO", "null");
     m_window->ProcessaComando(QStringLiteral("Video|#av://lavfi:color=red:size=160x80:rate=10"));

@@ -4,6 +4,8 @@
 
 #include <QBuffer>
 #include <QtTest>
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace tolmira;
@@ -157,6 +159,24 @@ private slots:
     Put(QStringLiteral("folder/inside.txt"));
     QVERIFY(!WriteFileAtomically(At(QStringLiteral("\\folder")), "x"));
     QCOMPARE(Get(QStringLiteral("folder/inside.txt")), "x");
+  }
+
+  void AFullDiskLeavesTheOldFile() {
+    const QString path = At(QStringLiteral("\\full.dat"));
+    QVERIFY(WriteFileAtomically(path, "old"));
+    // A limit on the size of files stands for the disk: writes fail in the same way, late and without a crash.
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{100, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const bool shortFile = WriteFileAtomically(path, QByteArray(200, 'x'));
+    const bool longFile = WriteFileAtomically(path, QByteArray(1000000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY(!shortFile);
+    QVERIFY(!longFile);
+    QCOMPARE(Get(QStringLiteral("full.dat")), "old");
   }
 
   void TextFiles() {

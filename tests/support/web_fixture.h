@@ -1,13 +1,12 @@
 #pragma once
 
+#include "display/ui/web_page_host.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTest>
-
 #include <signal.h>
 #include <unistd.h>
-
-#include "display/ui/web_page_host.h"
 
 namespace tolmira::testing {
 
@@ -29,8 +28,8 @@ inline QString Eval(PageObject *page, const QString &script) {
   return result;
 }
 
-// The render processes below this one. The engine forks them from a helper, so the command line does not tell them apart
-// from it: a renderer is a process whose parent's parent or grandparent is this one and which has no children.
+// The render processes below this one. The engine forks them from a helper, so the command line does not tell them
+// apart from it: a renderer is a process whose parent's parent or grandparent is this one and which has no children.
 inline QList<qint64> RenderProcesses() {
   struct Row {
     qint64 pid;

@@ -64,7 +64,7 @@ bool ConsoleKeys::eventFilter(QObject *watched, QEvent *event) {
   }
 
   auto *receiver = qobject_cast<QWidget *>(watched);
-  if (!receiver || receiver->window() != m_window)
+  if (!receiver || (receiver->window() != m_window && !m_others.contains(receiver->window())))
     return false;
   const auto *key = static_cast<QKeyEvent *>(event);
   if (IsRepeatOf(key, receiver))

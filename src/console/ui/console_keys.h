@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 
@@ -19,6 +20,9 @@ public:
   ConsoleKeys(ConsoleParts parts, QWidget *window, QWidget *list);
   ~ConsoleKeys() override;
 
+  // Keys that reach `window` count as the console's: a projection that the desktop made active must not swallow them.
+  void AddWindow(QWidget *window) { m_others.append(window); }
+
 protected:
   bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -31,6 +35,7 @@ private:
   ConsoleParts m_parts;
   QWidget *m_window;
   QWidget *m_list;
+  QList<QPointer<QWidget>> m_others;
   bool m_ctrl = false;
   const void *m_lastEvent = nullptr; // only compared
   QPointer<QWidget> m_lastReceiver;

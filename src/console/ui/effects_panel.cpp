@@ -1,6 +1,7 @@
 #include "console/ui/effects_panel.h"
 
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -34,7 +35,10 @@ EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent
   };
   QLabel *title = caption(tr("Effects and filters"), "caps");
   title->setMinimumHeight(medidas::Heading);
-  column->addWidget(title);
+  m_fontes = MakeCombo("ComboFontes", tr("Font of the text"));
+  auto *head = new QHBoxLayout;
+  head->addWidget(title, 1);
+  head->addWidget(caption(tr("Font"), "quiet"));
   m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"));
   m_imagemExtra = MakeCombo("ComboEfeitoImagemExtra", tr("Variant of the picture effect"));
   m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect of the text"));
@@ -45,12 +49,14 @@ EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent
   auto *combos = new QGridLayout;
   combos->setHorizontalSpacing(medidas::Gap);
   combos->setVerticalSpacing(medidas::Step + 2);
-  combos->addWidget(caption(tr("Picture"), "quiet"), 0, 0);
-  combos->addWidget(m_imagem, 0, 1);
-  combos->addWidget(m_imagemExtra, 0, 2);
-  combos->addWidget(caption(tr("Text"), "quiet"), 1, 0);
-  combos->addWidget(m_texto, 1, 1);
-  combos->addWidget(m_textoExtra, 1, 2);
+  combos->addLayout(head, 0, 0, 1, 2);
+  combos->addWidget(m_fontes, 0, 2);
+  combos->addWidget(caption(tr("Picture"), "quiet"), 1, 0);
+  combos->addWidget(m_imagem, 1, 1);
+  combos->addWidget(m_imagemExtra, 1, 2);
+  combos->addWidget(caption(tr("Text"), "quiet"), 2, 0);
+  combos->addWidget(m_texto, 2, 1);
+  combos->addWidget(m_textoExtra, 2, 2);
   combos->setColumnStretch(1, 1);
   combos->setColumnStretch(2, 1);
   column->addLayout(combos);
@@ -102,8 +108,25 @@ EffectsPanel::Filter EffectsPanel::MakeFilter(QGridLayout *grid, const Scale &sc
   return {slider, value, scale.unit};
 }
 
+void EffectsPanel::CarregaFontes() {
+  QStringList fontes = QFontDatabase::families();
+  // Fonts for text that runs from top to bottom carry an "@" before their name.
+  fontes.removeIf([](const QString &nome) { return nome.startsWith(u'@'); });
+  m_fontes->clear();
+  m_fontes->addItems(fontes);
+  ShowFont();
+}
+
+// A font of the theme that is not installed is named all the same, though it is no choice.
+void EffectsPanel::ShowFont() {
+  const QString &fonte = m_parts.console.estado.TemaAtual.Font_Name;
+  m_fontes->setPlaceholderText(fonte);
+  m_fontes->setCurrentIndex(m_fontes->findText(fonte));
+}
+
 void EffectsPanel::ThemesChanged() {
   const TemaRecord &tema = m_parts.console.estado.TemaAtual;
+  ShowFont();
   Choose(m_imagem, tema.Efeito_Imagem_Fx);
   Choose(m_texto, tema.Efeito_Texto_Fx);
   const auto variants = [](QComboBox *combo, GrupoEfeito grupo, const QString &familia, const QString &variante) {

@@ -11,15 +11,17 @@ class QSlider;
 
 namespace tolmira {
 
-// Effects and picture filters of the active theme.
+// Effects, font and picture filters of the active theme.
 class EffectsPanel : public QWidget {
   Q_OBJECT
 
 public:
   EffectsPanel(ConsoleParts parts, QWidget *parent);
+  void CarregaFontes(); // the installed fonts, once
   void ThemesChanged();
 
 private:
+  void ShowFont();
   struct Filter {
     QSlider *slider;
     QLabel *value;
@@ -35,6 +37,7 @@ private:
   Filter MakeFilter(QGridLayout *grid, const Scale &scale, int row, int column);
 
   ConsoleParts m_parts;
+  QComboBox *m_fontes;
   QComboBox *m_imagem;
   QComboBox *m_imagemExtra;
   QComboBox *m_texto;

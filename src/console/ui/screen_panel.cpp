@@ -56,7 +56,7 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(medidas::Gap);
   preview->setParent(this);
-  column->addWidget(preview, 20);
+  column->addWidget(preview, 1000); // all there is until it has its proportions; the rest then shares
 
   m_banner = new QLabel(this);
   m_banner->setObjectName(QStringLiteral("LbEstadoTela"));
@@ -96,7 +96,7 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
 void ScreenPanel::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
   layout()->activate();
-  SetLook(m_banner, "size", m_banner->height() > 3 * AlturaDoAviso / 2 ? QStringLiteral("large") : QString());
+  SetLook(m_banner, "scale", m_banner->height() > 3 * AlturaDoAviso / 2 ? QStringLiteral("large") : QString());
 }
 
 void ScreenPanel::Atualiza() {

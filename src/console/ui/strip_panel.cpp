@@ -9,6 +9,7 @@
 #include "controls/ui/hint_label.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/text_strip.h"
+#include "display/page_builder.h"
 
 namespace tolmira {
 
@@ -92,7 +93,12 @@ void StripArea::Atualiza() {
   if (faixa.Label1Visible) {
     TextStrip::Content content;
     content.text = faixa.Label1Texto;
-    content.family = faixa.Label1Fonte.family;
+    // The measures and the page take another family when this one is not installed.
+    if (faixa.Label1Fonte.family != m_familia) {
+      m_familia = faixa.Label1Fonte.family;
+      m_familiaInstalada = FonteInstalada(m_familia);
+    }
+    content.family = m_familiaInstalada;
     content.bold = faixa.Label1Fonte.bold;
     content.fontPx = faixa.Label1Fonte.sizePt * PixelsPerPoint;
     content.lineHeight = m_parts.console.measure.Height(QString(), faixa.Label1Fonte, 0);

@@ -44,6 +44,8 @@ private:
   HintLabel *m_picDica3;
   HintLabel *m_picDica4;
   HintLabel *m_mensagem;
+  QString m_familia;
+  QString m_familiaInstalada;
   int m_marcado = -1; // the verse that was last sent
 };
 

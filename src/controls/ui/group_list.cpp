@@ -1,6 +1,8 @@
 #include "controls/ui/group_list.h"
 
+#include <QDrag>
 #include <QDragMoveEvent>
+#include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
 #include <QSignalBlocker>
@@ -205,6 +207,15 @@ void GroupList::paintEvent(QPaintEvent *event) {
   painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
 }
 
+// The view takes the first entry for its place without showing it, and the first Down would leap over that entry.
+void GroupList::focusInEvent(QFocusEvent *event) {
+  QListWidget::focusInEvent(event);
+  if (!selectedItems().isEmpty())
+    return;
+  const QSignalBlocker quiet(this);
+  setCurrentItem(nullptr);
+}
+
 void GroupList::mouseDoubleClickEvent(QMouseEvent *event) {
   QListWidget::mouseDoubleClickEvent(event);
   const QListWidgetItem *hit = itemAt(event->pos());
@@ -224,18 +235,31 @@ void GroupList::contextMenuEvent(QContextMenuEvent *event) {
     emit MenuWanted(event->globalPos());
 }
 
-void GroupList::startDrag(Qt::DropActions actions) {
+// The view's own drag would remove the row that it believes to have moved, after the owner has moved the entry.
+void GroupList::startDrag(Qt::DropActions) {
   m_dragged = Chosen();
-  if (m_dragged.second > 0)
-    QListWidget::startDrag(actions);
+  const QModelIndexList rows = selectedIndexes();
+  if (m_dragged.second < 1 || rows.isEmpty())
+    return;
+  const QRect row = visualRect(rows.first());
+  auto *drag = new QDrag(this);
+  drag->setMimeData(model()->mimeData(rows));
+  drag->setPixmap(viewport()->grab(row));
+  drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
+  drag->exec(Qt::MoveAction);
   m_dragged = {0, 0};
 }
 
+// The upper half of an entry means in front of it and the lower half behind it, as the line between the rows shows.
 int GroupList::DropIndex(const QPoint &pos) const {
   const QListWidgetItem *hit = itemAt(pos);
-  if (!hit || m_dragged.first == 0 || hit->data(GroupRole).toInt() != m_dragged.first)
+  if (!hit && count() > 0 && pos.y() > visualItemRect(item(count() - 1)).bottom())
+    hit = item(count() - 1);
+  if (!hit || m_dragged.second < 1 || hit->data(GroupRole).toInt() != m_dragged.first)
     return 0;
-  return qMax(1, hit->data(IndexRole).toInt());
+  const int index = hit->data(IndexRole).toInt();
+  const int inFront = index > 0 && pos.y() < visualItemRect(hit).center().y() ? index - 1 : index;
+  return inFront < m_dragged.second ? inFront + 1 : inFront;
 }
 
 void GroupList::dragEnterEvent(QDragEnterEvent *event) {
@@ -256,8 +280,6 @@ void GroupList::dragMoveEvent(QDragMoveEvent *event) {
 void GroupList::dropEvent(QDropEvent *event) {
   const int to = DropIndex(event->position().toPoint());
   const QPair<int, int> from = m_dragged;
-  // A copy is what the view's own drag must believe in: after a move it would remove the row that the owner has moved.
-  event->setDropAction(Qt::CopyAction);
   event->accept();
   setState(NoState);
   if (to > 0 && to != from.second)

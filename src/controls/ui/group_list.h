@@ -42,6 +42,7 @@ signals:
 
 protected:
   void paintEvent(QPaintEvent *event) override;
+  void focusInEvent(QFocusEvent *event) override;
   void mouseDoubleClickEvent(QMouseEvent *event) override;
   void contextMenuEvent(QContextMenuEvent *event) override;
   void dragEnterEvent(QDragEnterEvent *event) override;
@@ -51,7 +52,7 @@ protected:
 
 private:
   QListWidgetItem *ItemOf(int group, int index) const;
-  int DropIndex(const QPoint &pos) const; // where in the dragged entry's group; 0 for nowhere
+  int DropIndex(const QPoint &pos) const; // the dragged entry's index after a drop there; 0 for no place of its group
 
   std::vector<Group> m_groups;
   QPair<int, int> m_onShow{0, 0};

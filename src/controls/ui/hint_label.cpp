@@ -31,12 +31,13 @@ QString HintLabel::Text() const { return m_text->text(); }
 
 // The text wraps only when it has to, so that a short hint stays a short plate.
 void HintLabel::SetMaximumTextWidth(int px) {
-  const int natural = m_text->fontMetrics().size(0, m_text->text()).width() + 2;
-  const bool wrap = natural > px;
+  m_text->ensurePolished();
+  const QFontMetrics metrics = m_text->fontMetrics();
+  const bool wrap = metrics.size(0, m_text->text()).width() + 2 > px;
   m_text->setWordWrap(wrap);
-  const int width = wrap ? px : natural;
-  m_text->setFixedSize(width, m_text->heightForWidth(width) > 0 ? m_text->heightForWidth(width)
-                                                                 : m_text->fontMetrics().height());
+  const QRect room(0, 0, wrap ? px : QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  const QRect used = metrics.boundingRect(room, wrap ? Qt::TextWordWrap : 0, m_text->text());
+  m_text->setFixedSize(used.width() + 2, used.height());
   layout()->activate();
   resize(layout()->minimumSize());
 }

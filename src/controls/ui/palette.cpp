@@ -71,7 +71,7 @@ QLabel:disabled { color: @faint; }
 
 QLabel[look="banner"] { border-radius: 6px; border: 2px solid @line; background: @panel; color: @quiet;
   font-size: 15pt; font-weight: 700; padding: 0 8px; }
-QLabel[look="banner"][size="large"] { font-size: 22pt; }
+QLabel[look="banner"][scale="large"] { font-size: 22pt; }
 QLabel[look="banner"][state="live"] { background: @live; border-color: @live; color: @desk; }
 QLabel[look="banner"][state="ready"] { background: @desk; border-color: @live; color: @live; }
 QLabel[look="banner"][state="held"] { background: @held; border-color: @held; color: @desk; }

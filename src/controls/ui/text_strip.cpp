@@ -1,6 +1,8 @@
 #include "controls/ui/text_strip.h"
 
 #include <QFont>
+#include <QFontMetricsF>
+#include <QHash>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -10,6 +12,32 @@
 #include "controls/ui/palette.h"
 
 namespace tolmira {
+
+namespace {
+
+// Lines are broken at this size, where rounding inside the font engine does not show, and drawn at their own.
+constexpr int ReferencePixels = 256;
+constexpr size_t MostLayouts = 500; // kept between paints
+
+// Words that are longer than a line break inside.
+QStringList BreakLines(const QString &paragraph, const QFont &font, const QFontMetricsF &metrics, double width) {
+  if (paragraph.isEmpty() || metrics.horizontalAdvance(paragraph) <= width)
+    return {paragraph};
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QTextLayout layout(paragraph, font);
+  layout.setTextOption(option);
+  QStringList pieces;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    pieces.append(paragraph.mid(line.textStart(), line.textLength()).trimmed());
+  }
+  layout.endLayout();
+  return pieces;
+}
+
+} // namespace
 
 TextStrip::TextStrip(QWidget *parent) : QWidget(parent) {
   setCursor(Qt::OpenHandCursor);
@@ -56,33 +84,50 @@ void TextStrip::SetBright(double top, double bottom) {
 }
 
 void TextStrip::LayOut() {
-  m_layouts.clear();
   m_lines.clear();
-  QFont font(m_content.family);
-  font.setBold(m_content.bold);
-  font.setHintingPreference(QFont::PreferNoHinting);
-  // A pixel size would be whole; through points the measured size comes out to the fraction.
-  font.setPointSizeF(std::max(1.0, m_content.fontPx * 72.0 / logicalDpiY()));
+  m_layouts.clear();
+  if (m_content.fontPx <= 0 || m_content.width <= 0)
+    return;
+  m_font = QFont(m_content.family);
+  m_font.setBold(m_content.bold);
+  m_font.setHintingPreference(QFont::PreferNoHinting);
+  m_font.setKerning(true);
+  // A pixel size would be whole; through points the wanted size comes out to the fraction.
+  QFont reference = m_font;
+  reference.setPixelSize(ReferencePixels);
+  m_font.setPointSizeF(m_content.fontPx * 72.0 / logicalDpiY());
 
-  QTextOption option(m_content.alignment);
-  option.setWrapMode(QTextOption::WordWrap);
+  const QFontMetricsF metrics(reference);
+  const double width = m_content.width * ReferencePixels / m_content.fontPx;
   QString text = m_content.text;
   text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-  const QStringList paragraphs = text.split(u'\n');
-  for (const QString &paragraph : paragraphs) {
-    auto layout = std::make_unique<QTextLayout>(paragraph, font, this);
-    layout->setTextOption(option);
-    layout->setCacheEnabled(true);
-    layout->beginLayout();
-    for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
-      line.setLineWidth(m_content.width);
-      const double spare = (m_content.lineHeight - line.height()) / 2;
-      line.setPosition({m_content.left, double(m_lines.size()) * m_content.lineHeight + spare});
-      m_lines.push_back({int(m_layouts.size()), line.lineNumber()});
-    }
-    layout->endLayout();
-    m_layouts.push_back(std::move(layout));
+  QHash<QString, QStringList> known; // choruses, and the many blank lines between verses
+  for (const QString &paragraph : text.split(u'\n')) {
+    auto pieces = known.constFind(paragraph);
+    if (pieces == known.constEnd())
+      pieces = known.insert(paragraph, BreakLines(paragraph, reference, metrics, width));
+    m_lines += *pieces;
   }
+}
+
+// A line's layout is made when it is first painted: a song may have more lines than anybody will look at.
+const QTextLayout &TextStrip::LayoutOf(int index) {
+  std::unique_ptr<QTextLayout> &layout = m_layouts[index];
+  if (layout)
+    return *layout;
+  QTextOption option(m_content.alignment);
+  option.setWrapMode(QTextOption::NoWrap);
+  layout = std::make_unique<QTextLayout>(m_lines[index], m_font, this);
+  layout->setTextOption(option);
+  layout->setCacheEnabled(true);
+  layout->beginLayout();
+  QTextLine line = layout->createLine();
+  if (line.isValid()) {
+    line.setLineWidth(m_content.width);
+    line.setPosition({m_content.left, (m_content.lineHeight - line.height()) / 2});
+  }
+  layout->endLayout();
+  return *layout;
 }
 
 void TextStrip::PaintFrame(QPainter &painter, const QRectF &frame) {
@@ -96,19 +141,20 @@ void TextStrip::PaintFrame(QPainter &painter, const QRectF &frame) {
   painter.restore();
 }
 
-void TextStrip::PaintLines(QPainter &painter, const QColor &colour, double from, double to) const {
+void TextStrip::PaintLines(QPainter &painter, const QColor &colour, double from, double to) {
   painter.setPen(colour);
   const double height = m_content.lineHeight;
   const int count = int(m_lines.size());
   const int first = std::clamp(int(std::floor((from - m_top) / height)), 0, count);
   const int last = std::clamp(int(std::ceil((to - m_top) / height)), 0, count);
-  for (int i = first; i < last; ++i) {
-    const Line &at = m_lines[size_t(i)];
-    m_layouts[size_t(at.layout)]->lineAt(at.index).draw(&painter, {0, m_top});
-  }
+  for (int i = first; i < last; ++i)
+    if (!m_lines[i].isEmpty())
+      LayoutOf(i).draw(&painter, {0, m_top + i * height});
 }
 
 void TextStrip::paintEvent(QPaintEvent *) {
+  if (m_layouts.size() > MostLayouts)
+    m_layouts.clear();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   PaintFrame(painter, m_frame);

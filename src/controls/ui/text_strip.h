@@ -2,16 +2,19 @@
 
 #include <QColor>
 #include <QTextLayout>
+#include <QFont>
+#include <QStringList>
 #include <QWidget>
 
 #include <memory>
-#include <vector>
+#include <unordered_map>
 
 namespace tolmira {
 
 // A tall text that slides behind a fixed frame. What lies in the frame is bright, the rest dimmed, and one span can be
-// marked in a colour. The text is laid out once when its content changes; a move only paints. All lengths are pixels
-// with fractions, in the coordinates of this widget except where "in the strip" is said.
+// marked in a colour. The text is laid out once when its content changes; a move only paints. Lines break where
+// a measure without hinting breaks them, at any size. All lengths are pixels with fractions, in the coordinates of this
+// widget except where "in the strip" is said.
 class TextStrip : public QWidget {
   Q_OBJECT
 
@@ -57,12 +60,9 @@ protected:
   void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-  struct Line {
-    int layout;
-    int index; // inside its layout
-  };
   void LayOut();
-  void PaintLines(QPainter &painter, const QColor &colour, double from, double to) const;
+  void PaintLines(QPainter &painter, const QColor &colour, double from, double to);
+  const QTextLayout &LayoutOf(int index);
 
   Content m_content;
   double m_top = 0;
@@ -72,8 +72,9 @@ private:
   double m_markTop = 0;
   double m_markBottom = 0;
   QColor m_markColour;
-  std::vector<std::unique_ptr<QTextLayout>> m_layouts; // one a paragraph
-  std::vector<Line> m_lines;
+  QFont m_font;
+  QStringList m_lines;
+  std::unordered_map<int, std::unique_ptr<QTextLayout>> m_layouts; // of the lines painted so far
   bool m_dragging = false;
 };
 

@@ -4,7 +4,6 @@
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QOpenGLWidget>
-
 #include <mpv/client.h>
 #include <mpv/render_gl.h>
 
@@ -94,7 +93,8 @@ private:
         m_context,
         [](void *self) {
           auto *widget = static_cast<GlWidget *>(self);
-          QMetaObject::invokeMethod(widget, [widget] { widget->OnUpdate(); }, Qt::QueuedConnection);
+          QMetaObject::invokeMethod(
+              widget, [widget] { widget->OnUpdate(); }, Qt::QueuedConnection);
         },
         this);
   }
@@ -121,6 +121,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<VideoSurface> NewGlVideoSurface(QWidget *parent) { return std::make_unique<GlWidget>(parent); }
+std::unique_ptr<VideoSurface> NewGlVideoSurface(QWidget *parent) {
+  return std::make_unique<GlWidget>(parent);
+}
 
 } // namespace tolmira

@@ -9,8 +9,8 @@ enum class GraphicsBackend { Auto, Software, Gl };
 
 // Decides how pages are drawn and sets the environment that the toolkit and the engine read. To be called once, before
 // the application object is made. Auto looks at the GL renderer and takes software drawing where GL would only be
-// emulated, which is two to four times slower there. What the user set in the environment stays as it is. Returns Software
-// or Gl.
+// emulated, which is two to four times slower there. What the user set in the environment stays as it is. Returns
+// Software or Gl.
 GraphicsBackend ChooseGraphicsBackend(GraphicsBackend wish);
 
 // True for the names of renderers that run on the processor, and for the empty name.

@@ -26,8 +26,7 @@ protected:
 
 } // namespace
 
-GripStrip::GripStrip(QWidget *parent)
-    : QWidget(parent), m_text(new QLabel(this)), m_toggle(new ToggleSign(this)) {
+GripStrip::GripStrip(QWidget *parent) : QWidget(parent), m_text(new QLabel(this)), m_toggle(new ToggleSign(this)) {
   setObjectName(QStringLiteral("PicMove"));
   m_text->setObjectName(QStringLiteral("Label7"));
   m_toggle->setObjectName(QStringLiteral("Image4"));
@@ -48,6 +47,8 @@ void GripStrip::resizeEvent(QResizeEvent *) {
   m_toggle->setGeometry(width() - SignPx - 6, (height() - SignPx) / 2, SignPx, SignPx);
 }
 
-void GripStrip::paintEvent(QPaintEvent *) { QPainter(this).fillRect(rect(), Desk); }
+void GripStrip::paintEvent(QPaintEvent *) {
+  QPainter(this).fillRect(rect(), Desk);
+}
 
 } // namespace tolmira

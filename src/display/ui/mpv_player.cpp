@@ -1,19 +1,17 @@
 #include "display/ui/mpv_player.h"
 
+#include "display/ui/video_surface.h"
+#include "foundation/real_path.h"
+
 #include <QObject>
 #include <QRect>
 #include <QWidget>
-
-#include <mpv/client.h>
-
 #include <algorithm>
 #include <clocale>
+#include <mpv/client.h>
 #include <optional>
 #include <utility>
 #include <vector>
-
-#include "display/ui/video_surface.h"
-#include "foundation/real_path.h"
 
 namespace tolmira {
 
@@ -31,13 +29,24 @@ QByteArray MediaTarget(const QString &stored) {
   return MapStoredPath(path).text().toUtf8();
 }
 
+QLatin1String Word(bool value) {
+  return value ? QLatin1String("true") : QLatin1String("false");
+}
+
 // Stretched or not, a picture keeps its aspect; a small one is enlarged only when it is to fit.
-const char *UnscaledMode(bool stretch) { return stretch ? "no" : "downscale-big"; }
+const char *UnscaledMode(bool stretch) {
+  return stretch ? "no" : "downscale-big";
+}
 
 } // namespace
 
 struct MpvPlayer::Impl : public QObject {
-  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {}
+  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {
+    // The first GL widget that comes to a window on show has that window made anew, so this one is there from the
+    // start.
+    if (drawing == VideoDrawing::Gl)
+      surface = NewGlVideoSurface(picwmp);
+  }
   ~Impl() override {
     surface.reset();
     if (mpv) {
@@ -125,11 +134,13 @@ bool MpvPlayer::Impl::Ensure() {
       mpv,
       [](void *self) {
         auto *impl = static_cast<Impl *>(self);
-        QMetaObject::invokeMethod(impl, [impl] { impl->ReadEvents(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            impl, [impl] { impl->ReadEvents(); }, Qt::QueuedConnection);
       },
       this);
 
-  surface = drawing == VideoDrawing::Gl ? NewGlVideoSurface(picwmp) : NewSoftwareVideoSurface(picwmp);
+  if (!surface)
+    surface = NewSoftwareVideoSurface(picwmp);
   surface->Attach(mpv);
   Place();
   Text("volume", QByteArray::number(volume).constData());
@@ -157,7 +168,9 @@ void MpvPlayer::Impl::Text(const char *name, const char *value) {
     mpv_set_property_async(mpv, 0, name, MPV_FORMAT_STRING, &value);
 }
 
-void MpvPlayer::Impl::Pause(bool on) { Flag("pause", on); }
+void MpvPlayer::Impl::Pause(bool on) {
+  Flag("pause", on);
+}
 
 void MpvPlayer::Impl::Seek(double seconds) {
   position = seconds;
@@ -239,7 +252,9 @@ void MpvPlayer::SetUrl(const QString &storedPathOrAddress) {
   d.surface->SetBlank(false);
 }
 
-QString MpvPlayer::Url() const { return m_impl->url; }
+QString MpvPlayer::Url() const {
+  return m_impl->url;
+}
 
 void MpvPlayer::Close() {
   Impl &d = *m_impl;
@@ -288,7 +303,9 @@ void MpvPlayer::ControlsStop() {
   d.surface->SetBlank(true);
 }
 
-double MpvPlayer::CurrentPosition() const { return m_impl->position; }
+double MpvPlayer::CurrentPosition() const {
+  return m_impl->position;
+}
 
 void MpvPlayer::SetCurrentPosition(double seconds) {
   Impl &d = *m_impl;
@@ -300,9 +317,13 @@ void MpvPlayer::SetCurrentPosition(double seconds) {
   d.Seek(std::max(0.0, seconds));
 }
 
-double MpvPlayer::MediaDuration() const { return m_impl->duration; }
+double MpvPlayer::MediaDuration() const {
+  return m_impl->duration;
+}
 
-int MpvPlayer::Volume() const { return m_impl->volume; }
+int MpvPlayer::Volume() const {
+  return m_impl->volume;
+}
 
 void MpvPlayer::SetVolume(int volume) {
   Impl &d = *m_impl;
@@ -313,23 +334,29 @@ void MpvPlayer::SetVolume(int volume) {
 
 void MpvPlayer::SetLoop(bool loop) {
   Impl &d = *m_impl;
-  d.Say(QStringLiteral("settings.setMode(loop,") + (loop ? u"true)" : u"false)"));
+  d.Say(QStringLiteral("settings.setMode(loop,%1)").arg(Word(loop)));
   d.loop = loop;
   d.Text("loop-file", loop ? "inf" : "no");
 }
 
-PlayState MpvPlayer::State() const { return m_impl->state; }
+PlayState MpvPlayer::State() const {
+  return m_impl->state;
+}
 
 void MpvPlayer::SetStretchToFit(bool stretch) {
   Impl &d = *m_impl;
-  d.Say(QStringLiteral("stretchToFit=") + (stretch ? u"true" : u"false"));
+  d.Say(QStringLiteral("stretchToFit=%1").arg(Word(stretch)));
   d.stretch = stretch;
   d.Text("video-unscaled", UnscaledMode(stretch));
 }
 
-void MpvPlayer::SetFullScreen(bool full) { m_impl->Say(QStringLiteral("fullScreen=") + (full ? u"true" : u"false")); }
+void MpvPlayer::SetFullScreen(bool full) {
+  m_impl->Say(QStringLiteral("fullScreen=%1").arg(Word(full)));
+}
 
-void MpvPlayer::SetUiMode(const QString &mode) { m_impl->Say(QStringLiteral("uiMode=") + mode); }
+void MpvPlayer::SetUiMode(const QString &mode) {
+  m_impl->Say(QStringLiteral("uiMode=") + mode);
+}
 
 void MpvPlayer::SetVisible(bool visible) {
   m_impl->visible = visible;

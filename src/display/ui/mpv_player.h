@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QString>
-
-#include <memory>
-
 #include "display/display_seams.h"
+
+#include <QString>
+#include <memory>
 
 class QWidget;
 
@@ -13,7 +12,8 @@ namespace tolmira {
 enum class VideoDrawing { Software, Gl };
 
 // The media player inside `Picwmp`. Nothing of the media library is made before the first SetUrl, so that a service
-// without videos does not pay for it. Every call returns at once; a file that cannot be played leaves the player stopped.
+// without videos does not pay for it. Every call returns at once; a file that cannot be played leaves the player
+// stopped.
 class MpvPlayer : public MediaPlayer {
 public:
   // `picwmp` holds the picture and outlives the player. `observer` may be null. Sound goes to the device that the
@@ -33,7 +33,8 @@ public:
   int Volume() const override;
   void SetVolume(int volume) override;
   void SetLoop(bool loop) override;
-  PlayState State() const override; // Playing from the call that starts it, Ended at the end of a file that does not loop
+  PlayState
+  State() const override; // Playing from the call that starts it, Ended at the end of a file that does not loop
   void SetStretchToFit(bool stretch) override;
   void SetFullScreen(bool full) override;
   void SetUiMode(const QString &mode) override;

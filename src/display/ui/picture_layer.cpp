@@ -1,9 +1,9 @@
 #include "display/ui/picture_layer.h"
 
+#include "foundation/real_path.h"
+
 #include <QImageReader>
 #include <QPainter>
-
-#include "foundation/real_path.h"
 
 namespace tolmira {
 
@@ -50,6 +50,8 @@ void PictureLayer::paintEvent(QPaintEvent *) {
   painter.drawPixmap(rect(), m_scaled);
 }
 
-void PictureLayer::resizeEvent(QResizeEvent *) { m_scaled = {}; }
+void PictureLayer::resizeEvent(QResizeEvent *) {
+  m_scaled = {};
+}
 
 } // namespace tolmira

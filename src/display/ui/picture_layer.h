@@ -5,7 +5,8 @@
 
 namespace tolmira {
 
-// A picture that covers its widget whole, in its own proportions; what is too much of it is cut off on both sides alike.
+// A picture that covers its widget whole, in its own proportions; what is too much of it is cut off on both sides
+// alike.
 class PictureLayer : public QWidget {
 public:
   explicit PictureLayer(QWidget *parent);

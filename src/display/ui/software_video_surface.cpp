@@ -4,12 +4,10 @@
 #include <QPainter>
 #include <QPointer>
 #include <QResizeEvent>
-
-#include <mpv/client.h>
-#include <mpv/render.h>
-
 #include <condition_variable>
 #include <cstdlib>
+#include <mpv/client.h>
+#include <mpv/render.h>
 #include <mutex>
 #include <thread>
 
@@ -24,7 +22,8 @@ QImage NewFrame(const QSize &size) {
   void *pixels = std::aligned_alloc(Alignment, static_cast<size_t>(stride) * static_cast<size_t>(size.height()));
   if (!pixels)
     return {};
-  return QImage(static_cast<uchar *>(pixels), size.width(), size.height(), stride, QImage::Format_RGB32, std::free, pixels);
+  return QImage(static_cast<uchar *>(pixels), size.width(), size.height(), stride, QImage::Format_RGB32, std::free,
+                pixels);
 }
 
 class SoftwareWidget : public QWidget, public VideoSurface {
@@ -122,7 +121,8 @@ private:
         const std::lock_guard lock(m_frameLock);
         m_shown.swap(frame);
       }
-      QMetaObject::invokeMethod(this, [this] { update(); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(
+          this, [this] { update(); }, Qt::QueuedConnection);
     }
   }
 

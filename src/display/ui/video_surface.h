@@ -1,15 +1,14 @@
 #pragma once
 
 #include <QWidget>
-
 #include <memory>
 
 struct mpv_handle;
 
 namespace tolmira {
 
-// The widget that shows what the media library decodes. Attach before the first file is loaded; Detach (or the destructor)
-// before the library's handle ends.
+// The widget that shows what the media library decodes. Attach before the first file is loaded; Detach (or the
+// destructor) before the library's handle ends.
 class VideoSurface {
 public:
   virtual ~VideoSurface() = default;

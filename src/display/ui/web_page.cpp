@@ -49,8 +49,7 @@ const QString SettleScript = QStringLiteral("tolmiraSettle()");
 } // namespace
 
 WebPage::WebPage(QWebEngineProfile *profile, QObject *parent)
-    : QWebEnginePage(profile, parent),
-      m_token(QString::number(QRandomGenerator::system()->generate64(), 36)) {
+    : QWebEnginePage(profile, parent), m_token(QString::number(QRandomGenerator::system()->generate64(), 36)) {
   setBackgroundColor(QColor(Qt::black)); // before the first load, or a white flash is seen
   QWebEngineSettings *own = settings();
   own->setAttribute(QWebEngineSettings::ShowScrollBars, false);
@@ -100,7 +99,9 @@ void WebPage::Settle() {
     runJavaScript(SettleScript, QWebEngineScript::ApplicationWorld);
 }
 
-QWebEnginePage *WebPage::createWindow(WebWindowType) { return nullptr; }
+QWebEnginePage *WebPage::createWindow(WebWindowType) {
+  return nullptr;
+}
 
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
                                        const QString &source) {

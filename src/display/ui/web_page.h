@@ -2,13 +2,12 @@
 
 #include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
-
 #include <functional>
 
 namespace tolmira {
 
-// The engine's page with the rules of a projection: it goes nowhere by itself, opens no windows, and says when a document
-// can take scripts and when its first picture is complete.
+// The engine's page with the rules of a projection: it goes nowhere by itself, opens no windows, and says when a
+// document can take scripts and when its first picture is complete.
 class WebPage : public QWebEnginePage {
   Q_OBJECT
 

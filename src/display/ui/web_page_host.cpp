@@ -1,5 +1,11 @@
 #include "display/ui/web_page_host.h"
 
+#include "display/page_address.h"
+#include "display/script_queue.h"
+#include "display/ui/held_picture.h"
+#include "display/ui/prompt_drawing.h"
+#include "display/ui/web_page.h"
+
 #include <QApplication>
 #include <QChildEvent>
 #include <QElapsedTimer>
@@ -9,21 +15,15 @@
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QPointer>
+#include <QQuickWidget>
 #include <QScreen>
 #include <QTimer>
 #include <QWebEngineView>
-
 #include <algorithm>
 #include <map>
+#include <unistd.h>
 #include <utility>
 #include <vector>
-
-#include <unistd.h>
-
-#include "display/page_address.h"
-#include "display/script_queue.h"
-#include "display/ui/held_picture.h"
-#include "display/ui/web_page.h"
 
 namespace tolmira {
 
@@ -114,6 +114,7 @@ struct WebPageHost::Impl : public PageObject {
   std::unique_ptr<WebPage> page;
   std::unique_ptr<QWebEngineView> view;
   HeldPicture *held = nullptr;
+  PromptDrawing promptDrawing{nullptr};
 
   ScriptQueue queue;
   QUrl address; // of the page that is or should be there
@@ -330,6 +331,8 @@ void WebPageHost::Impl::ReleasePicture() {
 void WebPageHost::Impl::Tame(QWidget *widget) {
   widget->setFocusPolicy(Qt::NoFocus);
   widget->installEventFilter(&host);
+  if (auto *drawing = qobject_cast<QQuickWidget *>(widget))
+    promptDrawing.Watch(drawing);
 }
 
 // The engine takes the focus at a mouse press by itself, whatever the widget's policy.
@@ -362,9 +365,13 @@ bool WebPageHost::CriaBrowser() {
   return true;
 }
 
-PageObject *WebPageHost::WV() { return m_impl->view ? m_impl.get() : nullptr; }
+PageObject *WebPageHost::WV() {
+  return m_impl->view ? m_impl.get() : nullptr;
+}
 
-void WebPageHost::AddObserver(DisplayObserver *observer) { m_impl->observers.push_back(observer); }
+void WebPageHost::AddObserver(DisplayObserver *observer) {
+  m_impl->observers.push_back(observer);
+}
 
 void WebPageHost::resizeEvent(QResizeEvent *) {
   if (!m_impl->view)

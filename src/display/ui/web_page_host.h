@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QWidget>
-
-#include <functional>
-#include <memory>
-
 #include "display/display_seams.h"
 #include "display/ui/page_profile.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
 
 namespace tolmira {
 
@@ -17,14 +16,14 @@ class WebPageHost : public QWidget {
   Q_OBJECT
 
 public:
-  // `name` tells hosts apart for the observer and the logs: "display", "preview". Hosts that are given one profile share
-  // it; without one the host makes its own.
+  // `name` tells hosts apart for the observer and the logs: "display", "preview". Hosts that are given one profile
+  // share it; without one the host makes its own.
   WebPageHost(const QString &name, QWidget *parent, PageProfile profile = {});
   ~WebPageHost() override;
 
   // Makes the browser object and attaches it to this widget. False when the engine could not be started.
   bool CriaBrowser();
-  PageObject *WV(); // null before CriaBrowser
+  PageObject *WV();                            // null before CriaBrowser
   void AddObserver(DisplayObserver *observer); // not owned; outlives the host
 
   // Called after a render process died and its page was loaded again; the owner sends the verse on show.

@@ -1,0 +1,267 @@
+// Starts the program on the desktop of DISPLAY and measures it from outside, through its control interface: the start
+// with a folder of 10,000 songs, a key to the script it causes, a chosen song to its settled page, memory and the
+// processor while nothing moves. Prints lines "name value unit"; with --hold it then waits for a line on standard input
+// with a song on show, so that another program can watch the screen.
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <unistd.h>
+
+namespace {
+
+constexpr int Songs = 10000;
+constexpr int Patience = 30000; // ms
+
+class Control {
+public:
+  bool Connect(const QString &path, int ms) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < ms) {
+      m_socket.connectToServer(path);
+      if (m_socket.waitForConnected(100))
+        return true;
+      QThread::msleep(2);
+    }
+    return false;
+  }
+  void Send(QJsonObject request) {
+    m_socket.write(QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n');
+    m_socket.flush();
+  }
+  std::optional<QJsonObject> Next() {
+    while (!m_socket.canReadLine())
+      if (!m_socket.waitForReadyRead(Patience))
+        return std::nullopt;
+    return QJsonDocument::fromJson(m_socket.readLine()).object();
+  }
+  QJsonObject Do(QJsonObject request) {
+    const int id = ++m_id;
+    request[QStringLiteral("id")] = id;
+    Send(request);
+    while (const auto answer = Next())
+      if (answer->value(QStringLiteral("id")).toInt() == id)
+        return *answer;
+    return {};
+  }
+  QJsonObject Do(const char *what) { return Do(QJsonObject{{QStringLiteral("do"), QLatin1String(what)}}); }
+
+private:
+  QLocalSocket m_socket;
+  int m_id = 0;
+};
+
+void Print(const char *name, double value, const char *unit) { std::printf("%-34s %10.2f %s\n", name, value, unit); }
+
+void PrintSpread(const char *name, std::vector<double> values, const char *unit) {
+  std::sort(values.begin(), values.end());
+  if (values.empty())
+    return;
+  Print((std::string(name) + " median").c_str(), values[values.size() / 2], unit);
+  Print((std::string(name) + " p95").c_str(), values[values.size() * 95 / 100], unit);
+}
+
+QList<qint64> Family(qint64 root) {
+  QList<qint64> family{root};
+  for (qsizetype i = 0; i < family.size(); ++i)
+    for (const QString &process : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+      QFile stat(QStringLiteral("/proc/%1/stat").arg(process));
+      if (!stat.open(QIODevice::ReadOnly))
+        continue;
+      const QByteArray line = stat.readAll();
+      const qint64 parent = line.mid(line.lastIndexOf(')') + 2).split(' ').value(1).toLongLong();
+      if (parent == family[i] && !family.contains(process.toLongLong()))
+        family.append(process.toLongLong());
+    }
+  return family;
+}
+
+double PssMiB(const QList<qint64> &family) {
+  double kib = 0;
+  for (const qint64 pid : family) {
+    QFile file(QStringLiteral("/proc/%1/smaps_rollup").arg(pid));
+    if (file.open(QIODevice::ReadOnly))
+      for (const QByteArray &line : file.readAll().split('\n'))
+        if (line.startsWith("Pss:"))
+          kib += line.mid(4).simplified().split(' ').value(0).toDouble();
+  }
+  return kib / 1024;
+}
+
+double ProcessorSeconds(const QList<qint64> &family) {
+  double ticks = 0;
+  for (const qint64 pid : family) {
+    QFile file(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!file.open(QIODevice::ReadOnly))
+      continue;
+    const QByteArray line = file.readAll();
+    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+    ticks += fields.value(11).toDouble() + fields.value(12).toDouble();
+  }
+  return ticks / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
+void WriteSong(const QString &folder, const QString &name, int stanzas) {
+  QFile file(folder + u"/Lyrics/" + name + u".txt");
+  if (!file.open(QIODevice::WriteOnly))
+    qFatal("cannot write a song");
+  for (int i = 1; i <= stanzas; ++i)
+    file.write("Estrofe " + QByteArray::number(i) + " do louvor\r\nQue se canta em paz\r\n\r\n");
+}
+
+QJsonObject Show(const QString &song) {
+  return {{QStringLiteral("do"), QStringLiteral("show")},
+          {QStringLiteral("kind"), 2},
+          {QStringLiteral("label"), song},
+          {QStringLiteral("target"), song}};
+}
+
+QJsonObject Key(const char *key) {
+  return {{QStringLiteral("do"), QStringLiteral("key")}, {QStringLiteral("key"), QLatin1String(key)}};
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  QCoreApplication application(argc, argv);
+  const QString program = QCoreApplication::arguments().value(1);
+  const bool hold = QCoreApplication::arguments().contains(QStringLiteral("--hold"));
+  QTemporaryDir scratch;
+  const QString app = scratch.filePath(QStringLiteral("app"));
+  const QString socket = scratch.filePath(QStringLiteral("control"));
+  const QStringList arguments{QStringLiteral("--app"), app, QStringLiteral("--control"), socket};
+
+  // The first start fills the folder; it is not measured.
+  {
+    QProcess first;
+    first.start(program, arguments);
+    Control control;
+    if (!control.Connect(socket, Patience))
+      return 1;
+    while (!control.Do("state")[QStringLiteral("state")][QStringLiteral("TelaPronta")].toBool())
+      QThread::msleep(50);
+    control.Do("quit");
+    first.waitForFinished(Patience);
+  }
+  for (int i = 0; i < Songs; ++i)
+    WriteSong(app, QStringLiteral("Cancao %1").arg(i), 4);
+  WriteSong(app, QStringLiteral("Longa"), 60);
+  WriteSong(app, QStringLiteral("Outra"), 60);
+  // No draw of themes, no entrance effect: what is measured is the road, not the picture on it.
+  QFile config(app + u"/Data/Config.dat");
+  if (!config.open(QIODevice::Append))
+    return 1;
+  config.write("\r\n[Registro]\r\nCheckAlteraTemaAleatorio=0\r\n");
+  config.close();
+  QFile themes(app + u"/Data/Themes.ini");
+  if (!themes.open(QIODevice::WriteOnly))
+    return 1;
+  themes.write("[Tema-1]\r\nTipo=CorDeFundo\r\nEfeito_Texto-Fx=none\r\n");
+  themes.close();
+
+  std::vector<double> usable;
+  std::vector<double> ready;
+  QProcess process;
+  Control control;
+  for (int round = 0; round < 5; ++round) {
+    QElapsedTimer timer;
+    timer.start();
+    process.start(program, arguments);
+    Control starting;
+    if (!starting.Connect(socket, Patience))
+      return 1;
+    bool shown = false;
+    for (;;) {
+      if (!shown) {
+        const QByteArray windows = QJsonDocument(starting.Do("windows")).toJson(QJsonDocument::Compact);
+        // Served between two events with its window up: the console takes the operator's input from here on.
+        shown = windows.contains("\"FrmMonitor\"") && windows.contains("\"visible\":true");
+        if (shown)
+          usable.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+      }
+      if (starting.Do("state")[QStringLiteral("state")][QStringLiteral("TelaPronta")].toBool())
+        break;
+      QThread::msleep(2);
+    }
+    ready.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    if (round < 4) {
+      starting.Do("quit");
+      process.waitForFinished(Patience);
+    }
+  }
+  PrintSpread("start to a usable console", usable, "ms");
+  PrintSpread("start to TelaPronta", ready, "ms");
+
+  if (!control.Connect(socket, Patience))
+    return 1;
+  control.Do(Show(QStringLiteral("Longa")));
+  QThread::sleep(2);
+
+  std::vector<double> settled;
+  for (int i = 0; i < 20; ++i) {
+    QElapsedTimer timer;
+    timer.start();
+    control.Do(Show(i % 2 ? QStringLiteral("Longa") : QStringLiteral("Outra")));
+    // Scripts run in their order, so the answer to this one says that the page has done all before it.
+    control.Do({{QStringLiteral("do"), QStringLiteral("eval")},
+                {QStringLiteral("page"), QStringLiteral("display")},
+                {QStringLiteral("script"), QStringLiteral("document.body.offsetHeight")}});
+    settled.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    QThread::msleep(150);
+  }
+  PrintSpread("chosen song to settled page", settled, "ms");
+
+  std::vector<double> script;
+  {
+    Control watching;
+    if (!watching.Connect(socket, Patience))
+      return 1;
+    watching.Do("watch");
+    for (int i = 0; i < 50; ++i) {
+      QElapsedTimer timer;
+      timer.start();
+      watching.Send(Key("Down"));
+      while (const auto event = watching.Next())
+        if (event->value(QStringLiteral("event")) == u"script") {
+          script.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+          break;
+        }
+      QThread::msleep(300);
+    }
+  }
+  PrintSpread("key to script", script, "ms");
+
+  QThread::sleep(3);
+  const QList<qint64> family = Family(process.processId());
+  Print("memory of all processes (PSS)", PssMiB(family), "MiB");
+  const double before = ProcessorSeconds(family);
+  QThread::sleep(10);
+  Print("processor while nothing moves", (ProcessorSeconds(family) - before) / 10 * 100, "%");
+  std::fflush(stdout);
+
+  if (hold) {
+    control.Do(Show(QStringLiteral("Outra")));
+    control.Do(Key("Down"));
+    QThread::sleep(1);
+    std::puts("ready");
+    std::fflush(stdout);
+    char line[8];
+    if (!std::fgets(line, sizeof line, stdin))
+      return 1;
+  }
+  control.Do("quit");
+  process.waitForFinished(Patience);
+  return 0;
+}

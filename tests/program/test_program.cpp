@@ -1,0 +1,185 @@
+#include <QtTest>
+
+#include <csignal>
+
+#include "remote_program.h"
+
+// The operator's main job on the real program and the real engine, and what a bad day does to it.
+class TestProgram : public QObject {
+  Q_OBJECT
+
+private slots:
+  void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+  void songReachesTheScreen() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    QVERIFY(program.State().value(QStringLiteral("Agenda")).toArray().size() >= 4); // the starter service
+    Write(QStringLiteral("Lyrics/Teste.txt"), "D'Ele \xE9 a gl\xF3ria\r\nS\xF3 d'Ele\r\n\r\nSegunda\r\n");
+    Show(program, QStringLiteral("Teste"));
+    QCOMPARE(program.State().value(QStringLiteral("TotalEstrofes")).toInt(), 2);
+    Key(program, QStringLiteral("Down"));
+    const bool capitals = program.State().value(QStringLiteral("VersoTextoAtual")).toString().startsWith(u"D'ELE É");
+    const QString first = capitals ? QStringLiteral("D'ELE É A GLÓRIA SÓ D'ELE") : QStringLiteral("D'Ele é a glória Só d'Ele");
+    for (const QString &page : {QStringLiteral("display"), QStringLiteral("preview")})
+      QVERIFY(program.WaitForText(page, first));
+    Key(program, QStringLiteral("Right"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), capitals ? QStringLiteral("SEGUNDA") : QStringLiteral("Segunda")));
+    // The text lies inside the projection.
+    const QString inside = program.Eval(
+        QStringLiteral("display"), QStringLiteral("(() => { const r = document.getElementById('texto').firstElementChild."
+                                                  "getBoundingClientRect(); return r.width > 100 && r.left >= 0 && r.top "
+                                                  ">= 0 && r.right <= innerWidth && r.bottom <= innerHeight; })()"));
+    QCOMPARE(inside, QStringLiteral("true"));
+
+    program.Do(QStringLiteral("screen"), {{QStringLiteral("index"), 2}});
+    QTRY_VERIFY(Brightest(program.Grab(QStringLiteral("FrmQuendar"))) == 0);
+    program.Do(QStringLiteral("screen"), {{QStringLiteral("index"), 0}});
+    QTRY_VERIFY(Brightest(program.Grab(QStringLiteral("FrmQuendar"))) > 200);
+    QVERIFY(program.Quit());
+    QCOMPARE(program.Process().exitCode(), 0);
+    QVERIFY2(!program.Output().contains("Uncaught"), program.Output().constData());
+  }
+
+  void everyThemeIsDrawn() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    for (const int slot : {1, 3, 11}) { // pictures, a video, a colour
+      program.Do(QStringLiteral("theme"), {{QStringLiteral("slot"), slot}});
+      QVERIFY(program.WaitFor(QStringLiteral("IndiceTema"), slot));
+      QTRY_VERIFY_WITH_TIMEOUT(Brightest(program.Grab(QStringLiteral("FrmQuendar"))) > 20, 20000);
+    }
+    QVERIFY(program.Quit());
+  }
+
+  void aKilledRenderProcessComesBackWithItsVerse() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
+    Show(program, QStringLiteral("Teste"));
+    Key(program, QStringLiteral("Down"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
+    for (int round = 0; round < 2; ++round) {
+      const QList<qint64> renderers = program.Renderers();
+      QVERIFY(!renderers.isEmpty());
+      for (const qint64 pid : renderers)
+        ::kill(static_cast<pid_t>(pid), SIGKILL);
+      QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3"), 30000));
+      QVERIFY(program.WaitForText(QStringLiteral("preview"), QStringLiteral("1 2 3"), 30000));
+    }
+    Key(program, QStringLiteral("Down"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("4 5 6")));
+  }
+
+  void aSecondCopyIsToldAndDoesNotStart() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    RemoteProgram second(m_folder->path());
+    QVERIFY(second.StartOnly());
+    QTRY_COMPARE_WITH_TIMEOUT(second.OpenBoxes(), QStringList{QStringLiteral("MessageBox")}, 20000);
+    second.Do(QStringLiteral("answer"), {{QStringLiteral("button"), QStringLiteral("OK")}});
+    QVERIFY(second.Process().waitForFinished(20000));
+    QCOMPARE(second.Process().exitCode(), 1);
+    QVERIFY(program.State().value(QStringLiteral("TelaPronta")).toBool());
+    // A killed program leaves nothing behind that keeps the next one from starting.
+    program.Kill();
+    RemoteProgram third(m_folder->path());
+    QVERIFY(third.Start());
+  }
+
+  void oneMonitorIsARehearsalInAWindow() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.StartOnly(1));
+    QTRY_COMPARE_WITH_TIMEOUT(program.OpenBoxes(), QStringList{QStringLiteral("MessageBox")}, 20000);
+    program.Do(QStringLiteral("answer"), {{QStringLiteral("button"), QStringLiteral("OK")}});
+    QVERIFY(program.WaitFor(QStringLiteral("TelaPronta"), true));
+    const QImage window = program.Grab(QStringLiteral("FrmQuendar"));
+    QCOMPARE(window.size(), QSize(640, 400));
+  }
+
+  void aFolderFullOfNonsenseStarts() {
+    for (const char *sub : {"Data", "Lyrics", "Harpa", "html"})
+      QDir(m_folder->path()).mkdir(QLatin1String(sub));
+    QByteArray noise;
+    for (int i = 0; i < 5000; ++i)
+      noise += static_cast<char>((i * 7919) % 251);
+    Write(QStringLiteral("Data/Themes.ini"), noise + "\r\n[Tema-1]\r\nTipo=Imagem\r\nimg=|||\r\nblur=lots\r\n");
+    Write(QStringLiteral("Data/Config.dat"), noise);
+    Write(QStringLiteral("Data/agenda1.dat"), "2|#|Antiga\r\n\x81\x8D|#|?\r\n77|#|a|#|b\r\n" + noise);
+    Write(QStringLiteral("html/imagem.html"), QByteArray());
+    Write(QStringLiteral("Lyrics/Vazia.txt"), QByteArray());
+    Write(QStringLiteral("Lyrics/Binaria.txt"), noise + QByteArray(1, '\0') + noise);
+    QByteArray huge;
+    while (huge.size() < 5 * 1024 * 1024)
+      huge += "Uma linha comum do louvor\r\nOutra linha comum\r\n\r\n";
+    Write(QStringLiteral("Lyrics/Enorme.txt"), huge);
+    QDir(m_folder->path()).mkdir(QStringLiteral("Lyrics/Pasta.txt"));
+
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    for (const char *song : {"Vazia", "Binaria", "Enorme"}) {
+      Show(program, QLatin1String(song));
+      Key(program, QStringLiteral("Down"));
+      Key(program, QStringLiteral("Down"));
+      QVERIFY(program.State().value(QStringLiteral("TelaPronta")).toBool());
+    }
+    QCOMPARE(Read(QStringLiteral("Lyrics/Binaria.txt")), noise + QByteArray(1, '\0') + noise);
+    program.Do(QStringLiteral("show"), {{QStringLiteral("kind"), 2},
+                                        {QStringLiteral("label"), QStringLiteral("Pasta")},
+                                        {QStringLiteral("target"), QStringLiteral("Pasta")}});
+    QTRY_COMPARE(program.OpenBoxes(), QStringList{QStringLiteral("MessageBox")});
+    program.Do(QStringLiteral("answer"), {{QStringLiteral("button"), QStringLiteral("OK")}});
+    const QByteArray agenda = Read(QStringLiteral("Data/agenda1.dat"));
+    QVERIFY(program.Quit());
+    QCOMPARE(Read(QStringLiteral("Data/agenda1.bak")), agenda);
+    QVERIFY(Read(QStringLiteral("Data/agenda1.dat")).startsWith("2|#|Antiga|#|Antiga\r\n"));
+  }
+
+  void keysFasterThanAPersonEndOnTheRightVerse() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    QByteArray song;
+    for (int i = 1; i <= 30; ++i)
+      song += QByteArray::number(1000 + i) + "\r\n\r\n";
+    Write(QStringLiteral("Lyrics/Longa.txt"), song);
+    Show(program, QStringLiteral("Longa"));
+    for (int i = 0; i < 25; ++i)
+      Key(program, QStringLiteral("Down"));
+    for (int i = 0; i < 8; ++i)
+      Key(program, QStringLiteral("Up"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1017")));
+    QVERIFY(program.WaitForText(QStringLiteral("preview"), QStringLiteral("1017")));
+  }
+
+private:
+  void Write(const QString &name, const QByteArray &bytes) {
+    QFile file(m_folder->filePath(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+  }
+  QByteArray Read(const QString &name) {
+    QFile file(m_folder->filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+  }
+  static void Show(RemoteProgram &program, const QString &song) {
+    program.Do(QStringLiteral("show"), {{QStringLiteral("kind"), 2},
+                                        {QStringLiteral("label"), song},
+                                        {QStringLiteral("target"), song}});
+    QVERIFY(program.WaitFor(QStringLiteral("TituloAtual"), song, 30000));
+  }
+  static void Key(RemoteProgram &program, const QString &key) {
+    QVERIFY(program.Do(QStringLiteral("key"), {{QStringLiteral("key"), key}}).value(QStringLiteral("ok")).toBool());
+  }
+  static int Brightest(const QImage &image) {
+    int brightest = -1;
+    for (int y = 0; y < image.height(); y += 2)
+      for (int x = 0; x < image.width(); x += 2)
+        brightest = std::max(brightest, qGray(image.pixel(x, y)));
+    return brightest;
+  }
+
+  std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+QTEST_GUILESS_MAIN(TestProgram)
+#include "test_program.moc"

@@ -61,7 +61,6 @@ struct Program::Impl {
   QtMonitors monitors;
   QTimer screenTimer;
   bool noProjetor = false; // the projection stands, or last stood, on a monitor of its own
-  bool fechado = false;
 
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;
@@ -90,10 +89,7 @@ void Program::Impl::MakeWindows() {
       profile);
   console->PicWV()->AddObserver(&events);
   console->PicWV()->OnRecovered = [this] { core.loader.PaginaVoltou(); };
-  console->AoFechar = [this] {
-    fechado = true;
-    startup->Unload();
-  };
+  console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
 
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
@@ -170,7 +166,7 @@ void Program::Impl::ListenForControl() {
 // The projector was plugged in, pulled out or changed its size. Its window follows; one that stood on a projector never
 // covers the operator, and a rehearsal window stays what it is.
 void Program::Impl::ScreensChanged() {
-  if (!quendar || fechado)
+  if (!quendar || startup->Descarregado())
     return;
   if (!core.estado.TelaPronta) { // the start is under way; afterwards, then
     screenTimer.start();

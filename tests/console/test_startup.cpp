@@ -89,8 +89,7 @@ private slots:
     QCOMPARE(registro.ReadValue(QStringLiteral("FonteGrande"), QString()), QStringLiteral("2"));
     m_fixture->core.estado = EstadoConsole();
     m_fixture->core.ajustes = AjustesTexto();
-    const auto startup = Startup();
-    startup->Load();
+    Startup()->Load();
     QCOMPARE(Estado().ActiveAgenda, 4);
     QCOMPARE(m_fixture->core.agenda.Lista().Count(2), 2);
     QVERIFY(!m_fixture->core.temaControle.ChkIM(7));

@@ -7,6 +7,8 @@
 #include <QSaveFile>
 #include <QUrl>
 #include <algorithm>
+#include <cerrno>
+#include <unistd.h>
 
 namespace tolmira {
 namespace {
@@ -20,6 +22,11 @@ bool NeedsEncoding(const QString &path) {
   return path.endsWith(u' ') || std::any_of(path.begin(), path.end(), [](QChar character) {
            return character < u' ' || Special.contains(character);
          });
+}
+
+// Some file systems know no such call; that is no failure of the writing.
+bool IsOnDisk(int descriptor) {
+  return fdatasync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
 } // namespace
@@ -72,6 +79,14 @@ bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
   if (!file.open(QIODevice::WriteOnly))
     return false;
   if (file.write(bytes) != bytes.size())
+    file.cancelWriting();
+  return CommitWhole(file);
+}
+
+bool CommitWhole(QSaveFile &file) {
+  // What is still buffered is only tried now, and a network disk may refuse it as late as here. commit() takes both for
+  // success and would put the cut-off file in the place of the old one.
+  if (!file.flush() || !IsOnDisk(file.handle()))
     file.cancelWriting();
   return file.commit();
 }

@@ -31,8 +31,8 @@ QString ReadWholeFile(const QString &storedPath);
 // folder. False when nothing was written; the old content then stands.
 bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes);
 
-// Ends an atomic write. QSaveFile::commit alone does not look at what its own flush came to, and on a full disk puts an
-// empty file in the place of the old one. False when the old file stands.
+// The last step for whoever fills a QSaveFile itself: puts it in its place only when every byte reached the disk, which
+// commit() alone does not make sure of.
 bool CommitWhole(QSaveFile &file);
 
 // Writes `text` and a line end to `path` (CR and LF are taken out of the path), in windows-1252 as EncodeText does; a

@@ -250,49 +250,6 @@ private slots:
     QCOMPARE(RowTexts(desk.List()).mid(3), QStringList({QStringLiteral("Santo Santo"), QStringLiteral("Rocha Eterna")}));
   }
 
-  void anEntryIsDragged_data() {
-    QTest::addColumn<QString>("onto");
-    QTest::addColumn<int>("below"); // px from the middle of that row
-    QTest::addColumn<QString>("order");
-    QTest::newRow("behind the next") << QStringLiteral("Rocha Eterna") << 8
-                                     << QStringLiteral("Bible|João 3:16|Songs|Rocha Eterna|Santo Santo|Terceira");
-    QTest::newRow("in front of the next: where it is")
-        << QStringLiteral("Rocha Eterna") << -8 << QStringLiteral("Bible|João 3:16|Songs|Santo Santo|Rocha Eterna|Terceira");
-    QTest::newRow("in front of the last") << QStringLiteral("Terceira") << -8
-                                          << QStringLiteral("Bible|João 3:16|Songs|Rocha Eterna|Santo Santo|Terceira");
-    QTest::newRow("under everything") << QStringLiteral("Terceira") << 90
-                                      << QStringLiteral("Bible|João 3:16|Songs|Rocha Eterna|Terceira|Santo Santo");
-    QTest::newRow("into another group")
-        << QStringLiteral("João 3:16") << 8 << QStringLiteral("Bible|João 3:16|Songs|Santo Santo|Rocha Eterna|Terceira");
-  }
-  void anEntryIsDragged() {
-    Desk desk;
-    desk.Fill();
-    QString message;
-    desk.core.agenda.PorNaLista(QStringLiteral("Terceira"), 2, QString(), message);
-    QFETCH(QString, onto);
-    QFETCH(int, below);
-    QWindow *window = desk.frm.windowHandle();
-    const auto inWindow = [&](const QPoint &row) { return desk.List()->viewport()->mapTo(&desk.frm, row); };
-    const QPoint from = inWindow(desk.RowOf(QStringLiteral("Santo Santo")));
-    const QPoint to = inWindow(desk.RowOf(onto)) + QPoint(0, below);
-    QTest::mousePress(window, Qt::LeftButton, {}, from);
-    QTest::mouseMove(window, from + QPoint(0, 1));
-    // The drag runs a loop of its own, in which the hand goes on.
-    QTimer::singleShot(0, window, [&] {
-      QTest::mouseMove(window, to);
-      QTest::mouseMove(window, to + QPoint(1, 0));
-      QTest::mouseRelease(window, Qt::LeftButton, {}, to);
-    });
-    QTest::mouseMove(window, from + QPoint(0, 2 * QApplication::startDragDistance()));
-    QTRY_VERIFY(QApplication::mouseButtons() == Qt::NoButton);
-    QTEST(RowTexts(desk.List()).join(u'|'), "order");
-    QStringList stored{QStringLiteral("Bible"), desk.core.agenda.Lista().NameAt(1, 1), QStringLiteral("Songs")};
-    for (int index = 1; index <= 3; ++index)
-      stored << desk.core.agenda.Lista().NameAt(2, index);
-    QTEST(stored.join(u'|'), "order");
-  }
-
   void theFirstDownInTheListIsAtItsFirstEntry() {
     Desk desk;
     desk.Fill();

@@ -161,6 +161,42 @@ private slots:
     QCOMPARE(list.Neighbour(1), (QPair<int, int>(0, 0)));
   }
 
+  void anEntryGoesWhereTheLineBetweenTheRowsIs_data() {
+    QTest::addColumn<int>("row"); // under the pointer; 0 and 4 are headings
+    QTest::addColumn<int>("below"); // px from the middle of that row
+    QTest::addColumn<int>("to");    // 0: it stays
+    QTest::newRow("behind the next") << 3 << 8 << 3;
+    QTest::newRow("in front of the next: where it is") << 3 << -8 << 0;
+    QTest::newRow("on itself") << 2 << 5 << 0;
+    QTest::newRow("in front of the first") << 1 << -8 << 1;
+    QTest::newRow("behind the first: where it is") << 1 << 8 << 0;
+    QTest::newRow("on the heading") << 0 << 0 << 1;
+    QTest::newRow("on another group") << 5 << 8 << 0;
+    QTest::newRow("under everything, which another group ends") << 5 << 90 << 0;
+  }
+  void anEntryGoesWhereTheLineBetweenTheRowsIs() {
+    struct Droppable : GroupList {
+      using GroupList::dropEvent;
+      using GroupList::GroupList;
+    } list({{QStringLiteral("A"), {}}, {QStringLiteral("B"), {}}}, nullptr);
+    list.resize(200, 400);
+    list.show();
+    list.SetEntries({{{QStringLiteral("a1"), {}}, {QStringLiteral("a2"), {}}, {QStringLiteral("a3"), {}}},
+                     {{QStringLiteral("b1"), {}}}});
+    list.SetChosen(1, 2);
+    QSignalSpy moved(&list, &GroupList::EntryMoved);
+    QFETCH(int, row);
+    QFETCH(int, below);
+    QFETCH(int, to);
+    const QMimeData data;
+    QDropEvent drop(list.visualItemRect(list.item(row)).center() + QPoint(0, below), Qt::MoveAction, &data,
+                    Qt::LeftButton, {});
+    list.dropEvent(&drop);
+    QCOMPARE(moved.size(), to > 0 ? 1 : 0);
+    if (to > 0)
+      QCOMPARE(moved.first(), (QVariantList{1, 2, to}));
+  }
+
   void tabsShareTheRow() {
     TabRow row;
     QList<TabButton *> tabs;

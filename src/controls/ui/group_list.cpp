@@ -237,17 +237,15 @@ void GroupList::contextMenuEvent(QContextMenuEvent *event) {
 
 // The view's own drag would remove the row that it believes to have moved, after the owner has moved the entry.
 void GroupList::startDrag(Qt::DropActions) {
-  m_dragged = Chosen();
-  const QModelIndexList rows = selectedIndexes();
-  if (m_dragged.second < 1 || rows.isEmpty())
+  const QModelIndexList chosen = selectedIndexes();
+  if (chosen.isEmpty())
     return;
-  const QRect row = visualRect(rows.first());
+  const QRect row = visualRect(chosen.first());
   auto *drag = new QDrag(this);
-  drag->setMimeData(model()->mimeData(rows));
+  drag->setMimeData(model()->mimeData(chosen));
   drag->setPixmap(viewport()->grab(row));
   drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
   drag->exec(Qt::MoveAction);
-  m_dragged = {0, 0};
 }
 
 // The upper half of an entry means in front of it and the lower half behind it, as the line between the rows shows.
@@ -255,11 +253,12 @@ int GroupList::DropIndex(const QPoint &pos) const {
   const QListWidgetItem *hit = itemAt(pos);
   if (!hit && count() > 0 && pos.y() > visualItemRect(item(count() - 1)).bottom())
     hit = item(count() - 1);
-  if (!hit || m_dragged.second < 1 || hit->data(GroupRole).toInt() != m_dragged.first)
+  const auto [group, from] = Chosen();
+  if (!hit || from < 1 || hit->data(GroupRole).toInt() != group)
     return 0;
   const int index = hit->data(IndexRole).toInt();
   const int inFront = index > 0 && pos.y() < visualItemRect(hit).center().y() ? index - 1 : index;
-  return inFront < m_dragged.second ? inFront + 1 : inFront;
+  return inFront < from ? inFront + 1 : inFront;
 }
 
 void GroupList::dragEnterEvent(QDragEnterEvent *event) {
@@ -277,13 +276,14 @@ void GroupList::dragMoveEvent(QDragMoveEvent *event) {
     event->ignore();
 }
 
+// What is dragged is the chosen entry.
 void GroupList::dropEvent(QDropEvent *event) {
+  const auto [group, from] = Chosen();
   const int to = DropIndex(event->position().toPoint());
-  const QPair<int, int> from = m_dragged;
   event->accept();
   setState(NoState);
-  if (to > 0 && to != from.second)
-    emit EntryMoved(from.first, from.second, to);
+  if (to > 0 && to != from)
+    emit EntryMoved(group, from, to);
 }
 
 } // namespace tolmira

@@ -52,11 +52,10 @@ protected:
 
 private:
   QListWidgetItem *ItemOf(int group, int index) const;
-  int DropIndex(const QPoint &pos) const; // the dragged entry's index after a drop there; 0 for no place of its group
+  int DropIndex(const QPoint &pos) const; // the chosen entry's index after a drop there; 0 for no place of its group
 
   std::vector<Group> m_groups;
   QPair<int, int> m_onShow{0, 0};
-  QPair<int, int> m_dragged{0, 0};
   QString m_emptyText;
 };
 

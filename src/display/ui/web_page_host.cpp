@@ -33,6 +33,8 @@ Q_LOGGING_CATEGORY(logPage, "tolmira.page", QtWarningMsg)
 
 constexpr int DefaultTimeoutSeconds = 8;
 constexpr int HoldLimitMs = 4000;      // however slow a page, the old picture goes
+// The page tells that it has drawn; its frame takes another road to the screen and may come a little later.
+constexpr int FrameOnItsWayMs = 60;
 constexpr int HoldAfterReadyMs = 1500; // a parsed page shows itself even when its pictures or video do not come
 constexpr int FirstReloadDelayMs = 250;
 constexpr int LongestReloadDelayMs = 30000;
@@ -181,8 +183,8 @@ void WebPageHost::Impl::MakePage() {
   };
   page->OnReady = [this](int load) { OnReady(load); };
   page->OnDrawn = [this](int load) {
-    if (load == queue.Load())
-      ReleasePicture();
+    if (load == queue.Load() && held->isVisible())
+      holdLimit.start(FrameOnItsWayMs);
   };
   QObject::connect(page.get(), &QWebEnginePage::loadingChanged, &host,
                    [this](const QWebEngineLoadingInfo &info) { OnLoading(info); });

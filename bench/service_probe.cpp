@@ -215,9 +215,9 @@ int main(int argc, char **argv) {
     timer.start();
     control.Do(Show(i % 2 ? QStringLiteral("Longa") : QStringLiteral("Outra")));
     // Scripts run in their order, so the answer to this one says that the page has done all before it.
-    control.Do({{QStringLiteral("do"), QStringLiteral("eval")},
-                {QStringLiteral("page"), QStringLiteral("display")},
-                {QStringLiteral("script"), QStringLiteral("document.body.offsetHeight")}});
+    control.Do(QJsonObject{{QStringLiteral("do"), QStringLiteral("eval")},
+                           {QStringLiteral("page"), QStringLiteral("display")},
+                           {QStringLiteral("script"), QStringLiteral("document.body.offsetHeight")}});
     settled.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     QThread::msleep(150);
   }
@@ -234,7 +234,7 @@ int main(int argc, char **argv) {
       timer.start();
       watching.Send(Key("Down"));
       while (const auto event = watching.Next())
-        if (event->value(QStringLiteral("event")) == u"script") {
+        if (event->value(QStringLiteral("event")).toString() == u"script") {
           script.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
           break;
         }

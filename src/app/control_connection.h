@@ -14,7 +14,7 @@ class ControlConnection : public QObject {
   Q_OBJECT
 
 public:
-  static constexpr qint64 UnreadLimit = 8 * 1024 * 1024; // bytes
+  static constexpr qint64 UnreadLimit = 64 * 1024 * 1024; // bytes; the state of a huge song is some 20 MiB
 
   ControlConnection(QLocalSocket *socket, QObject *parent); // takes the socket
   ~ControlConnection() override;

@@ -16,6 +16,7 @@
 #include <QWidget>
 
 #include "app/control_hands.h"
+#include "foundation/text_file.h"
 
 namespace tolmira {
 
@@ -195,7 +196,7 @@ ControlAnswer AnswerWithPath(const QString &path) {
 ControlAnswer GrabWindow(QWidget *window, const QString &path) {
   const QPixmap picture = window->grab();
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || !picture.save(&file, "PNG") || !file.commit())
+  if (!file.open(QIODevice::WriteOnly) || !picture.save(&file, "PNG") || !CommitWhole(file))
     return ControlAnswer::Failed(QStringLiteral("the picture could not be written to \"%1\": %2").arg(path, file.errorString()));
   return ControlAnswer::Ok({{QStringLiteral("width"), picture.width()}, {QStringLiteral("height"), picture.height()}});
 }

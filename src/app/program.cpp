@@ -44,7 +44,6 @@ struct Program::Impl {
   void ScreensChanged();
   void PlaceDisplay(const PlacaDoTelao &placa);
   PageObject *PageNamed(const QString &name) const;
-  void SendVerseAgain();
 
   CommandLine line;
   AppFolder app;
@@ -89,7 +88,7 @@ void Program::Impl::MakeWindows() {
                    core.controles, core.flow, core.teclas},
       profile);
   console->PicWV()->AddObserver(&events);
-  console->PicWV()->OnRecovered = [this] { SendVerseAgain(); };
+  console->PicWV()->OnRecovered = [this] { core.loader.PaginaVoltou(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
 
@@ -99,13 +98,10 @@ void Program::Impl::MakeWindows() {
                         CaptionComposers{[](const QString &, const QString &) { return QString(); },
                                          [](const QString &) { return QString(); }},
                         &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
-  quendar->OnRecovered = [this] { SendVerseAgain(); };
+  quendar->OnRecovered = [this] { core.loader.PaginaVoltou(); };
   console->TakeKeysOf(quendar.get());
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
-
-// A page that came back holds its theme and no text.
-void Program::Impl::SendVerseAgain() { core.letras.ExibeVerso(core.estado.EstrofeAtual, false); }
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
   noProjetor = placa.segundoMonitor;

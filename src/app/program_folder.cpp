@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 
 #include "foundation/real_path.h"
+#include "foundation/text_file.h"
 
 namespace tolmira {
 
@@ -70,7 +71,7 @@ public:
       return false;
     for (auto entry = m_checksums.begin(); entry != m_checksums.end(); ++entry)
       file.write(entry.value() + ' ' + entry.key().toUtf8() + '\n');
-    return file.commit();
+    return CommitWhole(file);
   }
 
 private:
@@ -153,7 +154,7 @@ private:
       const QByteArray piece = in.read(256 * 1024);
       whole = in.error() == QFileDevice::NoError && out.write(piece) == piece.size();
     }
-    if (whole && out.commit()) {
+    if (whole && CommitWhole(out)) {
       m_result.written << relative;
       return true;
     }

@@ -187,6 +187,20 @@ void SongLoader::RecarregaMusica(bool send) {
   m_console.Atualiza();
 }
 
+void SongLoader::PaginaVoltou() {
+  EstadoConsole &estado = m_console.estado;
+  if (!PaginaDeTexto(estado.PaginaAtual))
+    return;
+  const bool oculto = estado.EstadoTela == u"OcultarTexto";
+  m_console.ChamaPaginas(QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),
+                         oculto ? QStringLiteral("none") : QStringLiteral("block"));
+  if (!estado.EhLetra())
+    return;
+  m_console.EnviaTamanhoDaFonte();
+  // Not the verse in the frame: the operator may be looking ahead.
+  m_console.letras.ReenviaVerso();
+}
+
 void SongLoader::AjustaQuadro() {
   FaixaTexto &faixa = m_console.faixa;
   const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);

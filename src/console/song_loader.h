@@ -25,6 +25,10 @@ public:
   // pages are told; without it the caller builds them.
   void RecarregaMusica(bool send);
 
+  // A page came back after its process died, as it was when it was built: it gets the text size, the state of the text
+  // and the verse on show. On a page that was alive this changes nothing.
+  void PaginaVoltou();
+
   // Fits the frame to the projection's proportions.
   void AjustaQuadro();
   // The panel was resized: frame and strip follow, verses and the verse on show stay.

@@ -68,9 +68,7 @@ void LyricsComposer::ExibeVerso(int posicao, bool comEfeito) {
   const QString verso = m_estado.TextoEstrofes.value(posicao - 1);
   const bool animado = m_ajustes.EstiloLouvor >= PrimeiroEstiloAnimado;
 
-  QString h = MontaVerso(verso);
-  // An apostrophe that the song's author escaped already has two backslashes by now.
-  h.replace(QStringLiteral("\\\\'"), QStringLiteral("\\'"));
+  QString h = MontaComSlots(verso);
   QString semEfeito = h;
   semEfeito.remove(SlotEfeito());
   // Each line of an animated layout names an effect of its own already.
@@ -87,6 +85,18 @@ void LyricsComposer::ExibeVerso(int posicao, bool comEfeito) {
   }
   m_estado.VersoHtmlAtual = h;
   m_estado.VersoTextoAtual = verso;
+}
+
+void LyricsComposer::ReenviaVerso() {
+  if (m_estado.VersoHtmlAtual.isEmpty())
+    return;
+  QString html = MontaComSlots(m_estado.VersoTextoAtual).remove(SlotEfeito());
+  Envia(html, m_estado.VersoTextoAtual);
+}
+
+// An apostrophe that the song's author escaped has two backslashes when it comes out of MontaVerso.
+QString LyricsComposer::MontaComSlots(const QString &verso) {
+  return MontaVerso(verso).replace(QStringLiteral("\\\\'"), QStringLiteral("\\'"));
 }
 
 void LyricsComposer::Envia(QString &html, const QString &verso) {

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace tolmira {
@@ -13,6 +14,11 @@ QString WithoutLastSeparator(QString path) {
   while (path.endsWith(u'/') || path.endsWith(u'\\'))
     path.chop(1);
   return path;
+}
+
+bool MakePrivate(const QString &folder) {
+  return QDir().mkpath(folder) && QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner) &&
+         QFileInfo(folder).isWritable();
 }
 
 } // namespace
@@ -31,10 +37,17 @@ QString TempFolder() {
   const QString set = WithoutLastSeparator(qEnvironmentVariable("TEMP"));
   if (!set.isEmpty())
     return set;
+  // The session's runtime folder is kept in memory: pages can still be written when the disk is full or read-only, and
+  // no theme change waits for a slow disk.
+  const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  if (QDir::isAbsolutePath(runtime) && QFileInfo(runtime).isDir()) {
+    const QString own = runtime + QStringLiteral("/tolmira");
+    if (MakePrivate(own))
+      return own;
+  }
   const QString own =
       QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + QStringLiteral("/tolmira/tmp");
-  QDir().mkpath(own);
-  QFile::setPermissions(own, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  MakePrivate(own);
   return own;
 }
 

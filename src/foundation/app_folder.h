@@ -23,7 +23,7 @@ private:
 };
 
 // The value of the environment variable "TEMP" without a trailing separator; where that is not set, a private folder
-// of the user (mode 0700), made by the first call.
+// of the user (mode 0700) in $XDG_RUNTIME_DIR or else in the user's cache, made by the first call.
 QString TempFolder();
 
 } // namespace tolmira

@@ -8,6 +8,8 @@
 #include <QSaveFile>
 #include <QUrl>
 #include <algorithm>
+#include <cerrno>
+#include <unistd.h>
 
 namespace tolmira {
 namespace {
@@ -23,6 +25,11 @@ bool NeedsEncoding(const QString &path) {
   return path.endsWith(u' ') || std::any_of(path.begin(), path.end(), [](QChar character) {
            return character < u' ' || Special.contains(character);
          });
+}
+
+// Some file systems know no such call; that is no failure of the writing.
+bool IsOnDisk(int descriptor) {
+  return fdatasync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
 } // namespace
@@ -78,9 +85,17 @@ bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
   }
   if (file.write(bytes) != bytes.size())
     file.cancelWriting();
-  const bool written = file.commit();
+  const bool written = CommitWhole(file);
   qCDebug(logStore) << (written ? "written:" : "not written:") << path << bytes.size();
   return written;
+}
+
+bool CommitWhole(QSaveFile &file) {
+  // What is still buffered is only tried now, and a network disk may refuse it as late as here. commit() takes both for
+  // success and would put the cut-off file in the place of the old one.
+  if (!file.flush() || !IsOnDisk(file.handle()))
+    file.cancelWriting();
+  return file.commit();
 }
 
 bool WriteTextFile(const QString &text, const QString &path, bool verify) {

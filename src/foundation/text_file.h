@@ -6,6 +6,7 @@
 #include "foundation/code_page.h"
 
 class QIODevice;
+class QSaveFile;
 
 namespace tolmira {
 
@@ -29,6 +30,10 @@ QString ReadWholeFile(const QString &storedPath);
 // Replaces the file as one step: after a kill or on a full disk it is the old one or the new one, whole. Makes no
 // folder. False when nothing was written; the old content then stands.
 bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes);
+
+// The last step for whoever fills a QSaveFile itself: puts it in its place only when every byte reached the disk, which
+// commit() alone does not make sure of.
+bool CommitWhole(QSaveFile &file);
 
 // Writes `text` and a line end to `path` (CR and LF are taken out of the path), in windows-1252 as EncodeText does; a
 // file that was UTF-8 stays UTF-8.

@@ -4,10 +4,14 @@
 #include "foundation/text_fields.h"
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace tolmira {
 namespace {
+
+// Beyond this a number and the next one are the same.
+constexpr double LargestCounted = 9007199254740992.0;
 
 QString TrimBlanks(const QString &text) {
   QStringView view(text);
@@ -198,12 +202,13 @@ QString FolderOf(const QString &path, const QString &delimiter) {
 
 QString NextFreeName(const QString &name) {
   const QString extension = ExtensionOf(name);
-  qint64 number = 0;
+  double number = 0;
   if (name.endsWith(QString(u")." + extension), Qt::CaseInsensitive))
-    number = RoundHalfEven(NumericPrefix(name.mid(name.indexOf(u'(') + 1)));
-  if (number == 0)
+    number = std::nearbyint(NumericPrefix(name.mid(name.indexOf(u'(') + 1)));
+  // A number too large to be counted on (a time stamp, say) begins a series of its own: the next name must be another.
+  if (number == 0 || std::abs(number) >= LargestCounted)
     return BaseNameBefore(name, QStringLiteral(".")) + u"(1)." + extension;
-  return name.left(name.lastIndexOf(u'(')) + u'(' + QString::number(number + 1) + u")." + extension;
+  return name.left(name.lastIndexOf(u'(')) + u'(' + NumberText(number + 1) + u")." + extension;
 }
 
 bool VersionIsNewer(const QString &current, const QString &latest) {

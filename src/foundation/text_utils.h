@@ -21,7 +21,9 @@ QString FileNameOf(const QString &path);    // behind the last "\" or "/"
 QString FileNameWithoutExtension(const QString &path, const QString &delimiter);
 QString ExtensionOf(const QString &name);   // behind the last "."
 QString FolderOf(const QString &path, const QString &delimiter); // up to and including the last delimiter
-QString NextFreeName(const QString &name);  // "Foto.jpg", "Foto(1).jpg", "Foto(2).jpg" ...
+// "Foto.jpg", "Foto(1).jpg", "Foto(2).jpg" ... The number is read behind the first "(" and put behind the last one, so
+// a name with two of them can come back unchanged: a caller that looks for a free name must stop there.
+QString NextFreeName(const QString &name);
 
 bool VersionIsNewer(const QString &current, const QString &latest);
 // `shortPattern` is the system's short date pattern; the three-number form asks the system locale for it.

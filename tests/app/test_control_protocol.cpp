@@ -215,7 +215,7 @@ private slots:
     // This client's own buffer stays small, so that what it does not take stays with the server.
     m->client->Socket().setReadBufferSize(1024);
     const QString large(1024 * 1024, u'x');
-    for (int n = 0; n < 12 && m->events.listener; ++n)
+    for (int n = 0; n < 80 && m->events.listener; ++n)
       m->events.OnCommand(large);
     QTRY_VERIFY(!m->events.listener);
     QCOMPARE(Error(quick.Ask(Request(R"({"do":"state"})"))), QString());

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app/program_folder.h"
+#include "support/full_disk.h"
 
 using namespace tolmira;
 
@@ -121,6 +122,20 @@ private slots:
     QVERIFY(FillProgramFolder(m_app, m_assets).isNew);
     QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "Lamp\r\n");
     QCOMPARE(InApp(QStringLiteral("Data/agenda1.dat")), "mine");
+    QVERIFY(!QFileInfo::exists(m_app + QStringLiteral("/.filling")));
+  }
+
+  void whatAFullDiskLeftOutIsAddedLater() {
+    Write(Temp(QStringLiteral("assets/html/imagem.html")), QByteArray(6000, 'p'));
+    {
+      const tolmira::testing::FullDisk disk(4096);
+      const FillResult result = FillProgramFolder(m_app, m_assets);
+      QVERIFY2(result.problem.contains(QStringLiteral("html/imagem.html could not be written")),
+               qPrintable(result.problem));
+    }
+    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "<none>");
+    QCOMPARE(FillProgramFolder(m_app, m_assets).problem, QString());
+    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), QByteArray(6000, 'p'));
     QVERIFY(!QFileInfo::exists(m_app + QStringLiteral("/.filling")));
   }
 

@@ -43,6 +43,34 @@ private slots:
     QVERIFY(Estado().VersoTextoAtual.isEmpty());
   }
 
+  // The page was built for the first song; size, hidden text and verse have come by scripts since.
+  void aPageThatCameBackGetsWhatIsOnShow() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->Show(QStringLiteral("Outra"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->core.controles.SetScreenState(1);
+    m_fixture->core.stepper.CtrlDown();
+    Estado().EstrofeAtual = 2; // looking ahead
+    m_fixture->Forget();
+    m_fixture->core.loader.PaginaVoltou();
+    const QStringList expected{QStringLiteral("ChangeCSS('texto','display','none')"),
+                               QStringLiteral("ChangeCSS('set_text','font-size','%1pt')").arg(Estado().FonteTamanho)};
+    QCOMPARE(m_fixture->display.page.scripts, expected);
+    QCOMPARE(m_fixture->VersesSent(), QStringList{QStringLiteral("Uma")});
+    QVERIFY2(!m_fixture->display.commands.last().contains(u"animated"), "a verse that is drawn again stands at once");
+    QCOMPARE(m_fixture->preview.scripts.size(), 3);
+
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->Forget();
+    m_fixture->core.loader.PaginaVoltou();
+    QVERIFY2(m_fixture->VersesSent().isEmpty(), "no verse of the new song is out yet");
+
+    Estado().PaginaAtual = QStringLiteral("youtube");
+    m_fixture->Forget();
+    m_fixture->core.loader.PaginaVoltou();
+    QVERIFY(m_fixture->display.page.scripts.isEmpty());
+  }
+
   void aPlacedBackgroundIsRebuiltAndKeepsItsTheme() {
     m_fixture->Show(QStringLiteral("Graça"));
     Estado().FundoPreso = true;

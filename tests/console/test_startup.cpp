@@ -33,6 +33,7 @@ class TestStartup : public QObject {
 private slots:
   void init() {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_startup.reset();
     m_fixture = std::make_unique<ConsoleFixture>();
     m_fixture->core.estado = EstadoConsole();
     m_monitors = FixedMonitors();
@@ -173,7 +174,8 @@ private slots:
   }
 
 private:
-  std::unique_ptr<ConsoleStartup> Startup() {
+  // Lives until the next call: its timer ends the loading.
+  ConsoleStartup *Startup() {
     const auto step = [this](const char *name) { return [this, name] { m_steps.append(QLatin1String(name)); }; };
     ConsoleStartup::Janelas janelas;
     janelas.CarregaFontes = step("fonts");
@@ -193,8 +195,9 @@ private:
     janelas.CarregaTiles = step("tiles");
     janelas.DescarregaJanelas = step("unload");
     ConsoleCore &core = m_fixture->core;
-    return std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja, core.controles,
-                                            core.loader, m_monitors, std::move(janelas));
+    m_startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
+                                                 core.controles, core.loader, m_monitors, std::move(janelas));
+    return m_startup.get();
   }
   EstadoConsole &Estado() { return m_fixture->core.estado; }
   QString Config(const QString &key) {
@@ -202,6 +205,7 @@ private:
   }
 
   std::unique_ptr<ConsoleFixture> m_fixture;
+  std::unique_ptr<ConsoleStartup> m_startup; // refers to the fixture
   FixedMonitors m_monitors;
   QStringList m_steps;
   bool m_engineStarts = true;

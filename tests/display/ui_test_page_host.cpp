@@ -2,10 +2,12 @@
 #include "support/web_fixture.h"
 
 #include <QLineEdit>
+#include <QSet>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -316,6 +318,54 @@ private slots:
       }
       QCOMPARE(seen, wanted);
     }
+  }
+
+  // The new page comes with what was sent to it, not a moment before, however late the program hears from it.
+  void showsAPageTogetherWithItsText() {
+    const QColor red(255, 0, 0);
+    const QString first = Write(QStringLiteral("a.html"), Page(red.name()));
+    const QString next = Write(QStringLiteral("b.html"), Page(QStringLiteral("#00f")));
+    for (int i = 0; i < 4; ++i) {
+      m_page->Navigate(first, 8);
+      QTRY_COMPARE(PixelAt(*m_host, {5, 100}), red);
+      m_page->Navigate(next, 8);
+      m_page->ExecuteScript(QStringLiteral("document.body.style.background = document.documentElement.style.background"
+                                           " = '#0f0'"));
+      QColor seen = red;
+      QDeadlineTimer limit(20000);
+      while (seen == red && !limit.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+        QThread::msleep(80); // several reports of the page wait by now
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+        seen = PixelAt(*m_host, {5, 100});
+      }
+      QCOMPARE(seen, QColor(0, 255, 0));
+    }
+  }
+
+  void aDeadPageLeavesItsLastPicture() {
+    const QColor red(255, 0, 0);
+    m_page->Navigate(Write(QStringLiteral("a.html"), Page(red.name())), 8);
+    QTRY_COMPARE(PixelAt(*m_host, {5, 100}), red);
+    QTRY_VERIFY(!RenderProcesses().isEmpty());
+    bool recovered = false;
+    m_host->OnRecovered = [&] {
+      recovered = true;
+      m_page->ExecuteScript(QStringLiteral("document.body.style.background = '#0f0'"));
+    };
+    bool died = false;
+    m_page->Evaluate(QStringLiteral("for(;;);"), [&](const QString &) { died = true; });
+    KillRenderProcesses();
+    QTRY_VERIFY_WITH_TIMEOUT(died, 20000);
+    QSet<QString> seen;
+    QDeadlineTimer limit(20000);
+    while (!seen.contains(QStringLiteral("#00ff00")) && !limit.hasExpired()) {
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+      seen.insert(PixelAt(*m_host, {5, 100}).name());
+    }
+    QVERIFY(recovered);
+    seen.remove(QStringLiteral("#000000")); // where the desktop gives no picture of a window
+    QCOMPARE(seen, QSet<QString>({red.name(), QStringLiteral("#00ff00")}));
   }
 
   void observersHearEverything() {

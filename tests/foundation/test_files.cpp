@@ -1,9 +1,12 @@
 #include "foundation/app_folder.h"
 #include "foundation/real_path.h"
 #include "foundation/text_file.h"
+#include "support/full_disk.h"
 
 #include <QBuffer>
 #include <QtTest>
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace tolmira;
@@ -159,6 +162,32 @@ private slots:
     QCOMPARE(Get(QStringLiteral("folder/inside.txt")), "x");
   }
 
+  void OnAFullDiskTheOldFileStands_data() {
+    QTest::addColumn<int>("room");
+    QTest::addColumn<int>("size");
+    for (const int size : {100, 8000, 100'000}) {
+      QTest::addRow("%d bytes, no room at all", size) << 0 << size;
+      QTest::addRow("%d bytes, room for a part", size) << size / 2 << size;
+    }
+  }
+  void OnAFullDiskTheOldFileStands() {
+    QFETCH(int, room);
+    QFETCH(int, size);
+    Put(QStringLiteral("Data/a.dat"), "old");
+    const QString path = At(QStringLiteral("\\Data\\a.dat"));
+    bool written = true;
+    bool verified = true;
+    {
+      const tolmira::testing::FullDisk disk(static_cast<rlim_t>(room));
+      written = WriteFileAtomically(path, QByteArray(size, 'x'));
+      verified = WriteTextFile(QString(size, u'x'), path, true);
+    }
+    QVERIFY(!written);
+    QVERIFY(!verified);
+    QCOMPARE(Get(QStringLiteral("Data/a.dat")), "old");
+    QCOMPARE(QDir(At(QStringLiteral("/Data"))).entryList(QDir::Files), QStringList{QStringLiteral("a.dat")});
+  }
+
   void TextFiles() {
     const QString path = At(QStringLiteral("\\no\r\nta.txt"));
     QVERIFY(WriteTextFile(QStringLiteral("é\r\nb"), path, true));
@@ -210,17 +239,31 @@ private slots:
   }
 
   void TemporaryFolder() {
-    const auto restore = qScopeGuard([temp = qgetenv("TEMP"), cache = qgetenv("XDG_CACHE_HOME")] {
-      temp.isNull() ? qunsetenv("TEMP") : qputenv("TEMP", temp);
-      cache.isNull() ? qunsetenv("XDG_CACHE_HOME") : qputenv("XDG_CACHE_HOME", cache);
-    });
+    struct Restore {
+      const char *name;
+      QByteArray value = qgetenv(name);
+      ~Restore() { value.isNull() ? qunsetenv(name) : qputenv(name, value); }
+    };
+    const Restore temp{"TEMP"};
+    const Restore cache{"XDG_CACHE_HOME"};
+    const Restore runtime{"XDG_RUNTIME_DIR"};
+    const QByteArray ours = m_dir->path().toLocal8Bit();
     qputenv("TEMP", "/some/where\\");
     QCOMPARE(TempFolder(), QStringLiteral("/some/where"));
+
     qunsetenv("TEMP");
-    qputenv("XDG_CACHE_HOME", m_dir->path().toLocal8Bit());
-    struct stat info = {};
-    QCOMPARE(stat(QFile::encodeName(TempFolder()).constData(), &info), 0);
-    QCOMPARE(info.st_mode & 0777u, 0700u);
+    qputenv("XDG_CACHE_HOME", ours + "/cache");
+    qputenv("XDG_RUNTIME_DIR", ours);
+    QCOMPARE(TempFolder(), At(QStringLiteral("/tolmira")));
+    for (const char *unusable : {"", "/no/such/folder"}) {
+      qputenv("XDG_RUNTIME_DIR", unusable);
+      QCOMPARE(TempFolder(), At(QStringLiteral("/cache/tolmira/tmp")));
+    }
+    for (const char *folder : {"/tolmira", "/cache/tolmira/tmp"}) {
+      struct stat info = {};
+      QCOMPARE(stat(QByteArray(ours + folder).constData(), &info), 0);
+      QCOMPARE(info.st_mode & 0777u, 0700u);
+    }
   }
 };
 

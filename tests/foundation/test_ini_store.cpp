@@ -1,4 +1,5 @@
 #include "foundation/ini_store.h"
+#include "support/full_disk.h"
 
 #include <QtTest>
 
@@ -163,6 +164,18 @@ private slots:
     QVERIFY(file.resize(65 * 1024 * 1024)); // a sparse file, so that this costs nothing
     QVERIFY(!m_store->WriteConfig(QStringLiteral("A"), QStringLiteral("b"), QStringLiteral("2")));
     QCOMPARE(file.size(), 65 * 1024 * 1024);
+  }
+
+  void OnAFullDiskEveryOldValueStands() {
+    const QByteArray before = "[A]\r\nb=1\r\n";
+    Put(before);
+    bool written = true;
+    {
+      const tolmira::testing::FullDisk disk(4);
+      written = m_store->WriteConfig(QStringLiteral("A"), QStringLiteral("b"), QStringLiteral("2"));
+    }
+    QVERIFY(!written);
+    QCOMPARE(Get(), before);
   }
 
   void EachReadGoesToTheFile() {

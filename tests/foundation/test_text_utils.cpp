@@ -72,6 +72,10 @@ private slots:
     row("next name: ten", NextFreeName, QStringLiteral("Foto(9).JPG"), QStringLiteral("Foto(10).JPG"));
     row("next name: number inside", NextFreeName, QStringLiteral("Foto(1)x.jpg"), QStringLiteral("Foto(1)x(1).jpg"));
     row("next name: no number", NextFreeName, QStringLiteral("Foto(x).jpg"), QStringLiteral("Foto(x)(1).jpg"));
+    row("next name: time stamp", NextFreeName, QStringLiteral("Foto(20240131235959).jpg"),
+        QStringLiteral("Foto(20240131235960).jpg"));
+    row("next name: number beyond counting", NextFreeName, QStringLiteral("Foto(99999999999999999).jpg"),
+        QStringLiteral("Foto(99999999999999999)(1).jpg"));
     row("next name: first bracket counts", NextFreeName, QStringLiteral("A(7)(2).jpg"), QStringLiteral("A(7)(8).jpg"));
     row("next name: series without extension", NextFreeName, QStringLiteral("Foto(1)."), QStringLiteral("Foto(2)."));
 

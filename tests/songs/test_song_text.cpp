@@ -1,4 +1,5 @@
 #include "songs/song_text.h"
+#include "support/full_disk.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -106,6 +107,18 @@ private slots:
     QCOMPARE(ReadSongFile(*m_app, m_app->At(u"\\Lyrics\\") + name), QStringLiteral("Um dois"));
     const QByteArray after = BytesOf(path);
     QVERIFY2(after == "Um\r\ndois" || after == "Um dois", after.constData());
+  }
+
+  void onAFullDiskASongIsShownRepairedAndItsFileStands() {
+    const QByteArray before = QByteArray("Um \r\n").repeated(2000);
+    const QString path = Write(QStringLiteral("Lyrics/a.txt"), before);
+    QString shown;
+    {
+      const tolmira::testing::FullDisk disk(4096);
+      shown = ReadSongFile(*m_app, m_app->At(u"\\Lyrics\\a.txt"));
+    }
+    QVERIFY(shown.startsWith(QStringLiteral("Um\r\nUm\r\n")));
+    QCOMPARE(BytesOf(path), before);
   }
 
   void theKindComesFromThePath_data() {

@@ -17,10 +17,10 @@ const QString ReporterName = QStringLiteral("tolmira-reporter");
 
 // Runs in a world of its own when a document begins, so it knows the number of the load that it belongs to.
 // Two timers in a row before "ready": the page's libraries call their start functions by one timer after
-// DOMContentLoaded. Pictures are decoded before the first frame counts as drawn, since the engine would otherwise draw
-// that frame without the large ones. What the page wants to leave for is stopped in the page: a navigation that the
-// engine has begun and the host refuses ends the document's own loading too, and a page may report while it still
-// loads.
+// DOMContentLoaded. Pictures are decoded and a video has shown a frame before the page counts as complete, since the
+// engine would otherwise draw its first frames without them. What the page wants to leave for is stopped in the page: a
+// navigation that the engine has begun and the host refuses ends the document's own loading too, and a page may report
+// while it still loads.
 const QString ReporterSource = QStringLiteral(R"js(
 (function () {
   const say = what => console.info('%1:%2:' + what);
@@ -35,12 +35,16 @@ const QString ReporterSource = QStringLiteral(R"js(
   addEventListener('DOMContentLoaded', () => setTimeout(() => setTimeout(() => say('ready'), 0), 0));
   addEventListener('load', () => {
     const pictures = [...document.images].filter(shown).slice(0, 3).map(i => i.decode().catch(() => {}));
-    const videos = [...document.querySelectorAll('video')].filter(v => shown(v) && v.readyState < 2).slice(0, 1)
-      .map(v => new Promise(done => { v.addEventListener('loadeddata', done); v.addEventListener('error', done, true); }));
-    Promise.all([...pictures, ...videos]).then(() => frames(3, () => say('drawn')));
+    const videos = [...document.querySelectorAll('video')].filter(v => shown(v) && v.networkState !== 3).slice(0, 1)
+      .map(v => new Promise(done => { v.requestVideoFrameCallback(done); v.addEventListener('error', done, true); }));
+    Promise.all([...pictures, ...videos]).then(() => say('complete'));
   });
+  window.tolmiraSettle = () => frames(3, () => say('drawn'));
 })();
 )js");
+
+// Run behind the scripts that waited for the page, so that the frames it counts show what these have changed.
+const QString SettleScript = QStringLiteral("tolmiraSettle()");
 
 } // namespace
 
@@ -70,7 +74,7 @@ void WebPage::Load(const QUrl &url, int load) {
   reporter.setSourceCode(ReporterSource.arg(m_token).arg(load));
   scripts().insert(reporter);
   m_load = load;
-  m_began = false;
+  m_began = m_ready = m_complete = false;
   m_fromServer = url.scheme().startsWith(u"http");
   this->load(url);
 }
@@ -90,6 +94,11 @@ bool WebPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool
   return !cancel;
 }
 
+void WebPage::Settle() {
+  if (m_ready && m_complete)
+    runJavaScript(SettleScript, QWebEngineScript::ApplicationWorld);
+}
+
 QWebEnginePage *WebPage::createWindow(WebWindowType) {
   return nullptr;
 }
@@ -107,8 +116,16 @@ void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, cons
   if (what == u"began") {
     m_began = true;
   } else if (what == u"ready") {
+    const int load = m_load;
     if (OnReady)
-      OnReady(m_load);
+      OnReady(load);
+    if (load == m_load) {
+      m_ready = true;
+      Settle();
+    }
+  } else if (what == u"complete") {
+    m_complete = true;
+    Settle();
   } else if (what == u"drawn") {
     if (OnDrawn)
       OnDrawn(m_load);

@@ -19,7 +19,7 @@ public:
 
   std::function<void(const QString &uri, bool &cancel)> OnNavigating; // only what the page itself starts
   std::function<void(int load)> OnReady; // the document is parsed and its own start functions have run
-  std::function<void(int load)> OnDrawn; // pictures and video are there and have been drawn
+  std::function<void(int load)> OnDrawn; // pictures and video are there and drawn, with what OnReady has changed
 
 protected:
   bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
@@ -29,9 +29,12 @@ protected:
 
 private:
   void Leave(const QUrl &url, bool &cancel);
+  void Settle(); // asks for OnDrawn once the page is ready and complete
 
   QString m_token; // pages cannot guess it, so they cannot report in the host's name
   int m_load = 0;
+  bool m_ready = false;      // OnReady has been called for the present load
+  bool m_complete = false;   // pictures and video of the present load are there
   bool m_began = false;      // the document of the present load exists
   bool m_fromServer = false; // the present load may be redirected
 };

@@ -16,6 +16,7 @@
 #include <QLoggingCategory>
 #include <QPointer>
 #include <QQuickWidget>
+#include <QScreen>
 #include <QTimer>
 #include <QWebEngineView>
 #include <algorithm>
@@ -32,6 +33,8 @@ Q_LOGGING_CATEGORY(logPage, "tolmira.page", QtWarningMsg)
 
 constexpr int DefaultTimeoutSeconds = 8;
 constexpr int HoldLimitMs = 4000;      // however slow a page, the old picture goes
+// The page tells that it has drawn; its frame takes another road to the screen and may come a little later.
+constexpr int FrameOnItsWayMs = 60;
 constexpr int HoldAfterReadyMs = 1500; // a parsed page shows itself even when its pictures or video do not come
 constexpr int FirstReloadDelayMs = 250;
 constexpr int LongestReloadDelayMs = 30000;
@@ -92,12 +95,14 @@ struct WebPageHost::Impl : public PageObject {
   void Evaluate(const QString &script, std::function<void(const QString &json)> onResult) override;
 
   void Create();
+  void MakePage();
   void Load(int load);
   void OnReady(int load);
   void OnLoading(const QWebEngineLoadingInfo &info);
   void OnProcessEnded();
   void FailEvaluations();
   void HoldPicture();
+  void HoldLastPicture();
   void ReleasePicture();
   void Tame(QWidget *widget);
   void RefuseFocus(QWidget *old, QWidget *now);
@@ -138,23 +143,48 @@ WebPageHost::Impl::~Impl() {
 void WebPageHost::Impl::Create() {
   if (!profile)
     profile = NewPageProfile();
-  page = std::make_unique<WebPage>(profile.get(), nullptr);
-  view = std::make_unique<QWebEngineView>(page.get(), &host);
+  view = std::make_unique<QWebEngineView>(&host);
   view->setContextMenuPolicy(Qt::PreventContextMenu);
   view->setAcceptDrops(false);
   Tame(view.get());
+  MakePage();
   view->setGeometry(host.rect());
   view->show();
   held = new HeldPicture(&host);
+  QObject::connect(qApp, &QApplication::focusChanged, &host,
+                   [this](QWidget *old, QWidget *now) { RefuseFocus(old, now); });
 
+  for (QTimer *timer : {&timeout, &holdLimit, &reload})
+    timer->setSingleShot(true);
+  QObject::connect(&timeout, &QTimer::timeout, &host, [this] {
+    qCDebug(logPage) << name << "gave up waiting for" << address;
+    queue.GiveUp();
+    ReleasePicture();
+  });
+  QObject::connect(&holdLimit, &QTimer::timeout, &host, [this] { ReleasePicture(); });
+  QObject::connect(&reload, &QTimer::timeout, &host, [this] {
+    MakePage();
+    if (held->isVisible())
+      holdLimit.start(HoldLimitMs);
+    Load(queue.Restart());
+  });
+}
+
+// Also in place of a page whose render process died: a page that goes on in a new process is white until it has drawn
+// itself, and now and then it comes up without the scripts that were installed in it.
+void WebPageHost::Impl::MakePage() {
+  const std::unique_ptr<WebPage> old =
+      std::exchange(page, std::make_unique<WebPage>(profile.get(), nullptr)); // ends when the view has let go of it
+  if (old)
+    old->disconnect();
   page->OnNavigating = [this](const QString &uri, bool &cancel) {
     if (AoNavegar)
       AoNavegar(uri, cancel);
   };
   page->OnReady = [this](int load) { OnReady(load); };
   page->OnDrawn = [this](int load) {
-    if (load == queue.Load())
-      ReleasePicture();
+    if (load == queue.Load() && held->isVisible())
+      holdLimit.start(FrameOnItsWayMs);
   };
   QObject::connect(page.get(), &QWebEnginePage::loadingChanged, &host,
                    [this](const QWebEngineLoadingInfo &info) { OnLoading(info); });
@@ -168,18 +198,7 @@ void WebPageHost::Impl::Create() {
                                                 state == PermissionAllow ? QWebEnginePage::PermissionGrantedByUser
                                                                          : QWebEnginePage::PermissionDeniedByUser);
                    });
-  QObject::connect(qApp, &QApplication::focusChanged, &host,
-                   [this](QWidget *old, QWidget *now) { RefuseFocus(old, now); });
-
-  for (QTimer *timer : {&timeout, &holdLimit, &reload})
-    timer->setSingleShot(true);
-  QObject::connect(&timeout, &QTimer::timeout, &host, [this] {
-    qCDebug(logPage) << name << "gave up waiting for" << address;
-    queue.GiveUp();
-    ReleasePicture();
-  });
-  QObject::connect(&holdLimit, &QTimer::timeout, &host, [this] { ReleasePicture(); });
-  QObject::connect(&reload, &QTimer::timeout, &host, [this] { Load(queue.Restart()); });
+  view->setPage(page.get());
 }
 
 void WebPageHost::Impl::Navigate(const QString &url, int timeoutSeconds) {
@@ -228,6 +247,7 @@ void WebPageHost::Impl::OnProcessEnded() {
   FailEvaluations();
   if (address.isEmpty())
     return;
+  HoldLastPicture();
   reloadDelayMs = sinceCrash.isValid() && sinceCrash.elapsed() < QuietAfterCrashMs
                       ? std::clamp(reloadDelayMs * 2, FirstReloadDelayMs, LongestReloadDelayMs)
                       : 0;
@@ -287,6 +307,22 @@ void WebPageHost::Impl::HoldPicture() {
   if (!held->isVisible())
     held->Hold(view->grab());
   holdLimit.start(HoldLimitMs);
+}
+
+// The view has nothing to draw any more, but its last picture still stands on the screen. It stays until the page is
+// back, however often that has to be tried. A desktop that gives no pictures of its windows leaves black.
+void WebPageHost::Impl::HoldLastPicture() {
+  holdLimit.stop();
+  if (!view->isVisible() || host.size().isEmpty() || held->isVisible())
+    return;
+  const QPoint place = host.mapTo(host.window(), QPoint());
+  QPixmap picture =
+      host.screen()->grabWindow(host.window()->winId(), place.x(), place.y(), host.width(), host.height());
+  if (picture.isNull()) {
+    picture = QPixmap(host.size());
+    picture.fill(Qt::black);
+  }
+  held->Hold(picture);
 }
 
 void WebPageHost::Impl::ReleasePicture() {

@@ -1,7 +1,5 @@
 #include "console/console_context.h"
 
-#include <cmath>
-
 #include "foundation/text_fields.h"
 
 namespace tolmira {
@@ -21,7 +19,7 @@ void ConsoleContext::ScriptNasPaginas(const QString &script) {
 
 void ConsoleContext::EnviaTamanhoDaFonte() {
   const double size = NumericPrefix(estado.FonteTamanho);
-  const auto points = [](double value) -> QString { return QString::number(static_cast<int>(value)) + u"pt"; };
+  const auto points = [](double value) -> QString { return QString::number(RoundHalfEven(value)) + u"pt"; };
   Display *display = telao();
   if (display)
     CallPageScript(display->WV(), QStringLiteral("ChangeCSS"), QStringLiteral("set_text"),

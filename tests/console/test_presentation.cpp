@@ -39,7 +39,8 @@ private slots:
     QCOMPARE(m_fixture->display.page.scripts, expected);
     QCOMPARE(m_fixture->preview.scripts.size(), 2);
     QCOMPARE(m_fixture->preview.scripts.first(),
-             QStringLiteral("ChangeCSS('set_text','font-size','%1pt')").arg(RoundHalfEven(Estado().FonteTamanho.toInt() / 4.0)));
+             QStringLiteral("ChangeCSS('set_text','font-size','%1pt')")
+                 .arg(RoundHalfEven(Estado().FonteTamanho.toDouble() / 4)));
     QCOMPARE(Estado().EstrofeAtual, -1);
     QVERIFY(Estado().VersoTextoAtual.isEmpty());
   }

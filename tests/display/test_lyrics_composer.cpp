@@ -251,6 +251,7 @@ void TestLyricsComposer::noVerseEndsItsScript_data() {
   QTest::newRow("lone line ends") << QStringLiteral("a\rb\nc\n\nd") << QStringLiteral("a b c  d");
   QTest::newRow("line separator") << QStringLiteral("a\u2028b\u2029c") << QStringLiteral("a b c");
   QTest::newRow("references") << QStringLiteral("a&nbsp;b &#233; &#xE9;") << QStringLiteral("a&nbsp;b &#233; &#xE9;");
+  QTest::newRow("references in capitals") << QStringLiteral("A&NBSP;B &AMP; C") << QStringLiteral("A&nbsp;B &AMP; C");
   QTest::newRow("ampersands") << QStringLiteral("T&D &not &copyb; & &#; &&")
                               << QStringLiteral("T&amp;D &amp;not &copyb; & &amp;#; &&");
   QTest::newRow("mark of the escaping") << QStringLiteral("|x|") << QStringLiteral("|x|");

@@ -48,10 +48,4 @@ QString ObservedPrompt::OpenFile(const QString &title, const QString &folder, co
   return m_prompt.OpenFile(title, folder, filter);
 }
 
-void CountingYielder::Yield(int times) {
-  ++m_depth;
-  m_yielder.Yield(times);
-  --m_depth;
-}
-
 } // namespace tolmira

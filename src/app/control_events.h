@@ -38,17 +38,4 @@ private:
   ControlEvents &m_events;
 };
 
-// A yielder that knows when it is at work. Requests that arrive inside a yield are served after it, so that none is
-// handled in the middle of another action.
-class CountingYielder : public Yielder {
-public:
-  explicit CountingYielder(Yielder &yielder) : m_yielder(yielder) {}
-  void Yield(int times) override;
-  bool Yielding() const { return m_depth > 0; }
-
-private:
-  Yielder &m_yielder;
-  int m_depth = 0;
-};
-
 } // namespace tolmira

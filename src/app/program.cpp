@@ -31,7 +31,7 @@ constexpr int EsperaDasTelas = 300; // ms: a changed desktop announces its scree
 struct Program::Impl {
   explicit Impl(const CommandLine &commandLine)
       : line(commandLine), app(ChooseProgramFolder(commandLine.app, QCoreApplication::applicationDirPath())),
-        store(app), instance(app), prompt(boxes, events), yielder(loop),
+        store(app), instance(app), prompt(boxes, events),
         core(ConsoleDoors{app, store, clock, random, yielder, prompt, measure,
                           [this]() -> Display * { return quendar.get(); },
                           [this] { return PageNamed(QStringLiteral("preview")); }}) {
@@ -55,8 +55,7 @@ struct Program::Impl {
   ObservedPrompt prompt;
   SystemClock clock;
   SystemRandom random;
-  LoopYielder loop;
-  CountingYielder yielder;
+  LoopYielder yielder;
   FontTextMeasure measure;
   QtMonitors monitors;
   QTimer screenTimer;
@@ -157,7 +156,7 @@ void Program::Impl::ListenForControl() {
     if (QWidget *box = QApplication::activeModalWidget())
       box->close();
   };
-  doors.cedendo = [this] { return yielder.Yielding(); };
+  doors.cedendo = [this] { return yielder.IsYielding(); };
   control = std::make_unique<ControlServer>(std::move(doors), events);
   if (const QString error = control->Listen(line.control); !error.isEmpty())
     prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), error);

@@ -1,7 +1,7 @@
 #include "console/agenda.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -41,6 +41,18 @@ Linha LeLinha(const QString &linha) {
 QStringList Linhas(QString texto) {
   texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
   return texto.split(u'\n');
+}
+
+// Takes what the limit of a reader would cut. An older copy is let go of only when the new one stands.
+bool CopiaParaBak(const QString &caminho) {
+  const QString real = MapStoredPath(caminho).text();
+  const QString copia = MapStoredPath(BaseNameBefore(caminho, QStringLiteral(".")) + u".bak").text();
+  const QString nova = copia + u".new";
+  QFile::remove(nova);
+  if (!QFile::copy(real, nova))
+    return false;
+  QFile::remove(copia);
+  return QFile::rename(nova, copia);
 }
 
 } // namespace
@@ -122,6 +134,27 @@ void ListTarefas::SetCaptionAt(int kind, int index, const QString &value) {
     m_groups[static_cast<size_t>(kind)][static_cast<size_t>(index - 1)].target = value;
 }
 
+bool ListTarefas::HasName(int kind, const QString &name) const {
+  for (int index = 1; index <= Count(kind); ++index)
+    if (NameAt(kind, index) == name)
+      return true;
+  return false;
+}
+
+void ListTarefas::RemoveName(int kind, const QString &name) {
+  for (int index = Count(kind); index >= 1; --index)
+    if (NameAt(kind, index) == name)
+      RemoveAt(kind, index);
+}
+
+void ListTarefas::RenameName(int kind, const QString &name, const QString &newName, const QString &newTarget) {
+  for (int index = 1; index <= Count(kind); ++index)
+    if (NameAt(kind, index) == name) {
+      SetNameAt(kind, index, newName);
+      SetCaptionAt(kind, index, newTarget);
+    }
+}
+
 void ListTarefas::Select(int kind, int index) {
   const bool valid = Valid(kind, index);
   m_kind = valid ? kind : 0;
@@ -141,6 +174,10 @@ bool ListTarefas::SelectByName(const QString &name) {
 QString ListTarefas::SelectedName() const { return NameAt(m_kind, m_index); }
 QString ListTarefas::SelectedCaption() const { return CaptionAt(m_kind, m_index); }
 
+QString LabelAfterRename(const QString &newName, int kind) {
+  return kind == 5 ? BaseNameBefore(newName, QStringLiteral(".")) : newName;
+}
+
 AgendaFiles::AgendaFiles(const AppFolder &app) : m_app(app) {}
 
 QString AgendaFiles::Caminho(int n) const { return m_app.At(u"\\Data\\agenda") + QString::number(n) + u".dat"; }
@@ -152,7 +189,10 @@ bool AgendaFiles::Carrega(int n, ListTarefas &lista) const {
     if (!file.open(QIODevice::Append))
       return false;
   }
-  for (const QString &linha : Linhas(ReadWholeFile(Caminho(n)))) {
+  const FileContent content = ReadFileContent(Caminho(n));
+  if (!content.complete)
+    return false;
+  for (const QString &linha : Linhas(DecodeText(content.bytes).text)) {
     const Linha lida = LeLinha(linha);
     if (!lida.blank)
       lista.Add(lida.kind, lida.label, lida.target);
@@ -173,19 +213,17 @@ bool AgendaFiles::Salva(int n, const ListTarefas &lista) const {
   if (old.exists && old.complete && old.bytes == bytes)
     return true;
 
+  // A name with a separator in it makes a line of more fields, which the list writes again as it is.
   const QStringList linhas = Linhas(decoded.text);
-  const bool drops = (old.exists && !old.complete) || std::any_of(linhas.begin(), linhas.end(), [](const QString &l) {
-                       const Linha lida = LeLinha(l);
-                       return !lida.blank && !lida.lossless;
-                     });
-  if (drops) {
-    // QFile::copy takes what the limit of a reader would cut. Without the copy there is no save.
-    const QString real = MapStoredPath(Caminho(n)).text();
-    const QString copy = MapStoredPath(BaseNameBefore(Caminho(n), QStringLiteral(".")) + u".bak").text();
-    QFile::remove(copy);
-    if (!QFile::copy(real, copy))
-      return false;
-  }
+  const QStringList novas = Linhas(texto);
+  const QSet<QString> escritas(novas.begin(), novas.end());
+  const bool drops =
+      (old.exists && !old.complete) || std::any_of(linhas.begin(), linhas.end(), [&escritas](const QString &l) {
+        const Linha lida = LeLinha(l);
+        return !lida.blank && !lida.lossless && !escritas.contains(l);
+      });
+  if (drops && !CopiaParaBak(Caminho(n)))
+    return false; // without the copy there is no save
   return WriteFileAtomically(Caminho(n), bytes);
 }
 
@@ -223,9 +261,7 @@ void AgendaFiles::RemoveFromAgendas(int kind, const QString &name) const {
 }
 
 void AgendaFiles::RenameInAgendas(const QString &oldName, const QString &newName, int kind) const {
-  // A slide's label has no extension, its target has one.
-  const QString label = kind == 5 ? BaseNameBefore(newName, QStringLiteral(".")) : newName;
-  const QString nova = QString::number(kind) + Separador + label + Separador + newName;
+  const QString nova = QString::number(kind) + Separador + LabelAfterRename(newName, kind) + Separador + newName;
   for (int n = 1; n <= NumeroDeAgendas; ++n)
     Rewrite(n, [&](const QString &linha, bool &matched) {
       const Linha lida = LeLinha(linha);

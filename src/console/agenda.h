@@ -34,6 +34,10 @@ public:
   QString CaptionAt(int kind, int index) const; // target
   void SetNameAt(int kind, int index, const QString &value);
   void SetCaptionAt(int kind, int index, const QString &value);
+  bool HasName(int kind, const QString &name) const;
+  // Every entry of the group with that label.
+  void RemoveName(int kind, const QString &name);
+  void RenameName(int kind, const QString &name, const QString &newName, const QString &newTarget);
 
   void Select(int kind, int index); // out of range selects nothing
   bool SelectByName(const QString &name);
@@ -52,13 +56,17 @@ private:
   int m_index = 0;
 };
 
+// A slide's label has no extension, its target has one.
+QString LabelAfterRename(const QString &newName, int kind);
+
 // The five files. A save writes the whole file as one step; a file that holds lines which the list cannot hold
-// (unknown kinds, broken lines) is copied to agenda<n>.bak before the first save that would drop them.
+// (unknown kinds, broken lines) is copied to agenda<n>.bak before a save that would drop them.
 class AgendaFiles {
 public:
   explicit AgendaFiles(const AppFolder &app);
   QString Caminho(int n) const;
-  bool Carrega(int n, ListTarefas &lista) const; // false when there is no file and none can be made
+  // False when there is no file and none can be made, or when it could not be read to its end; the list is empty then.
+  bool Carrega(int n, ListTarefas &lista) const;
   bool Salva(int n, const ListTarefas &lista) const;
   void RemoveFromAgendas(int kind, const QString &name) const;
   void RenameInAgendas(const QString &oldName, const QString &newName, int kind) const;

@@ -59,19 +59,41 @@ QString AgendaDesk::DicaDaAgenda(int n) const {
 
 void AgendaDesk::carregaListTarefas(int n) {
   const auto unsaved = m_unsaved.find(n);
-  if (unsaved == m_unsaved.end())
-    m_files.Carrega(n, m_lista);
-  else
+  if (unsaved != m_unsaved.end()) {
     m_lista = unsaved->second;
+    return;
+  }
+  m_unread.erase(n);
+  if (!m_files.Carrega(n, m_lista))
+    m_unread.insert(n);
 }
 
 bool AgendaDesk::salvaListTarefas(int n) {
-  if (m_files.Salva(n, m_lista)) {
-    m_unsaved.erase(n);
-    return true;
+  if (!Grava(n, m_lista)) {
+    m_unsaved[n] = m_lista;
+    return false;
   }
-  m_unsaved[n] = m_lista;
-  return false;
+  m_unsaved.erase(n);
+  // The disk takes files again, so what waited goes out as well.
+  for (auto waiting = m_unsaved.begin(); waiting != m_unsaved.end();)
+    waiting = Grava(waiting->first, waiting->second) ? m_unsaved.erase(waiting) : std::next(waiting);
+  return true;
+}
+
+bool AgendaDesk::Grava(int n, ListTarefas &lista) {
+  if (m_unread.contains(n)) {
+    if (lista.ListCount() == 0)
+      return true; // nothing of the operator's to write over a file that nobody has seen
+    if (ListTarefas whole; m_files.Carrega(n, whole)) {
+      for (int kind = 1; kind <= GruposDaAgenda; ++kind)
+        for (int index = 1; index <= lista.Count(kind); ++index)
+          if (!whole.HasName(kind, lista.NameAt(kind, index)))
+            whole.Add(kind, lista.NameAt(kind, index), lista.CaptionAt(kind, index));
+      lista = whole;
+      m_unread.erase(n);
+    }
+  }
+  return m_files.Salva(n, lista);
 }
 
 void AgendaDesk::SelectTab(int n) {
@@ -113,11 +135,10 @@ void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &
     label = FormaPropria(label);
 
   const QString title = TabTitle(m_estado.ActiveAgenda);
-  for (int index = 1; index <= m_lista.Count(kind); ++index)
-    if (m_lista.NameAt(kind, index) == label) {
-      message = QStringLiteral("Item já consta em '") + title + u'\'';
-      return;
-    }
+  if (m_lista.HasName(kind, label)) {
+    message = QStringLiteral("Item já consta em '") + title + u'\'';
+    return;
+  }
   if (!m_lista.Add(kind, label, target)) {
     message = QStringLiteral("This kind of item is not known.");
     return;
@@ -212,28 +233,23 @@ void AgendaDesk::EditSelected() {
 }
 
 void AgendaDesk::RemoveFromAgendas(int kind, const QString &name) {
-  for (int index = m_lista.Count(kind); index >= 1; --index)
-    if (m_lista.NameAt(kind, index) == name)
-      m_lista.RemoveAt(kind, index);
+  m_lista.RemoveName(kind, name);
   for (auto &[n, lista] : m_unsaved)
-    for (int index = lista.Count(kind); index >= 1; --index)
-      if (lista.NameAt(kind, index) == name)
-        lista.RemoveAt(kind, index);
+    lista.RemoveName(kind, name);
   m_files.RemoveFromAgendas(kind, name);
   if (m_view)
     m_view->AgendaChanged();
 }
 
 void AgendaDesk::RenameInAgendas(const QString &oldName, const QString &newName, int kind) {
+  const QString label = LabelAfterRename(newName, kind);
+  for (auto &[n, lista] : m_unsaved)
+    lista.RenameName(kind, oldName, label, newName);
   m_files.RenameInAgendas(oldName, newName, kind);
 }
 
 void AgendaDesk::RenameOnScreen(int kind, const QString &oldName, const QString &newName, const QString &newTarget) {
-  for (int index = 1; index <= m_lista.Count(kind); ++index)
-    if (m_lista.NameAt(kind, index) == oldName) {
-      m_lista.SetNameAt(kind, index, newName);
-      m_lista.SetCaptionAt(kind, index, newTarget);
-    }
+  m_lista.RenameName(kind, oldName, newName, newTarget);
   if (m_view)
     m_view->AgendaChanged();
 }

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <map>
+#include <set>
 
 #include "console/agenda.h"
 #include "console/console_panel.h"
@@ -20,7 +21,9 @@ public:
 
   void SelectTab(int n);  // a click on BotaoFlat5(n)
   void carregaListTarefas(int n);
-  bool salvaListTarefas(int n); // false when the file could not be written; the list is kept in memory then
+  // False when the file could not be written; the list is kept in memory then, and the next save tries again. A file
+  // that could not be read keeps its entries, and those of the list come behind them.
+  bool salvaListTarefas(int n);
   void PorNaLista(const QString &label, int kind, const QString &target, QString &message);
 
   QString TabTitle(int n) const;
@@ -48,6 +51,7 @@ public:
 
 private:
   QString DicaDaAgenda(int n) const;
+  bool Grava(int n, ListTarefas &lista);
 
   AppFolder m_app;
   const IniStore &m_store;
@@ -59,6 +63,7 @@ private:
   AgendaFiles m_files;
   ListTarefas m_lista;
   std::map<int, ListTarefas> m_unsaved; // agendas whose file could not be written
+  std::set<int> m_unread;               // agendas whose file could not be read, so that the list lacks its entries
 };
 
 } // namespace tolmira

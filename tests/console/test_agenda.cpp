@@ -43,16 +43,63 @@ private slots:
   void whatCannotBeWrittenIsNotLost() {
     Desk().SelectTab(3);
     QDir(m_fixture->folder.path()).remove(QStringLiteral("Data/agenda3.dat"));
-    QDir(m_fixture->folder.path()).mkpath(QStringLiteral("Data/agenda3.dat/in the way"));
+    BlockFile(3);
     QString message;
     Desk().PorNaLista(QStringLiteral("Graça"), 2, QString(), message);
     Desk().SelectTab(4);
     QCOMPARE(Lista().ListCount(), 0);
     Desk().SelectTab(3);
     QCOMPARE(Lista().NameAt(2, 1), QStringLiteral("Graça"));
-    QDir(m_fixture->folder.filePath(QStringLiteral("Data/agenda3.dat"))).removeRecursively();
+    UnblockFile(3);
     Desk().SelectTab(4);
     QCOMPARE(Read(3), QByteArray("2|#|Gra\xE7" "a|#|Gra\xE7" "a\r\n"));
+  }
+
+  void whatWaitedForTheDiskGoesOutWithTheNextSave() {
+    BlockFile(3);
+    Desk().SelectTab(3);
+    QString message;
+    Desk().PorNaLista(QStringLiteral("Graça"), 2, QString(), message);
+    Desk().SelectTab(4);
+    Desk().RenameInAgendas(QStringLiteral("Graça"), QStringLiteral("Paz"), 2);
+    UnblockFile(3);
+    QVERIFY(Desk().salvaListTarefas(4)); // as at the end of the program
+    QCOMPARE(Read(3), QByteArray("2|#|Paz|#|Paz\r\n"));
+  }
+
+  void aFileThatCouldNotBeReadIsNotOverwritten_data() {
+    QTest::addColumn<QString>("added");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("nothing added") << QString() << QByteArray("2|#|Antiga|#|Antiga\r\n");
+    QTest::newRow("added") << QStringLiteral("Nova") << QByteArray("2|#|Antiga|#|Antiga\r\n2|#|Nova|#|Nova\r\n");
+    QTest::newRow("added again") << QStringLiteral("Antiga") << QByteArray("2|#|Antiga|#|Antiga\r\n");
+  }
+  void aFileThatCouldNotBeReadIsNotOverwritten() {
+    QFETCH(QString, added);
+    BlockFile(3);
+    Desk().SelectTab(3);
+    QCOMPARE(Lista().ListCount(), 0);
+    UnblockFile(3);
+    Write(3, "2|#|Antiga|#|Antiga\r\n");
+    QString message;
+    if (!added.isEmpty())
+      Desk().PorNaLista(added, 2, QString(), message);
+    Desk().SelectTab(4);
+    QTEST(Read(3), "bytes");
+    Desk().SelectTab(3);
+    QCOMPARE(Lista().NameAt(2, 1), QStringLiteral("Antiga"));
+  }
+
+  void aCopyIsMadeOnlyOfWhatASaveDrops() {
+    Write(2, "9|#|a|#|b\r\n2|#|c|#|c\r\n");
+    Desk().SelectTab(2);
+    QString message;
+    Desk().PorNaLista(QStringLiteral("Um|#|Dois"), 2, QString(), message);
+    const QByteArray copy = m_fixture->Read(QStringLiteral("Data/agenda2.bak"));
+    Desk().PorNaLista(QStringLiteral("Outra"), 2, QString(), message);
+    QVERIFY(Read(2).contains("2|#|Um|#|Dois|#|Um|#|Dois\r\n"));
+    QCOMPARE(m_fixture->Read(QStringLiteral("Data/agenda2.bak")), copy);
+    QVERIFY(!QFile::exists(m_fixture->folder.filePath(QStringLiteral("Data/agenda2.bak.new"))));
   }
 
   void adding_data() {
@@ -204,6 +251,11 @@ private:
   const ListTarefas &Lista() { return m_fixture->core.agenda.Lista(); }
   void Write(int n, const QByteArray &bytes) {
     m_fixture->Write(QStringLiteral("Data/agenda%1.dat").arg(n), bytes);
+  }
+  // A folder in the place of the file can neither be read nor written.
+  void BlockFile(int n) { QDir(m_fixture->folder.path()).mkpath(QStringLiteral("Data/agenda%1.dat/in the way").arg(n)); }
+  void UnblockFile(int n) {
+    QDir(m_fixture->folder.filePath(QStringLiteral("Data/agenda%1.dat").arg(n))).removeRecursively();
   }
   QByteArray Read(int n) { return m_fixture->Read(QStringLiteral("Data/agenda%1.dat").arg(n)); }
 

@@ -254,6 +254,28 @@ private slots:
     }
   }
 
+  // A page that dies again and again is brought back after a pause, and the operator need not wait for its end.
+  void aPageChosenBeforeTheDeadOneIsBackComesAtOnce() {
+    m_page->Navigate(Write(QStringLiteral("a.html"), Page(QStringLiteral("#00ff00"))), 8);
+    const QString other = Write(QStringLiteral("b.html"), Page(QStringLiteral("#0000ff")));
+    int recovered = 0;
+    m_host->OnRecovered = [&] { ++recovered; };
+    for (int round = 0; round < 3; ++round) {
+      QTRY_COMPARE(Eval(m_page, QStringLiteral("location.pathname.slice(-6)")), QStringLiteral("\"a.html\""));
+      QTRY_VERIFY(!RenderProcesses().isEmpty());
+      bool died = false;
+      m_page->Evaluate(QStringLiteral("for(;;);"), [&](const QString &) { died = true; });
+      KillRenderProcesses();
+      QTRY_VERIFY_WITH_TIMEOUT(died, 20000);
+    }
+    const int before = recovered;
+    m_page->Navigate(other, 8);
+    m_page->ExecuteScript(QStringLiteral("Add('x')"));
+    QCOMPARE(Eval(m_page, QStringLiteral("log.join('') + location.pathname.slice(-6)")), QStringLiteral("\"xb.html\""));
+    QTRY_COMPARE(PixelAt(*m_host, {5, 100}), QColor(0, 0, 255));
+    QCOMPARE(recovered, before); // the other page was never brought back
+  }
+
   void evaluatesToJson_data() {
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("json");

@@ -209,7 +209,10 @@ void WebPageHost::Impl::Navigate(const QString &url, int timeoutSeconds) {
   address = PageAddress(url);
   timeoutMs = (timeoutSeconds > 0 ? timeoutSeconds : DefaultTimeoutSeconds) * 1000;
   recovering = false;
-  reload.stop();
+  if (reload.isActive()) {
+    reload.stop();
+    MakePage();
+  }
   Load(queue.Begin());
 }
 

@@ -27,7 +27,7 @@ void ConsoleContext::EnviaTamanhoDaFonte() {
   const int previewWidth = view ? view->PreviewWidthPx() : 0;
   if (display && previewWidth > 0 && display->SizePx().width() > 0)
     CallPageScript(previa(), QStringLiteral("ChangeCSS"), QStringLiteral("set_text"), QStringLiteral("font-size"),
-                   points(size / (static_cast<double>(display->SizePx().width()) / previewWidth)));
+                   points(TamanhoNaPrevia(size, display->SizePx().width(), previewWidth)));
 }
 
 } // namespace tolmira

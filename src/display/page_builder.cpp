@@ -185,7 +185,9 @@ void PageBuilder::MontaAlvo(const TemaRecord &tema, int posicao, bool previa) {
   p.Define(u"VerticalAlign",
            m_store.ReadConfig(QStringLiteral("Config"), QStringLiteral("VerticalAlign"), QStringLiteral("center")));
   p.Define(u"ComandoInicial", QString());
-  p.Define(u"fontsize", TextoInteiro(NumericPrefix(tema.Font_Size) * escala));
+  const double tamanho = NumericPrefix(tema.Font_Size);
+  p.Define(u"fontsize",
+           TextoInteiro(previa ? TamanhoNaPrevia(tamanho, larguraTelao, m_hosts.larguraPrevia()) : tamanho));
 
   // A template that cannot be read gives an empty page, which the host shows as black.
   const QString caminho = TempFolder() + (previa ? u"\\temp-pv.html" : u"\\temp.html");
@@ -235,6 +237,12 @@ QString PageBuilder::MontaPaginaConfig(const QSize &host, TemaRecord &tema, int 
   const QString caminho = TempFolder() + u"\\tempConfig.html";
   GravaPagina(caminho, p.Preenche(LeModelo(m_app, NomeDoModelo(tema.Tipo))));
   return caminho;
+}
+
+double TamanhoNaPrevia(double tamanho, int larguraTelao, int larguraPrevia) {
+  if (larguraTelao <= 0 || larguraPrevia <= 0)
+    return tamanho;
+  return tamanho / (static_cast<double>(larguraTelao) / larguraPrevia);
 }
 
 QString FonteInstalada(const QString &nome) {

@@ -55,6 +55,10 @@ private:
   Yielder &m_yielder;
 };
 
+// The preview's font size for `tamanho` points on the display; the widths are in px. Without a display or a preview there
+// is nothing to scale against. Pages and scripts both take it from here and round it, so the text does not jump.
+double TamanhoNaPrevia(double tamanho, int larguraTelao, int larguraPrevia);
+
 // `nome` when a font of that exact name is installed, otherwise "Arial".
 QString FonteInstalada(const QString &nome);
 

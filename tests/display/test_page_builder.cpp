@@ -233,6 +233,14 @@ void TestPageBuilder::previewIsScaled() {
   QCOMPARE(Desk::Value(desk.PreviewPage(), QStringLiteral("fontsize")), QStringLiteral("15"));
   QVERIFY(Desk::Value(desk.PreviewPage(), QStringLiteral("text-shadow")).endsWith(u",#000000 1px 1px 2px ;"));
 
+  // The size over the ratio of the widths is 31.5 and goes to the even neighbour; the size times the inverse ratio would
+  // lie a hair below.
+  desk.labelSize = 90;
+  desk.previewWidth = 448;
+  desk.paginas.MontaPagina(desk.estado.TemaAtual, 0, 2);
+  QCOMPARE(Desk::Value(desk.PreviewPage(), QStringLiteral("fontsize")), QStringLiteral("32"));
+  desk.labelSize = 60;
+
   desk.hasDisplay = false; // nothing to scale against
   desk.paginas.MontaPagina(desk.estado.TemaAtual, 0, 2);
   QCOMPARE(Desk::Value(desk.PreviewPage(), QStringLiteral("fontsize")), QStringLiteral("60"));

@@ -11,6 +11,7 @@
 #include "app/single_instance.h"
 #include "console/FrmMonitor.h"
 #include "console/console_core.h"
+#include "console/page_zoom.h"
 #include "console/startup.h"
 #include "console/ui/qt_monitors.h"
 #include "display/FrmQuendar.h"
@@ -39,6 +40,8 @@ struct Program::Impl {
   }
 
   void MakeWindows();
+  void MakeDisplay();
+  void RemakeDisplay();
   void MakeStartup();
   void ListenForControl();
   void ScreensChanged();
@@ -90,7 +93,11 @@ void Program::Impl::MakeWindows() {
   console->PicWV()->OnRecovered = [this] { core.loader.PaginaVoltou(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
+  MakeDisplay();
+  core.canal.CriaTelao = [this] { RemakeDisplay(); };
+}
 
+void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
       FrmQuendar::Parts{core.estado, app, clock, console.get(),
@@ -100,6 +107,23 @@ void Program::Impl::MakeWindows() {
   quendar->OnRecovered = [this] { core.loader.PaginaVoltou(); };
   console->TakeKeysOf(quendar.get());
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
+}
+
+// A command came after the one that closes the window. The new one is hidden and black, as every new one is, until a
+// command says otherwise; its page is built behind the command.
+void Program::Impl::RemakeDisplay() {
+  MakeDisplay();
+  if (core.painel.SemProjetor)
+    quendar->Esconde();
+  else
+    PlaceDisplay(EscolheTela(monitors));
+  quendar->CriaBrowser();
+  ApplyZoom(core.contexto);
+  QTimer::singleShot(0, quendar.get(), [this] {
+    constexpr int Telao = 1;
+    if (core.estado.TelaPronta)
+      core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
+  });
 }
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {

@@ -15,6 +15,8 @@ DisplayChannel::DisplayChannel(const EstadoConsole &estado, std::function<Displa
 void DisplayChannel::SendToDisplay(const QString &comando) {
   if (!m_estado.TelaPronta)
     return;
+  if (CriaTelao && m_display && !m_display())
+    CriaTelao();
   Display *display = m_display ? m_display() : nullptr;
   if (!display)
     return;

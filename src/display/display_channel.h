@@ -13,12 +13,16 @@ namespace tolmira {
 // The first road to the screen: one command string, acted on before the call returns.
 class DisplayChannel {
 public:
-  // `display` makes the projection window at its first use; null stands for "cannot be had", and the command is lost.
+  // `display` gives the projection window, null while there is none.
   DisplayChannel(const EstadoConsole &estado, std::function<Display *()> display);
 
   // Drops the command without a word while TelaPronta is false.
   void SendToDisplay(const QString &comando);
   void AddObserver(DisplayObserver *observer); // not owned; outlives the channel
+
+  // Makes the projection window for a command that finds none. Without it, or when there is none afterwards, the command
+  // is lost.
+  std::function<void()> CriaTelao;
 
 private:
   const EstadoConsole &m_estado;

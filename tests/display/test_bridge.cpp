@@ -72,6 +72,26 @@ private slots:
     unset.SendToDisplay(QStringLiteral("Show"));
   }
 
+  void aCommandMakesTheDisplayThatIsMissing() {
+    EstadoConsole estado;
+    RecordingDisplay display;
+    bool there = false;
+    int made = 0;
+    DisplayChannel canal(estado, [&]() -> tolmira::Display * { return there ? &display : nullptr; });
+    canal.CriaTelao = [&] {
+      ++made;
+      there = made == 2; // the first time it cannot be had
+    };
+    canal.SendToDisplay(QStringLiteral("Show"));
+    QCOMPARE(made, 0); // not for a command that is dropped
+    estado.TelaPronta = true;
+    canal.SendToDisplay(QStringLiteral("Show"));
+    canal.SendToDisplay(QStringLiteral("Hide"));
+    canal.SendToDisplay(QStringLiteral("Normal"));
+    QCOMPARE(made, 2);
+    QCOMPARE(display.commands, QStringList({QStringLiteral("Hide"), QStringLiteral("Normal")}));
+  }
+
   void scriptTexts_data() {
     QTest::addColumn<QString>("nome");
     QTest::addColumn<QString>("script"); // empty: none

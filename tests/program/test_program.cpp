@@ -71,6 +71,28 @@ private slots:
     QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("4 5 6")));
   }
 
+  void aClosedProjectionComesBackWithTheNextCommand() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
+    Show(program, QStringLiteral("Teste"));
+    Key(program, QStringLiteral("Down"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
+    const QImage before = program.Grab(QStringLiteral("FrmQuendar"));
+    program.Do(QStringLiteral("send"), {{QStringLiteral("comando"), QStringLiteral("Fechar")}});
+    QVERIFY(!program.State().value(QStringLiteral("DisplayVisivel")).toBool());
+    program.Do(QStringLiteral("send"), {{QStringLiteral("comando"), QStringLiteral("Show")}});
+    QVERIFY(program.State().value(QStringLiteral("DisplayVisivel")).toBool());
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
+    QCOMPARE(Brightest(program.Grab(QStringLiteral("FrmQuendar"))), 0); // a new window begins black
+    program.Do(QStringLiteral("screen"), {{QStringLiteral("index"), 0}});
+    QTRY_VERIFY(Brightest(program.Grab(QStringLiteral("FrmQuendar"))) > 200);
+    QCOMPARE(program.Grab(QStringLiteral("FrmQuendar")).size(), before.size());
+    Key(program, QStringLiteral("Down"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("4 5 6")));
+    QVERIFY(program.Quit());
+  }
+
   void aSecondCopyIsToldAndDoesNotStart() {
     RemoteProgram program(m_folder->path());
     QVERIFY(program.Start());

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSet>
 #include <QSlider>
 #include <QtTest>
@@ -468,6 +469,28 @@ private slots:
     desk.EndGlide();
     QCOMPARE(desk.core.estado.EstrofeAtual, 1);
     QCOMPARE(desk.VersesSent().size(), 1);
+  }
+
+  void aLongAgendaStaysWhereItIsScrolledTo() {
+    Desk desk;
+    QByteArray lines;
+    for (int i = 0; i < 80; ++i)
+      lines += "2|#|Louvor " + QByteArray::number(i) + "|#|\r\n";
+    for (const int n : {2, 3})
+      desk.Write(QStringLiteral("Data/agenda%1.dat").arg(n), n == 2 ? lines : "2|#|Outro|#|\r\n" + lines);
+    desk.core.agenda.SelectTab(2);
+    QScrollBar *bar = desk.List()->verticalScrollBar();
+    QTRY_VERIFY(bar->maximum() > 100);
+    QCOMPARE(bar->value(), 0);
+    bar->setValue(100);
+    const int least = bar->maximum();
+    QString message;
+    desk.core.agenda.PorNaLista(QStringLiteral("Novo"), 2, QString(), message);
+    QTRY_VERIFY(bar->maximum() > least);
+    QCOMPARE(bar->value(), 100);
+    desk.core.agenda.SelectTab(3);
+    QCoreApplication::processEvents(); // the list lays its rows out when it is asked to draw them
+    QCOMPARE(bar->value(), 0);
   }
 
   void hintsOfAnEmptyAgenda() {

@@ -3,6 +3,8 @@
 #include <QGridLayout>
 #include <QMenu>
 
+#include <utility>
+
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/group_list.h"
 #include "controls/ui/palette.h"
@@ -140,6 +142,8 @@ void AgendaPanel::AgendaChanged() {
   const ListTarefas &lista = agenda.Lista();
   if (!m_shown.SameEntries(lista))
     FillList();
+  if (const int active = m_parts.console.estado.ActiveAgenda; active != std::exchange(m_shownAgenda, active))
+    m_lista->scrollToTop();
   m_lista->SetChosen(lista.SelectedKind(), lista.SelectedIndex());
   m_bar[1]->setText(Caption(agenda.ClearCaption()));
   m_bar[1]->setEnabled(agenda.CanClear());

@@ -39,6 +39,7 @@ private:
   GroupList *m_lista;
   std::array<FlatButton *, 5> m_bar{}; // from 1
   ListTarefas m_shown;                 // what the list holds, so that a new selection fills nothing again
+  int m_shownAgenda = 0;               // whose list that is
   QMenu *m_menu;
 };
 

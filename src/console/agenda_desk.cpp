@@ -22,6 +22,11 @@ QString FormaPropria(const QString &label) {
   return result;
 }
 
+// An entry is one line of its file.
+QString EmUmaLinha(QString texto) {
+  return texto.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
 } // namespace
 
 AgendaDesk::AgendaDesk(const AppFolder &app, const IniStore &store, EstadoConsole &estado, PainelConsole &painel,
@@ -130,7 +135,7 @@ void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &
       message = QStringLiteral("Primeiro selecione o nome da música que deseja adicionar na lista");
     return;
   }
-  QString label = labelGiven;
+  QString label = EmUmaLinha(labelGiven);
   if (label == label.toUpper() || label == label.toLower())
     label = FormaPropria(label);
 
@@ -139,7 +144,7 @@ void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &
     message = QStringLiteral("Item já consta em '") + title + u'\'';
     return;
   }
-  if (!m_lista.Add(kind, label, target)) {
+  if (!m_lista.Add(kind, label, EmUmaLinha(target))) {
     message = QStringLiteral("This kind of item is not known.");
     return;
   }

@@ -111,6 +111,7 @@ private slots:
     QTest::newRow("as it is") << QStringLiteral("Graça sobre Graça") << 2 << ok << QStringLiteral("Graça sobre Graça");
     QTest::newRow("capitals") << QStringLiteral("GRAÇA-SEM FIM") << 2 << ok << QStringLiteral("Graça-Sem Fim");
     QTest::newRow("lower case") << QStringLiteral("água viva") << 3 << ok << QStringLiteral("Água Viva");
+    QTest::newRow("of two lines") << QStringLiteral("Graça\r\nsem\nFim") << 2 << ok << QStringLiteral("Graça sem Fim");
     QTest::newRow("there already") << QStringLiteral("Antiga") << 2 << QStringLiteral("Item já consta em 'Culto'")
                                    << QString();
     QTest::newRow("same name, other group") << QStringLiteral("Antiga") << 3 << ok << QStringLiteral("Antiga");

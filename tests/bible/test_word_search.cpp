@@ -55,6 +55,7 @@ private slots:
     row("empty quotes", "\"\" son", "son|x", {1});
     row("apostrophe", "father's", "the father's|s father|the father\xE2\x80\x99s", {1, 3});
     row("hyphen", "well-beloved", "well beloved|well-beloved|beloved well", {1, 2});
+    row("invisible characters", "son", "the \xE2\x80\x8Fson|the so\xC2\xADn|x\xC2\xADson", {1, 2});
     row("cyrillic", "\xD0\x98\xD0\x9E\xD0\x90\xD0\x9D\xD0\x9D", "\xD0\xB8\xD0\xBE\xD0\xB0\xD0\xBD\xD0\xBD|x", {1});
     row("hebrew points", "\xD7\x91\xD7\xA8\xD7\x90", "\xD7\x91\xD6\xB8\xD7\xA8\xD6\xB8\xD7\x90|\xD7\x91\xD7\xA8", {1});
     row("hangul is not taken apart", "\xEA\xB0\x80\xEB\x82\x98", "\xEA\xB0\x80\xEB\x82\x98|\xEA\xB0\x81\xEB\x82\xA8",

@@ -22,7 +22,7 @@ struct FillResult {
 // Brings the program folder to what this version needs. Adds the subfolders and the page templates that are missing;
 // replaces a template only when it is, byte for byte, one that an earlier version put there (html/.installed keeps
 // their checksums). A folder that is absent or empty also gets the starter service; a first filling that was cut off
-// is taken up again. Nothing else is touched, names are compared without regard to case, each file is written as one
+// is taken up again. A folder without any Bible version gets those that are delivered. Nothing else is touched, names are compared without regard to case, each file is written as one
 // step, and every failure is survived and told in `problem`.
 FillResult FillProgramFolder(const QString &app, const AssetPlaces &assets);
 

@@ -115,7 +115,7 @@ public:
         if (!m_assets.sampleMedia.isEmpty())
           AddMissing(QDir(m_assets.sampleMedia).filePath(kind), kind + u'/');
     }
-    if (m_result.isNew || !HasBible())
+    if (m_result.isNew || WantsBible())
       AddMissing(m_assets.bibles, QStringLiteral("Bible/"));
     Templates();
     // The mark goes only when everything is there, so that a disk that was full is filled at the next start.
@@ -137,8 +137,11 @@ private:
   // The real path of something in the program folder, whatever the case of the names that are there.
   QString InApp(const QString &relative) const { return MapStoredPath(m_app + u'/' + relative).text(); }
 
-  bool HasBible() const {
-    return !QDir(InApp(QStringLiteral("Bible"))).entryList({QStringLiteral("OLD_*.txt")}, QDir::Files).isEmpty();
+  // A folder from the time before the Bibles, say; one on read-only media is no fault that the operator could mend.
+  bool WantsBible() const {
+    const QString folder = InApp(QStringLiteral("Bible"));
+    return QFileInfo(folder).isWritable() &&
+           QDir(folder).entryList({QStringLiteral("OLD_*.txt")}, QDir::Files).isEmpty();
   }
 
   void Problem(const QString &what) { m_problems << what; }

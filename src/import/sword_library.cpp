@@ -3,9 +3,12 @@
 #include "import/verse_markup.h"
 
 #include <QHash>
+#include <cstdio>
 #include <encfiltmgr.h>
+#include <fcntl.h>
 #include <swmgr.h>
 #include <swmodule.h>
+#include <unistd.h>
 #include <versekey.h>
 
 namespace tolmira {
@@ -45,6 +48,32 @@ VerseMarkup MarkupOf(const sword::SWModule &module) {
     return VerseMarkup::None;
   }
 }
+
+// The library prints a line for each verse that it cannot read, tens of thousands for a damaged module. While this
+// lives they go nowhere; what could not be read is counted instead.
+class NoErrorOutput {
+public:
+  NoErrorOutput() : m_before(dup(STDERR_FILENO)) {
+    std::fflush(stderr);
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (m_before >= 0 && nowhere >= 0)
+      dup2(nowhere, STDERR_FILENO);
+    if (nowhere >= 0)
+      close(nowhere);
+  }
+  ~NoErrorOutput() {
+    std::fflush(stderr);
+    if (m_before < 0)
+      return;
+    dup2(m_before, STDERR_FILENO);
+    close(m_before);
+  }
+  NoErrorOutput(const NoErrorOutput &) = delete;
+  NoErrorOutput &operator=(const NoErrorOutput &) = delete;
+
+private:
+  int m_before;
+};
 
 } // namespace
 
@@ -88,6 +117,7 @@ bool SwordLibrary::Read(const QString &name, ImportedBible &bible, QString &reas
 
   static const QHash<QByteArray, int> numbers = NumbersOfBooks();
   const VerseMarkup markup = MarkupOf(*module);
+  const NoErrorOutput quiet;
   key->setIntros(false);
   for (key->setPosition(sword::TOP); !key->popError(); key->increment()) {
     const int book = numbers.value(QByteArray(key->getOSISBookName()));

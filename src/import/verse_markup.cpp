@@ -266,7 +266,7 @@ QString WithoutGbf(const QString &entry) {
 QString Tidy(QString text) {
   static const QRegularExpression unseen(QStringLiteral("[¶\\x{00AD}\\x{200B}\\x{2060}\\x{FEFF}]"));
   // Some modules were made from USFM sources and kept a marker here and there: "the \nd LORD".
-  static const QRegularExpression leftOver(QStringLiteral("\\\\\\+?[a-z]+[0-9]*\\*?\\s?"));
+  static const QRegularExpression leftOver(QStringLiteral("\\\\\\+?[a-z]+[0-9]*(?:\\*|\\s)?"));
   text.remove(unseen).remove(leftOver);
   text.replace(u'<', u'‹').replace(u'>', u'›');
   return text.normalized(QString::NormalizationForm_C).simplified();

@@ -36,6 +36,7 @@ AssetPlaces FindAssets(const QString &wish, const QString &executableFolder) {
   build.pageLibs = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_LIB));
   build.sample = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_SAMPLE));
   build.sampleMedia = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_MEDIA));
+  build.bibles = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_BIBLES));
   return build;
 }
 

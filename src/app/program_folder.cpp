@@ -115,6 +115,8 @@ public:
         if (!m_assets.sampleMedia.isEmpty())
           AddMissing(QDir(m_assets.sampleMedia).filePath(kind), kind + u'/');
     }
+    if (m_result.isNew || WantsBible())
+      AddMissing(m_assets.bibles, QStringLiteral("Bible/"));
     Templates();
     // The mark goes only when everything is there, so that a disk that was full is filled at the next start.
     if (m_result.isNew && m_problems.isEmpty())
@@ -134,6 +136,13 @@ public:
 private:
   // The real path of something in the program folder, whatever the case of the names that are there.
   QString InApp(const QString &relative) const { return MapStoredPath(m_app + u'/' + relative).text(); }
+
+  // A folder from the time before the Bibles, say; one on read-only media is no fault that the operator could mend.
+  bool WantsBible() const {
+    const QString folder = InApp(QStringLiteral("Bible"));
+    return QFileInfo(folder).isWritable() &&
+           QDir(folder).entryList({QStringLiteral("OLD_*.txt")}, QDir::Files).isEmpty();
+  }
 
   void Problem(const QString &what) { m_problems << what; }
 

@@ -42,7 +42,9 @@ private slots:
     Write(Temp(QStringLiteral("media/Images/hills.jpg")), "picture");
     Write(Temp(QStringLiteral("media/made")), "");
     m_assets = {Temp(QStringLiteral("assets/html")), Temp(QStringLiteral("libs")),
-                Temp(QStringLiteral("assets/sample")), Temp(QStringLiteral("media"))};
+                Temp(QStringLiteral("assets/sample")), Temp(QStringLiteral("media")), Temp(QStringLiteral("bibles"))};
+    Write(Temp(QStringLiteral("bibles/OLD_KJV.txt")), "old");
+    Write(Temp(QStringLiteral("bibles/NEW_KJV.txt")), "new");
   }
 
   void newFolderGetsEverything_data() {
@@ -62,6 +64,7 @@ private slots:
     QCOMPARE(InApp(QStringLiteral("html/lib/jquery.min.js")), "library 1");
     QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "Lamp\r\n");
     QCOMPARE(InApp(QStringLiteral("Images/hills.jpg")), "picture");
+    QCOMPARE(InApp(QStringLiteral("Bible/NEW_KJV.txt")), "new");
     QVERIFY(QFileInfo(m_app + QStringLiteral("/Imagens/Mini")).isDir());
     QVERIFY(QFileInfo(m_app + QStringLiteral("/SlideShow")).isDir());
     QVERIFY2(!QFileInfo::exists(m_app + QStringLiteral("/made")), "only media are media");
@@ -76,6 +79,21 @@ private slots:
     QCOMPARE(InApp(QStringLiteral("Data/agenda1.dat")), "<none>");
     QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "page 1");
     QVERIFY(QFileInfo(m_app + QStringLiteral("/Data/mini")).isDir());
+  }
+
+  void usedFolderGetsBiblesOnlyWithoutOne() {
+    Write(m_app + QStringLiteral("/Bible/old_mine.txt"), "mine");
+    FillProgramFolder(m_app, m_assets);
+    QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "<none>");
+    QVERIFY(QFile::remove(m_app + QStringLiteral("/Bible/old_mine.txt")));
+    QVERIFY(!FillProgramFolder(m_app, m_assets).isNew);
+    QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "old");
+    QCOMPARE(InApp(QStringLiteral("Bible/NEW_KJV.txt")), "new");
+    // A version that the operator takes out stays out while there is another.
+    Write(m_app + QStringLiteral("/Bible/OLD_OTHER.txt"), "other");
+    QVERIFY(QFile::remove(m_app + QStringLiteral("/Bible/OLD_KJV.txt")));
+    FillProgramFolder(m_app, m_assets);
+    QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "<none>");
   }
 
   void namesInAnotherCaseAreTheSameNames() {

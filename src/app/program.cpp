@@ -87,7 +87,7 @@ void Program::Impl::MakeWindows() {
                    core.controles, core.flow, core.teclas},
       profile);
   console->PicWV()->AddObserver(&events);
-  console->PicWV()->OnRecovered = [this] { core.loader.PaginaVoltou(); };
+  console->PicWV()->OnRecovered = [this] { core.PaginaVoltou(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
 
@@ -97,7 +97,7 @@ void Program::Impl::MakeWindows() {
                         CaptionComposers{[](const QString &, const QString &) { return QString(); },
                                          [](const QString &) { return QString(); }},
                         &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
-  quendar->OnRecovered = [this] { core.loader.PaginaVoltou(); };
+  quendar->OnRecovered = [this] { core.PaginaVoltou(); };
   console->TakeKeysOf(quendar.get());
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
@@ -137,7 +137,7 @@ void Program::Impl::MakeStartup() {
     QCoreApplication::quit();
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                             core.controles, core.loader, monitors, std::move(janelas));
+                                             core.controles, core.loader, core.leitura, monitors, std::move(janelas));
 }
 
 void Program::Impl::ListenForControl() {
@@ -181,9 +181,7 @@ void Program::Impl::ScreensChanged() {
   }
   PlaceDisplay(placa);
   console->AjustaPreview();
-  core.loader.AjustaQuadro();
-  core.loader.RecarregaMusica(false);
-  core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, 0);
+  core.TelaMudou();
 }
 
 Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line)) {}

@@ -196,7 +196,7 @@ private:
     janelas.DescarregaJanelas = step("unload");
     ConsoleCore &core = m_fixture->core;
     m_startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                                 core.controles, core.loader, m_monitors, std::move(janelas));
+                                                 core.controles, core.loader, core.leitura, m_monitors, std::move(janelas));
     return m_startup.get();
   }
   EstadoConsole &Estado() { return m_fixture->core.estado; }

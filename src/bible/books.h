@@ -14,11 +14,13 @@ inline constexpr int OldTestamentBooks = 39;
 int BookNumber(const QString &reference);
 QString BookName(int number);         // empty outside 1 to 66
 QString BookAbbreviation(int number); // empty outside 1 to 66
+// The book of exactly this name in any case, as it stands in the header of a chapter; 0 for none.
+int BookOfName(QStringView name);
 // The first book, in the books' own order, whose name begins with the typed text; empty for none. The names are compared
-// without accents, the typed text as it stands: "gê" finds no book.
+// without accents, the typed text as it stands: "gê" finds no book. Every name begins with the empty text.
 QString BookFromPrefix(const QString &text);
 // Characters to skip before a book is looked for in its file, with a margin for versions shorter than most.
 int SearchStart(int number);
-int ChapterCount(int number);         // chapters that the book has in the common numbering; 0 outside 1 to 66
+int ChapterCount(int number); // chapters that the book has in the common numbering; 0 outside 1 to 66
 
 } // namespace tolmira

@@ -12,7 +12,7 @@ constexpr int TamanhoMinimo = 8; // points
 // The largest size, as a part of the projection's height: a short verse is read from the back of a hall and is no
 // shout.
 constexpr double MaiorTamanho = 0.11;
-constexpr double AlturaUtil = 0.88;  // of the projection's height, what the page's margins leave
+constexpr double AlturaUtil = 0.89;    // of the projection's height, what the page's margins leave
 constexpr double FolgaDaLinha = 0.985; // of the line's width: the page breaks lines a hair earlier than the measure
 
 // What the page gives a verse, in em of its size; tolmira.css says the same.
@@ -27,8 +27,9 @@ int Linhas(const QString &texto, const FontSpec &fonte, double larguraPx, TextMe
   return uma > 0 ? std::max(1, static_cast<int>(std::lround(measure.Height(texto, fonte, larguraPx) / uma))) : 1;
 }
 
-bool Cabe(const QString &texto, const QString &ref, int tamanhoPt, const AjusteDeVersiculo &tela,
-          TextMeasure &measure) {
+// The height in pixels that a verse of that size takes on the page.
+double Altura(const QString &texto, const QString &ref, int tamanhoPt, const AjusteDeVersiculo &tela,
+              TextMeasure &measure) {
   const double em = tamanhoPt / PontosPorPixel;
   const double largura = tela.telaPx.width();
   const double vw = largura / 100;
@@ -47,26 +48,31 @@ bool Cabe(const QString &texto, const QString &ref, int tamanhoPt, const AjusteD
     altura += 4 * vw + BordaDoEstilo1 * em + linhasDoTitulo * EscalaDoTitulo * LinhaDoTexto * em;
   else
     altura += BordasComTitulo * em + (linhasDoTitulo - 1) * LinhaDoTitulo * em;
-  return altura <= AlturaUtil * tela.telaPx.height();
+  return altura;
 }
 
 } // namespace
 
 int TamanhoBiblia(const QString &texto, const QString &ref, const AjusteDeVersiculo &tela, TextMeasure &measure) {
-  const double altura = std::min<double>(tela.telaPx.height(), 0.75 * tela.telaPx.width()) * PontosPorPixel;
+  const double lado = std::min<double>(tela.telaPx.height(), 0.75 * tela.telaPx.width());
+  const double maior = lado * PontosPorPixel * MaiorTamanho;
   const double fator = (tela.centrado ? 0.9 : 0.7) * tela.escala / 100;
-  const double maior = altura * MaiorTamanho;
 
-  // The largest whole size that stands on the screen, by halving. What the operator asks for may be above the largest
-  // size of an unscaled verse.
-  int cabe = TamanhoMinimo;
-  int passa = std::max(TamanhoMinimo + 1, static_cast<int>(std::ceil(maior * std::max(1.0, fator))) + 1);
-  while (passa - cabe > 1) {
-    const int meio = (cabe + passa) / 2;
-    (Cabe(texto, ref, meio, tela, measure) ? cabe : passa) = meio;
-  }
-  const double desejado = std::min(maior, static_cast<double>(cabe)) * fator;
-  return std::clamp(static_cast<int>(std::floor(desejado)), TamanhoMinimo, cabe);
+  // The largest whole size at which the verse takes that much of the height, by halving. What the operator asks for may
+  // be above the largest size of an unscaled verse.
+  const auto ajuste = [&](double alturaPx) {
+    int cabe = TamanhoMinimo;
+    int passa = std::max(TamanhoMinimo, static_cast<int>(maior * std::max(1.0, fator))) + 1;
+    while (passa - cabe > 1) {
+      const int meio = (cabe + passa) / 2;
+      (Altura(texto, ref, meio, tela, measure) <= alturaPx ? cabe : passa) = meio;
+    }
+    return cabe;
+  };
+  // The factor is what leaves the margin, so the fit itself takes the whole height.
+  const double desejado = std::min<double>(maior, ajuste(tela.telaPx.height())) * fator;
+  const int limite = ajuste(AlturaUtil * tela.telaPx.height());
+  return std::clamp(static_cast<int>(std::floor(desejado)), TamanhoMinimo, limite);
 }
 
 } // namespace tolmira

@@ -282,6 +282,15 @@ private slots:
     QVERIFY(!m_fixture->Animado());
   }
 
+  void anotherProjectorGetsTheVerseAtItsOwnSize() {
+    m_fixture->Mostra(QStringLiteral("John 1:2"));
+    m_fixture->Forget();
+    m_fixture->display.size = QSize(640, 360);
+    m_fixture->core.TelaMudou();
+    QCOMPARE(m_fixture->Enviados(), {QStringLiteral("John 1:2 One two")});
+    QVERIFY(m_fixture->display.commands.last().contains(u"font-size:26pt"));
+  }
+
   void theVerseFollowsTheVersion() {
     m_fixture->Mostra(QStringLiteral("John 1:2"));
     m_fixture->Forget();

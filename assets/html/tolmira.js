@@ -114,8 +114,11 @@
   // effect came before and however the window was resized since.
   function rest(slide) {
     ['width', 'height', 'top', 'left', 'opacity'].forEach((p) => (slide.style[p] = ''));
-    slide.classList.remove('troca');
+    slide.classList.remove('troca', 'escala');
   }
+
+  // Effects that change the size of a picture, which the engine then has to scale in every frame.
+  const SCALING = /^(curtain|turn|slide|zoom|fadeZoom|grow)/;
 
   function beforeChange(current, next, options) {
     const host = options.$cont[0];
@@ -126,8 +129,11 @@
     if (current === next)
       return;
     rest(next);
-    current.classList.add('troca');
-    next.classList.add('troca');
+    const fx = options.multiFx ? options.fxs[options.lastFx] : options.fx;
+    [current, next].forEach((slide) => {
+      slide.classList.add('troca');
+      slide.classList.toggle('escala', SCALING.test(fx));
+    });
   }
 
   function afterChange(current, next, options) {

@@ -15,8 +15,8 @@ class SingleInstance {
 public:
   explicit SingleInstance(const AppFolder &app);
 
-  // False when another copy runs with this folder; the operator has been told then. In a folder that cannot be written
-  // nobody can hold a lock, and the start goes on.
+  // False when another copy runs with this folder; the operator has been told then. Where the lock is that of another
+  // computer the operator decides. In a folder that cannot be written nobody can hold a lock, and the start goes on.
   bool Start(UserPrompt &prompt);
 
 private:

@@ -117,8 +117,7 @@ void BibleStore::BuildVersionMenu() {
 
   int named = 0;
   for (const QString &file : files) {
-    const QString caption =
-        SplitField(file, QStringLiteral("_"), 2).remove(Extension, Qt::CaseInsensitive);
+    const QString caption = SplitField(file, QStringLiteral("_"), 2).remove(Extension, Qt::CaseInsensitive);
     m_versoes.push_back({file, caption});
     const int index = static_cast<int>(m_versoes.size());
     StoreKey(KeyOfVersion(index), file);
@@ -128,7 +127,8 @@ void BibleStore::BuildVersionMenu() {
     if (file.compare(defaultText, Qt::CaseInsensitive) == 0)
       named = index;
   }
-  // Where versions were taken away, the stored index may lie behind the last; the stored name then says which was meant.
+  // Where versions were taken away, the stored index may lie behind the last; the stored name then says which was
+  // meant.
   if (!files.isEmpty() && (chosen < 1 || chosen > files.size()))
     chosen = std::max(named, 1);
 

@@ -1,21 +1,21 @@
 #pragma once
 
-#include <QList>
-#include <QString>
-#include <QStringList>
-
-#include <map>
-#include <vector>
-
 #include "bible/version_text.h"
 #include "foundation/app_folder.h"
 #include "foundation/ini_store.h"
 
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <map>
+#include <vector>
+
 namespace tolmira {
 
-// No version comes near this, whatever its script; of a longer file only the first so many bytes are there, so that a
-// file that is no Bible does not stall the desk.
-inline constexpr qint64 VersionFileLimit = 24 * 1024 * 1024;
+// No version comes near this (a testament takes three or four million bytes, ten in the scripts of three bytes a
+// letter); of a longer file only the first so many bytes are there, so that a file that is no Bible does not stall the
+// desk.
+inline constexpr qint64 VersionFileLimit = 16 * 1024 * 1024;
 
 // A line of the version menu.
 struct BibleVersion {
@@ -32,11 +32,12 @@ public:
   // versions were fetched or removed.
   void BuildVersionMenu();
   const std::vector<BibleVersion> &Versoes() const { return m_versoes; } // item i of the menu is element i - 1
-  int BibliaAtual() const { return m_bibliaAtual; } // index from 1; points at nothing when there is no version
+  int BibliaAtual() const { return m_bibliaAtual; }       // index from 1; points at nothing when there is no version
   QString VersaoBiblia() const { return m_versaoBiblia; } // short name of the version loaded last: "KJV"
   QString LegendaAtual() const;                           // caption of the chosen item, empty without one
 
-  // Fills the buffers of one version, once per run, and sets VersaoBiblia. A file that cannot be read leaves them empty.
+  // Fills the buffers of one version, once per run, and sets VersaoBiblia. A file that cannot be read leaves them
+  // empty.
   void LoadVersion(int index);
   // Makes it the version in force and stores it; false when it is already, or there is none of that index. The caller
   // shows the verse again.
@@ -48,8 +49,8 @@ public:
   // stands for the chapter's last, and is replaced by its number in `reference`, which is otherwise left as it is.
   QString GetVerse(QString &reference);
   // Step inside Capitulo, whatever chapter `reference` names. They return the text without its number and set RefAtual;
-  // an empty text when there is no such verse, RefAtual then stays. The element behind the last verse is empty: one step
-  // beyond the end is taken and gives an empty text.
+  // an empty text when there is no such verse, RefAtual then stays. The element behind the last verse is empty: one
+  // step beyond the end is taken and gives an empty text.
   QString NextVerse(const QString &reference);
   QString PreviousVerse(const QString &reference);
 

@@ -20,8 +20,8 @@ struct EntryBox {
 // English books of Kings by "k" and has no "jó".
 enum class EntryPlace { Console, AddDialog };
 
-// A pressed key as the rules need it: its letter on the key cap without Shift, or one of the named keys. What is neither
-// (an arrow, say) is a Character without a letter.
+// A pressed key as the rules need it: its letter on the key cap without Shift, or one of the named keys. What is
+// neither (an arrow, say) is a Character without a letter.
 enum class EntryKey { Character, Backspace, Delete, Space };
 
 // The completion of an entry box, without the box. The window feeds it each key before the character lands and each
@@ -32,8 +32,8 @@ class ReferenceEntry {
 public:
   explicit ReferenceEntry(EntryPlace place);
 
-  // True when `box` was changed and is to be copied back before the character lands. A box emptied by Backspace has used
-  // the key up: `keyUsed` tells.
+  // True when `box` was changed and is to be copied back before the character lands. A box emptied by Backspace has
+  // used the key up: `keyUsed` tells.
   bool KeyDown(EntryKey key, QChar letter, EntryBox &box, bool &keyUsed);
   bool TextChanged(EntryBox &box); // true when `box` was changed
 

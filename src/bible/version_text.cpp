@@ -39,6 +39,10 @@ bool WordBeginsAt(QStringView text, qsizetype at) {
   return IsWordCharacter(pair ? QChar::surrogateToUcs4(first, text.at(at + 1)) : first.unicode());
 }
 
+bool IsOfNumber(QChar character) {
+  return (character >= u'0' && character <= u'9') || character == u'.' || character == u'-';
+}
+
 struct FoundHeader {
   int book;
   QStringView chapter;
@@ -52,7 +56,7 @@ std::optional<FoundHeader> HeaderAt(QStringView text, qsizetype at) {
   if (open < 2 || rest.at(open - 1) != u' ')
     return std::nullopt;
   qsizetype close = open + 1;
-  while (close < rest.size() && QStringView(u"0123456789.-").contains(rest.at(close)))
+  while (close < rest.size() && IsOfNumber(rest.at(close)))
     ++close;
   if (close == rest.size() || rest.at(close) != u']')
     return std::nullopt;
@@ -69,8 +73,13 @@ std::optional<FoundHeader> HeaderAt(QStringView text, qsizetype at) {
 int IndexedChapter(QStringView chapter) {
   if (chapter.isEmpty() || chapter.size() > 3 || chapter.front() == u'0')
     return 0;
-  const bool digits = std::all_of(chapter.begin(), chapter.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-  return digits ? chapter.toInt() : 0;
+  int number = 0;
+  for (const QChar digit : chapter) {
+    if (digit < u'0' || digit > u'9')
+      return 0;
+    number = number * 10 + digit.unicode() - u'0';
+  }
+  return number;
 }
 
 QStringView WithoutLineEnd(QStringView line) {

@@ -36,18 +36,35 @@ private slots:
     QVERIFY(third.Start(prompt));
   }
 
-  void lockOfAKilledCopyCountsForNothing() {
+  void locksLeftBehind_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QList<int>>("answers");
+    QTest::addColumn<bool>("starts");
+    QTest::addColumn<int>("questions");
+    // No process has so high a number.
+    const QByteArray killed = "99999999\ntolmira\n";
+    const QByteArray here = QSysInfo::machineHostName().toUtf8() + "\n";
+    QTest::newRow("by a killed copy") << QByteArray(killed + here) << QList<int>{} << true << 0;
+    QTest::newRow("by a power cut") << QByteArray() << QList<int>{} << true << 0;
+    QTest::newRow("on another computer, start") << QByteArray(killed + "elsewhere\n") << QList<int>{0} << true << 1;
+    QTest::newRow("on another computer, cancel") << QByteArray(killed + "elsewhere\n") << QList<int>{1} << false << 1;
+    QTest::newRow("on another computer, box closed") << QByteArray(killed + "elsewhere\n") << QList<int>{} << false << 1;
+  }
+
+  void locksLeftBehind() {
+    QFETCH(QByteArray, content);
+    QFETCH(QList<int>, answers);
     const QTemporaryDir temp;
     QVERIFY(QDir(temp.path()).mkdir(QStringLiteral("Data")));
     QFile lock(temp.filePath(QStringLiteral("Data/tolmira.lock")));
     QVERIFY(lock.open(QIODevice::WriteOnly));
-    // No process has so high a number.
-    lock.write("99999999\ntolmira\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    lock.write(content);
     lock.close();
     ScriptedPrompt prompt;
+    prompt.answers = answers;
     SingleInstance instance{AppFolder(temp.path())};
-    QVERIFY(instance.Start(prompt));
-    QVERIFY(prompt.shown.isEmpty());
+    QTEST(instance.Start(prompt), "starts");
+    QTEST(int(prompt.shown.size()), "questions");
   }
 
   void folderThatTakesNoLockDoesNotStopTheStart() {

@@ -4,7 +4,6 @@
 
 #include <QTemporaryDir>
 #include <QTest>
-
 #include <memory>
 
 using namespace tolmira;
@@ -165,8 +164,7 @@ private slots:
     row("numbers are not read", ">John [3]\r\n7 x\r\n7 y\r\n", {QStringLiteral("7 x"), QStringLiteral("7 y")},
         {none, QStringLiteral("7 x"), QStringLiteral("7 y"), none});
     row("a blank line counts", ">John [3]\r\n1 a\r\n\r\n2 b\r\n", {a, none, b}, {none, a, none, b, none});
-    row("a line of blanks is no verse", ">John [3]\r\n  \r\n2 b\r\n", {none, b},
-        {none, QStringLiteral("  "), b, none});
+    row("a line of blanks is no verse", ">John [3]\r\n  \r\n2 b\r\n", {none, b}, {none, QStringLiteral("  "), b, none});
     row("a line with > in front", ">John [3]\r\n1 a\r\n> b\r\n3 c\r\n", {a, none, none}, {none, a, none});
     row("a > inside a line", ">John [3]\r\n1 a > b\r\n2 b\r\n", {QStringLiteral("1 a > b"), b},
         {none, QStringLiteral("1 a ")});
@@ -174,7 +172,8 @@ private slots:
     row("other case", ">jOHN [3]\r\n1 a\r\n", {a}, {none, a, none});
     row("whole word in front", "x>John [3]\r\n1 x\r\n>John [3]\r\n1 a\r\n", {a}, {none, a, none});
     row("whole word behind", ">John [3]x\r\n1 x\r\n>John [3]\r\n1 a\r\n", {a}, {none, a, none});
-    row("a letter of two units behind", ">John [3]\xF0\x9D\x94\xB8\r\n1 x\r\n>John [3]\r\n1 a\r\n", {a}, {none, a, none});
+    row("a letter of two units behind", ">John [3]\xF0\x9D\x94\xB8\r\n1 x\r\n>John [3]\r\n1 a\r\n", {a},
+        {none, a, none});
     row("punctuation round it", ".>John [3].\r\n1 a\r\n", {a}, {QStringLiteral("."), a, none});
     row("a longer name", ">I John [3]\r\n1 x\r\n>John [3]\r\n1 a\r\n", {a}, {none, a, none});
     row("a leading zero", ">John [03]\r\n1 x\r\n>John [3]\r\n1 a\r\n", {a}, {none, a, none});
@@ -268,7 +267,8 @@ private slots:
   void BrowsingGivesWhatIsThere() {
     WriteRaw(JohnFile(">John [4]\r\n1 a b\r\n\r\n3 c\r\n\r\n>John [2]\r\n1 d\r\n>John [2x]\r\n1 e\r\n"));
     QCOMPARE(m_bible->CapitulosDoLivro(John), QList<int>({2, 4}));
-    QCOMPARE(m_bible->VersiculosDoCapitulo(John, 4), QStringList({QStringLiteral("a b"), QString(), QStringLiteral("c")}));
+    QCOMPARE(m_bible->VersiculosDoCapitulo(John, 4),
+             QStringList({QStringLiteral("a b"), QString(), QStringLiteral("c")}));
     for (const int chapter : {3, 0, -1, 1000, 1002})
       QCOMPARE(m_bible->VersiculosDoCapitulo(John, chapter), QStringList());
     QCOMPARE(m_bible->CapitulosDoLivro(0), QList<int>());

@@ -124,11 +124,12 @@ private slots:
 
   // One of every sort of character, broken pairs too, in front of, inside and behind a reference.
   void NoCharacterUpsetsAReference() {
-    for (const char16_t unit : {u'\0', u'\t', u'\n', u'\u00A0', u'\u00AD', u'\u0130', u'\u0149', u'\u01C5', u'\u02B0',
-                                u'\u0300', u'\u0488', u'\u0660', u'\u200B', u'\u202E', u'\u2028', u'\u2160', u'\u20AC',
-                                u'\u3042', u'\uE000', u'\uFB03', u'\uFEFF', u'\uFFFF', u'ß'})
+    for (const char16_t unit : {u'\0',     u'\t',     u'\n',     u'\u00A0', u'\u00AD', u'\u0130', u'\u0149', u'\u01C5',
+                                u'\u02B0', u'\u0300', u'\u0488', u'\u0660', u'\u200B', u'\u202E', u'\u2028', u'\u2160',
+                                u'\u20AC', u'\u3042', u'\uE000', u'\uFB03', u'\uFEFF', u'\uFFFF', u'ß'})
       TryCharacter(QString(QChar(unit)));
-    for (const QString &text : {QString(QChar(0xD835)), QString(QChar(0xDD38)), QStringLiteral("𝔸"), QStringLiteral("👨‍👩‍👧")})
+    for (const QString &text :
+         {QString(QChar(0xD835)), QString(QChar(0xDD38)), QStringLiteral("𝔸"), QStringLiteral("👨‍👩‍👧")})
       TryCharacter(text);
   }
 

@@ -33,9 +33,7 @@ public:
     m_box.caret = start + length;
   }
   void SelectAll() { Select(0, static_cast<int>(m_box.text.size())); }
-  void MoveTo(int caret) {
-    Select(caret, 0);
-  }
+  void MoveTo(int caret) { Select(caret, 0); }
   void Clear() { Change(QString(), 0); }
 
   // With "|" where the caret is.
@@ -102,8 +100,10 @@ private slots:
       QTest::addRow("dialog: %s", keys) << EntryPlace::AddDialog << QString::fromUtf8(keys) << QString::fromUtf8(shown);
     };
     const auto differ = [](const char *keys, const char *console, const char *dialog) {
-      QTest::addRow("console: %s", keys) << EntryPlace::Console << QString::fromUtf8(keys) << QString::fromUtf8(console);
-      QTest::addRow("dialog: %s", keys) << EntryPlace::AddDialog << QString::fromUtf8(keys) << QString::fromUtf8(dialog);
+      QTest::addRow("console: %s", keys) << EntryPlace::Console << QString::fromUtf8(keys)
+                                         << QString::fromUtf8(console);
+      QTest::addRow("dialog: %s", keys) << EntryPlace::AddDialog << QString::fromUtf8(keys)
+                                        << QString::fromUtf8(dialog);
     };
     // Letters that leave one book.
     both("jo", "jo|");

@@ -4,7 +4,6 @@
 
 #include <QTemporaryDir>
 #include <QTest>
-
 #include <memory>
 
 using namespace tolmira;
@@ -34,8 +33,8 @@ private slots:
       files.append(version.arquivo);
       captions.append(version.legenda);
     }
-    QCOMPARE(files,
-             QStringList({QStringLiteral("OLD_Abc_Two.txt"), QStringLiteral("OLD_KJV.txt"), QStringLiteral("old_Web.TXT")}));
+    QCOMPARE(files, QStringList({QStringLiteral("OLD_Abc_Two.txt"), QStringLiteral("OLD_KJV.txt"),
+                                 QStringLiteral("old_Web.TXT")}));
     QCOMPARE(captions, QStringList({QStringLiteral("Abc"), QStringLiteral("KJV"), QStringLiteral("Web")}));
     QVERIFY(m_bible->ChooseVersion(3));
     QCOMPARE(m_bible->VersaoBiblia(), QStringLiteral("Web"));

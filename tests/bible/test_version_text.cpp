@@ -43,11 +43,12 @@ private slots:
   void TheIndexAnswersAsASearch() {
     QFETCH(quint32, seed);
     QRandomGenerator random(seed);
-    const QStringList pieces = QStringLiteral(
-        ">|[|]| |1|x|_|ó|\r\n|>Genesis|>Matthew|>I John|>JOHN|Exodus|>Exodus|>mark|>Ma\u212A| [1]| [3]| [150]| [007]"
-        "| [1000]| [2.5]| [-4]|>Genesis [1]|>Mark [3]\r\n1 a\r\n|>John [150]\r\n1 a\r\n")
-                                   .split(u'|')
-                               << QString(200, u'.');
+    const QStringList pieces =
+        QStringLiteral(">|[|]| |1|x|_|ó|\r\n|>Genesis|>Matthew|>I John|>JOHN|Exodus|>Exodus|>mark|>Ma\u212A| [1]| [3]| "
+                       "[150]| [007]"
+                       "| [1000]| [2.5]| [-4]|>Genesis [1]|>Mark [3]\r\n1 a\r\n|>John [150]\r\n1 a\r\n")
+            .split(u'|')
+        << QString(200, u'.');
     // Beyond the start of Exodus, Mark and John.
     QString text;
     while (text.size() < 250000)
@@ -65,8 +66,9 @@ private slots:
   }
 
   void HeaderAtTheVeryEnd() {
-    for (const QString &cut : {QStringLiteral(">Genesis [1]"), QStringLiteral(">Genesis [1"), QStringLiteral(">Genesis ["),
-                               QStringLiteral(">"), QStringLiteral(">["), QStringLiteral("> [1]")}) {
+    for (const QString &cut :
+         {QStringLiteral(">Genesis [1]"), QStringLiteral(">Genesis [1"), QStringLiteral(">Genesis ["),
+          QStringLiteral(">"), QStringLiteral(">["), QStringLiteral("> [1]")}) {
       const VersionText version(cut);
       QCOMPARE(version.BehindHeader(1, QStringLiteral("1")), Naive(cut, 1, QStringLiteral("1")));
       QCOMPARE(version.VerseLines(1, 1), QList<QStringView>());

@@ -11,8 +11,8 @@
 
 namespace tolmira::testing {
 
-// Bible files for tests, in windows-1252. Chapters are added in the order in which they are to stand; in front of a book
-// that would come before its SearchStart goes filler which no reference reaches.
+// Bible files for tests, in windows-1252. Chapters are added in the order in which they are to stand; in front of a
+// book that would come before its SearchStart goes filler which no reference reaches.
 class SmallBible {
 public:
   explicit SmallBible(QByteArray lineEnd = "\r\n") : m_lineEnd(std::move(lineEnd)) {}

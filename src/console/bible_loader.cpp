@@ -29,8 +29,12 @@ QString OutroCapitulo(const QString &reference, int passo, int verso) {
 
 } // namespace
 
-QString NextCapitulo(const QString &reference) { return OutroCapitulo(reference, 1, 1); }
-QString PreviousCapitulo(const QString &reference) { return OutroCapitulo(reference, -1, UltimoVersiculo); }
+QString NextCapitulo(const QString &reference) {
+  return OutroCapitulo(reference, 1, 1);
+}
+QString PreviousCapitulo(const QString &reference) {
+  return OutroCapitulo(reference, -1, UltimoVersiculo);
+}
 
 BibleLoader::BibleLoader(ConsoleContext &console, BibleStore &loja, BibleComposer &biblia, LegendaBiblia &legenda,
                          VerseStepper &stepper, ThemeControl &temas)
@@ -48,7 +52,9 @@ void BibleLoader::CarregaVersoes() {
   MostraVersao();
 }
 
-void BibleLoader::CarregaLegenda() { m_legenda = CarregaLegendaBiblia(m_console.store); }
+void BibleLoader::CarregaLegenda() {
+  m_legenda = CarregaLegendaBiblia(m_console.store);
+}
 
 void BibleLoader::MostraVersao() {
   PainelConsole &painel = m_console.painel;

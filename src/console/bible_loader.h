@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QString>
-
-#include <optional>
-
 #include "bible/bible_store.h"
 #include "console/console_context.h"
 #include "console/stepping.h"
 #include "display/bible_composer.h"
+
+#include <QString>
+#include <optional>
 
 namespace tolmira {
 
@@ -24,12 +23,12 @@ public:
   BibleLoader(ConsoleContext &console, BibleStore &loja, BibleComposer &biblia, LegendaBiblia &legenda,
               VerseStepper &stepper, ThemeControl &temas);
 
-  void CarregaVersoes();  // step 4 of the start, and after versions were fetched or removed
-  void CarregaLegenda();  // at start, and after the caption settings were saved
-  void MostraVersao();    // the tips with the version's name
+  void CarregaVersoes(); // step 4 of the start, and after versions were fetched or removed
+  void CarregaLegenda(); // at start, and after the caption settings were saved
+  void MostraVersao();   // the tips with the version's name
 
-  // Loads a passage and sends it. False when the version in force has no such verse: what is on show stays then, and the
-  // console says so.
+  // Loads a passage and sends it. False when the version in force has no such verse: what is on show stays then, and
+  // the console says so.
   bool exibeTextoBiblico(const QString &reference, bool applyTheme, bool show);
   // Puts a verse on the console; `show` prepares the page. Nothing is sent.
   void CarregaLeitura(const QString &reference, const QString &text, bool applyTheme, bool show);

@@ -25,7 +25,8 @@ struct Moldura {
 };
 
 Moldura MolduraDoEstilo(int estilo) {
-  const QString largo = QStringLiteral("<div class='biblia2 [efeito] ") + Normal + u"' style='font-size:[fontsize]pt; color:";
+  const QString largo =
+      QStringLiteral("<div class='biblia2 [efeito] ") + Normal + u"' style='font-size:[fontsize]pt; color:";
   const auto recuado = [](QStringView classe) -> QString {
     return u"<div class='biblia2 " + classe + u" [efeito] " + Normal +
            u"' style='width:90%; left:5%; font-size:[fontsize]pt; color:";
@@ -75,8 +76,8 @@ QString BibleComposer::MontaBiblia(const QString &verso, const QString &referenc
                                    const LegendaBiblia &legenda) const {
   const QString texto = TextoParaPagina(legenda.maiusculas ? verso.toUpper() : verso);
   const QString ref = TextoParaPagina(referencia + u" (" + versao + u')');
-  const QString alinh = m_ajustes.AlinhamentoBiblia == 2 ? QStringLiteral("text-align:center;")
-                                                         : QStringLiteral("text-align:left;");
+  const QString alinh =
+      m_ajustes.AlinhamentoBiblia == 2 ? QStringLiteral("text-align:center;") : QStringLiteral("text-align:left;");
   const QString corTitulo = u"rgb(" + RgbTexto(legenda.fontColorTitulo) + u')';
   const QString fundoTitulo = u"rgb(" + RgbTexto(legenda.backColorTitulo) + u", 1)";
   const QString cores = CorDoTexto(m_estado.TemaAtual.Font_Cor) + u"; background-color: rgb(0,0,0," +

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
-
 #include "display/display_channel.h"
 #include "display/display_seams.h"
 #include "display/estado.h"
 #include "display/legenda_biblia.h"
 #include "foundation/seams.h"
+
+#include <QString>
+#include <functional>
 
 namespace tolmira {
 
@@ -27,16 +26,16 @@ struct VersoNoTelao {
 // Turns a Bible verse into the HTML of one command and sends it to the projection and to the preview.
 class BibleComposer {
 public:
-  BibleComposer(EstadoConsole &estado, const AjustesTexto &ajustes, const LegendaBiblia &legenda,
-                DisplayChannel &canal, std::function<Display *()> telao, std::function<PageObject *()> previa,
+  BibleComposer(EstadoConsole &estado, const AjustesTexto &ajustes, const LegendaBiblia &legenda, DisplayChannel &canal,
+                std::function<Display *()> telao, std::function<PageObject *()> previa,
                 std::function<int()> larguraPrevia, RandomSource &random);
 
   // `tamanho` in points, as text. `comEfeito` plays the entrance effect, and does so each time: a verse is not compared
   // with the one on show. `soPrevia` leaves the projection alone. The translation is that of the state.
   void ExibeBiblia(const QString &texto, const QString &referencia, const QString &tamanho, bool comEfeito,
                    bool soPrevia);
-  // What the projection shows once more, without effect, on both pages: for pages that were built anew. The operator may
-  // be looking at another verse meanwhile. Nothing when no verse was sent.
+  // What the projection shows once more, without effect, on both pages: for pages that were built anew. The operator
+  // may be looking at another verse meanwhile. Nothing when no verse was sent.
   void ReenviaBiblia(const QString &tamanho);
   const VersoNoTelao &NoTelao() const { return m_noTelao; } // empty texts for none
   void EsqueceTelao() { m_noTelao = {}; }                   // something else is on show now

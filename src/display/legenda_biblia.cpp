@@ -1,8 +1,8 @@
 #include "display/legenda_biblia.h"
 
-#include <algorithm>
-
 #include "foundation/text_fields.h"
+
+#include <algorithm>
 
 namespace tolmira {
 

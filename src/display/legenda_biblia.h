@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include "foundation/ini_store.h"
+
+#include <QString>
 
 namespace tolmira {
 

@@ -1,8 +1,8 @@
-#include <QtTest>
-
 #include "console/bible_fit.h"
 #include "console_fixture.h"
 #include "support/small_bible.h"
+
+#include <QtTest>
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -13,7 +13,9 @@ constexpr int John = 43;
 
 // Of the length of the longest verse there is.
 QString LongVerse() {
-  return QStringLiteral("And so it was written to the rulers and the keepers of every province, ").repeated(8).trimmed();
+  return QStringLiteral("And so it was written to the rulers and the keepers of every province, ")
+      .repeated(8)
+      .trimmed();
 }
 
 // A console with two versions. John has three chapters; verse 2 of the second is missing in the first version, and the
@@ -104,14 +106,16 @@ private slots:
     for (int key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down})
       m_fixture->Tecla(key);
     // Verse 2 of chapter 2 has no text.
-    QCOMPARE(m_fixture->Enviados(), QStringList({QStringLiteral("John 2:1 Two one"), QStringLiteral("John 2:3 Two three"),
-                                                 QStringLiteral("John 3:1 Three one")}));
+    QCOMPARE(m_fixture->Enviados(),
+             QStringList({QStringLiteral("John 2:1 Two one"), QStringLiteral("John 2:3 Two three"),
+                          QStringLiteral("John 3:1 Three one")}));
     QVERIFY(m_fixture->Animado());
     m_fixture->Forget();
     for (int key : {Qt::Key_Up, Qt::Key_Left, Qt::Key_Up})
       m_fixture->Tecla(key);
-    QCOMPARE(m_fixture->Enviados(), QStringList({QStringLiteral("John 2:3 Two three"), QStringLiteral("John 2:1 Two one"),
-                                                 QStringLiteral("John 1:2 One two")}));
+    QCOMPARE(m_fixture->Enviados(),
+             QStringList({QStringLiteral("John 2:3 Two three"), QStringLiteral("John 2:1 Two one"),
+                          QStringLiteral("John 1:2 One two")}));
     QCOMPARE(m_fixture->core.painel.Label9, QStringLiteral("John 1:2"));
   }
 
@@ -195,8 +199,8 @@ private slots:
     m_fixture->Show(QStringLiteral("Song"));
     m_fixture->core.teclas.KeyDown(Qt::Key_Down, false, false);
     m_fixture->Forget();
-    for (const QString &reference : {QStringLiteral("John 3:99"), QStringLiteral("John 99:1"), QStringLiteral("Nobody 1:1"),
-                                     QStringLiteral("")})
+    for (const QString &reference :
+         {QStringLiteral("John 3:99"), QStringLiteral("John 99:1"), QStringLiteral("Nobody 1:1"), QStringLiteral("")})
       m_fixture->core.leitura.exibeTextoBiblico(reference, true, true);
     QVERIFY(m_fixture->display.commands.isEmpty());
     QVERIFY(m_fixture->prompt.shown.isEmpty());

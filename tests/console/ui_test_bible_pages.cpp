@@ -1,11 +1,11 @@
-#include <QtTest>
-
 #include "console/bible_fit.h"
 #include "display/bible_composer.h"
 #include "display/page_fixture.h"
 #include "foundation/real_seams.h"
 #include "support/recording_display.h"
 #include "support/scripted_random.h"
+
+#include <QtTest>
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -16,8 +16,10 @@ namespace {
 const QString Longo = QStringLiteral(
     "Then were the king's scribes called at that time in the third month, that is, the month Sivan, on the three and "
     "twentieth day thereof; and it was written according to all that Mordecai commanded unto the Jews, and to the "
-    "lieutenants, and the deputies and rulers of the provinces which are from India unto Ethiopia, an hundred twenty and "
-    "seven provinces, unto every province according to the writing thereof, and unto every people after their language, "
+    "lieutenants, and the deputies and rulers of the provinces which are from India unto Ethiopia, an hundred twenty "
+    "and "
+    "seven provinces, unto every province according to the writing thereof, and unto every people after their "
+    "language, "
     "and to the Jews according to their writing, and according to their language.");
 
 // Where the band, its words, the title and its words stand: each as left, top, right, bottom. The engine tells places
@@ -72,7 +74,8 @@ private slots:
     QFETCH(QString, vertical);
     m_page->view().resize(tela);
     QVERIFY(m_page->Load(QStringLiteral("backcolor.html"), {{QStringLiteral("VerticalAlign"), vertical}}));
-    QVERIFY(m_page->WaitFor(QStringLiteral("innerWidth === %1 && innerHeight === %2").arg(tela.width()).arg(tela.height())));
+    QVERIFY(m_page->WaitFor(
+        QStringLiteral("innerWidth === %1 && innerHeight === %2").arg(tela.width()).arg(tela.height())));
 
     const QPair<QString, QString> versos[] = {
         {QStringLiteral("Jesus wept."), QStringLiteral("John 11:35")},
@@ -84,8 +87,7 @@ private slots:
       for (const auto &[texto, referencia] : versos) {
         for (const double escala : {100.0, 185.0}) {
           const int tamanho = Mostra(texto, referencia, estilo, tela, vertical == u"center", escala);
-          const QString where =
-              QStringLiteral("layout %1, %2, %3 pt").arg(estilo).arg(referencia).arg(tamanho);
+          const QString where = QStringLiteral("layout %1, %2, %3 pt").arg(estilo).arg(referencia).arg(tamanho);
           const QVariantList r = m_page->Eval(Lugares).toList();
           const QRectF faixa = Rect(r.value(0));
           const QRectF palavras = Rect(r.value(1));
@@ -101,7 +103,8 @@ private slots:
             QVERIFY2(nome.top() >= faixa.bottom(), qPrintable(where));
           } else {
             // Across the upper edge, clear of the words.
-            QVERIFY2(titulo.top() >= 0 && titulo.top() < faixa.top() && titulo.bottom() > faixa.top(), qPrintable(where));
+            QVERIFY2(titulo.top() >= 0 && titulo.top() < faixa.top() && titulo.bottom() > faixa.top(),
+                     qPrintable(where));
             QVERIFY2(titulo.bottom() <= palavras.top() + 1, qPrintable(where));
           }
         }
@@ -146,8 +149,14 @@ private:
   ScriptedRandom m_random{0.5};
   FontTextMeasure m_measure;
   DisplayChannel m_canal{m_estado, [this]() -> tolmira::Display * { return &m_telao; }};
-  BibleComposer m_biblia{m_estado, m_ajustes, m_legenda, m_canal, [this]() -> tolmira::Display * { return &m_telao; },
-                         [] { return nullptr; }, [] { return 320; }, m_random};
+  BibleComposer m_biblia{m_estado,
+                         m_ajustes,
+                         m_legenda,
+                         m_canal,
+                         [this]() -> tolmira::Display * { return &m_telao; },
+                         [] { return nullptr; },
+                         [] { return 320; },
+                         m_random};
 };
 
 QTEST_MAIN(BiblePagesTest)

@@ -22,8 +22,14 @@ struct Show {
   ScriptedRandom random{0.5};
   int previewWidth = 320;
   DisplayChannel canal{estado, [this]() -> tolmira::Display * { return &display; }};
-  BibleComposer biblia{estado, ajustes, legenda, canal, [this]() -> tolmira::Display * { return &display; },
-                       [this] { return &preview; }, [this] { return previewWidth; }, random};
+  BibleComposer biblia{estado,
+                       ajustes,
+                       legenda,
+                       canal,
+                       [this]() -> tolmira::Display * { return &display; },
+                       [this] { return &preview; },
+                       [this] { return previewWidth; },
+                       random};
 
   explicit Show(int estilo = 2) {
     estado.TelaPronta = true;
@@ -41,7 +47,9 @@ struct Show {
   }
 };
 
-QString Escaped(QString html) { return html.replace(u'\'', QStringLiteral("\\'")); }
+QString Escaped(QString html) {
+  return html.replace(u'\'', QStringLiteral("\\'"));
+}
 
 } // namespace
 
@@ -64,14 +72,15 @@ private slots:
                u"  <div class='[efeito]  fontBold' style='font-size:[fontsize]pt;color:rgb(255,255,255); "
                u"background-color:rgb(0,0,0,0); text-align:right; padding-right:20%; padding-top:2vw;'>John 11:35 "
                u"(KJV)</div>";
-    QTest::newRow("square frame, set in") << 2
-                                          << QStringLiteral(
-                                                 "<div class='titulo tituloQuadrado  fontBold' "
-                                                 "style='font-size:[fontsize]pt;color:rgb(255,255,255); "
-                                                 "background-color: rgb(0,143,255, 1);  top:[top]; left:8%;'>John "
-                                                 "11:35 (KJV)</div><div class='biblia2 tituloQuadrado [efeito]  "
-                                                 "fontNormal' style='width:90%; left:5%; font-size:[fontsize]pt; "
-                                                 "color:") + fim;
+    QTest::newRow("square frame, set in")
+        << 2
+        << QStringLiteral("<div class='titulo tituloQuadrado  fontBold' "
+                          "style='font-size:[fontsize]pt;color:rgb(255,255,255); "
+                          "background-color: rgb(0,143,255, 1);  top:[top]; left:8%;'>John "
+                          "11:35 (KJV)</div><div class='biblia2 tituloQuadrado [efeito]  "
+                          "fontNormal' style='width:90%; left:5%; font-size:[fontsize]pt; "
+                          "color:") +
+               fim;
     QTest::newRow("round frame, set in") << 3
                                          << QStringLiteral(
                                                 "<div class='titulo tituloRedondo  fontBold' "
@@ -79,21 +88,26 @@ private slots:
                                                 "background-color: rgb(0,143,255, 1);  top:[top]; left:8%;'>John "
                                                 "11:35 (KJV)</div><div class='biblia2 tituloRedondo [efeito]  "
                                                 "fontNormal' style='width:90%; left:5%; font-size:[fontsize]pt; "
-                                                "color:") + fim;
+                                                "color:") +
+                                                fim;
     const QString largo = QStringLiteral("John 11:35 (KJV)</div><div class='biblia2 [efeito]  fontNormal' "
-                                         "style='font-size:[fontsize]pt; color:") + fim;
+                                         "style='font-size:[fontsize]pt; color:") +
+                          fim;
     QTest::newRow("square title at the edge")
         << 4
         << QStringLiteral("<div class='titulo tituloQuadrado  fontBold' style='font-size:[fontsize]pt;"
-                          "color:rgb(255,255,255); background-color: rgb(0,143,255, 1); top:[top]; left:0;'>") + largo;
+                          "color:rgb(255,255,255); background-color: rgb(0,143,255, 1); top:[top]; left:0;'>") +
+               largo;
     QTest::newRow("round title over the edge")
         << 5
         << QStringLiteral("<div class='titulo tituloRedondo  fontBold' style='font-size:[fontsize]pt;"
-                          "color:rgb(255,255,255); background-color: rgb(0,143,255, 1); top:[top]; left:-2vw;'>") + largo;
+                          "color:rgb(255,255,255); background-color: rgb(0,143,255, 1); top:[top]; left:-2vw;'>") +
+               largo;
     QTest::newRow("plain title")
         << 6
         << QStringLiteral("<div class='titulo fontBold ' style='font-size:[fontsize]pt;"
-                          "color:rgb(255,255,255); background-color: rgb(0,143,255, 1);  top:[top]; left:5vw;'>") + largo;
+                          "color:rgb(255,255,255); background-color: rgb(0,143,255, 1);  top:[top]; left:5vw;'>") +
+               largo;
     QTest::newRow("no such layout") << 7 << QString();
     QTest::newRow("the slider's zero") << 0 << QString();
   }

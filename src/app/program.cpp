@@ -90,7 +90,7 @@ void Program::Impl::MakeWindows() {
                    core.controles, core.flow, core.teclas},
       profile);
   console->PicWV()->AddObserver(&events);
-  console->PicWV()->OnRecovered = [this] { core.loader.PaginaVoltou(); };
+  console->PicWV()->OnRecovered = [this] { core.PaginaVoltou(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -104,7 +104,7 @@ void Program::Impl::MakeDisplay() {
                         CaptionComposers{[](const QString &, const QString &) { return QString(); },
                                          [](const QString &) { return QString(); }},
                         &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
-  quendar->OnRecovered = [this] { core.loader.PaginaVoltou(); };
+  quendar->OnRecovered = [this] { core.PaginaVoltou(); };
   console->TakeKeysOf(quendar.get());
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
@@ -161,7 +161,7 @@ void Program::Impl::MakeStartup() {
     QCoreApplication::quit();
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                             core.controles, core.loader, monitors, std::move(janelas));
+                                             core.controles, core.loader, core.leitura, monitors, std::move(janelas));
 }
 
 void Program::Impl::ListenForControl() {
@@ -205,9 +205,7 @@ void Program::Impl::ScreensChanged() {
   }
   PlaceDisplay(placa);
   console->AjustaPreview();
-  core.loader.AjustaQuadro();
-  core.loader.RecarregaMusica(false);
-  core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, 0);
+  core.TelaMudou();
 }
 
 Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line)) {}

@@ -33,6 +33,14 @@ struct ConsoleContext {
   std::function<PageObject *()> previa;
   ConsoleView *view = nullptr;
 
+  // The projection's size in pixels, the usual one while there is none.
+  QSize TelaPx() const {
+    const Display *display = telao();
+    return display ? display->SizePx() : QSize(1280, 720);
+  }
+  // FonteTexto and TelaLarga, which every item takes from the theme and the projection when it is loaded.
+  void AjustaEstado();
+
   void Atualiza() {
     if (view)
       view->Atualiza();

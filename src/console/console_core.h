@@ -1,6 +1,8 @@
 #pragma once
 
+#include "bible/bible_store.h"
 #include "console/agenda_desk.h"
+#include "console/bible_loader.h"
 #include "console/console_context.h"
 #include "console/key_table.h"
 #include "console/presentation_flow.h"
@@ -8,6 +10,8 @@
 #include "console/song_loader.h"
 #include "console/stepping.h"
 #include "console/theme_control.h"
+#include "display/bible_composer.h"
+#include "display/legenda_biblia.h"
 
 namespace tolmira {
 
@@ -37,19 +41,28 @@ public:
   FaixaTexto faixa;
   PainelConsole painel;
   TabelaTemas temas;
+  LegendaBiblia legendaBiblia;
 
   DisplayChannel canal;
   LyricsComposer letras;
+  BibleComposer biblia;
   PageBuilder paginas;
   ConsoleContext contexto; // `contexto.view` is set when the window stands
   ThemeStore loja;
+  BibleStore lojaBiblia;
   AgendaDesk agenda;
   VerseStepper stepper;
   ThemeControl temaControle;
   SongLoader loader;
+  BibleLoader leitura;
   ScreenControls controles;
   PresentationFlow flow;
   KeyTable teclas;
+
+  // A page came back after its process died: it gets what was on it.
+  void PaginaVoltou();
+  // The projection changed its size: the item on show is fitted to it and its page built anew.
+  void TelaMudou();
 
 private:
   PageBuilder::Hosts Hosts(const ConsoleDoors &doors);

@@ -24,6 +24,16 @@ struct FaixaTexto {
   QString VersoAtual;    // for screen readers: the text in the frame
 };
 
+// The passage on the console, in place of the strip.
+struct PainelBiblia {
+  bool Visible = false;
+  QString Texto; // without the verse's number
+  QString Referencia;
+  QString Versao;
+  int Alinhamento = 0;  // 0 left, 1 right, 2 centre
+  bool Adiante = false; // the operator looks ahead: the projection shows something else
+};
+
 // What the console shows besides its text. The logic writes it and calls ConsoleView::Atualiza; the window only copies
 // it to its controls.
 struct PainelConsole {
@@ -41,6 +51,10 @@ struct PainelConsole {
   bool CommandBtEnabled = false;   // three buttons of text effects, and Command2
   int LBTelaMarcado = 0;           // index of the chosen screen state
   bool SemProjetor = false;        // the monitor of the projection was taken away
+
+  PainelBiblia biblia;
+  QString LbVersao;                // "Tradução: " and the version's name
+  QString LabelDicaBiblia;         // how to walk through a passage; before the first one the same as LbVersao
 
   // tips
   bool PicAviso = false;           // "drag the text or press an arrow key"

@@ -4,8 +4,9 @@
 
 namespace tolmira {
 
-KeyTable::KeyTable(ConsoleContext &console, VerseStepper &stepper, PresentationFlow &flow, AgendaDesk &agenda)
-    : m_console(console), m_stepper(stepper), m_flow(flow), m_agenda(agenda) {}
+KeyTable::KeyTable(ConsoleContext &console, VerseStepper &stepper, PresentationFlow &flow, AgendaDesk &agenda,
+                   BibleLoader &leitura)
+    : m_console(console), m_stepper(stepper), m_flow(flow), m_agenda(agenda), m_leitura(leitura) {}
 
 bool KeyTable::KeyDown(int key, bool ctrl, bool onList) {
   if (ctrl) {
@@ -21,6 +22,10 @@ bool KeyTable::KeyDown(int key, bool ctrl, bool onList) {
 
   const bool biblia = m_console.estado.TipoAtual == u"Bíblia";
   const bool label1 = m_console.faixa.Label1Visible;
+  if (biblia && (key == Qt::Key_Up || key == Qt::Key_Left || key == Qt::Key_Down || key == Qt::Key_Right)) {
+    m_leitura.CMDProximo_Click(key == Qt::Key_Up || key == Qt::Key_Left ? 1 : 0);
+    return true;
+  }
   switch (key) {
   case Qt::Key_Control:
     m_stepper.CtrlDown();
@@ -33,18 +38,18 @@ bool KeyTable::KeyDown(int key, bool ctrl, bool onList) {
     return true;
   case Qt::Key_Up:
     // Without the test of the strip that the other three keys have; with no song loaded the step finds no verse.
-    if (biblia || (!label1 && m_console.estado.TotalEstrofes == 0))
+    if (!label1 && m_console.estado.TotalEstrofes == 0)
       return false;
     m_stepper.TeclaEstrofe(-1);
     return true;
   case Qt::Key_Left:
-    if (biblia || !label1)
+    if (!label1)
       return false;
     m_stepper.TeclaEstrofe(-1);
     return true;
   case Qt::Key_Down:
   case Qt::Key_Right:
-    if (biblia || !label1)
+    if (!label1)
       return false;
     m_stepper.TeclaEstrofe(1);
     return true;

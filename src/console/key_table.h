@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "console/bible_loader.h"
 #include "console/presentation_flow.h"
 #include "console/stepping.h"
 
@@ -10,7 +11,8 @@ namespace tolmira {
 // The console receives all keys first; this is the table of what it does with them. Key codes are Qt's.
 class KeyTable {
 public:
-  KeyTable(ConsoleContext &console, VerseStepper &stepper, PresentationFlow &flow, AgendaDesk &agenda);
+  KeyTable(ConsoleContext &console, VerseStepper &stepper, PresentationFlow &flow, AgendaDesk &agenda,
+           BibleLoader &leitura);
 
   // `onList`: the list of the agenda has the focus. True when the key was used.
   bool KeyDown(int key, bool ctrl, bool onList);
@@ -25,6 +27,7 @@ private:
   VerseStepper &m_stepper;
   PresentationFlow &m_flow;
   AgendaDesk &m_agenda;
+  BibleLoader &m_leitura;
 };
 
 } // namespace tolmira

@@ -19,6 +19,10 @@ public:
 
   virtual void exibirAgora(const QString &name) = 0; // selects the entry of that label, then shows it
   virtual void exibirSelecinado() = 0;
+  // A passage that was typed or picked and that need not be in the agenda: it is loaded and stands on the projection.
+  // The caller has made sure that the version in force has the verse.
+  virtual void exibirPassagem(const QString &reference) = 0;
+  virtual void cancelaWMP() = 0; // stops a running local video
   virtual void editarSelecionado() = 0;
   virtual void removerSelecionadodaLista() = 0;
 

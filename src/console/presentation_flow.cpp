@@ -10,8 +10,6 @@ namespace {
 // Kinds whose loader does not exist yet say so; what is on show stays.
 QString SemCarregador(int kind) {
   switch (kind) {
-  case 1:
-    return QStringLiteral("Bible passages cannot be shown yet.");
   case 4:
     return QStringLiteral("Videos cannot be shown yet.");
   case 5:
@@ -25,8 +23,9 @@ QString SemCarregador(int kind) {
 
 } // namespace
 
-PresentationFlow::PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, ThemeControl &temas)
-    : m_console(console), m_agenda(agenda), m_loader(loader), m_temas(temas) {}
+PresentationFlow::PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader,
+                                   BibleLoader &leitura, ThemeControl &temas)
+    : m_console(console), m_agenda(agenda), m_loader(loader), m_leitura(leitura), m_temas(temas) {}
 
 void PresentationFlow::ShowEntry(int kind, int index, const QString &caption, const QString &name) {
   Q_UNUSED(index);
@@ -42,10 +41,12 @@ void PresentationFlow::ShowEntry(int kind, int index, const QString &caption, co
     const bool applyTheme = m_temas.CheckAlteraTemaAleatorio() || estado.ProximoTema != SemTemaNaFila;
     const QString alinhamento = m_console.store.ReadConfig(QStringLiteral("Config"), QStringLiteral("VerticalAlign"),
                                                            QStringLiteral("center"));
-    if (!m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true))
+    const bool shown = kind == 1 ? m_leitura.exibeTextoBiblico(name, applyTheme, true)
+                                 : m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true);
+    if (!shown)
       return;
-    painel.SliderExBibliaVisible = false;
-    painel.SliderExLouvorVisible = true;
+    painel.SliderExBibliaVisible = kind == 1;
+    painel.SliderExLouvorVisible = kind != 1;
     painel.LbFaixaVisible = kind == 2;
     painel.CommandBtEnabled = true;
     painel.ImgAlinhamentoVertical = alinhamento == u"center" ? 2 : alinhamento == u"flex-start" ? 0 : 1;
@@ -71,6 +72,21 @@ void PresentationFlow::exibirSelecinado() {
   const ListTarefas &lista = m_agenda.Lista();
   if (lista.HasSelection())
     ShowEntry(lista.SelectedKind(), lista.SelectedIndex(), lista.SelectedName(), lista.SelectedCaption());
+}
+
+void PresentationFlow::exibirPassagem(const QString &reference) {
+  m_console.painel.PicAviso2 = false;
+  m_console.Atualiza();
+  m_console.yielder.Yield(1);
+  ShowEntry(1, 0, reference, reference);
+}
+
+void PresentationFlow::cancelaWMP() {
+  Display *display = m_console.telao();
+  if (m_console.estado.TipoAtual != u"Video" || !display)
+    return;
+  display->wmp()->ControlsStop();
+  display->wmp()->Close();
 }
 
 void PresentationFlow::editarSelecionado() { m_agenda.EditSelected(); }

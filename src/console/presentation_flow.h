@@ -1,6 +1,7 @@
 #pragma once
 
 #include "console/agenda_desk.h"
+#include "console/bible_loader.h"
 #include "console/console_context.h"
 #include "console/presentation.h"
 #include "console/song_loader.h"
@@ -11,12 +12,15 @@ namespace tolmira {
 // The show event with its dispatch by kind.
 class PresentationFlow : public Presentation {
 public:
-  PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, ThemeControl &temas);
+  PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, BibleLoader &leitura,
+                   ThemeControl &temas);
 
   void ShowEntry(int kind, int index, const QString &caption, const QString &name) override;
   void PorNaLista(const QString &label, int kind, const QString &target, QString &message) override;
   void exibirAgora(const QString &name) override;
   void exibirSelecinado() override;
+  void exibirPassagem(const QString &reference) override;
+  void cancelaWMP() override;
   void editarSelecionado() override;
   void removerSelecionadodaLista() override;
   void RemoveFromAgendas(int kind, const QString &name) override;
@@ -28,6 +32,7 @@ private:
   ConsoleContext &m_console;
   AgendaDesk &m_agenda;
   SongLoader &m_loader;
+  BibleLoader &m_leitura;
   ThemeControl &m_temas;
 };
 

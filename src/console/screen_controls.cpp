@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "console/bible_loader.h"
 #include "console/page_zoom.h"
 #include "console/song_loader.h"
 #include "foundation/text_fields.h"
@@ -13,6 +14,7 @@ namespace {
 
 const QString Config = QStringLiteral("Config");
 constexpr int PrimeiroAnimado = 7; // style of songs
+constexpr int AjusteNeutro = 15;   // the value of sliderFontSizeAjust that leaves the fitted size as it is
 
 struct EstadoDaTela {
   QString legenda;
@@ -32,7 +34,8 @@ const EstadoDaTela &Estado(int index) {
 
 } // namespace
 
-ScreenControls::ScreenControls(ConsoleContext &console, SongLoader &loader) : m_console(console), m_loader(loader) {}
+ScreenControls::ScreenControls(ConsoleContext &console, SongLoader &loader, BibleLoader &leitura)
+    : m_console(console), m_loader(loader), m_leitura(leitura) {}
 
 QString ScreenControls::LegendaDoEstado(int index) { return Estado(index).legenda; }
 QString ScreenControls::DicaDoEstado(int index) { return Estado(index).dica; }
@@ -123,6 +126,45 @@ void ScreenControls::SliderExLouvor(int value) {
     m_console.view->FocusStrip();
 }
 
+void ScreenControls::SliderExBiblia(int value) {
+  value = std::clamp(value, 0, UltimoEstiloBiblia);
+  if (value == m_console.ajustes.EstiloBiblia)
+    return;
+  m_console.ajustes.EstiloBiblia = value;
+  m_console.store.WriteConfig(Config, QStringLiteral("estiloBiblia"), QString::number(value));
+  m_leitura.RecarregaVersiculo(true);
+}
+
+void ScreenControls::slider2(int value) {
+  value = std::clamp(value, 0, 10);
+  if (value == m_console.ajustes.SombraVerso)
+    return;
+  m_console.ajustes.SombraVerso = value;
+  m_leitura.RecarregaVersiculo(true);
+}
+
+void ScreenControls::slider2Solto() {
+  m_console.store.WriteConfig(Config, QStringLiteral("SombraVerso"), QString::number(m_console.ajustes.SombraVerso));
+}
+
+void ScreenControls::sliderFontSizeAjust(int value) {
+  value = std::clamp(value, 0, MaiorAjusteBiblia);
+  m_console.ajustes.EscalaBiblia = value - AjusteNeutro + 100;
+  m_console.store.WriteConfig(Config, QStringLiteral("FontSizeAjusts"), QString::number(value));
+  m_leitura.RecarregaVersiculo(true);
+}
+
+void ScreenControls::sliderZoomBiblia(int percent) {
+  m_console.store.WriteConfig(Config, QStringLiteral("ZoomAjustBiblia"), QString::number(percent));
+  if (m_console.estado.TipoAtual == u"Bíblia")
+    ApplyZoom(m_console);
+}
+
+void ScreenControls::Image5(int alinhamento) {
+  m_console.ajustes.AlinhamentoBiblia = std::clamp(alinhamento, 0, 2);
+  m_leitura.RecarregaVersiculo(true);
+}
+
 void ScreenControls::LeAjustes() {
   const auto text = [&](const QString &key, const QString &fallback) {
     return m_console.store.ReadConfig(Config, key, fallback);
@@ -133,11 +175,12 @@ void ScreenControls::LeAjustes() {
   };
   AjustesTexto &ajustes = m_console.ajustes;
   ajustes.TransparenciaFaixa = QString::number(number(QStringLiteral("Transparencia_Faixa"), 7, 0, 10));
-  ajustes.EscalaBiblia = number(QStringLiteral("FontSizeAjusts"), 15, 0, 100) - 15 + 100;
-  ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 100);
+  ajustes.EscalaBiblia =
+      number(QStringLiteral("FontSizeAjusts"), AjusteNeutro, 0, MaiorAjusteBiblia) - AjusteNeutro + 100;
+  ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);
   ajustes.EstiloLouvor = number(QStringLiteral("estiloLouvor"), 4, 0, UltimoEstilo);
   ajustes.AlinhamentoVertical = text(QStringLiteral("VerticalAlign"), QStringLiteral("center"));
-  ajustes.EstiloBiblia = number(QStringLiteral("estiloBiblia"), 1, 0, 100);
+  ajustes.EstiloBiblia = number(QStringLiteral("estiloBiblia"), 1, 0, UltimoEstiloBiblia);
   ajustes.FontSizeClass = number(QStringLiteral("ComboFontSize"), 1, 0, 2);
 }
 

@@ -20,10 +20,6 @@ constexpr double AlturaDoQuadro = 0.72;
 constexpr double LarguraDaFaixa = 0.72;
 constexpr double FatorFonteGrande = 1.2;
 
-bool PaginaDeTexto(const QString &pagina) {
-  return pagina == u"backcolor.html" || pagina == u"imagem.html" || pagina == u"video.html";
-}
-
 // CarregaEstrofes cuts at blank lines, where a verse without text would vanish. Empty pieces take its place, so that
 // verse n stays element n - 1.
 QStringList TextoDasEstrofes(const PaginatedSong &paged) {
@@ -80,7 +76,7 @@ void SongLoader::CarregaLouvor(const QString &path, bool applyTheme, bool show) 
   m_console.faixa.Label1Visible = true;
 
   if (show) {
-    if (PaginaDeTexto(estado.PaginaAtual) && !estado.FundoPreso && !firstItem && !newTheme) {
+    if (estado.PaginaDeTexto() && !estado.FundoPreso && !firstItem && !newTheme) {
       m_console.EnviaTamanhoDaFonte();
       m_console.ChamaPaginas(QStringLiteral("UpdateTextHtml"), QStringLiteral("nada"));
     } else {
@@ -93,18 +89,18 @@ void SongLoader::CarregaLouvor(const QString &path, bool applyTheme, bool show) 
 
 void SongLoader::PreparaTexto(const QString &path) {
   EstadoConsole &estado = m_console.estado;
-  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
-  estado.TelaLarga = tela.height() <= 0 || static_cast<double>(tela.width()) / tela.height() > 1.34;
-  estado.FonteTexto = estado.TemaAtual.Font_Name.isEmpty() ? QStringLiteral("Arial") : estado.TemaAtual.Font_Name;
+  m_console.AjustaEstado();
 
   const PreparedSong song = PrepareSongText(m_console.app, path, estado.TemaAtual.Maiusculas);
   estado.ArquivoAtual = path;
   estado.TituloAtual = song.fileName;
   estado.ReferenciaAtual.clear();
+  estado.TextoBiblia.clear();
   estado.DefineTipo(song.tipo == TipoLouvor::Harpa ? QStringLiteral("Harpa") : QStringLiteral("Louvor"));
   estado.TextoMaiusculo = song.maiusculo;
   m_console.painel.Picture4Visible = true;
   m_console.painel.Picture7Visible = false;
+  m_console.painel.biblia.Visible = false;
   m_console.painel.MensagemTira =
       song.text.trimmed().isEmpty() ? QStringLiteral("There is no text in this file.") : QString();
 
@@ -135,7 +131,7 @@ void SongLoader::AjustaTamanhos(const QString &texto) {
   FaixaTexto &faixa = m_console.faixa;
   const AjustesTexto &ajustes = m_console.ajustes;
 
-  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
+  const QSize tela = m_console.TelaPx();
   const double base = TamanhoBase(texto,
                                   {tela, estado.FonteTexto, true, ajustes.FontSizeClass, ajustes.EstiloLouvor,
                                    ajustes.AlinhamentoVertical == u"center"},
@@ -154,7 +150,7 @@ double SongLoader::FonteDisplay() const {
   if (size > 0)
     return size;
   // Before the first item: the size of the class on this projection.
-  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
+  const QSize tela = m_console.TelaPx();
   const AjustesTexto &ajustes = m_console.ajustes;
   return TamanhoBase(QString(),
                      {tela, m_console.estado.TemaAtual.Font_Name, true, ajustes.FontSizeClass, ajustes.EstiloLouvor,
@@ -189,7 +185,7 @@ void SongLoader::RecarregaMusica(bool send) {
 
 void SongLoader::PaginaVoltou() {
   EstadoConsole &estado = m_console.estado;
-  if (!PaginaDeTexto(estado.PaginaAtual))
+  if (!estado.PaginaDeTexto())
     return;
   const bool oculto = estado.EstadoTela == u"OcultarTexto";
   m_console.ChamaPaginas(QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),
@@ -203,7 +199,7 @@ void SongLoader::PaginaVoltou() {
 
 void SongLoader::AjustaQuadro() {
   FaixaTexto &faixa = m_console.faixa;
-  const QSize tela = m_console.telao() ? m_console.telao()->SizePx() : QSize(1280, 720);
+  const QSize tela = m_console.TelaPx();
   const double proporcao = tela.width() > 0 ? static_cast<double>(tela.height()) / tela.width() : 0.5625;
   faixa.FrameHeight = static_cast<int>(std::min(faixa.PainelLargura * proporcao, faixa.PainelAltura * AlturaDoQuadro));
   faixa.FrameWidth = faixa.PainelLargura;

@@ -18,15 +18,17 @@ int ReadNumber(const Registro &registro, const QString &name, int fallback, int 
 } // namespace
 
 ConsoleStartup::ConsoleStartup(ConsoleContext &console, AgendaDesk &agenda, ThemeControl &temas, ThemeStore &loja,
-                               ScreenControls &controles, SongLoader &loader, const MonitorSource &monitores,
-                               Janelas janelas)
+                               ScreenControls &controles, SongLoader &loader, BibleLoader &leitura,
+                               const MonitorSource &monitores, Janelas janelas)
     : m_console(console), m_agenda(agenda), m_temas(temas), m_loja(loja), m_controles(controles), m_loader(loader),
-      m_monitores(monitores), m_janelas(std::move(janelas)) {
+      m_leitura(leitura), m_monitores(monitores), m_janelas(std::move(janelas)) {
   m_timerTerminaLoad = console.clock.NewTimer([this] { TimerTerminaLoad(); });
 }
 
 void ConsoleStartup::Load() {
   EstadoConsole &estado = m_console.estado;
+  m_leitura.CarregaVersoes();
+  m_leitura.CarregaLegenda();
   m_janelas.CarregaFontes();
   m_controles.LeAjustes();
   m_placa = PosicionarFrmQuendar(m_monitores, m_console.prompt);
@@ -51,12 +53,14 @@ void ConsoleStartup::carregaInicio() {
   m_loja.LoadTemas(0);
   m_janelas.CarregaTiles();
   m_loader.AjustaQuadro();
+  m_leitura.MostraVersao();
   m_temas.CarregaEscolhas(registro);
   AjustesTexto &ajustes = m_console.ajustes;
   ajustes.Alinhamento = ReadNumber(registro, QStringLiteral("Alinhamento"), 2, 0, 2);
   ajustes.AlinhamentoBiblia = ReadNumber(registro, QStringLiteral("AlinhamentoBiblia"), 0, 0, 2);
   ajustes.FonteGrande = ReadNumber(registro, QStringLiteral("FonteGrande"), 1, 1, 2) == 2;
   m_console.faixa.Alinhamento = ajustes.Alinhamento;
+  m_console.painel.biblia.Alinhamento = ajustes.AlinhamentoBiblia;
   m_console.Atualiza();
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "console/agenda_desk.h"
+#include "console/bible_loader.h"
 #include "console/monitors.h"
 #include "console/page_zoom.h"
 #include "console/screen_controls.h"
@@ -28,7 +29,8 @@ public:
   };
 
   ConsoleStartup(ConsoleContext &console, AgendaDesk &agenda, ThemeControl &temas, ThemeStore &loja,
-                 ScreenControls &controles, SongLoader &loader, const MonitorSource &monitores, Janelas janelas);
+                 ScreenControls &controles, SongLoader &loader, BibleLoader &leitura, const MonitorSource &monitores,
+                 Janelas janelas);
 
   void Load();              // the console's load event
   void carregaInicio();
@@ -44,6 +46,7 @@ private:
   ThemeStore &m_loja;
   ScreenControls &m_controles;
   SongLoader &m_loader;
+  BibleLoader &m_leitura;
   const MonitorSource &m_monitores;
   Janelas m_janelas;
   std::unique_ptr<PeriodicTimer> m_timerTerminaLoad;

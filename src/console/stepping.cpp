@@ -242,6 +242,11 @@ void VerseStepper::MouseUp_Finaliza(bool force, bool noSend) {
   EstadoConsole &estado = m_console.estado;
   if (!force && !estado.EnviarAoTelao)
     return;
+  if (estado.TipoAtual == u"Bíblia") {
+    if (!noSend)
+      FinalizaBiblia(false);
+    return;
+  }
   if (fimdolabel() < m_console.faixa.FrameTop ||
       m_console.faixa.Label1Topo > m_console.faixa.FrameTop + m_console.faixa.FrameHeight)
     estado.UltimoTexto.clear();
@@ -253,10 +258,18 @@ void VerseStepper::MouseUp_Finaliza(bool force, bool noSend) {
   m_console.Atualiza(); // what is out has changed
 }
 
+// Without a yield: what the loader told the pages and the verse itself belong into one frame.
+void VerseStepper::FinalizaBiblia(bool soltouCtrl) {
+  if (EnviaVersiculo)
+    EnviaVersiculo(soltouCtrl);
+  m_console.Atualiza();
+}
+
 void VerseStepper::CtrlDown() {
   EstadoConsole &estado = m_console.estado;
   PainelConsole &painel = m_console.painel;
-  if (!m_console.faixa.Label1Visible || estado.EstadoTela != u"Normal")
+  const bool textShown = m_console.faixa.Label1Visible || painel.biblia.Visible;
+  if (!textShown || estado.EstadoTela != u"Normal")
     return;
   estado.EnviarAoTelao = false;
   painel.PicDica3 = true;
@@ -272,6 +285,11 @@ void VerseStepper::CtrlUp() {
   estado.EnviarAoTelao = estado.TelaPronta;
   m_console.painel.PicDica3 = false;
   m_console.Atualiza();
+  if (estado.TipoAtual == u"Bíblia") {
+    if (estado.EnviarAoTelao)
+      FinalizaBiblia(true);
+    return;
+  }
   // The strip left the frame while nothing was sent: the screen follows now.
   if (estado.ModoMovimento != u"Normal" && !estado.VersoHtmlAtual.isEmpty())
     LimpaTela(estado.ModoMovimento);

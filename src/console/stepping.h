@@ -6,10 +6,14 @@
 
 namespace tolmira {
 
-// Walking through a loaded song: arrow keys, the drag of the strip, the glide, and the moment of sending.
+// Walking through a loaded song: arrow keys, the drag of the strip, the glide, and the moment of sending, which is that of
+// Bible verses too.
 class VerseStepper {
 public:
   explicit VerseStepper(ConsoleContext &console);
+
+  // Sends the Bible verse on the console. `soltouCtrl`: because Ctrl was let go.
+  std::function<void(bool soltouCtrl)> EnviaVersiculo;
 
   void TeclaEstrofe(int delta); // +1 or -1
   void Label1MouseDown(int yTwips);  // y inside the strip
@@ -31,6 +35,7 @@ public:
 private:
   void TickMove();
   void LimpaTela(const QString &modo);
+  void FinalizaBiblia(bool soltouCtrl);
   int VersoNoQuadro() const;
   int VersoEm(int yTwips) const;
   int Destino(int index, bool fitPrevious) const;

@@ -41,13 +41,22 @@ void ThemeControl::aplicaTema(int n, bool &forcar) {
     ReapresentaTexto();
     forcar = true;
   } else {
+    if (AjustaVersiculo)
+      AjustaVersiculo();
     m_console.yielder.Yield(1);
   }
   const int posicao = estado.TipoAtual == u"Louvor" ? estado.EstrofeAtual - 1 : estado.EstrofeAtual;
-  m_console.paginas.MontaPagina(estado.TemaAtual, posicao, 0);
+  MontaPagina(posicao);
   m_imagem = 1;
   DefineTimerInterval();
   m_console.Atualiza();
+}
+
+// The builder sends a song again by itself, but of a Bible verse it only tells the preview.
+void ThemeControl::MontaPagina(int posicao) {
+  m_console.paginas.MontaPagina(m_console.estado.TemaAtual, posicao, 0);
+  if (ReenviaVersiculo)
+    ReenviaVersiculo();
 }
 
 bool ThemeControl::TrocaTema(int slot) {
@@ -133,7 +142,7 @@ void ThemeControl::ExibirImagem(const QString &path, bool fixed) {
   }
   if (fixed || estado.TemaAtual.Tipo != u"Imagem") {
     estado.TemaAtual.Tipo = QStringLiteral("Imagem");
-    m_console.paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
+    MontaPagina(estado.EstrofeAtual);
     return;
   }
   CallPageScript(m_console.previa(), QStringLiteral("GotoNextImage"));

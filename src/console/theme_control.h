@@ -40,9 +40,13 @@ public:
 
   // Presents the text on show again with the new theme, without building the page; set by the owner.
   std::function<void()> ReapresentaTexto;
+  // The same for a Bible verse, and what sends it again when the page has been built; set by their owner.
+  std::function<void()> AjustaVersiculo;
+  std::function<void()> ReenviaVersiculo;
 
 private:
   void AplicaTemaAtual();
+  void MontaPagina(int posicao);
   void TickTrocaImagem();
 
   ConsoleContext &m_console;

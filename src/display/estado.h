@@ -20,8 +20,10 @@ struct EstadoConsole {
   QString TipoAnterior; // written only when TipoAtual really changes
   QString ArquivoAtual; // full stored path of the song file
   QString TituloAtual;
-  QString ReferenciaAtual;
-  QString VersaoBiblia;
+  QString ReferenciaAtual; // book, chapter, ":" and verse
+  QString TextoBiblia;     // of that verse, without its number: Bible loader
+  QString VersaoBiblia;    // the translation that TextoBiblia is from, else the one in force: Bible loader
+  bool BibliaMudando = false; // a translation is being changed: Bible loader
   TabelaEstrofes Estrofes;
   int TotalEstrofes = 0;
   QStringList TextoEstrofes; // from 0: verse n is element n - 1, lines joined by "<br>"
@@ -41,8 +43,9 @@ struct EstadoConsole {
   // the projection
   QString EstadoTela = QStringLiteral("Normal"); // screen controls: "Normal", "OcultarTexto", "TelaPreta", "PadraoDeFundo", "Hide"
   QString PaginaAtual;     // page builder, presentation flow
-  QString VersoHtmlAtual;  // lyrics composer
+  QString VersoHtmlAtual;  // the composers
   QString VersoTextoAtual; // lyrics composer
+  QString VersoBibliaAtual; // Bible composer
   QString TextoLegenda;    // command handler
 
   // themes
@@ -60,6 +63,10 @@ struct EstadoConsole {
       TipoAnterior = TipoAtual;
       TipoAtual = tipo;
     }
+  }
+  // The page on the projection takes verses.
+  bool PaginaDeTexto() const {
+    return PaginaAtual == u"backcolor.html" || PaginaAtual == u"imagem.html" || PaginaAtual == u"video.html";
   }
   bool EhLetra() const { return TipoAtual == u"Louvor" || TipoAtual == u"Harpa"; }
 };

@@ -35,6 +35,8 @@ public:
   }
   void exibirAgora(const QString &) override {}
   void exibirSelecinado() override {}
+  void exibirPassagem(const QString &) override {}
+  void cancelaWMP() override {}
   void editarSelecionado() override {}
   void removerSelecionadodaLista() override {}
   void RemoveFromAgendas(int, const QString &) override {}

@@ -100,7 +100,6 @@ private slots:
   void refusals_data() {
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("message");
-    QTest::newRow("Bible") << 1 << QStringLiteral("Bible passages cannot be shown yet.");
     QTest::newRow("video") << 4 << QStringLiteral("Videos cannot be shown yet.");
     QTest::newRow("slides") << 5 << QStringLiteral("Slides cannot be shown yet.");
     QTest::newRow("show") << 6 << QStringLiteral("Slide shows cannot be shown yet.");

@@ -2,6 +2,7 @@
 
 #include "console/startup.h"
 #include "console_fixture.h"
+#include "support/small_bible.h"
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -66,6 +67,22 @@ private slots:
     QCOMPARE(Config(QStringLiteral("WV2_error")), QStringLiteral("1"));
     QCOMPARE(Registro(m_fixture->store).ReadValue(QStringLiteral("WebView2error"), QString()), QStringLiteral("1"));
     QVERIFY(Estado().TelaPronta);
+  }
+
+  void theBibleIsThereFromTheStart() {
+    SmallBible().Chapter(1, 1, {QStringLiteral("a")}).Write(m_fixture->folder.path(), QStringLiteral("KJV"));
+    m_fixture->Write(QStringLiteral("Data/Config.dat"), "[Config]\r\nestiloBiblia=5\r\nSombraVerso=3\r\n"
+                                                        "FontSizeAjusts=25\r\n[Legendas B\xED""blia]\r\n"
+                                                        "maiusculas=True\r\n");
+    const auto startup = Startup();
+    startup->Load();
+    QCOMPARE(Estado().VersaoBiblia, QStringLiteral("KJV"));
+    QCOMPARE(m_fixture->core.painel.LbVersao, QStringLiteral("Tradução: KJV"));
+    QCOMPARE(m_fixture->core.painel.LabelDicaBiblia, QStringLiteral("Tradução: KJV"));
+    QVERIFY(m_fixture->core.legendaBiblia.maiusculas);
+    QCOMPARE(m_fixture->core.ajustes.EstiloBiblia, 5);
+    QCOMPARE(m_fixture->core.ajustes.SombraVerso, 3);
+    QCOMPARE(m_fixture->core.ajustes.EscalaBiblia, 110.0);
   }
 
   void whatIsSavedComesBack() {
@@ -196,7 +213,7 @@ private:
     janelas.DescarregaJanelas = step("unload");
     ConsoleCore &core = m_fixture->core;
     m_startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                                 core.controles, core.loader, m_monitors, std::move(janelas));
+                                                 core.controles, core.loader, core.leitura, m_monitors, std::move(janelas));
     return m_startup.get();
   }
   EstadoConsole &Estado() { return m_fixture->core.estado; }

@@ -96,11 +96,12 @@ bool ConsoleKeys::KeyPressed(const QKeyEvent &event) {
 
   QWidget *focus = QApplication::focusWidget();
   const bool onList = focus == m_list;
-  const bool stripShown = m_parts.console.faixa.Label1Visible;
+  const ConsoleContext &console = m_parts.console;
+  const bool textShown = console.faixa.Label1Visible || console.painel.biblia.Visible;
   const bool used = m_parts.teclas.KeyDown(key, ctrl, onList);
   const bool arrow = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
   if (used)
-    return stripShown || !arrow; // with no song loaded the arrows move in the list as well
+    return textShown || !arrow; // with no text loaded the arrows move in the list as well
   if (IsEnter(key) && !event.isAutoRepeat())
     if (auto *button = qobject_cast<QAbstractButton *>(focus); button && button->isEnabled()) {
       button->click();

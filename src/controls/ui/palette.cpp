@@ -134,6 +134,12 @@ QSlider::sub-page:horizontal:disabled { background: @faint; }
 QSlider::handle:horizontal:disabled { background: @faint; }
 
 QListView { background: transparent; color: @text; border: none; outline: 0; }
+QAbstractItemView[look="column"] { background: @panel; color: @text; border: 1px solid @line; border-radius: 6px;
+  padding: 4px; outline: 0; selection-background-color: @selection; selection-color: @text; }
+QAbstractItemView[look="column"]:focus { border-color: @accent; }
+QAbstractItemView[look="column"]::item { padding: 3px 6px; }
+QListView[look="column"]::item { border-radius: 4px; }
+QAbstractItemView[look="column"]::item:selected { background: @selection; color: @text; }
 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
 QScrollBar::handle:vertical { background: @line; border-radius: 4px; min-height: 28px; margin: 1px; }
 QScrollBar::handle:vertical:hover { background: @faint; }

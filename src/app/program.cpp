@@ -9,6 +9,7 @@
 #include "app/control_server.h"
 #include "app/program_folder.h"
 #include "app/single_instance.h"
+#include "bible/ui/bible_windows.h"
 #include "console/FrmMonitor.h"
 #include "console/console_core.h"
 #include "console/page_zoom.h"
@@ -19,6 +20,7 @@
 #include "display/ui/page_profile.h"
 #include "display/ui/web_page_host.h"
 #include "foundation/real_seams.h"
+#include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
 
 namespace tolmira {
@@ -32,7 +34,7 @@ constexpr int EsperaDasTelas = 300; // ms: a changed desktop announces its scree
 struct Program::Impl {
   explicit Impl(const CommandLine &commandLine)
       : line(commandLine), app(ChooseProgramFolder(commandLine.app, QCoreApplication::applicationDirPath())),
-        store(app), instance(app), prompt(boxes, events),
+        store(app), instance(app), prompt(boxes, events), positions(store, yielder),
         core(ConsoleDoors{app, store, clock, random, yielder, prompt, measure,
                           [this]() -> Display * { return quendar.get(); },
                           [this] { return PageNamed(QStringLiteral("preview")); }}) {
@@ -61,6 +63,7 @@ struct Program::Impl {
   LoopYielder yielder;
   FontTextMeasure measure;
   QtMonitors monitors;
+  FormPositions positions;
   QTimer screenTimer;
   bool noProjetor = false; // the projection stands, or last stood, on a monitor of its own
 
@@ -69,6 +72,7 @@ struct Program::Impl {
   bool leaving = false; // closed from outside before the console stood
   PageProfile profile;
   std::unique_ptr<FrmMonitor> console;
+  std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ConsoleStartup> startup;
   std::unique_ptr<ControlServer> control;
@@ -85,12 +89,16 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
 void Program::Impl::MakeWindows() {
   profile = NewPageProfile();
 
-  console = std::make_unique<FrmMonitor>(
-      ConsoleParts{core.contexto, core.agenda, core.stepper, core.loader, core.temaControle, core.loja,
-                   core.controles, core.flow, core.teclas},
-      profile);
+  console = std::make_unique<FrmMonitor>(ConsoleParts::Of(core), profile);
   console->PicWV()->AddObserver(&events);
   console->PicWV()->OnRecovered = [this] { core.PaginaVoltou(); };
+  positions.SetConsole(console.get());
+  bible = std::make_unique<BibleWindows>(
+      BibleDoors{core.lojaBiblia, store, core.flow, positions, clock, console.get(), [this] {
+                   return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString();
+                 }});
+  core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
+  console->SetWindows({[this] { bible->OpenAdd(); }, [this] { bible->OpenBrowser(); }, [this] { bible->OpenSearch(); }});
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -214,6 +222,8 @@ Program::~Program() {
   // Pages end before the profile they share, and before the application object.
   m_impl->control.reset();
   m_impl->quendar.reset();
+  m_impl->core.flow.FechaAddBiblia = nullptr;
+  m_impl->bible.reset();
   m_impl->console.reset();
 }
 

@@ -4,13 +4,16 @@
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
 #include "console/monitors.h"
 #include "console/ui/add_bar.h"
+#include "bible/ui/reference_box.h"
 #include "console/ui/agenda_panel.h"
+#include "console/ui/bible_settings.h"
 #include "console/ui/console_keys.h"
 #include "console/ui/console_menus.h"
 #include "console/ui/effects_panel.h"
@@ -43,10 +46,14 @@ struct FrmMonitor::Impl {
   AgendaPanel *agenda = nullptr;
   StripPanel *strip = nullptr;
   TextSettings *settings = nullptr;
+  BibleSettings *bibleSettings = nullptr;
+  QStackedWidget *settingsPlace = nullptr;
   PreviewBox *preview = nullptr;
   ScreenPanel *screen = nullptr;
   ThemesPanel *themes = nullptr;
   EffectsPanel *effects = nullptr;
+  AddBar *addBar = nullptr;
+  Windows windows;
   ConsoleKeys *keys = nullptr;
   bool fillsWorkArea = false;
   QRect filled; // the rectangle that filled it, without the frame
@@ -79,14 +86,21 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.strip = new StripPanel(parts, body);
   d.settings = new TextSettings(parts, body);
   middle->addWidget(d.strip, 1);
-  middle->addWidget(d.settings);
+  // One place for both, as high as the higher one: nothing moves when a song follows a passage.
+  d.bibleSettings = new BibleSettings(parts, body);
+  d.settingsPlace = new QStackedWidget(body);
+  d.settingsPlace->addWidget(d.settings);
+  d.settingsPlace->addWidget(d.bibleSettings);
+  d.settingsPlace->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  middle->addWidget(d.settingsPlace);
   desk->addLayout(middle, PartesDaMesa[1]);
   d.preview = new PreviewBox(std::move(perfil), body);
   d.screen = new ScreenPanel(parts, d.preview, body);
   desk->addWidget(d.screen, PartesDaMesa[2]);
   rows->addLayout(desk, 1);
 
-  rows->addWidget(new AddBar(body));
+  d.addBar = new AddBar(body);
+  rows->addWidget(d.addBar);
 
   auto *lower = new QHBoxLayout;
   lower->setSpacing(2 * medidas::Margin);
@@ -116,8 +130,24 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   };
   ways.choose = [&d](int delta) { d.agenda->SelectNeighbour(delta); };
   ways.move = [&d](int delta) { d.agenda->MoveSelected(delta); };
+  ways.toReference = [&d, go] {
+    go(d.screen->Text2());
+    d.screen->Text2()->selectAll();
+  };
+  const auto open = [](const std::function<void()> &window) {
+    if (window)
+      window();
+  };
+  ways.addBible = [&d, open] { open(d.windows.addBible); };
+  ways.browseBible = [&d, open] { open(d.windows.browseBible); };
+  ways.searchBible = [&d, open] { open(d.windows.searchBible); };
   d.menus = new ConsoleMenus(parts, std::move(ways), this);
   setMenuBar(d.menus);
+  d.screen->SetVersionMenu(d.menus->Versoes());
+  d.addBar->SetWindow(1, tr("Adds a Bible passage to the agenda, or shows one"),
+                      [&d, open] { open(d.windows.addBible); });
+  parts.teclas.Image9 = [&d] { d.screen->Image9(); };
+  parts.teclas.AddBar = [&d](int index) { d.addBar->Press(index); };
 
   d.keys = new ConsoleKeys(parts, this, d.agenda->Lista());
   parts.console.view = this;
@@ -128,9 +158,13 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
 }
 
 FrmMonitor::~FrmMonitor() {
+  m_impl->parts.teclas.Image9 = nullptr;
+  m_impl->parts.teclas.AddBar = nullptr;
   if (m_impl->parts.console.view == this)
     m_impl->parts.console.view = nullptr;
 }
+
+void FrmMonitor::SetWindows(Windows windows) { m_impl->windows = std::move(windows); }
 
 void FrmMonitor::CarregaFontes() { m_impl->effects->CarregaFontes(); }
 void FrmMonitor::DefineTelao(const QSize &pixels) { m_impl->preview->DefineMonitor(pixels); }
@@ -197,6 +231,9 @@ void FrmMonitor::Atualiza() {
   d.agenda->Atualiza();
   d.strip->Atualiza();
   d.settings->Atualiza();
+  d.bibleSettings->Atualiza();
+  d.settingsPlace->setCurrentWidget(d.parts.console.painel.Picture7Visible ? static_cast<QWidget *>(d.bibleSettings)
+                                                                           : d.settings);
   d.screen->Atualiza();
   d.themes->Atualiza();
   d.menus->Atualiza();

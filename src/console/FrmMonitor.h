@@ -27,6 +27,14 @@ public:
 
   std::function<void()> AoFechar; // the window was closed; the program ends
 
+  // The windows behind the console's buttons, menus and keys.
+  struct Windows {
+    std::function<void()> addBible;
+    std::function<void()> browseBible;
+    std::function<void()> searchBible;
+  };
+  void SetWindows(Windows windows);
+
   // What the start needs of the window, in the order of its steps.
   void CarregaFontes();
   void DefineTelao(const QSize &pixels); // the projection's size, for the preview's aspect

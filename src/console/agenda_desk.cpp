@@ -101,6 +101,8 @@ bool AgendaDesk::Grava(int n, ListTarefas &lista) {
   return m_files.Salva(n, lista);
 }
 
+bool AgendaDesk::NadaNaTira() const { return !m_faixa.Label1Visible && !m_painel.biblia.Visible; }
+
 void AgendaDesk::SelectTab(int n) {
   if (n == 0)
     n = 1;
@@ -112,10 +114,10 @@ void AgendaDesk::SelectTab(int n) {
   carregaListTarefas(n);
 
   m_painel.PicDicaAgenda = false;
-  m_painel.PicAviso2 = !m_faixa.Label1Visible;
+  m_painel.PicAviso2 = NadaNaTira();
   if (m_lista.ListCount() == 0) {
     m_painel.PicAviso2 = false;
-    m_painel.PicDicaAgenda = !m_faixa.Label1Visible;
+    m_painel.PicDicaAgenda = NadaNaTira();
     m_painel.LbDicaAgenda = DicaDaAgenda(n);
   }
   if (m_view) {
@@ -151,7 +153,7 @@ void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &
   message = QStringLiteral("Adicionado com sucesso em '") + title + u'\'';
   salvaListTarefas(m_estado.ActiveAgenda);
   m_painel.PicDicaAgenda = false;
-  m_painel.PicAviso2 = !m_faixa.Label1Visible;
+  m_painel.PicAviso2 = NadaNaTira();
   if (m_view) {
     m_view->AgendaChanged();
     m_view->Atualiza();

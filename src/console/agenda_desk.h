@@ -51,6 +51,7 @@ public:
 
 private:
   QString DicaDaAgenda(int n) const;
+  bool NadaNaTira() const; // the console holds no text
   bool Grava(int n, ListTarefas &lista);
 
   AppFolder m_app;

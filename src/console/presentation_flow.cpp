@@ -29,6 +29,12 @@ PresentationFlow::PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, 
 
 void PresentationFlow::ShowEntry(int kind, int index, const QString &caption, const QString &name) {
   Q_UNUSED(index);
+  if (FechaAddBiblia)
+    FechaAddBiblia();
+  Mostra(kind, caption, name);
+}
+
+void PresentationFlow::Mostra(int kind, const QString &caption, const QString &name) {
   EstadoConsole &estado = m_console.estado;
   PainelConsole &painel = m_console.painel;
 
@@ -78,7 +84,7 @@ void PresentationFlow::exibirPassagem(const QString &reference) {
   m_console.painel.PicAviso2 = false;
   m_console.Atualiza();
   m_console.yielder.Yield(1);
-  ShowEntry(1, 0, reference, reference);
+  Mostra(1, reference, reference);
 }
 
 void PresentationFlow::cancelaWMP() {

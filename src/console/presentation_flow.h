@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "console/agenda_desk.h"
 #include "console/bible_loader.h"
 #include "console/console_context.h"
@@ -28,7 +30,11 @@ public:
   void ProcessaEditar(const QString &oldName, const QString &newName) override;
   void ProcessaEditarSlide(const QString &oldName, const QString &newName) override;
 
+  std::function<void()> FechaAddBiblia; // closes the Bible's add dialog; empty while there is none
+
 private:
+  void Mostra(int kind, const QString &caption, const QString &name);
+
   ConsoleContext &m_console;
   AgendaDesk &m_agenda;
   SongLoader &m_loader;

@@ -154,6 +154,10 @@ void ScreenControls::sliderFontSizeAjust(int value) {
   m_leitura.RecarregaVersiculo(true);
 }
 
+int ScreenControls::ValorDeEscala(double escalaBiblia) {
+  return static_cast<int>(escalaBiblia) - 100 + AjusteNeutro;
+}
+
 void ScreenControls::sliderZoomBiblia(int percent) {
   m_console.store.WriteConfig(Config, QStringLiteral("ZoomAjustBiblia"), QString::number(percent));
   if (m_console.estado.TipoAtual == u"Bíblia")

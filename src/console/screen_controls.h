@@ -29,6 +29,7 @@ public:
   static constexpr int UltimoEstilo = 8;
   static constexpr int UltimoEstiloBiblia = 6;
   static constexpr int MaiorAjusteBiblia = 100; // of sliderFontSizeAjust
+  static int ValorDeEscala(double escalaBiblia); // where sliderFontSizeAjust stands for that scale
 
 private:
   ConsoleContext &m_console;

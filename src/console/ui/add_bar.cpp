@@ -21,7 +21,8 @@ AddBar::AddBar(QWidget *parent) : QWidget(parent) {
   int index = 0;
   for (const Face &face : faces) {
     auto *button = new FlatButton(face.caption, this);
-    button->setObjectName(QStringLiteral("BarraAdicionar%1").arg(index++));
+    button->setObjectName(QStringLiteral("BarraAdicionar%1").arg(index));
+    m_buttons[static_cast<size_t>(index++)] = button;
     button->setIcon(DeskIcon(QLatin1String(face.drawing)));
     button->setIconSize({medidas::Icon, medidas::Icon});
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -33,5 +34,14 @@ AddBar::AddBar(QWidget *parent) : QWidget(parent) {
     row->addWidget(button, 1);
   }
 }
+
+void AddBar::SetWindow(int index, const QString &tip, std::function<void()> open) {
+  FlatButton *button = m_buttons.at(static_cast<size_t>(index));
+  button->setEnabled(true);
+  button->setToolTip(tip);
+  connect(button, &FlatButton::clicked, this, std::move(open));
+}
+
+void AddBar::Press(int index) { m_buttons.at(static_cast<size_t>(index))->click(); }
 
 } // namespace tolmira

@@ -2,6 +2,9 @@
 
 #include <QWidget>
 
+#include <array>
+#include <functional>
+
 #include "controls/ui/flat_button.h"
 
 namespace tolmira {
@@ -12,6 +15,13 @@ class AddBar : public QWidget {
 
 public:
   explicit AddBar(QWidget *parent);
+
+  // Buttons have no window behind them until they are given one.
+  void SetWindow(int index, const QString &tip, std::function<void()> open);
+  void Press(int index); // nothing where there is no window
+
+private:
+  std::array<FlatButton *, 8> m_buttons{};
 };
 
 } // namespace tolmira

@@ -64,6 +64,12 @@ bool ConsoleKeys::eventFilter(QObject *watched, QEvent *event) {
   }
 
   auto *receiver = qobject_cast<QWidget *>(watched);
+  // Wherever it is let go: a menu that the key opened takes its release.
+  if (event->type() == QEvent::KeyRelease && receiver && receiver->window() != m_window) {
+    const auto *released = static_cast<QKeyEvent *>(event);
+    if (released->key() == Qt::Key_Control && !released->isAutoRepeat())
+      ReleaseCtrl();
+  }
   if (!receiver || (receiver->window() != m_window && !m_others.contains(receiver->window())))
     return false;
   const auto *key = static_cast<QKeyEvent *>(event);

@@ -17,6 +17,7 @@ ConsoleMenus::ConsoleMenus(ConsoleParts parts, Ways ways, QWidget *parent)
   MakeFile();
   MakeActions();
   MakeScreen();
+  MakeBible();
   MakeGo();
   MakeHelp();
   MakeCorner();
@@ -68,6 +69,45 @@ void ConsoleMenus::MakeScreen() {
       Atualiza(); // a state that was refused must not stay ticked
     });
   }
+}
+
+void ConsoleMenus::MakeBible() {
+  QMenu *menu = Menu("MnBiblia", tr("&Bible"));
+  m_mnIb = menu->addMenu(tr("&Version"));
+  m_mnIb->setObjectName(QStringLiteral("mn_ib"));
+  m_mnIb->setToolTipsVisible(true);
+  menu->addSeparator();
+  const auto entry = [this, menu](const QString &text, const QKeySequence &key, const std::function<void()> &way) {
+    QAction *action = menu->addAction(text, this, way);
+    action->setShortcut(key);
+    action->setAutoRepeat(false);
+  };
+  entry(tr("&Type a reference"), QKeySequence(Qt::Key_F10), [this] { m_ways.toReference(); });
+  entry(tr("&Add a passage to the agenda…"), {}, [this] { m_ways.addBible(); });
+  entry(tr("&Browse…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [this] { m_ways.browseBible(); });
+  entry(tr("&Search by words…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { m_ways.searchBible(); });
+  FillVersions();
+}
+
+void ConsoleMenus::FillVersions() {
+  m_legendas.clear();
+  m_mnIb->clear();
+  delete m_versoes;
+  m_versoes = new QActionGroup(this);
+  for (const BibleVersion &version : m_parts.biblia.Versoes()) {
+    m_legendas.append(version.legenda);
+    const int index = static_cast<int>(m_legendas.size());
+    QString caption = version.legenda;
+    QAction *action = m_mnIb->addAction(caption.replace(u'&', QStringLiteral("&&")));
+    action->setObjectName(QStringLiteral("mn_ib%1").arg(index));
+    action->setCheckable(true);
+    m_versoes->addAction(action);
+    connect(action, &QAction::triggered, this, [this, index] {
+      m_parts.leitura.TrocaVersao(index);
+      Atualiza(); // the tick goes by what came of it
+    });
+  }
+  Later(m_mnIb, QStringLiteral("Search versions"));
 }
 
 void ConsoleMenus::MakeGo() {
@@ -139,6 +179,16 @@ void ConsoleMenus::Atualiza() {
   const int chosen = m_parts.console.painel.LBTelaMarcado;
   if (chosen >= 0 && chosen < states.size())
     states[chosen]->setChecked(true);
+
+  QStringList captions;
+  for (const BibleVersion &version : m_parts.biblia.Versoes())
+    captions.append(version.legenda);
+  if (captions != m_legendas)
+    FillVersions();
+  const QList<QAction *> versions = m_versoes->actions();
+  const int version = m_parts.biblia.BibliaAtual() - 1;
+  if (version >= 0 && version < versions.size())
+    versions[version]->setChecked(true);
 }
 
 } // namespace tolmira

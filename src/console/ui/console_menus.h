@@ -25,6 +25,10 @@ public:
     std::function<void()> toStrip;
     std::function<void()> toScreenStates;
     std::function<void()> toThemes;
+    std::function<void()> toReference; // the quick box
+    std::function<void()> addBible;
+    std::function<void()> browseBible;
+    std::function<void()> searchBible;
     std::function<void(int delta)> choose; // the next or previous entry of the agenda
     std::function<void(int delta)> move;   // the chosen entry inside its group
   };
@@ -32,11 +36,14 @@ public:
   ConsoleMenus(ConsoleParts parts, Ways ways, QWidget *parent);
   void Atualiza();
   void SetMaximised(bool maximised);
+  QMenu *Versoes() { return m_mnIb; } // mn_ib: the Bible versions
 
 private:
   void MakeFile();
   void MakeActions();
   void MakeScreen();
+  void MakeBible();
+  void FillVersions();
   void MakeGo();
   void MakeHelp();
   void MakeCorner();
@@ -46,6 +53,9 @@ private:
   ConsoleParts m_parts;
   Ways m_ways;
   QActionGroup *m_states = nullptr;
+  QMenu *m_mnIb = nullptr;
+  QActionGroup *m_versoes = nullptr;
+  QStringList m_legendas; // of the versions that the menu was made for
   QPushButton *m_image3 = nullptr;
 };
 

@@ -15,10 +15,12 @@ struct ConsoleParts {
   ScreenControls &controles;
   PresentationFlow &fluxo;
   KeyTable &teclas;
+  BibleStore &biblia;
+  BibleLoader &leitura;
 
   static ConsoleParts Of(ConsoleCore &core) {
     return {core.contexto, core.agenda, core.stepper,   core.loader, core.temaControle,
-            core.loja,     core.controles, core.flow, core.teclas};
+            core.loja,     core.controles, core.flow,    core.teclas, core.lojaBiblia,  core.leitura};
   }
 };
 

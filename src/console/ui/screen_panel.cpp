@@ -1,10 +1,16 @@
 #include "console/ui/screen_panel.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
 #include <QVBoxLayout>
 
+#include "bible/reference_entry.h"
+#include "bible/ui/reference_box.h"
 #include "console/ui/preview_box.h"
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/state_button.h"
 
@@ -85,14 +91,60 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
   }
   column->addLayout(states, 5);
 
-  auto *reference = new QLineEdit(this);
-  reference->setObjectName(QStringLiteral("Text2"));
-  reference->setPlaceholderText(tr("Bible reference"));
-  reference->setAccessibleName(tr("Quick Bible reference"));
-  reference->setEnabled(false);
-  reference->setToolTip(AindaNao());
   column->addStretch(1);
-  column->addWidget(reference);
+  column->addWidget(MakeReferenceRow());
+}
+
+QWidget *ScreenPanel::MakeReferenceRow() {
+  auto *block = new QWidget(this);
+  auto *column = new QVBoxLayout(block);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(medidas::Step);
+  auto *row = new QHBoxLayout;
+  row->setSpacing(medidas::Gap);
+  m_text2 = new ReferenceBox(EntryPlace::Console, block);
+  m_text2->setObjectName(QStringLiteral("Text2"));
+  m_text2->setPlaceholderText(tr("Bible reference: joh 3 16"));
+  m_text2->setAccessibleName(tr("Quick Bible reference"));
+  m_text2->setToolTip(tr("A few letters of the book, chapter and verse; Enter shows the passage (F10 comes here)"));
+  row->addWidget(m_text2, 1);
+  m_image9 = new QPushButton(block);
+  m_image9->setObjectName(QStringLiteral("Image9"));
+  m_image9->setProperty("look", QStringLiteral("icon"));
+  m_image9->setIcon(DeskIcon(QLatin1String("bible")));
+  m_image9->setIconSize({medidas::Icon, medidas::Icon});
+  m_image9->setAccessibleName(tr("Bible version"));
+  m_image9->setToolTip(tr("Bible version (Ctrl+B)"));
+  row->addWidget(m_image9);
+  column->addLayout(row);
+  m_lbVersao = new ElidedLabel(block);
+  m_lbVersao->setObjectName(QStringLiteral("LbVersao"));
+  m_lbVersao->setProperty("look", QStringLiteral("quiet"));
+  column->addWidget(m_lbVersao);
+
+  connect(m_text2, &ReferenceBox::Submitted, this, [this] { SubmitReference(); });
+  connect(m_text2, &ReferenceBox::Left, this, [this] {
+    if (m_parts.console.view)
+      m_parts.console.view->FocusStrip();
+  });
+  connect(m_image9, &QPushButton::clicked, this, &ScreenPanel::Image9);
+  return block;
+}
+
+void ScreenPanel::SubmitReference() {
+  QString reference = NormalizeReference(m_text2->text());
+  if (m_parts.biblia.GetVerse(reference).isEmpty())
+    return;
+  m_text2->clear();
+  m_parts.fluxo.exibirPassagem(reference);
+}
+
+void ScreenPanel::Image9() {
+  if (!m_mnIb)
+    return;
+  // Above the button, which stands near the window's lower half.
+  m_mnIb->popup(m_image9->mapToGlobal(QPoint(m_image9->width() - m_mnIb->sizeHint().width(), 0)) -
+                QPoint(0, m_mnIb->sizeHint().height()));
 }
 
 void ScreenPanel::resizeEvent(QResizeEvent *event) {
@@ -105,6 +157,7 @@ void ScreenPanel::Atualiza() {
   const Banner banner = BannerOf(m_parts.console.estado, m_parts.console.painel.SemProjetor);
   m_banner->setText(banner.text);
   SetLook(m_banner, "state", banner.state);
+  m_lbVersao->setText(m_parts.console.painel.LbVersao);
   for (int i = 0; i < 5; ++i)
     m_lbTela[static_cast<size_t>(i)]->setChecked(i == m_parts.console.painel.LBTelaMarcado);
 }

@@ -7,25 +7,39 @@
 #include "console/ui/console_parts.h"
 
 class QLabel;
+class QMenu;
+class QPushButton;
 
 namespace tolmira {
 
 class PreviewBox;
+class ReferenceBox;
 class StateButton;
 
-// What is out: the preview, the banner that can be read from across the room, and the five screen states.
+// What is out: the preview, the banner that can be read from across the room, and the five screen states. Under them the
+// quick box for Bible references, with the version that they are read from.
 class ScreenPanel : public QWidget {
   Q_OBJECT
 
 public:
   ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *parent);
   void Atualiza();
+  ReferenceBox *Text2() { return m_text2; }
+  void SetVersionMenu(QMenu *menu) { m_mnIb = menu; }
+  void Image9(); // opens the version menu
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
 
 private:
+  QWidget *MakeReferenceRow();
+  void SubmitReference();
+
   ConsoleParts m_parts;
+  ReferenceBox *m_text2 = nullptr;
+  QPushButton *m_image9 = nullptr;
+  QLabel *m_lbVersao = nullptr;
+  QMenu *m_mnIb = nullptr;
   QLabel *m_banner;
   std::array<StateButton *, 5> m_lbTela{};
 };

@@ -8,6 +8,7 @@
 #include "controls/ui/elided_label.h"
 #include "controls/ui/hint_label.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/passage_card.h"
 #include "controls/ui/text_strip.h"
 #include "display/page_builder.h"
 
@@ -39,7 +40,7 @@ Qt::Alignment AlignmentOf(int alinhamento) {
 } // namespace
 
 StripArea::StripArea(ConsoleParts parts, QWidget *parent)
-    : QFrame(parent), m_parts(parts), m_label1(new TextStrip(this)) {
+    : QFrame(parent), m_parts(parts), m_label1(new TextStrip(this)), m_passagem(new PassageCard(this)) {
   setObjectName(QStringLiteral("PicAbac2"));
   setAccessibleName(tr("Text of the item on show"));
   setProperty("look", QStringLiteral("panel"));
@@ -50,6 +51,9 @@ StripArea::StripArea(ConsoleParts parts, QWidget *parent)
   m_label1->setToolTip(tr("What stands in the frame is on show. Drag the text, or press an arrow key;\n"
                           "hold Ctrl to move it without showing anything."));
   m_label1->hide();
+  m_passagem->setObjectName(QStringLiteral("LabelBiblia"));
+  m_passagem->setAccessibleName(tr("Bible passage"));
+  m_passagem->hide();
   const auto twips = [](double px) { return static_cast<int>(px * Twips); };
   VerseStepper &stepper = m_parts.stepper;
   connect(m_label1, &TextStrip::Pressed, this, [this, twips, &stepper](double y) {
@@ -112,6 +116,7 @@ void StripArea::Atualiza() {
   m_label1->SetFrame(FrameRect());
   m_label1->setVisible(faixa.Label1Visible);
   MarkVerse();
+  ShowPassage();
   ShowHints();
   StripMoved();
   if (!faixa.Label1Visible)
@@ -133,6 +138,26 @@ void StripArea::MarkVerse() {
   }
   const Estrofe verso = spanOf(m_marcado);
   m_label1->SetMark(verso.Topo / Twips, verso.Base / Twips, QColor(StateColour(estado.EstadoTela)));
+}
+
+void StripArea::ShowPassage() {
+  const PainelConsole &painel = m_parts.console.painel;
+  const PainelBiblia &biblia = painel.biblia;
+  m_passagem->setVisible(biblia.Visible);
+  if (!biblia.Visible)
+    return;
+  PassageCard::Content content;
+  content.text = biblia.Texto;
+  content.reference = biblia.Referencia;
+  content.version = biblia.Versao;
+  // A tip of the moment takes the place of the standing one.
+  content.tip = painel.PicDica3 || !painel.MensagemTira.isEmpty() ? QString() : painel.LabelDicaBiblia;
+  content.alignment = AlignmentOf(biblia.Alinhamento);
+  content.mark = biblia.Adiante ? QColor(cores::Held) : QColor(StateColour(m_parts.console.estado.EstadoTela));
+  m_passagem->SetContent(content);
+  m_passagem->SetFrame(FrameRect());
+  if (const QString spoken = biblia.Referencia + u". " + biblia.Texto; m_passagem->accessibleDescription() != spoken)
+    m_passagem->setAccessibleDescription(spoken);
 }
 
 void StripArea::StripMoved() { m_label1->SetTop(m_parts.console.faixa.Label1Topo / Twips); }
@@ -174,7 +199,7 @@ void StripArea::ShowHints() {
 void StripArea::paintEvent(QPaintEvent *event) {
   QFrame::paintEvent(event);
   QPainter painter(this);
-  if (!m_label1->isVisible())
+  if (!m_label1->isVisible() && !m_passagem->isVisible())
     TextStrip::PaintFrame(painter, FrameRect());
   if (hasFocus()) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -186,6 +211,7 @@ void StripArea::paintEvent(QPaintEvent *event) {
 void StripArea::resizeEvent(QResizeEvent *event) {
   QFrame::resizeEvent(event);
   m_label1->setGeometry(rect().adjusted(1, 1, -1, -1));
+  m_passagem->setGeometry(m_label1->geometry());
   FaixaTexto &faixa = m_parts.console.faixa;
   faixa.PainelLargura = m_label1->width() * TwipsPerPixel;
   faixa.PainelAltura = m_label1->height() * TwipsPerPixel;

@@ -10,6 +10,7 @@ class QLabel;
 namespace tolmira {
 
 class HintLabel;
+class PassageCard;
 class TextStrip;
 
 // PicAbac2: the panel with the text strip and its frame. Tips lie over it and never move anything.
@@ -31,10 +32,12 @@ private:
   void MakeHints();
   void ShowHints();
   void MarkVerse();
+  void ShowPassage();
   QRectF FrameRect() const;
 
   ConsoleParts m_parts;
   TextStrip *m_label1;
+  PassageCard *m_passagem; // in place of the strip while a Bible passage is on show
   // In the middle of the panel while it holds no text.
   HintLabel *m_picAviso2;
   HintLabel *m_picDicaAgenda;

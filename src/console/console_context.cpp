@@ -7,7 +7,7 @@ namespace tolmira {
 void ConsoleContext::AjustaEstado() {
   const QSize tela = TelaPx();
   estado.TelaLarga = tela.height() <= 0 || static_cast<double>(tela.width()) / tela.height() > 1.34;
-  estado.FonteTexto = estado.TemaAtual.Font_Name.isEmpty() ? QStringLiteral("Arial") : estado.TemaAtual.Font_Name;
+  estado.FonteTexto = FonteDoTema();
 }
 
 void ConsoleContext::ChamaPaginas(const QString &nome, const QString &a1, const QString &a2, const QString &a3) {

@@ -38,6 +38,9 @@ struct ConsoleContext {
     const Display *display = telao();
     return display ? display->SizePx() : QSize(1280, 720);
   }
+  QString FonteDoTema() const {
+    return estado.TemaAtual.Font_Name.isEmpty() ? QStringLiteral("Arial") : estado.TemaAtual.Font_Name;
+  }
   // FonteTexto and TelaLarga, which every item takes from the theme and the projection when it is loaded.
   void AjustaEstado();
 

@@ -16,7 +16,7 @@ namespace {
 
 // The frame takes the projection's proportions, as wide as the panel lets it and never higher than this part of it. A
 // stanza that is as tall as the frame is split.
-constexpr double AlturaDoQuadro = 0.72;
+constexpr double ParteDoQuadro = 0.72;
 constexpr double LarguraDaFaixa = 0.72;
 constexpr double FatorFonteGrande = 1.2;
 
@@ -106,13 +106,12 @@ void SongLoader::PreparaTexto(const QString &path) {
 
   AjustaQuadro();
   QString texto = song.text;
-  AjustaTamanhos(texto);
+  const SongRoom sala = Sala(texto, m_console.ajustes);
+  AjustaTamanhos(sala);
 
   FaixaTexto &faixa = m_console.faixa;
   estado.PaginandoEstrofes = true;
-  const PaginatedSong paged =
-      PaginateVerses(texto, {faixa.Label1Fonte, static_cast<double>(faixa.Label1Largura) / TwipsPerPixel, faixa.FrameHeight},
-                     m_console.measure);
+  const PaginatedSong paged = PaginateVerses(texto, sala.pagina, m_console.measure);
   estado.Estrofes = paged.Estrofes;
   estado.TotalEstrofes = paged.TotalEstrofes;
   estado.TextoEstrofes = TextoDasEstrofes(paged);
@@ -122,27 +121,33 @@ void SongLoader::PreparaTexto(const QString &path) {
   m_referencia = {1, faixa.PainelLargura, faixa.FrameHeight};
 }
 
+int SongLoader::LarguraDaTira() const { return static_cast<int>(LarguraDisponivelPx() * TwipsPerPixel); }
+
 double SongLoader::LarguraDisponivelPx() const {
   return LarguraDaFaixa * m_console.faixa.PainelLargura / TwipsPerPixel;
 }
 
-void SongLoader::AjustaTamanhos(const QString &texto) {
-  EstadoConsole &estado = m_console.estado;
+SongRoom SongLoader::Sala(const QString &texto, const AjustesTexto &ajustes) const {
+  const QString fonte = m_console.FonteDoTema();
+  SongRoom sala;
+  sala.tamanhoBase = TamanhoBase(texto,
+                                 {m_console.TelaPx(), fonte, true, ajustes.FontSizeClass, ajustes.EstiloLouvor,
+                                  ajustes.AlinhamentoVertical == u"center"},
+                                 m_console.measure);
+  sala.pagina.font = {fonte, 14, true};
+  sala.pagina.font.sizePt = TamanhoLabel1(texto, sala.pagina.font, LarguraDisponivelPx(), m_console.measure) *
+                            (ajustes.FonteGrande ? FatorFonteGrande : 1.0);
+  sala.pagina.wrapWidthPx = LarguraDaTira() / static_cast<double>(TwipsPerPixel);
+  sala.pagina.limitTwips = AlturaDoQuadro();
+  return sala;
+}
+
+void SongLoader::AjustaTamanhos(const SongRoom &sala) {
   FaixaTexto &faixa = m_console.faixa;
-  const AjustesTexto &ajustes = m_console.ajustes;
-
-  const QSize tela = m_console.TelaPx();
-  const double base = TamanhoBase(texto,
-                                  {tela, estado.FonteTexto, true, ajustes.FontSizeClass, ajustes.EstiloLouvor,
-                                   ajustes.AlinhamentoVertical == u"center"},
-                                  m_console.measure);
-  estado.FonteTamanho = QString::number(RoundHalfEven(base));
-
-  faixa.Label1Largura = static_cast<int>(LarguraDisponivelPx() * TwipsPerPixel);
+  m_console.estado.FonteTamanho = QString::number(RoundHalfEven(sala.tamanhoBase));
+  faixa.Label1Largura = LarguraDaTira();
   faixa.Label1Esquerda = (faixa.PainelLargura - faixa.Label1Largura) / 2;
-  faixa.Label1Fonte = {estado.FonteTexto, 14, true};
-  faixa.Label1Fonte.sizePt = TamanhoLabel1(texto, faixa.Label1Fonte, LarguraDisponivelPx(), m_console.measure) *
-                             (ajustes.FonteGrande ? FatorFonteGrande : 1.0);
+  faixa.Label1Fonte = sala.pagina.font;
 }
 
 double SongLoader::FonteDisplay() const {
@@ -197,11 +202,16 @@ void SongLoader::PaginaVoltou() {
   m_console.letras.ReenviaVerso();
 }
 
-void SongLoader::AjustaQuadro() {
-  FaixaTexto &faixa = m_console.faixa;
+int SongLoader::AlturaDoQuadro() const {
+  const FaixaTexto &faixa = m_console.faixa;
   const QSize tela = m_console.TelaPx();
   const double proporcao = tela.width() > 0 ? static_cast<double>(tela.height()) / tela.width() : 0.5625;
-  faixa.FrameHeight = static_cast<int>(std::min(faixa.PainelLargura * proporcao, faixa.PainelAltura * AlturaDoQuadro));
+  return static_cast<int>(std::min(faixa.PainelLargura * proporcao, faixa.PainelAltura * ParteDoQuadro));
+}
+
+void SongLoader::AjustaQuadro() {
+  FaixaTexto &faixa = m_console.faixa;
+  faixa.FrameHeight = AlturaDoQuadro();
   faixa.FrameWidth = faixa.PainelLargura;
   faixa.FrameLeft = 0;
   faixa.FrameTop = (faixa.PainelAltura - faixa.FrameHeight) / 2;

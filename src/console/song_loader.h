@@ -4,6 +4,7 @@
 
 #include "console/console_context.h"
 #include "console/stepping.h"
+#include "songs/song_check.h"
 
 namespace tolmira {
 
@@ -36,9 +37,14 @@ public:
 
   double FonteDisplay() const; // points, of the display's measuring label
 
+  // How `texto` (capitals applied) would be cut and sized if it were shown now with `ajustes`. Nothing on show changes.
+  SongRoom Sala(const QString &texto, const AjustesTexto &ajustes) const;
+
 private:
   void PreparaTexto(const QString &path);
-  void AjustaTamanhos(const QString &texto);
+  void AjustaTamanhos(const SongRoom &sala);
+  int LarguraDaTira() const;  // twips
+  int AlturaDoQuadro() const; // twips
   double LarguraDisponivelPx() const;
 
   ConsoleContext &m_console;

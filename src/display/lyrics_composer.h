@@ -36,6 +36,10 @@ public:
   double AjustaFonte(const QString &texto, double base, double percentual, double tamanho);
   QString AjustaFonteTexto(const QString &texto, double base, double percentual, double tamanho);
 
+  // The size in em of the page's base size that a verse of `linhas` lines takes outside the animated layouts. The empty
+  // text gives the size that it would have if all its lines were short.
+  double TamanhoEm(const QString &texto, int linhas);
+
   QString AlturaLinha(int linhas) const;
   bool Chance(int pct); // true when a draw from 1 to 100 is below `pct`
   // Plays an exit effect on a page with `texto`; clears `saida` first.
@@ -43,7 +47,6 @@ public:
 
 private:
   bool TelaQuatroTerco() const;
-  double TamanhoEm(const QString &texto, int linhas);
   QString MontaAnimado(const QString &texto);
   QString MontaComSlots(const QString &verso);
   void Envia(QString &html, const QString &verso);

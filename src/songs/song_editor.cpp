@@ -1,0 +1,158 @@
+#include "songs/song_editor.h"
+
+#include "foundation/real_path.h"
+#include "foundation/text_fields.h"
+#include "foundation/text_file.h"
+#include "foundation/text_utils.h"
+#include "songs/line_ends.h"
+#include "songs/song_text.h"
+
+#include <QFile>
+
+namespace tolmira {
+
+namespace {
+
+const QString BoxTitle = QStringLiteral("Tolmira");
+const QString Extension = QStringLiteral(".txt");
+enum Answer { Yes = 0, No = 1 };
+
+bool IsSameFile(const QString &one, const QString &other) {
+  return !one.isEmpty() && MapStoredPath(one).text() == MapStoredPath(other).text();
+}
+
+QString OwnFolder(const QString &path) { return path.chopped(FileNameOf(path).size()); }
+
+} // namespace
+
+QString CapitalLines(const QString &text) {
+  QString result = text;
+  bool lineStart = true;
+  for (QChar &c : result) {
+    if (lineStart && c.isLetter())
+      c = c.toUpper();
+    lineStart = c == u'\n' || c == u'\r';
+  }
+  return result;
+}
+
+SongEditor::SongEditor(const AppFolder &app, UserPrompt &prompt) : m_app(app), m_prompt(prompt) {}
+
+bool SongEditor::SetDados(const QString &mode, const QString &path) {
+  m_mode = mode;
+  m_path.clear();
+  m_saved = {};
+  m_encoding = TextEncoding::Windows1252;
+  if (mode != ModoEditar)
+    return true;
+  // What is cut off or is no text could not be written back as it was.
+  const FileContent content = ReadFileContent(path);
+  if (!content.complete || content.bytes.contains('\0'))
+    return false;
+  m_path = path;
+  m_encoding = DecodeText(content.bytes).encoding;
+  m_saved = {SongNameOf(path), ReadSongFile(m_app, path)};
+  return true;
+}
+
+void SongEditor::SetDadosDeRascunho(const QString &mode, const QString &path) {
+  if (SetDados(mode, path))
+    return;
+  m_path = path; // a file that has gone, or went bad: the next save makes it anew
+}
+
+QString SongEditor::TargetOf(const SongName &name) const {
+  if (m_mode != ModoEditar)
+    return m_app.At(u"\\Lyrics\\") + TitleOfFile(name) + Extension;
+  // A name that is written otherwise than this program would ("Song(Author).txt") stays as long as nobody changes it.
+  if (name == SongNameOf(m_path))
+    return m_path;
+  return OwnFolder(m_path) + TitleOfFile(name) + Extension;
+}
+
+QString SongEditor::FreeTarget(const QString &target, const SongName &name) const {
+  for (int counter = 1;; ++counter) {
+    const QString candidate =
+        OwnFolder(target) + TitleOfFile(name) + QStringLiteral(" (%1)").arg(counter) + Extension;
+    if (!FileExists(candidate))
+      return candidate;
+  }
+}
+
+SongEditor::Result SongEditor::Save(const SongContent &content) {
+  const SongName name = TidyName(content.name);
+  if (name.title.isEmpty()) {
+    Say(MessageKind::Information, QStringLiteral("Please enter the song title"));
+    return {Outcome::BadName, {}, {}};
+  }
+  if (const QString problem = ProblemOf(name); !problem.isEmpty()) {
+    Say(MessageKind::Information, problem);
+    return {Outcome::BadName, {}, {}};
+  }
+
+  QString target = TargetOf(name);
+  if (FileExists(target) && !IsSameFile(target, m_path)) {
+    const int answer = m_prompt.Ask(BoxTitle,
+                                    QStringLiteral("There is already a song with this name in your collection\n\n") +
+                                        TitleOfFile(name) + QStringLiteral("\n\nOverwrite the file?"),
+                                    {QStringLiteral("Yes"), QStringLiteral("No"), QStringLiteral("Cancel")});
+    if (answer == No) {
+      target = FreeTarget(target, name);
+      Say(MessageKind::Information, QStringLiteral("The file will be saved as: ") + FileNameOf(target));
+    } else if (answer != Yes) {
+      return {Outcome::GivenUp, {}, {}};
+    } else if (AbertoEmOutro && AbertoEmOutro(target)) {
+      Say(MessageKind::Information, QStringLiteral("The editing screen for this lyrics is already open."));
+      return {Outcome::GivenUp, {}, {}};
+    }
+  }
+
+  // The reader puts a line end in front of hymns of the second hymnal; written back, they would become more each time.
+  const QString text = CapitalLines(TrimCrLf(CollapseBlankRuns(content.text)));
+  if (!Write(target, text)) {
+    Say(MessageKind::Critical,
+        QStringLiteral("Could not save the file.\n\n%1\n\nThe text stays in the window.").arg(FileNameOf(target)));
+    return {};
+  }
+  const QString newName = FileNameOf(target);
+  const Result result{Outcome::Saved, m_path.isEmpty() ? newName : FileNameOf(m_path), newName};
+  FinishRename(target);
+  m_mode = ModoEditar;
+  m_path = target;
+  m_saved = {SongNameOf(target), text};
+  return result;
+}
+
+bool SongEditor::Write(const QString &target, const QString &text) {
+  const QByteArray bytes = EncodeText(text.isEmpty() ? text : QString(text + LineEnd), m_encoding);
+  if (!WriteFileAtomically(target, bytes))
+    return false;
+  const FileContent written = ReadFileContent(target);
+  if (!written.complete || written.bytes != bytes)
+    return false;
+  m_encoding = DecodeText(bytes).encoding; // a first character beyond the code page makes the file UTF-8
+  return true;
+}
+
+// The song has a new name and stands safely under it. The file of the old name goes, or the song would be there twice.
+void SongEditor::FinishRename(const QString &target) {
+  if (m_path.isEmpty())
+    return;
+  const QString old = MapStoredPath(m_path).text();
+  const QString now = MapStoredPath(target).text();
+  if (old == now) {
+    // Only capitals changed: the target was found to be the own file, which still bears the old ones.
+    const QString wanted = OwnFolder(now) + FileNameOf(target);
+    if (now != wanted)
+      QFile::rename(now, wanted);
+    return;
+  }
+  if (FileExists(m_path) && !QFile::remove(old))
+    Say(MessageKind::Warning, QStringLiteral("The song was saved as: ") + FileNameOf(target) +
+                                  QStringLiteral("\n\nThe file with its old name could not be removed: ") +
+                                  FileNameOf(m_path));
+}
+
+void SongEditor::Say(MessageKind kind, const QString &text) { m_prompt.Message(kind, BoxTitle, text); }
+
+} // namespace tolmira

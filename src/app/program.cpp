@@ -22,6 +22,7 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "songs/ui/song_editors.h"
 
 namespace tolmira {
 
@@ -42,6 +43,7 @@ struct Program::Impl {
   }
 
   void MakeWindows();
+  void MakeSongEditors();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -73,6 +75,7 @@ struct Program::Impl {
   PageProfile profile;
   std::unique_ptr<FrmMonitor> console;
   std::unique_ptr<BibleWindows> bible;
+  std::unique_ptr<SongEditors> editors;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ConsoleStartup> startup;
   std::unique_ptr<ControlServer> control;
@@ -98,11 +101,31 @@ void Program::Impl::MakeWindows() {
                    return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString();
                  }});
   core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
-  console->SetWindows({[this] { bible->OpenAdd(); }, [this] { bible->OpenBrowser(); }, [this] { bible->OpenSearch(); }});
+  MakeSongEditors();
+  FrmMonitor::Windows windows;
+  windows.newSong = [this] { editors->Novo(); };
+  windows.addBible = [this] { bible->OpenAdd(); };
+  windows.browseBible = [this] { bible->OpenBrowser(); };
+  windows.searchBible = [this] { bible->OpenSearch(); };
+  console->SetWindows(std::move(windows));
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
   core.canal.CriaTelao = [this] { RemakeDisplay(); };
+}
+
+void Program::Impl::MakeSongEditors() {
+  const auto telao = [this]() -> Display * { return quendar.get(); };
+  const auto sala = [this](const QString &texto, const AjustesTexto &ajustes) {
+    return core.loader.Sala(texto, ajustes);
+  };
+  editors = std::make_unique<SongEditors>(
+      SongEditorDoors{store, prompt, clock, random, yielder, measure, core.flow, positions, core.estado, core.ajustes,
+                      telao, sala, profile, console.get()},
+      TextFormatDoors{[this] { return core.formato.Le(); },
+                      [this](const TextFormat &format) { return core.formato.Aplica(format); }});
+  core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
+                                 [this](const QString &path) { return editors->Edita(path); }};
 }
 
 void Program::Impl::MakeDisplay() {
@@ -168,6 +191,10 @@ void Program::Impl::MakeStartup() {
       quendar->hide();
     QCoreApplication::quit();
   };
+  // A box must not stand inside the timer that ends the start.
+  janelas.InicioTerminou = [this] {
+    QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(); });
+  };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
                                              core.controles, core.loader, core.leitura, monitors, std::move(janelas));
 }
@@ -223,6 +250,8 @@ Program::~Program() {
   m_impl->control.reset();
   m_impl->quendar.reset();
   m_impl->core.flow.FechaAddBiblia = nullptr;
+  m_impl->core.agenda.editorDeMusicas = {};
+  m_impl->editors.reset();
   m_impl->bible.reset();
   m_impl->console.reset();
 }

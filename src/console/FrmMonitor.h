@@ -29,6 +29,7 @@ public:
 
   // The windows behind the console's buttons, menus and keys.
   struct Windows {
+    std::function<void()> newSong;
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;

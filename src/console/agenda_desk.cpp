@@ -201,7 +201,19 @@ QString AgendaDesk::ClearCaption() const {
   return QStringLiteral("Clear '") + TabTitle(m_estado.ActiveAgenda) + u'\'';
 }
 
-bool AgendaDesk::CanEdit() const { return false; }
+bool AgendaDesk::CanEdit() const {
+  const int kind = m_lista.SelectedKind();
+  return m_lista.HasSelection() && (kind == 2 || kind == 3) && editorDeMusicas.edita;
+}
+
+void AgendaDesk::EditaMusica(const QString &target) {
+  const auto say = [&](const QString &text) { m_prompt.Message(MessageKind::Information, TituloDaCaixa, text); };
+  const QString path = ResolveSongPath(m_app, target + u".txt");
+  if (!path.isEmpty() && editorDeMusicas.abertoEmOutra && editorDeMusicas.abertoEmOutra(path))
+    say(QStringLiteral("First, finish editing the lyrics you are currently editing."));
+  else if (path.isEmpty() || !editorDeMusicas.edita || !editorDeMusicas.edita(path))
+    say(QStringLiteral("Item not found or cannot be edited."));
+}
 
 void AgendaDesk::EditSelected() {
   const auto say = [&](const QString &text) { m_prompt.Message(MessageKind::Information, TituloDaCaixa, text); };
@@ -214,10 +226,8 @@ void AgendaDesk::EditSelected() {
   switch (m_lista.SelectedKind()) {
   case 2:
   case 3:
-    missing = ResolveSongPath(m_app, target + u".txt").isEmpty();
-    if (missing)
-      say(QStringLiteral("Item not found or cannot be edited."));
-    break;
+    EditaMusica(target);
+    return;
   case 4:
     missing = !FileExists(target);
     if (missing)

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <set>
 
@@ -40,6 +41,13 @@ public:
   bool CanShow() const { return m_lista.HasSelection(); }
   bool CanEdit() const; // false while no editor for the selected kind exists
 
+  // The song editor; both empty while there is none.
+  struct EditorDeMusicas {
+    std::function<bool(const QString &path)> abertoEmOutra; // it stands open on another song
+    std::function<bool(const QString &path)> edita;         // false when the file cannot be edited
+  };
+  EditorDeMusicas editorDeMusicas;
+
   // The loaded song under a new name, or the selected item edited: messages of the edit button.
   void EditSelected();
   void RemoveFromAgendas(int kind, const QString &name);
@@ -51,6 +59,7 @@ public:
 
 private:
   QString DicaDaAgenda(int n) const;
+  void EditaMusica(const QString &target);
   bool NadaNaTira() const; // the console holds no text
   bool Grava(int n, ListTarefas &lista);
 

@@ -9,6 +9,7 @@
 #include "console/screen_controls.h"
 #include "console/song_loader.h"
 #include "console/stepping.h"
+#include "console/text_format_control.h"
 #include "console/theme_control.h"
 #include "display/bible_composer.h"
 #include "display/legenda_biblia.h"
@@ -56,6 +57,7 @@ public:
   SongLoader loader;
   BibleLoader leitura;
   ScreenControls controles;
+  TextFormatControl formato;
   PresentationFlow flow;
   KeyTable teclas;
 

@@ -96,6 +96,8 @@ void ConsoleStartup::TimerTerminaLoad() {
   m_temas.aplicaTema(estado.IndiceTema, forcar);
   m_controles.SetScreenState(0);
   m_janelas.IniciaFade();
+  if (m_janelas.InicioTerminou)
+    m_janelas.InicioTerminou();
 }
 
 void ConsoleStartup::Unload() {

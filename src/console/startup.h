@@ -26,6 +26,7 @@ public:
     std::function<void()> IniciaFade;
     std::function<void()> CarregaTiles;
     std::function<void()> DescarregaJanelas;
+    std::function<void()> InicioTerminou = {}; // the program stands; may be empty
   };
 
   ConsoleStartup(ConsoleContext &console, AgendaDesk &agenda, ThemeControl &temas, ThemeStore &loja,

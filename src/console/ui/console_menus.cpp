@@ -39,7 +39,11 @@ void ConsoleMenus::Later(QMenu *menu, const QString &text) {
 void ConsoleMenus::MakeFile() {
   QMenu *menu = Menu("MnArquivo", tr("&File"));
   Later(menu, QStringLiteral("Download lyrics from the internet"));
-  Later(menu, QStringLiteral("Type or paste the lyrics manually"));
+  QAction *newSong = menu->addAction(QStringLiteral("Type or paste the lyrics manually"), this,
+                                     [this] { m_ways.newSong(); });
+  newSong->setObjectName(QStringLiteral("MnNovaLetra"));
+  newSong->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
+  newSong->setAutoRepeat(false);
   menu->addSeparator();
   // No key of its own: a slip of the hand must not end a service.
   QAction *quit = menu->addAction(tr("E&xit"), this, [this] { m_ways.close(); });

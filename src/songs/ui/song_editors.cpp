@@ -1,0 +1,102 @@
+#include "songs/ui/song_editors.h"
+
+#include <QObject>
+#include <algorithm>
+
+#include "foundation/real_path.h"
+#include "songs/FrmConfigFormatTexto.h"
+#include "songs/FrmEditar.h"
+#include "songs/song_drafts.h"
+
+namespace tolmira {
+
+namespace {
+
+const QString BoxTitle = QStringLiteral("Tolmira");
+enum Answer { OpenIt = 0, DropIt = 2 };
+
+bool IsSameFile(const QString &one, const QString &other) {
+  return !one.isEmpty() && MapStoredPath(one).text() == MapStoredPath(other).text();
+}
+
+} // namespace
+
+SongEditors::SongEditors(SongEditorDoors doors, TextFormatDoors formato)
+    : m_doors(std::move(doors)), m_formatDoors(std::move(formato)), m_spelling(InstalledDictionaries()) {}
+
+SongEditors::~SongEditors() = default;
+
+FrmEditar *SongEditors::Make(SongEditorParent *parent) {
+  FrmEditar *editor = m_editors.emplace_back(std::make_unique<FrmEditar>(m_doors, m_spelling)).get();
+  editor->SetFormPai(parent);
+  editor->AbertoEmOutro = [this, editor](const QString &path) {
+    const FrmEditar *found = EditorOf(path);
+    return found && found != editor;
+  };
+  QObject::connect(editor, &FrmEditar::FormatWanted, editor, [this] { AbreFormato(); });
+  // It is still handling the event that closed it.
+  QObject::connect(editor, &FrmEditar::Closed, editor, [this, editor] {
+    const auto found = std::find_if(m_editors.begin(), m_editors.end(),
+                                    [editor](const auto &one) { return one.get() == editor; });
+    if (found == m_editors.end())
+      return;
+    found->release()->deleteLater();
+    m_editors.erase(found);
+  });
+  return editor;
+}
+
+FrmEditar *SongEditors::EditorOf(const QString &path) const {
+  const auto found = std::find_if(m_editors.begin(), m_editors.end(),
+                                  [&path](const auto &one) { return IsSameFile(one->Caminho(), path); });
+  return found == m_editors.end() ? nullptr : found->get();
+}
+
+void SongEditors::Novo(SongEditorParent *parent) {
+  FrmEditar *editor = Make(parent);
+  editor->SetDados(ModoAdicionar, {});
+  editor->Open();
+}
+
+bool SongEditors::Edita(const QString &path, SongEditorParent *parent) {
+  if (FrmEditar *open = EditorOf(path)) {
+    open->Open();
+    return true;
+  }
+  FrmEditar *editor = Make(parent);
+  if (!editor->SetDados(ModoEditar, path)) {
+    m_editors.pop_back();
+    return false;
+  }
+  editor->Open();
+  return true;
+}
+
+bool SongEditors::EstaAberto(const QString &path) const { return EditorOf(path) != nullptr; }
+bool SongEditors::AbertoEmOutra(const QString &path) const { return !m_editors.empty() && !EstaAberto(path); }
+
+void SongEditors::OfereceRascunhos() {
+  const SongDrafts drafts(m_doors.store.App());
+  for (const SongDrafts::Found &found : drafts.All()) {
+    const QString title = found.draft.title.trimmed();
+    const int answer = m_doors.prompt.Ask(
+        BoxTitle,
+        QStringLiteral("An unsaved text of '%1' was found. Open it?").arg(title.isEmpty() ? QObject::tr("New song") : title),
+        {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
+    if (answer == DropIt)
+      drafts.Drop(found.id);
+    if (answer != OpenIt)
+      continue;
+    FrmEditar *editor = Make(nullptr);
+    editor->SetDados(found);
+    editor->Open();
+  }
+}
+
+void SongEditors::AbreFormato() {
+  if (!m_format)
+    m_format = std::make_unique<FrmConfigFormatTexto>(m_doors, m_formatDoors);
+  m_format->Open();
+}
+
+} // namespace tolmira

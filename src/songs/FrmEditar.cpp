@@ -41,6 +41,11 @@ QString Sentence(const SongWarning &warning) {
     return FrmEditar::tr("Stanza %1 is too tall for one screen and will be split into %2 verses.")
         .arg(warning.stanza)
         .arg(warning.parts);
+  if (warning.kind == SongWarning::Kind::SmallSong)
+    return FrmEditar::tr("Stanza %1 is so long that the whole song gets smaller: size %2 instead of %3.")
+        .arg(warning.stanza)
+        .arg(qRound(warning.size.pt))
+        .arg(qRound(warning.size.wantedPt));
   return FrmEditar::tr("Stanza %1 has a long line and will be shown at %2 pt instead of %3 pt.")
       .arg(warning.stanza)
       .arg(qRound(warning.size.pt))
@@ -67,7 +72,7 @@ FrmEditar::FrmEditar(const SongEditorDoors &doors, Spelling &spelling)
   desk->setChildrenCollapsible(false);
   auto *left = new QWidget(desk);
   auto *leftColumn = new QVBoxLayout(left);
-  leftColumn->setContentsMargins(0, 0, 0, 0);
+  leftColumn->setContentsMargins(0, 0, medidas::Gap, 0);
   leftColumn->setSpacing(medidas::Gap);
   MakeBoxes(leftColumn);
   MakeTools(leftColumn);
@@ -75,7 +80,7 @@ FrmEditar::FrmEditar(const SongEditorDoors &doors, Spelling &spelling)
   leftColumn->addWidget(m_find);
   auto *right = new QWidget(desk);
   auto *rightColumn = new QVBoxLayout(right);
-  rightColumn->setContentsMargins(0, 0, 0, 0);
+  rightColumn->setContentsMargins(medidas::Gap, 0, 0, 0);
   rightColumn->setSpacing(medidas::Gap);
   MakeSide(rightColumn);
   desk->addWidget(left);
@@ -192,6 +197,10 @@ void FrmEditar::MakeSide(QVBoxLayout *column) {
   m_warnings->setObjectName(QStringLiteral("ListAvisos"));
   m_warnings->setProperty("look", QStringLiteral("column"));
   m_warnings->setWordWrap(true);
+  m_warnings->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  QSizePolicy keepsItsPlace = m_warnings->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  m_warnings->setSizePolicy(keepsItsPlace);
   m_warnings->setAccessibleName(tr("What will be split or shown smaller"));
   m_warnings->setToolTip(tr("Enter or a double click goes to the place in the text"));
   column->addWidget(m_warnings, 1);
@@ -360,10 +369,12 @@ void FrmEditar::ShowPreview() {
 
 void FrmEditar::ShowWarnings(const QString &text, const SongRoom &room) {
   const TemaRecord &tema = m_doors.estado.TemaAtual;
-  const QList<SongWarning> warnings =
-      CheckSong(tema.Maiusculas ? text.toUpper() : text, room.pagina, m_doors.measure, [&](const QString &verse) {
-        return m_preview->SizeOf(verse, room.tamanhoBase, tema, m_doors.ajustes);
-      });
+  const SongMeasures by{room.pagina, m_doors.measure,
+                        [&](const QString &verse) {
+                          return m_preview->SizeOf(verse, room.tamanhoBase, tema, m_doors.ajustes);
+                        },
+                        [&](const QString &stanza) { return m_doors.sala(stanza, m_doors.ajustes).tamanhoBase; }};
+  const QList<SongWarning> warnings = CheckSong(tema.Maiusculas ? text.toUpper() : text, by);
   QList<qsizetype> places;
   QStringList sentences;
   for (const SongWarning &warning : warnings) {

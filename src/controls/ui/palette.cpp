@@ -102,6 +102,9 @@ QPushButton[look="icon"] { padding: 0; min-width: 34px; max-width: 34px; }
 QLineEdit { background: @desk; color: @text; border: 1px solid @line; border-radius: 6px; padding: 0 8px;
   min-height: 28px; selection-background-color: @selection; }
 QLineEdit:focus { border-color: @accent; }
+QPlainTextEdit { background: @panel; color: @text; border: 1px solid @line; border-radius: 6px; padding: 4px;
+  font-size: 12pt; selection-background-color: @selection; selection-color: @text; }
+QPlainTextEdit:focus { border-color: @accent; }
 QLineEdit:disabled { color: @faint; background: @panel; }
 
 QComboBox { background: @raised; color: @text; border: 1px solid @line; border-radius: 6px; padding: 0 8px;

@@ -247,6 +247,43 @@ private slots:
                           QStringLiteral("Item not found or cannot be edited."), QStringLiteral("Slide not found")}));
   }
 
+  void songsGoToTheirEditor_data() {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<bool>("another"); // the editor stands open on another song
+    QTest::addColumn<QStringList>("opened");
+    QTest::addColumn<QStringList>("told");
+    QTest::newRow("song") << 2 << false << QStringList(QStringLiteral("\\Lyrics\\7 Sol.txt")) << QStringList();
+    QTest::newRow("hymn") << 3 << false << QStringList(QStringLiteral("\\Harpa\\8 Lua.txt")) << QStringList();
+    QTest::newRow("another one is open")
+        << 2 << true << QStringList()
+        << QStringList(QStringLiteral("First, finish editing the lyrics you are currently editing."));
+  }
+  void songsGoToTheirEditor() {
+    QFETCH(int, kind);
+    QFETCH(bool, another);
+    m_fixture->Write(QStringLiteral("Lyrics/7 Sol.txt"), "Sol");
+    m_fixture->Write(QStringLiteral("Harpa/8 Lua.txt"), "1. Lua");
+    Write(1, "1|#|John 3:16|#|John 3:16\r\n2|#|Sol|#|7 Sol\r\n3|#|Lua|#|8 Lua\r\n");
+    Desk().SelectTab(1);
+    Desk().SelectEntry(kind, 1);
+    QVERIFY(!Desk().CanEdit());
+    QStringList opened;
+    Desk().editorDeMusicas = {[&](const QString &) { return another; },
+                              [&](const QString &path) {
+                                opened.append(path.mid(m_fixture->folder.path().size()));
+                                return true;
+                              }};
+    QVERIFY(Desk().CanEdit());
+    Desk().EditSelected();
+    QTEST(opened, "opened");
+    QStringList told;
+    for (const auto &box : m_fixture->prompt.shown)
+      told.append(box.text);
+    QTEST(told, "told");
+    Desk().SelectEntry(1, 1);
+    QVERIFY(!Desk().CanEdit());
+  }
+
 private:
   AgendaDesk &Desk() { return m_fixture->core.agenda; }
   const ListTarefas &Lista() { return m_fixture->core.agenda.Lista(); }

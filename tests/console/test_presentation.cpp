@@ -362,6 +362,54 @@ private slots:
     QCOMPARE(Estado().EstrofeAtual, 1);
   }
 
+  void aChangedTextIsReloadedAtItsVerse() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->EndGlide();
+    m_fixture->Forget();
+    m_fixture->Write(QStringLiteral("Lyrics/Graça.txt"), "One\r\n\r\nTwo new\r\n\r\nThree\r\n\r\nFour");
+    m_fixture->core.flow.ProcessaEditar(QStringLiteral("Graça.txt"), QStringLiteral("Graça.txt"));
+    QCOMPARE(Estado().EstrofeAtual, 2);
+    QCOMPARE(Estado().TotalEstrofes, 4);
+    QCOMPARE(m_fixture->VersesSent(), QStringList(QStringLiteral("Two new")));
+  }
+
+  void capitalLettersHoldAtOnceAndForTheTheme() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->EndGlide();
+    const QString before = m_fixture->VersesSent().value(0);
+    m_fixture->Forget();
+    TextFormat format = m_fixture->core.formato.Le();
+    QVERIFY(!format.maiusculas);
+    format.maiusculas = true;
+    format.estilo = 2;
+    QVERIFY(m_fixture->core.formato.Aplica(format));
+    QCOMPARE(m_fixture->core.formato.Le(), format);
+    QCOMPARE(m_fixture->VersesSent().last(), before.toUpper().replace(QStringLiteral("<BR>"), QStringLiteral("<br>")));
+    QCOMPARE(Estado().EstrofeAtual, 1);
+    QVERIFY(Estado().TextoMaiusculo);
+    QCOMPARE(m_fixture->Read(QStringLiteral("Data/Themes.ini")), QByteArray("[Tema-1]\r\nMaiusculas=1\r\n"));
+    QVERIFY(m_fixture->core.temas[1].Maiusculas);
+  }
+
+  void aTextIsMeasuredAsItWouldBeShown() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    const QString longText = QStringLiteral("Uma linha bem mais longa que as outras\r\n").repeated(9);
+    const EstadoConsole before = Estado();
+    const FaixaTexto strip = m_fixture->core.faixa;
+    const SongRoom room = m_fixture->core.loader.Sala(longText, m_fixture->core.ajustes);
+    QCOMPARE(Estado().FonteTamanho, before.FonteTamanho);
+    QCOMPARE(m_fixture->core.faixa.Label1Fonte.sizePt, strip.Label1Fonte.sizePt);
+
+    m_fixture->Write(QStringLiteral("Lyrics/Longa.txt"), longText.toLatin1());
+    m_fixture->Show(QStringLiteral("Longa"));
+    QCOMPARE(m_fixture->core.faixa.Label1Fonte.sizePt, room.pagina.font.sizePt);
+    QCOMPARE(m_fixture->core.faixa.FrameHeight, room.pagina.limitTwips);
+    QVERIFY(qAbs(Estado().FonteTamanho.toDouble() - room.tamanhoBase) <= 0.5);
+  }
+
   void longSongsFitTheProjection_data() {
     QTest::addColumn<int>("lines");
     QTest::addColumn<int>("fontClass");

@@ -108,6 +108,7 @@ void Program::Impl::MakeWindows() {
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   console->SetWindows(std::move(windows));
+  console->PodeFechar = [this] { return editors->FechaTodos(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();

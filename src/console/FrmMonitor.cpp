@@ -222,6 +222,10 @@ void FrmMonitor::showEvent(QShowEvent *event) {
 }
 
 void FrmMonitor::closeEvent(QCloseEvent *event) {
+  if (PodeFechar && !PodeFechar()) {
+    event->ignore();
+    return;
+  }
   event->accept();
   if (AoFechar)
     AoFechar();

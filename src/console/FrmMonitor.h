@@ -25,6 +25,7 @@ public:
   explicit FrmMonitor(Parts parts, PageProfile perfil = {});
   ~FrmMonitor() override;
 
+  std::function<bool()> PodeFechar; // asked first; false keeps the window open. May be empty
   std::function<void()> AoFechar; // the window was closed; the program ends
 
   // The windows behind the console's buttons, menus and keys.

@@ -118,6 +118,8 @@ void PresentationFlow::ProcessaEditar(const QString &oldName, const QString &new
   const QString path = ResolveSongPath(m_console.app, newTitle + u".txt");
   if (!path.isEmpty())
     estado.ArquivoAtual = path;
+  if (m_console.painel.Label9 == oldTitle) // by which the agenda knows the entry on show
+    m_console.painel.Label9 = newTitle;
   m_loader.RecarregaMusica(true);
 }
 

@@ -1,5 +1,8 @@
 #include "songs/FrmConfigFormatTexto.h"
 
+#include "controls/ui/palette.h"
+#include "songs/ui/stanza_preview.h"
+
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -7,9 +10,6 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QVBoxLayout>
-
-#include "controls/ui/palette.h"
-#include "songs/ui/stanza_preview.h"
 
 namespace tolmira {
 
@@ -33,7 +33,8 @@ FrmConfigFormatTexto::FrmConfigFormatTexto(const SongEditorDoors &doors, TextFor
   column->addWidget(m_preview);
   m_capitals = new QCheckBox(tr("&Capital letters"), this);
   m_capitals->setObjectName(QStringLiteral("ChkMaiusculas"));
-  m_capitals->setToolTip(tr("Songs are shown in capital letters while this theme is in force; their files stay as they are"));
+  m_capitals->setToolTip(
+      tr("Songs are shown in capital letters while this theme is in force; their files stay as they are"));
   column->addWidget(m_capitals);
 
   auto *row = new QHBoxLayout;
@@ -92,7 +93,9 @@ void FrmConfigFormatTexto::Open() {
   ShowSample();
 }
 
-TextFormat FrmConfigFormatTexto::Chosen() const { return {m_capitals->isChecked(), m_style->value()}; }
+TextFormat FrmConfigFormatTexto::Chosen() const {
+  return {m_capitals->isChecked(), m_style->value()};
+}
 
 void FrmConfigFormatTexto::ShowSample() {
   const TextFormat chosen = Chosen();

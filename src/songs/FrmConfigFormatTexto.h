@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QWidget>
-
 #include "songs/text_format.h"
 #include "songs/ui/editor_doors.h"
+
+#include <QWidget>
 
 class QCheckBox;
 class QLabel;

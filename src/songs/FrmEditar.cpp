@@ -1,5 +1,11 @@
 #include "songs/FrmEditar.h"
 
+#include "controls/ui/palette.h"
+#include "songs/song_text.h"
+#include "songs/ui/find_bar.h"
+#include "songs/ui/lyrics_edit.h"
+#include "songs/ui/stanza_preview.h"
+
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
@@ -12,12 +18,6 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
-
-#include "controls/ui/palette.h"
-#include "songs/song_text.h"
-#include "songs/ui/find_bar.h"
-#include "songs/ui/lyrics_edit.h"
-#include "songs/ui/stanza_preview.h"
 
 namespace tolmira {
 
@@ -55,8 +55,8 @@ QString Sentence(const SongWarning &warning) {
 } // namespace
 
 FrmEditar::FrmEditar(const SongEditorDoors &doors, Spelling &spelling)
-    : QWidget(doors.dono, Qt::Window), m_doors(doors), m_spelling(spelling),
-      m_editor(doors.store.App(), doors.prompt), m_draft(SongDrafts(doors.store.App()), doors.clock, [this] {
+    : QWidget(doors.dono, Qt::Window), m_doors(doors), m_spelling(spelling), m_editor(doors.store.App(), doors.prompt),
+      m_draft(SongDrafts(doors.store.App()), doors.clock, [this] {
         const SongContent now = Content();
         return SongDraft{m_editor.Modo(), m_editor.Caminho(), now.name.title, now.name.author, now.text};
       }) {
@@ -273,7 +273,9 @@ void FrmEditar::Fill(const SongContent &content) {
   ShowChanged();
 }
 
-SongContent FrmEditar::Content() const { return {{m_text1->text(), m_text3->text()}, m_text2->Text()}; }
+SongContent FrmEditar::Content() const {
+  return {{m_text1->text(), m_text3->text()}, m_text2->Text()};
+}
 
 bool FrmEditar::IsChanged() const {
   const SongContent now = Content();
@@ -351,8 +353,7 @@ void FrmEditar::ShowPreview() {
   m_preview->Show(stanza, room.tamanhoBase, tema, m_doors.ajustes);
 
   const VerseSize size = m_preview->SizeOf(stanza, room.tamanhoBase, tema, m_doors.ajustes);
-  m_size->setText(stanza.isEmpty() ? QString()
-                                   : QStringLiteral("Font size: ") + QString::number(qRound(size.pt)));
+  m_size->setText(stanza.isEmpty() ? QString() : QStringLiteral("Font size: ") + QString::number(qRound(size.pt)));
   int all = 0;
   int here = 0;
   qsizetype from = 0;
@@ -369,11 +370,10 @@ void FrmEditar::ShowPreview() {
 
 void FrmEditar::ShowWarnings(const QString &text, const SongRoom &room) {
   const TemaRecord &tema = m_doors.estado.TemaAtual;
-  const SongMeasures by{room.pagina, m_doors.measure,
-                        [&](const QString &verse) {
-                          return m_preview->SizeOf(verse, room.tamanhoBase, tema, m_doors.ajustes);
-                        },
-                        [&](const QString &stanza) { return m_doors.sala(stanza, m_doors.ajustes).tamanhoBase; }};
+  const SongMeasures by{
+      room.pagina, m_doors.measure,
+      [&](const QString &verse) { return m_preview->SizeOf(verse, room.tamanhoBase, tema, m_doors.ajustes); },
+      [&](const QString &stanza) { return m_doors.sala(stanza, m_doors.ajustes).tamanhoBase; }};
   const QList<SongWarning> warnings = CheckSong(tema.Maiusculas ? text.toUpper() : text, by);
   QList<qsizetype> places;
   QStringList sentences;
@@ -395,7 +395,9 @@ void FrmEditar::ShowWarnings(const QString &text, const SongRoom &room) {
   m_warnings->setVisible(!sentences.isEmpty());
 }
 
-void FrmEditar::Tell(const QString &text) { m_state->setText(text); }
+void FrmEditar::Tell(const QString &text) {
+  m_state->setText(text);
+}
 
 // The operator's own choice stays; otherwise the words decide.
 void FrmEditar::ChooseLanguage() {

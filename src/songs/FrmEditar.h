@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QWidget>
-
-#include <functional>
-#include <memory>
-
 #include "songs/song_drafts.h"
 #include "songs/song_editor.h"
 #include "songs/song_editor_parent.h"
 #include "songs/spelling.h"
 #include "songs/ui/editor_doors.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
 
 class QComboBox;
 class QLabel;

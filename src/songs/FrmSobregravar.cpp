@@ -1,12 +1,12 @@
 #include "songs/FrmSobregravar.h"
 
+#include "controls/ui/palette.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include "controls/ui/palette.h"
 
 namespace tolmira {
 

@@ -4,7 +4,6 @@
 
 #include <QList>
 #include <QString>
-
 #include <functional>
 
 namespace tolmira {
@@ -39,7 +38,7 @@ struct SongWarning {
 struct SongMeasures {
   PaginationLayout pagina;
   TextMeasure &measure;
-  std::function<VerseSize(const QString &verse)> tamanho;     // lines apart by CR LF
+  std::function<VerseSize(const QString &verse)> tamanho;  // lines apart by CR LF
   std::function<double(const QString &texto)> tamanhoBase; // of a song of that text; of the empty one the wanted size
 };
 

@@ -25,9 +25,15 @@ const QString Moment = QStringLiteral("moment"); // ms since 1970
 
 } // namespace
 
-QString SongDrafts::Folder() const { return MapStoredPath(m_app.At(u"\\Data\\rascunhos")).text(); }
-QString SongDrafts::PathOf(const QString &id) const { return Folder() + u'/' + id + u".json"; }
-QString SongDrafts::NewId() { return QUuid::createUuid().toString(QUuid::WithoutBraces); }
+QString SongDrafts::Folder() const {
+  return MapStoredPath(m_app.At(u"\\Data\\rascunhos")).text();
+}
+QString SongDrafts::PathOf(const QString &id) const {
+  return Folder() + u'/' + id + u".json";
+}
+QString SongDrafts::NewId() {
+  return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
 
 QList<SongDrafts::Found> SongDrafts::All() const {
   QList<std::pair<double, Found>> found;
@@ -64,13 +70,17 @@ bool SongDrafts::Keep(const QString &id, const SongDraft &draft) const {
   return file.commit();
 }
 
-void SongDrafts::Drop(const QString &id) const { QFile::remove(PathOf(id)); }
+void SongDrafts::Drop(const QString &id) const {
+  QFile::remove(PathOf(id));
+}
 
 DraftKeeper::DraftKeeper(const SongDrafts &drafts, Clock &clock, std::function<SongDraft()> now)
     : m_drafts(drafts), m_now(std::move(now)), m_id(SongDrafts::NewId()), m_timer(clock.NewTimer([this] { Flush(); })) {
 }
 
-DraftKeeper::~DraftKeeper() { Flush(); }
+DraftKeeper::~DraftKeeper() {
+  Flush();
+}
 
 void DraftKeeper::Adopt(const QString &id) {
   m_id = id;

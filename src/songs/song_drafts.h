@@ -5,7 +5,6 @@
 
 #include <QList>
 #include <QString>
-
 #include <functional>
 #include <memory>
 
@@ -45,8 +44,8 @@ private:
   const AppFolder m_app;
 };
 
-// Keeps the draft of one editor up to date: on disk less than a second after a change, however fast the keys follow each
-// other. What has not been written when it goes is written then.
+// Keeps the draft of one editor up to date: on disk less than a second after a change, however fast the keys follow
+// each other. What has not been written when it goes is written then.
 class DraftKeeper {
 public:
   // `now` gives what stands in the boxes.

@@ -21,7 +21,9 @@ bool IsSameFile(const QString &one, const QString &other) {
   return !one.isEmpty() && MapStoredPath(one).text() == MapStoredPath(other).text();
 }
 
-QString OwnFolder(const QString &path) { return path.chopped(FileNameOf(path).size()); }
+QString OwnFolder(const QString &path) {
+  return path.chopped(FileNameOf(path).size());
+}
 
 } // namespace
 
@@ -72,8 +74,7 @@ QString SongEditor::TargetOf(const SongName &name) const {
 
 QString SongEditor::FreeTarget(const QString &target, const SongName &name) const {
   for (int counter = 1;; ++counter) {
-    const QString candidate =
-        OwnFolder(target) + TitleOfFile(name) + QStringLiteral(" (%1)").arg(counter) + Extension;
+    const QString candidate = OwnFolder(target) + TitleOfFile(name) + QStringLiteral(" (%1)").arg(counter) + Extension;
     if (!FileExists(candidate))
       return candidate;
   }
@@ -153,6 +154,8 @@ void SongEditor::FinishRename(const QString &target) {
                                   FileNameOf(m_path));
 }
 
-void SongEditor::Say(MessageKind kind, const QString &text) { m_prompt.Message(kind, BoxTitle, text); }
+void SongEditor::Say(MessageKind kind, const QString &text) {
+  m_prompt.Message(kind, BoxTitle, text);
+}
 
 } // namespace tolmira

@@ -6,7 +6,6 @@
 #include "songs/song_name.h"
 
 #include <QString>
-
 #include <functional>
 
 namespace tolmira {
@@ -36,7 +35,7 @@ public:
   void SetDadosDeRascunho(const QString &mode, const QString &path);
 
   const QString &Modo() const { return m_mode; }
-  const QString &Caminho() const { return m_path; } // empty before the first save of a new song
+  const QString &Caminho() const { return m_path; }       // empty before the first save of a new song
   const SongContent &Guardado() const { return m_saved; } // as it stands on disk; empty for a new song
 
   enum class Outcome { Saved, BadName, GivenUp, Failed };

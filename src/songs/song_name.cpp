@@ -14,13 +14,16 @@ constexpr QStringView Forbidden = u"\\/:*?\"<>|";
 constexpr qsizetype LongestFileName = 240;
 
 QString WithoutControls(QString text) {
-  std::replace_if(text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
+  std::replace_if(
+      text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
   return text.trimmed();
 }
 
 } // namespace
 
-SongName TidyName(const SongName &name) { return {WithoutControls(name.title), WithoutControls(name.author)}; }
+SongName TidyName(const SongName &name) {
+  return {WithoutControls(name.title), WithoutControls(name.author)};
+}
 
 SongName SongNameOf(const QString &path) {
   QString name = FileNameOf(path);

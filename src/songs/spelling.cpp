@@ -25,9 +25,13 @@ QStringList UsualFolders() {
   return folders << QStringLiteral("/usr/share/hunspell") << QStringLiteral("/usr/share/myspell/dicts");
 }
 
-QString LanguageOf(const QString &code) { return code.section(u'_', 0, 0); }
+QString LanguageOf(const QString &code) {
+  return code.section(u'_', 0, 0);
+}
 
-QString AsInDictionary(QString word) { return word.replace(QChar(0x2019), u'\''); }
+QString AsInDictionary(QString word) {
+  return word.replace(QChar(0x2019), u'\'');
+}
 
 } // namespace
 
@@ -199,7 +203,8 @@ Spelling::Verdict Spelling::Look(const QString &given) {
   if (!m_asking) {
     m_asking = true;
     // The words of a whole text are asked for one after the other; they go out together.
-    QMetaObject::invokeMethod(this, [this] { Ask(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { Ask(); }, Qt::QueuedConnection);
   }
   return Verdict::Unknown;
 }
@@ -210,17 +215,17 @@ void Spelling::Ask() {
   m_asking = false;
   if (dictionary == m_dictionaries.cend() || m_waiting.isEmpty())
     return;
-  QMetaObject::invokeMethod(m_worker, [this, worker = m_worker, one = *dictionary,
-                                       words = std::exchange(m_waiting, {}), round = m_round] {
-    const QList<bool> right = worker->Check(one, words);
-    QMetaObject::invokeMethod(this, [this, words, right, round] {
-      if (round != m_round)
-        return;
-      for (qsizetype i = 0; i < words.size(); ++i)
-        m_known[words[i]] = right[i] ? Verdict::Right : Verdict::Wrong;
-      emit Answered();
-    });
-  });
+  QMetaObject::invokeMethod(
+      m_worker, [this, worker = m_worker, one = *dictionary, words = std::exchange(m_waiting, {}), round = m_round] {
+        const QList<bool> right = worker->Check(one, words);
+        QMetaObject::invokeMethod(this, [this, words, right, round] {
+          if (round != m_round)
+            return;
+          for (qsizetype i = 0; i < words.size(); ++i)
+            m_known[words[i]] = right[i] ? Verdict::Right : Verdict::Wrong;
+          emit Answered();
+        });
+      });
 }
 
 void Spelling::Suggest(const QString &word, std::function<void(const QStringList &)> onAnswer) {
@@ -228,11 +233,11 @@ void Spelling::Suggest(const QString &word, std::function<void(const QStringList
                                        [this](const auto &one) { return one.code == m_language; });
   if (dictionary == m_dictionaries.cend())
     return;
-  QMetaObject::invokeMethod(
-      m_worker, [this, worker = m_worker, one = *dictionary, asked = AsInDictionary(word), onAnswer] {
-        const QStringList suggestions = worker->Suggest(one, asked);
-        QMetaObject::invokeMethod(this, [suggestions, onAnswer] { onAnswer(suggestions); });
-      });
+  QMetaObject::invokeMethod(m_worker,
+                            [this, worker = m_worker, one = *dictionary, asked = AsInDictionary(word), onAnswer] {
+                              const QStringList suggestions = worker->Suggest(one, asked);
+                              QMetaObject::invokeMethod(this, [suggestions, onAnswer] { onAnswer(suggestions); });
+                            });
 }
 
 void Spelling::Accept(const QString &word) {

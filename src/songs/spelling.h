@@ -5,7 +5,6 @@
 #include <QSet>
 #include <QStringList>
 #include <QThread>
-
 #include <functional>
 
 namespace tolmira {

@@ -359,6 +359,7 @@ private slots:
     QCOMPARE(m_fixture->Read(QStringLiteral("Data/agenda1.dat")), QByteArray("2|#|Nova|#|Nova\r\n"));
     QCOMPARE(m_fixture->core.agenda.Lista().CaptionAt(2, 1), QStringLiteral("Nova"));
     QVERIFY(Estado().ArquivoAtual.endsWith(u"Nova.txt"));
+    QCOMPARE(m_fixture->core.painel.Label9, QStringLiteral("Nova"));
     QCOMPARE(Estado().EstrofeAtual, 1);
   }
 

@@ -1,10 +1,10 @@
-#include "songs/song_editor.h"
-#include "support/fake_clock.h"
-#include "support/full_disk.h"
-#include "support/scripted_prompt.h"
 #include "songs/song_check.h"
 #include "songs/song_drafts.h"
+#include "songs/song_editor.h"
+#include "support/fake_clock.h"
 #include "support/fixed_measure.h"
+#include "support/full_disk.h"
+#include "support/scripted_prompt.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,7 +16,9 @@ using namespace tolmira::testing;
 
 namespace {
 
-QString Lines(const char *text) { return QString::fromUtf8(text).replace(u'\n', QStringLiteral("\r\n")); }
+QString Lines(const char *text) {
+  return QString::fromUtf8(text).replace(u'\n', QStringLiteral("\r\n"));
+}
 
 enum Answer { Yes = 0, No = 1, Cancel = 2 };
 
@@ -62,13 +64,27 @@ private slots:
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("author");
-    QTest::newRow("title alone") << "Grace.txt" << "Grace" << "";
-    QTest::newRow("author") << "Grace (J. Newton).TXT" << "Grace" << "J. Newton";
-    QTest::newRow("two parentheses") << "Grace (live) (J. Newton).txt" << "Grace (live)" << "J. Newton";
-    QTest::newRow("no blank") << "Grace(Newton).txt" << "Grace" << "Newton";
-    QTest::newRow("only closing") << "Grace).txt" << "Grace)" << "";
-    QTest::newRow("inside") << "Grace (live) again.txt" << "Grace (live) again" << "";
-    QTest::newRow("points") << "Mr. Grace.txt" << "Mr. Grace" << "";
+    QTest::newRow("title alone") << "Grace.txt"
+                                 << "Grace"
+                                 << "";
+    QTest::newRow("author") << "Grace (J. Newton).TXT"
+                            << "Grace"
+                            << "J. Newton";
+    QTest::newRow("two parentheses") << "Grace (live) (J. Newton).txt"
+                                     << "Grace (live)"
+                                     << "J. Newton";
+    QTest::newRow("no blank") << "Grace(Newton).txt"
+                              << "Grace"
+                              << "Newton";
+    QTest::newRow("only closing") << "Grace).txt"
+                                  << "Grace)"
+                                  << "";
+    QTest::newRow("inside") << "Grace (live) again.txt"
+                            << "Grace (live) again"
+                            << "";
+    QTest::newRow("points") << "Mr. Grace.txt"
+                            << "Mr. Grace"
+                            << "";
   }
   void NamesAndFiles() {
     QFETCH(QString, file);
@@ -81,10 +97,18 @@ private slots:
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("author");
     QTest::addColumn<QString>("named");
-    QTest::newRow("one") << "Who?" << "" << "  ?";
-    QTest::newRow("in the author") << "Grace" << "AC/DC" << "  /";
-    QTest::newRow("several, once each") << "a:b:c" << "<x>|" << "  :  <  >  |";
-    QTest::newRow("all") << "\\/:*?\"<>|" << "" << "  \\  /  :  *  ?  \"  <  >  |";
+    QTest::newRow("one") << "Who?"
+                         << ""
+                         << "  ?";
+    QTest::newRow("in the author") << "Grace"
+                                   << "AC/DC"
+                                   << "  /";
+    QTest::newRow("several, once each") << "a:b:c"
+                                        << "<x>|"
+                                        << "  :  <  >  |";
+    QTest::newRow("all") << "\\/:*?\"<>|"
+                         << ""
+                         << "  \\  /  :  *  ?  \"  <  >  |";
   }
   void ForbiddenCharactersAreNamed() {
     QFETCH(QString, title);
@@ -109,7 +133,8 @@ private slots:
     QTest::addColumn<QString>("text");
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("capitals where a line begins with a letter")
-        << Lines("amazing grace\nhow sweet\n\n\"the sound\n1 that\nétude") << QByteArray("Amazing grace\r\nHow sweet\r\n\r\n\"the sound\r\n1 that\r\n\xC9tude\r\n");
+        << Lines("amazing grace\nhow sweet\n\n\"the sound\n1 that\nétude")
+        << QByteArray("Amazing grace\r\nHow sweet\r\n\r\n\"the sound\r\n1 that\r\n\xC9tude\r\n");
     QTest::newRow("blank runs") << Lines("A\n\n\n\nB\n\n\nC") << QByteArray("A\r\n\r\nB\r\n\r\nC\r\n");
     QTest::newRow("outer line ends") << Lines("\n\nA\n\n") << QByteArray("A\r\n");
     QTest::newRow("beyond the code page") << Lines("Слава é") << QByteArray("Слава é\r\n");
@@ -129,7 +154,10 @@ private slots:
     QTest::addColumn<QByteArray>("after");
     QTest::newRow("windows-1252") << QByteArray("Can\xE7\xE3o") << QByteArray("Can\xE7\xE3o nova\r\n");
     QTest::newRow("UTF-8") << QByteArray("Can\xC3\xA7\xC3\xA3o") << QByteArray("Can\xC3\xA7\xC3\xA3o nova\r\n");
-    QTest::newRow("with a mark") << QByteArray("\xEF\xBB\xBF" "Can\xC3\xA7\xC3\xA3o") << QByteArray("\xEF\xBB\xBF" "Can\xC3\xA7\xC3\xA3o nova\r\n");
+    QTest::newRow("with a mark") << QByteArray("\xEF\xBB\xBF"
+                                               "Can\xC3\xA7\xC3\xA3o")
+                                 << QByteArray("\xEF\xBB\xBF"
+                                               "Can\xC3\xA7\xC3\xA3o nova\r\n");
   }
   void TheFileKeepsItsEncoding() {
     QFETCH(QByteArray, before);
@@ -153,7 +181,9 @@ private slots:
     QTest::addColumn<QByteArray>("old");
     const QStringList before{QStringLiteral("Grace (1).txt"), QStringLiteral("Grace.txt")};
     QTest::newRow("Yes") << int(Yes) << true << before << QByteArray("New\r\n");
-    QTest::newRow("No") << int(No) << true << QStringList(before[0]) + QStringList{QStringLiteral("Grace (2).txt"), before[1]} << QByteArray("Old");
+    QTest::newRow("No") << int(No) << true
+                        << QStringList(before[0]) + QStringList{QStringLiteral("Grace (2).txt"), before[1]}
+                        << QByteArray("Old");
     QTest::newRow("Cancel") << int(Cancel) << false << before << QByteArray("Old");
     QTest::newRow("closed") << -1 << false << before << QByteArray("Old");
   }
@@ -165,8 +195,9 @@ private slots:
     room.Write(QStringLiteral("Lyrics/Grace (1).txt"), "Older");
     room.prompt.answers = {answer};
     QCOMPARE(room.Save(QStringLiteral("Grace"), {}, QStringLiteral("New")) == Outcome::Saved, saved);
-    QCOMPARE(room.prompt.shown[0].text,
-             QStringLiteral("There is already a song with this name in your collection\n\nGrace\n\nOverwrite the file?"));
+    QCOMPARE(
+        room.prompt.shown[0].text,
+        QStringLiteral("There is already a song with this name in your collection\n\nGrace\n\nOverwrite the file?"));
     QCOMPARE(room.prompt.shown[0].buttons,
              QStringList({QStringLiteral("Yes"), QStringLiteral("No"), QStringLiteral("Cancel")}));
     if (answer == No)
@@ -246,8 +277,7 @@ private slots:
     room.editor.AbertoEmOutro = [](const QString &path) { return path.endsWith(u"Grace.txt"); };
     room.prompt.answers = {Yes};
     QCOMPARE(room.Save(QStringLiteral("Grace"), {}, QStringLiteral("New")), Outcome::GivenUp);
-    QCOMPARE(room.prompt.shown.last().text,
-             QStringLiteral("The editing screen for this lyrics is already open."));
+    QCOMPARE(room.prompt.shown.last().text, QStringLiteral("The editing screen for this lyrics is already open."));
     QCOMPARE(room.Read(QStringLiteral("Lyrics/Grace.txt")), QByteArray("Old"));
   }
 
@@ -299,8 +329,8 @@ private slots:
                         Lines("l\n\nm")};
     QVERIFY(drafts.Keep(ids[0], one));
     QVERIFY(drafts.Keep(ids[1], {}));
-    for (const QByteArray &bytes : {QByteArray(), QByteArray("{\"text\":"), QByteArray("[1,2]"), QByteArray("{\"text\":3,\"title\":{}}"),
-                              QByteArray(1000, '\xff')}) {
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("{\"text\":"), QByteArray("[1,2]"),
+                                    QByteArray("{\"text\":3,\"title\":{}}"), QByteArray(1000, '\xff')}) {
       room.Write(QStringLiteral("Data/rascunhos/broken%1.json").arg(bytes.size()), bytes);
     }
     QDir(room.Real(QStringLiteral("Data/rascunhos"))).mkdir(QStringLiteral("folder.json"));

@@ -34,7 +34,9 @@ using namespace tolmira::testing;
 
 namespace {
 
-QString Lines(const char *text) { return QString::fromUtf8(text).replace(u'\n', QStringLiteral("\r\n")); }
+QString Lines(const char *text) {
+  return QString::fromUtf8(text).replace(u'\n', QStringLiteral("\r\n"));
+}
 
 } // namespace
 
@@ -64,23 +66,23 @@ private:
     // As a program that was killed and started again: nobody was asked, nothing was tidied up.
     void Restart() {
       editors.reset();
-      editors = std::make_unique<SongEditors>(
-          SongEditorDoors{store, prompt, clock, random, yielder, measure, console, positions, estado, ajustes,
-                          [] { return nullptr; },
-                          [this](const QString &text, const AjustesTexto &) {
-                            SongRoom room;
-                            room.pagina.font.sizePt = 15;
-                            room.pagina.limitTwips = linesOnScreen * 24 * 15;
-                            room.tamanhoBase = text.contains(u"long line") ? 20 : 40;
-                            return room;
-                          },
-                          profile, &desk},
-          TextFormatDoors{[this] { return format; },
-                          [this](const TextFormat &chosen) {
-                            format = chosen;
-                            ++applied;
-                            return true;
-                          }});
+      editors = std::make_unique<SongEditors>(SongEditorDoors{store, prompt, clock, random, yielder, measure, console,
+                                                              positions, estado, ajustes, [] { return nullptr; },
+                                                              [this](const QString &text, const AjustesTexto &) {
+                                                                SongRoom room;
+                                                                room.pagina.font.sizePt = 15;
+                                                                room.pagina.limitTwips = linesOnScreen * 24 * 15;
+                                                                room.tamanhoBase =
+                                                                    text.contains(u"long line") ? 20 : 40;
+                                                                return room;
+                                                              },
+                                                              profile, &desk},
+                                              TextFormatDoors{[this] { return format; },
+                                                              [this](const TextFormat &chosen) {
+                                                                format = chosen;
+                                                                ++applied;
+                                                                return true;
+                                                              }});
     }
     void Write(const QString &name, const QByteArray &bytes) {
       QFile file(app.path() + u"/Lyrics/" + name);
@@ -173,7 +175,8 @@ private slots:
 
     QCOMPARE(room.Read(QStringLiteral("Grace (Newton).txt")), QByteArray("Amazing\r\n\r\nGrace\r\n"));
     QCOMPARE(lyrics->Text(), Lines("Amazing\n\nGrace"));
-    QCOMPARE(room.console.TakeCalls(), QStringList(QStringLiteral("ProcessaEditar Grace (Newton).txt Grace (Newton).txt")));
+    QCOMPARE(room.console.TakeCalls(),
+             QStringList(QStringLiteral("ProcessaEditar Grace (Newton).txt Grace (Newton).txt")));
     QCOMPARE(room.list.names, QStringList(QStringLiteral("Grace (Newton)")));
     QVERIFY(!window->isWindowModified());
     // What saving did to the text can be taken back, too.
@@ -228,6 +231,8 @@ private slots:
     Room room(m_page->appPath());
     FrmEditar *window = Edit(room, "One");
     QTest::keyClicks(Named<LyricsEdit>(window, "Text2"), QStringLiteral("Two "));
+    room.clock.Advance(1000);
+    QTest::qWait(2); // the older draft comes first, by the time of day
     room.editors->Novo();
     for (FrmEditar *each : room.desk.findChildren<FrmEditar *>())
       if (each != window)
@@ -268,6 +273,20 @@ private slots:
     QVERIFY(room.prompt.shown.isEmpty());
   }
 
+  void TheProgramsEndAsks() {
+    Room room(m_page->appPath());
+    FrmEditar *window = Edit(room, "One");
+    QTest::keyClick(Named<LyricsEdit>(window, "Text2"), Qt::Key_X);
+    room.editors->Novo();
+    room.prompt.answers = {2};
+    QVERIFY(!room.editors->FechaTodos());
+    QVERIFY(window->isVisible());
+    room.prompt.answers = {0};
+    QVERIFY(room.editors->FechaTodos());
+    QCOMPARE(room.Read(QStringLiteral("Song (Me).txt")), QByteArray("XOne\r\n"));
+    QCOMPARE(room.prompt.shown.size(), 2);
+  }
+
   void OneEditorASong() {
     Room room(m_page->appPath());
     FrmEditar *window = Edit(room, "One");
@@ -285,7 +304,8 @@ private slots:
 
   void TheBoxKeepsEveryCharacter() {
     Room room(m_page->appPath());
-    FrmEditar *window = Edit(room, "A\xA0" "b\tc \x93quoted\x94\r\nD\r\n");
+    FrmEditar *window = Edit(room, "A\xA0"
+                                   "b\tc \x93quoted\x94\r\nD\r\n");
     auto *lyrics = Named<LyricsEdit>(window, "Text2");
     QCOMPARE(lyrics->Text(), Lines("A\u00A0b\tc “quoted”\nD"));
     lyrics->GoTo(6);
@@ -294,7 +314,8 @@ private slots:
     QCOMPARE(lyrics->Caret(), lyrics->Text().size());
     QTest::keyClick(lyrics, Qt::Key_X);
     QTest::keyClick(lyrics, Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(room.Read(QStringLiteral("Song (Me).txt")), QByteArray("A\xA0" "b\tc \x93quoted\x94\r\nDx\r\n"));
+    QCOMPARE(room.Read(QStringLiteral("Song (Me).txt")), QByteArray("A\xA0"
+                                                                    "b\tc \x93quoted\x94\r\nDx\r\n"));
   }
 
   void FindAndReplace() {
@@ -351,8 +372,9 @@ private slots:
     room.clock.Advance(500);
     QCOMPARE(Named<QLabel>(window, "LbEstrofe")->text(), QStringLiteral("Stanza 2 of 2"));
     QTRY_VERIFY_WITH_TIMEOUT(shown(QStringLiteral("Second one & more")), 20000);
-    QCOMPARE(Eval(preview->WV(), QStringLiteral("getComputedStyle(document.getElementById('wheader')).backgroundColor")),
-             QStringLiteral("\"rgb(255, 0, 0)\""));
+    QCOMPARE(
+        Eval(preview->WV(), QStringLiteral("getComputedStyle(document.getElementById('wheader')).backgroundColor")),
+        QStringLiteral("\"rgb(255, 0, 0)\""));
     QVERIFY(room.console.calls.isEmpty());
   }
 
@@ -391,7 +413,8 @@ private slots:
     write(QStringLiteral("en_US.aff"), "SET UTF-8\nTRY esianrtolcdugmphbyfvkwz\n");
     write(QStringLiteral("en_US.dic"), "4\namazing\ngrace\nhow\nsweet\n");
     write(QStringLiteral("pt_BR.aff"), "SET ISO8859-1\nTRY aeiou\n");
-    write(QStringLiteral("pt_BR.dic"), "3\ngra\xE7" "a\nque\nsalva\n");
+    write(QStringLiteral("pt_BR.dic"), "3\ngra\xE7"
+                                       "a\nque\nsalva\n");
     write(QStringLiteral("xx.dic"), "1\nwithout-aff\n");
     const QList<SpellingDictionary> dictionaries = InstalledDictionaries({folder.path(), folder.path()});
     QCOMPARE(dictionaries.size(), 2);

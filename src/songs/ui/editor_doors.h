@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
-
 #include "console/presentation.h"
 #include "display/display_seams.h"
 #include "display/estado.h"
@@ -12,6 +8,9 @@
 #include "foundation/seams.h"
 #include "foundation/ui/form_position.h"
 #include "songs/song_check.h"
+
+#include <QString>
+#include <functional>
 
 class QWidget;
 

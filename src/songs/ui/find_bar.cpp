@@ -1,5 +1,8 @@
 #include "songs/ui/find_bar.h"
 
+#include "controls/ui/palette.h"
+#include "songs/ui/lyrics_edit.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -7,9 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-
-#include "controls/ui/palette.h"
-#include "songs/ui/lyrics_edit.h"
 
 namespace tolmira {
 
@@ -50,9 +50,8 @@ FindBar::FindBar(LyricsEdit *text, QWidget *parent) : QFrame(parent), m_text(tex
   leave->setProperty("look", QStringLiteral("icon"));
   leave->setAccessibleName(tr("Close find and replace"));
   findRow->addWidget(m_find, 1);
-  for (QWidget *widget : {static_cast<QWidget *>(previous), static_cast<QWidget *>(next),
-                          static_cast<QWidget *>(m_case), static_cast<QWidget *>(leave)})
-    findRow->addWidget(widget);
+  for (QPushButton *each : {previous, next, leave})
+    findRow->addWidget(each);
   column->addLayout(findRow);
 
   m_replaceRow = new QWidget(this);
@@ -61,12 +60,17 @@ FindBar::FindBar(LyricsEdit *text, QWidget *parent) : QFrame(parent), m_text(tex
   replaceRow->setSpacing(medidas::Step);
   m_with = box("TxtSubstituir", tr("Replace with"), m_replaceRow);
   QPushButton *one = button("BtSubstituir", tr("&Replace"), tr("Replaces this one and goes on (Enter)"), m_replaceRow);
-  QPushButton *all = button("BtSubstituirTudo", tr("Replace &all"), tr("Replaces every one, as one step"), m_replaceRow);
+  QPushButton *all =
+      button("BtSubstituirTudo", tr("Replace &all"), tr("Replaces every one, as one step"), m_replaceRow);
   replaceRow->addWidget(m_with, 1);
   replaceRow->addWidget(one);
   replaceRow->addWidget(all);
   column->addWidget(m_replaceRow);
-  column->addWidget(m_state);
+  auto *stateRow = new QHBoxLayout;
+  stateRow->setSpacing(medidas::Gap);
+  stateRow->addWidget(m_case);
+  stateRow->addWidget(m_state, 1);
+  column->addLayout(stateRow);
 
   connect(m_find, &QLineEdit::textChanged, this, &FindBar::Mark);
   connect(m_case, &QCheckBox::toggled, this, &FindBar::Mark);
@@ -115,8 +119,8 @@ void FindBar::Mark() {
 }
 
 bool FindBar::FoundIsSelected() const {
-  return m_text->textCursor().selectedText().compare(
-             m_find->text(), m_case->isChecked() ? Qt::CaseSensitive : Qt::CaseInsensitive) == 0;
+  return m_text->textCursor().selectedText().compare(m_find->text(), m_case->isChecked() ? Qt::CaseSensitive
+                                                                                         : Qt::CaseInsensitive) == 0;
 }
 
 void FindBar::Find(bool backward) {

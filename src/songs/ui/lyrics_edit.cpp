@@ -1,12 +1,12 @@
 #include "songs/ui/lyrics_edit.h"
 
+#include "controls/ui/palette.h"
+
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QPointer>
 #include <QSyntaxHighlighter>
 #include <QTextBlock>
-
-#include "controls/ui/palette.h"
 
 namespace tolmira {
 
@@ -39,7 +39,9 @@ private:
   QTextCharFormat m_wrong;
 };
 
-bool IsLineEnd(QChar c) { return c == QChar::ParagraphSeparator || c == QChar::LineSeparator; }
+bool IsLineEnd(QChar c) {
+  return c == QChar::ParagraphSeparator || c == QChar::LineSeparator;
+}
 
 // The document as it is; its own conversion to plain text would turn every no-break space into a common one.
 QString WithLineEnds(const QString &raw) {
@@ -77,7 +79,9 @@ LyricsEdit::LyricsEdit(Spelling &spelling, QWidget *parent) : QPlainTextEdit(par
   new SpellingMarks(spelling, document());
 }
 
-QString LyricsEdit::Text() const { return WithLineEnds(document()->toRawText()); }
+QString LyricsEdit::Text() const {
+  return WithLineEnds(document()->toRawText());
+}
 
 qsizetype LyricsEdit::Caret() const {
   return WithLineEnds(document()->toRawText().left(textCursor().position())).size();
@@ -98,7 +102,9 @@ void LyricsEdit::GoTo(qsizetype position) {
   ensureCursorVisible();
 }
 
-void LyricsEdit::Load(const QString &text) { setPlainText(text); }
+void LyricsEdit::Load(const QString &text) {
+  setPlainText(text);
+}
 
 // Only what differs is replaced, so that the caret stays where the operator works.
 void LyricsEdit::TakeText(const QString &text) {
@@ -156,7 +162,9 @@ int LyricsEdit::MarkFound(const QString &term, QTextDocument::FindFlags flags) {
   return count;
 }
 
-void LyricsEdit::ShowMarks() { setExtraSelections(m_lines + m_found); }
+void LyricsEdit::ShowMarks() {
+  setExtraSelections(m_lines + m_found);
+}
 
 void LyricsEdit::contextMenuEvent(QContextMenuEvent *event) {
   QMenu *menu = createStandardContextMenu(event->pos());

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "songs/spelling.h"
+
 #include <QPlainTextEdit>
 #include <QTextDocument>
-
-#include "songs/spelling.h"
 
 namespace tolmira {
 

@@ -1,12 +1,12 @@
 #include "songs/ui/song_editors.h"
 
-#include <QObject>
-#include <algorithm>
-
 #include "foundation/real_path.h"
 #include "songs/FrmConfigFormatTexto.h"
 #include "songs/FrmEditar.h"
 #include "songs/song_drafts.h"
+
+#include <QObject>
+#include <algorithm>
 
 namespace tolmira {
 
@@ -36,8 +36,8 @@ FrmEditar *SongEditors::Make(SongEditorParent *parent) {
   QObject::connect(editor, &FrmEditar::FormatWanted, editor, [this] { AbreFormato(); });
   // It is still handling the event that closed it.
   QObject::connect(editor, &FrmEditar::Closed, editor, [this, editor] {
-    const auto found = std::find_if(m_editors.begin(), m_editors.end(),
-                                    [editor](const auto &one) { return one.get() == editor; });
+    const auto found =
+        std::find_if(m_editors.begin(), m_editors.end(), [editor](const auto &one) { return one.get() == editor; });
     if (found == m_editors.end())
       return;
     found->release()->deleteLater();
@@ -72,17 +72,35 @@ bool SongEditors::Edita(const QString &path, SongEditorParent *parent) {
   return true;
 }
 
-bool SongEditors::EstaAberto(const QString &path) const { return EditorOf(path) != nullptr; }
-bool SongEditors::AbertoEmOutra(const QString &path) const { return !m_editors.empty() && !EstaAberto(path); }
+bool SongEditors::EstaAberto(const QString &path) const {
+  return EditorOf(path) != nullptr;
+}
+bool SongEditors::AbertoEmOutra(const QString &path) const {
+  return !m_editors.empty() && !EstaAberto(path);
+}
+
+bool SongEditors::FechaTodos() {
+  if (m_closing)
+    return false; // a box of the first try still stands open
+  m_closing = true;
+  while (!m_editors.empty()) {
+    FrmEditar *editor = m_editors.back().get();
+    editor->raise();
+    if (!editor->close())
+      break;
+  }
+  m_closing = false;
+  return m_editors.empty();
+}
 
 void SongEditors::OfereceRascunhos() {
   const SongDrafts drafts(m_doors.store.App());
   for (const SongDrafts::Found &found : drafts.All()) {
     const QString title = found.draft.title.trimmed();
-    const int answer = m_doors.prompt.Ask(
-        BoxTitle,
-        QStringLiteral("An unsaved text of '%1' was found. Open it?").arg(title.isEmpty() ? QObject::tr("New song") : title),
-        {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
+    const int answer = m_doors.prompt.Ask(BoxTitle,
+                                          QStringLiteral("An unsaved text of '%1' was found. Open it?")
+                                              .arg(title.isEmpty() ? QObject::tr("New song") : title),
+                                          {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
     if (answer == DropIt)
       drafts.Drop(found.id);
     if (answer != OpenIt)

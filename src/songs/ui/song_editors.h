@@ -1,12 +1,12 @@
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "songs/song_editor_parent.h"
 #include "songs/spelling.h"
 #include "songs/text_format.h"
 #include "songs/ui/editor_doors.h"
+
+#include <memory>
+#include <vector>
 
 namespace tolmira {
 
@@ -28,6 +28,9 @@ public:
   bool EstaAberto(const QString &path) const;
   bool AbertoEmOutra(const QString &path) const; // an editor stands open, and not on this song
 
+  // Closes all of them, as the operator would; false when one of them stays because its text is not saved.
+  bool FechaTodos();
+
   // Asks about each unsaved text that an earlier run left behind.
   void OfereceRascunhos();
   void AbreFormato(); // the text-format options
@@ -40,6 +43,7 @@ private:
   TextFormatDoors m_formatDoors;
   Spelling m_spelling;
   std::vector<std::unique_ptr<FrmEditar>> m_editors;
+  bool m_closing = false;
   std::unique_ptr<FrmConfigFormatTexto> m_format;
 };
 

@@ -1,11 +1,11 @@
 #include "songs/ui/stanza_preview.h"
 
-#include <QShowEvent>
-
 #include "display/ui/web_page_host.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_utils.h"
 #include "songs/song_text.h"
+
+#include <QShowEvent>
 
 namespace tolmira {
 
@@ -24,9 +24,9 @@ QString VerseOf(const QString &stanza, const TemaRecord &tema) {
 } // namespace
 
 StanzaPreview::StanzaPreview(const SongEditorDoors &doors, QWidget *parent)
-    : QFrame(parent), m_telao(doors.telao), m_ajustes(doors.ajustes),
-      m_canal(m_estado, [] { return nullptr; }),
-      m_letras(m_estado, m_ajustes, m_canal, doors.telao, [] { return nullptr; }, doors.measure, doors.random),
+    : QFrame(parent), m_telao(doors.telao), m_ajustes(doors.ajustes), m_canal(m_estado, [] { return nullptr; }),
+      m_letras(
+          m_estado, m_ajustes, m_canal, doors.telao, [] { return nullptr; }, doors.measure, doors.random),
       m_paginas(doors.store.App(), doors.store, m_estado, m_ajustes, m_canal, m_letras, Hosts(), doors.random,
                 doors.yielder),
       m_host(new WebPageHost(QStringLiteral("editor"), this, doors.perfil)) {
@@ -48,7 +48,9 @@ PageBuilder::Hosts StanzaPreview::Hosts() {
   return hosts;
 }
 
-PageObject *StanzaPreview::WV() { return m_host->WV(); }
+PageObject *StanzaPreview::WV() {
+  return m_host->WV();
+}
 
 int StanzaPreview::TelaoWidth() const {
   const Display *display = m_telao ? m_telao() : nullptr;

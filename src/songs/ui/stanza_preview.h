@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QFrame>
-
-#include <functional>
-
 #include "display/display_channel.h"
 #include "display/lyrics_composer.h"
 #include "display/page_builder.h"
 #include "songs/ui/editor_doors.h"
+
+#include <QFrame>
+#include <functional>
 
 namespace tolmira {
 

@@ -2,12 +2,14 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "bible/passage.h"
 #include "bible/reference_entry.h"
+#include "bible/ui/dialog_keys.h"
 #include "bible/ui/reference_box.h"
 #include "controls/ui/palette.h"
 
@@ -114,6 +116,11 @@ void FrmAddBibliaNaLista::Open() {
   activateWindow();
   m_text2->setFocus();
   m_text2->selectAll();
+}
+
+void FrmAddBibliaNaLista::keyPressEvent(QKeyEvent *event) {
+  if (!PressedInDialog(*this, *event))
+    QWidget::keyPressEvent(event);
 }
 
 void FrmAddBibliaNaLista::hideEvent(QHideEvent *event) {

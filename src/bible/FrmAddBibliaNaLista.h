@@ -26,6 +26,7 @@ signals:
   void SearchWanted();
 
 protected:
+  void keyPressEvent(QKeyEvent *event) override;
   void hideEvent(QHideEvent *event) override;
   void changeEvent(QEvent *event) override;
 

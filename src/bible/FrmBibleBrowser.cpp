@@ -12,6 +12,7 @@
 
 #include "bible/books.h"
 #include "bible/passage_filter.h"
+#include "bible/ui/dialog_keys.h"
 #include "controls/ui/palette.h"
 
 namespace tolmira {
@@ -213,6 +214,11 @@ void FrmBibleBrowser::Open() {
   raise();
   activateWindow();
   m_filter->setFocus();
+}
+
+void FrmBibleBrowser::keyPressEvent(QKeyEvent *event) {
+  if (!PressedInDialog(*this, *event))
+    QWidget::keyPressEvent(event);
 }
 
 void FrmBibleBrowser::hideEvent(QHideEvent *event) {

@@ -11,6 +11,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "bible/ui/dialog_keys.h"
 #include "bible/ui/hit_model.h"
 #include "controls/ui/palette.h"
 
@@ -110,6 +111,11 @@ void FrmBibleSearch::Open() {
   activateWindow();
   m_query->setFocus();
   m_query->selectAll();
+}
+
+void FrmBibleSearch::keyPressEvent(QKeyEvent *event) {
+  if (!PressedInDialog(*this, *event))
+    QWidget::keyPressEvent(event);
 }
 
 void FrmBibleSearch::hideEvent(QHideEvent *event) {

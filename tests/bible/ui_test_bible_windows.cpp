@@ -204,6 +204,34 @@ private slots:
     QCOMPARE(box->text(), QString());
   }
 
+  void EveryButtonIsPressedByEnterAndLeftByEscape() {
+    Room room;
+    room.onShow = QStringLiteral("John 4:2");
+    FrmAddBibliaNaLista dialog(room.Doors());
+    FrmBibleBrowser browser(room.Doors());
+    FrmBibleSearch search(room.Doors());
+    dialog.Open();
+    browser.Open();
+    search.Open();
+    Named<ReferenceBox>(dialog, "Text2")->setText(QStringLiteral("John 4:2"));
+    Named<QLineEdit>(search, "TxtBusca")->setText(QStringLiteral("sea"));
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("4 verses of KJV"));
+
+    const QStringList added{QStringLiteral("PorNaLista 1 John 4:2 John 4:2"),
+                            QStringLiteral("PorNaLista 1 John 4:2 John 4:2"),
+                            QStringLiteral("PorNaLista 1 Genesis 1:2 Genesis 1:2")};
+    for (QWidget *window : {static_cast<QWidget *>(&dialog), static_cast<QWidget *>(&browser),
+                            static_cast<QWidget *>(&search)}) {
+      auto *button = Named<QPushButton>(*window, "Command1");
+      button->setFocus();
+      QTest::keyClick(button, Qt::Key_Return);
+      button->setFocus();
+      QTest::keyClick(button, Qt::Key_Escape);
+      QVERIFY(!window->isVisible());
+    }
+    QCOMPARE(room.console.TakeCalls(), added);
+  }
+
   void TypingNarrowsTheColumns() {
     Room room;
     FrmBibleBrowser browser(room.Doors());

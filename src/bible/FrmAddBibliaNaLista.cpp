@@ -129,11 +129,9 @@ void FrmAddBibliaNaLista::hideEvent(QHideEvent *event) {
 }
 
 void FrmAddBibliaNaLista::changeEvent(QEvent *event) {
-  // The version may have changed meanwhile, and the browser has the same key for the hint.
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+  // The rule of Enter may have been flipped elsewhere meanwhile.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow())
     ShowHint();
-    ShowVerse();
-  }
   QWidget::changeEvent(event);
 }
 

@@ -20,6 +20,7 @@ class FrmAddBibliaNaLista : public QWidget {
 public:
   explicit FrmAddBibliaNaLista(BibleDoors doors);
   void Open();
+  void ShowVerse(); // of what is typed, in the version in force
 
 signals:
   void BrowserWanted();
@@ -34,7 +35,6 @@ private:
   void Command1(); // add to the agenda
   void Command3(); // show
   void ShowHint();
-  void ShowVerse();
   QString TypedReference(); // empty when it names no verse
 
   BibleDoors m_doors;

@@ -204,7 +204,6 @@ void FrmBibleBrowser::Open() {
   m_message->clear();
   const Passagem before = Chosen();
   m_filter->clear();
-  m_shownVersion = m_doors.biblia.VersaoBiblia();
   FillBooks(BooksOf({}), 0);
   const Passagem onShow = PassagemDe(m_doors.referenciaNoTelao());
   GoTo(onShow.livro > 0 ? onShow : before);
@@ -227,19 +226,13 @@ void FrmBibleBrowser::hideEvent(QHideEvent *event) {
 }
 
 void FrmBibleBrowser::changeEvent(QEvent *event) {
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+  // The rule of Enter may have been flipped elsewhere meanwhile.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow())
     m_hint->setText(m_ctrlEnter.Hint());
-    VersionMayHaveChanged();
-  }
   QWidget::changeEvent(event);
 }
 
-void FrmBibleBrowser::VersionMayHaveChanged() {
-  if (m_shownVersion == m_doors.biblia.VersaoBiblia())
-    return;
-  m_shownVersion = m_doors.biblia.VersaoBiblia();
-  GoTo(Chosen());
-}
+void FrmBibleBrowser::VersionChanged() { GoTo({NumberOf(m_books), NumberOf(m_chapters), NumberOf(m_verses)}); }
 
 void FrmBibleBrowser::Add() {
   const QString reference = ReferenciaDe(Chosen());

@@ -124,11 +124,11 @@ void FrmBibleSearch::hideEvent(QHideEvent *event) {
   QWidget::hideEvent(event);
 }
 
-void FrmBibleSearch::changeEvent(QEvent *event) {
-  if (event->type() == QEvent::ActivationChange && isActiveWindow() &&
-      m_searchedVersion != m_doors.biblia.VersaoBiblia())
-    StartSearch();
-  QWidget::changeEvent(event);
+// Also where the window was only minimised.
+void FrmBibleSearch::showEvent(QShowEvent *event) {
+  if (m_search)
+    m_slice.start();
+  QWidget::showEvent(event);
 }
 
 void FrmBibleSearch::StartSearch() {

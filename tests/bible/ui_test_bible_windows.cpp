@@ -1,6 +1,7 @@
 #include "bible/FrmAddBibliaNaLista.h"
 #include "bible/FrmBibleBrowser.h"
 #include "bible/FrmBibleSearch.h"
+#include "bible/ui/bible_windows.h"
 #include "bible/ui/reference_box.h"
 #include "support/counting_yielder.h"
 #include "support/fake_clock.h"
@@ -282,6 +283,46 @@ private slots:
     room.biblia.ChooseVersion(2);
     search.Open();
     QTRY_COMPARE(state->text(), QStringLiteral("4 verses of WEB"));
+  }
+
+  void OpenWindowsFollowTheVersion() {
+    Room room;
+    SmallBible().Chapter(1, 1, {QStringLiteral("Uma luz no mar.")}).Write(room.folder.path(), QStringLiteral("XYZ"));
+    room.biblia.BuildVersionMenu();
+    BibleWindows windows(room.Doors());
+    room.biblia.VersaoMudou = [&windows] { windows.VersionChanged(); };
+    windows.OpenAdd();
+    windows.OpenBrowser();
+    windows.OpenSearch();
+    auto &add = *room.desk.findChild<FrmAddBibliaNaLista *>();
+    auto &browser = *room.desk.findChild<FrmBibleBrowser *>();
+    auto &search = *room.desk.findChild<FrmBibleSearch *>();
+    Named<ReferenceBox>(add, "Text2")->setText(QStringLiteral("gen 1 1"));
+    Named<QLineEdit>(browser, "TxtFiltro")->setText(QStringLiteral("john 4"));
+    Named<QLineEdit>(search, "TxtBusca")->setText(QStringLiteral("luz"));
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("No verse of KJV has these words."));
+
+    QVERIFY(room.biblia.ChooseVersion(3));
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("1 verse of XYZ"));
+    QCOMPARE(Named<QLabel>(browser, "LbReferencia")->text(), QString());
+    // The book that was chosen is still there when a version has it again.
+    QVERIFY(room.biblia.ChooseVersion(2));
+    QCOMPARE(Named<QLabel>(browser, "LbReferencia")->text(), QStringLiteral("John 3:1"));
+    QCOMPARE(Named<QLabel>(browser, "LbVersiculo")->text(), QStringLiteral("A lamp is lit."));
+
+    Named<ReferenceBox>(add, "Text2")->setText(QStringLiteral("genesis 1 1"));
+    QVERIFY(room.biblia.ChooseVersion(3));
+    QCOMPARE(Named<QLabel>(add, "LbVersiculo")->text(), QStringLiteral("Uma luz no mar."));
+  }
+
+  void ASearchGoesOnWhenItsWindowComesBack() {
+    Room room;
+    FrmBibleSearch search(room.Doors());
+    search.Open();
+    Named<QLineEdit>(search, "TxtBusca")->setText(QStringLiteral("sea"));
+    search.hide();
+    search.Open();
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("4 verses of KJV"));
   }
 
   void WithoutABibleTheWindowsSaySo() {

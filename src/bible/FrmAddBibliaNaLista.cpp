@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "bible/passage.h"
 #include "bible/reference_entry.h"
 #include "bible/ui/dialog_keys.h"
 #include "bible/ui/reference_box.h"
@@ -138,8 +137,8 @@ void FrmAddBibliaNaLista::changeEvent(QEvent *event) {
 void FrmAddBibliaNaLista::ShowHint() { m_hint->setText(m_ctrlEnter.Hint()); }
 
 void FrmAddBibliaNaLista::ShowVerse() {
-  const Passagem typed = PassagemDe(NormalizeReference(m_text2->text()));
-  m_verse->setText(m_doors.biblia.VersiculosDoCapitulo(typed.livro, typed.capitulo).value(typed.versiculo - 1));
+  QString reference = NormalizeReference(m_text2->text());
+  m_verse->setText(TextoDoVersiculo(m_doors.biblia.GetVerse(reference)));
 }
 
 QString FrmAddBibliaNaLista::TypedReference() {

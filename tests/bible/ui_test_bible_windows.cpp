@@ -116,6 +116,13 @@ private slots:
     ReferenceBox pasted(EntryPlace::Console);
     pasted.setText(QStringLiteral("  John 3:16"));
     QCOMPARE(pasted.text(), QStringLiteral("John 3:16"));
+    for (const QString &copied : {QStringLiteral("John\u00A03:16\r\nFor God"), QStringLiteral("\tJohn\n3:16"),
+                                  QStringLiteral("\u2028John\u20293:16")}) {
+      pasted.clear();
+      pasted.insert(copied);
+      QCOMPARE(NormalizeReference(pasted.text()), QStringLiteral("John 3:16"));
+      QVERIFY(pasted.text().startsWith(QStringLiteral("John 3:16")));
+    }
   }
 
   void EnterAddsOrShows_data() {
@@ -174,6 +181,12 @@ private slots:
     auto *box = Named<ReferenceBox>(dialog, "Text2");
     box->setText(QStringLiteral("Genesis 1:2"));
     QCOMPARE(Named<QLabel>(dialog, "LbVersiculo")->text(), QStringLiteral("The Lord's day, and the sea."));
+    // What is seen is what Enter takes: the last verse, and the first of two.
+    box->setText(QStringLiteral("Genesis 1:1000"));
+    QCOMPARE(Named<QLabel>(dialog, "LbVersiculo")->text(), QStringLiteral("Light of the lamp."));
+    box->setText(QStringLiteral("Genesis 1:2e3"));
+    QCOMPARE(Named<QLabel>(dialog, "LbVersiculo")->text(), QStringLiteral("The Lord's day, and the sea."));
+    box->setText(QStringLiteral("Genesis 1:2"));
     Named<QPushButton>(dialog, "Command1")->click();
     const auto *label = Named<QLabel>(dialog, "Label2");
     QCOMPARE(label->text(), QStringLiteral("Added Genesis 1:2"));

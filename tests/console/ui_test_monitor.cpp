@@ -252,6 +252,16 @@ private slots:
     QCOMPARE(RowTexts(desk.List()).mid(3), QStringList({QStringLiteral("Santo Santo"), QStringLiteral("Rocha Eterna")}));
   }
 
+  void versionsOpenFromTheReferenceBox() {
+    Desk desk;
+    desk.Key(Qt::Key_F10);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text2"));
+    desk.Key(Qt::Key_B, Qt::ControlModifier);
+    QVERIFY(QApplication::activePopupWidget());
+    QCOMPARE(QApplication::activePopupWidget()->objectName(), QStringLiteral("mn_ib"));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text2"));
+  }
   void theFirstDownInTheListIsAtItsFirstEntry() {
     Desk desk;
     desk.Fill();

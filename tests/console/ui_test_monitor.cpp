@@ -1,8 +1,10 @@
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -590,6 +592,35 @@ private slots:
     QCOMPARE_GT(names.size(), 60);
   }
 
+  void noLetterStandsForTwo_data() {
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<int>("kind");
+    QTest::newRow("song") << QStringLiteral("Rocha Eterna") << 2;
+    QTest::newRow("nothing") << QString() << 0;
+  }
+  void noLetterStandsForTwo() {
+    QFETCH(QString, label);
+    QFETCH(int, kind);
+    Desk desk;
+    if (kind > 0)
+      desk.core.flow.ShowEntry(kind, 0, label, label);
+    QSet<QString> letters;
+    const auto note = [&letters](const QString &text) {
+      const QString letter = QKeySequence::mnemonic(text).toString();
+      if (!letter.isEmpty() && letters.contains(letter))
+        QFAIL(qPrintable(QString(letter + u" is taken: " + text)));
+      letters.insert(letter);
+    };
+    for (const QAction *menu : desk.frm.menuBar()->actions())
+      note(menu->text());
+    for (const QAbstractButton *button : desk.frm.findChildren<QAbstractButton *>())
+      if (button->isVisible())
+        note(button->text());
+    for (const QLabel *caption : desk.frm.findChildren<QLabel *>())
+      if (caption->isVisible() && caption->buddy())
+        note(caption->text());
+    QVERIFY(letters.size() > 8);
+  }
   void tabReachesEveryControl() {
     Desk desk;
     desk.Fill();

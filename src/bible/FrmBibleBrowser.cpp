@@ -22,7 +22,7 @@ namespace {
 constexpr QSize Tamanho{840, 520};
 constexpr int LarguraDosLivros = 210;    // px: "Lamentations of Jeremiah"
 constexpr int LarguraDosCapitulos = 76;
-constexpr int LinhasDoVersiculo = 3;
+constexpr int LinhasDoVersiculo = 5; // room for the longest verse
 constexpr int Numero = Qt::UserRole; // of the book, chapter or verse that a row stands for
 
 int NumberOf(const QListWidget *list) {

@@ -21,7 +21,7 @@ namespace {
 
 constexpr QSize Tamanho{840, 480};
 constexpr int LarguraDaReferencia = 230; // px: "Lamentations of Jeremiah 3:22"
-constexpr int LinhasDoVersiculo = 3;
+constexpr int LinhasDoVersiculo = 5; // room for the longest verse
 constexpr qsizetype LetrasPorVez = 500000; // some milliseconds
 
 } // namespace

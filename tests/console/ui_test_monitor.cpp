@@ -559,6 +559,7 @@ private slots:
     desk.core.painel.LBTelaMarcado = 4;
     QWidget *body = desk.Find(QStringLiteral("ListTarefas"))->window()->findChild<QScrollArea *>()->viewport();
     const QList<QPair<Qt::Key, QString>> ways{{Qt::Key_F12, QStringLiteral("PicImgFundoB16")},
+                                              {Qt::Key_F10, QStringLiteral("Text2")},
                                               {Qt::Key_F11, QStringLiteral("LBTela4")},
                                               {Qt::Key_F3, QStringLiteral("ListTarefas")}};
     for (const auto &[key, name] : ways) {

@@ -98,6 +98,7 @@ void Program::Impl::MakeWindows() {
                    return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString();
                  }});
   core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
+  core.lojaBiblia.VersaoMudou = [this] { bible->VersionChanged(); };
   console->SetWindows({[this] { bible->OpenAdd(); }, [this] { bible->OpenBrowser(); }, [this] { bible->OpenSearch(); }});
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
@@ -223,6 +224,7 @@ Program::~Program() {
   m_impl->control.reset();
   m_impl->quendar.reset();
   m_impl->core.flow.FechaAddBiblia = nullptr;
+  m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->console.reset();
 }

@@ -346,7 +346,10 @@ private slots:
     QCOMPARE(config("FontSizeAjusts"), QStringLiteral("65"));
     QVERIFY(Estado().FonteTamanho.toInt() > before * 1.4);
     QVERIFY(m_fixture->display.commands.last().contains(u"font-size:" + Estado().FonteTamanho + u"pt"));
+    const int updates = m_fixture->view.atualizacoes;
     controles.sliderZoomBiblia(120);
+    QVERIFY(m_fixture->view.atualizacoes > updates); // the figure beside the slider follows
+    QCOMPARE(m_fixture->core.painel.SliderZoom, 120);
     QCOMPARE(config("ZoomAjustBiblia"), QStringLiteral("120"));
     QCOMPARE(m_fixture->display.page.zoom, 1.2);
     QCOMPARE(m_fixture->preview.zoom, 1.2);

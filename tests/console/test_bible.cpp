@@ -248,7 +248,9 @@ private slots:
     m_fixture->Tecla(Qt::Key_Down); // into the next chapter: no new item
     QCOMPARE(Estado().ProximoTema, 3);
     QVERIFY(Estado().IndiceTema != 3);
+    Estado().UltimoTexto = QStringLiteral("a caption of the item before");
     m_fixture->Mostra(QStringLiteral("John 3:1"));
+    QVERIFY(Estado().UltimoTexto.isEmpty());
     QCOMPARE(Estado().IndiceTema, 3);
     QCOMPARE(Estado().ProximoTema, SemTemaNaFila);
     QCOMPARE(m_fixture->core.painel.PicAvisoProximo, 0);

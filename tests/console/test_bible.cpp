@@ -406,6 +406,20 @@ private slots:
     }
   }
 
+  // Between the key and the screen a long verse is laid out for a few sizes, not for each that a search could try.
+  void theSizeIsFoundWithFewLayouts() {
+    struct CountingMeasure : FixedMeasure {
+      double Height(const QString &text, const FontSpec &font, double wrapWidthPx) override {
+        layouts += text.size() > 100 && wrapWidthPx > 0 ? 1 : 0;
+        return FixedMeasure::Height(text, font, wrapWidthPx);
+      }
+      int layouts = 0;
+    } measure;
+    const AjusteDeVersiculo ajuste{QSize(1920, 1080), QStringLiteral("Arial"), 1, true, 100};
+    TamanhoBiblia(LongVerse(), QStringLiteral("Esther 8:9 (KJV)"), ajuste, measure);
+    QVERIFY2(measure.layouts <= 9, qPrintable(QString::number(measure.layouts)));
+  }
+
 private:
   EstadoConsole &Estado() { return m_fixture->core.estado; }
   std::unique_ptr<BibleFixture> m_fixture;

@@ -130,8 +130,10 @@ void Program::Impl::RemakeDisplay() {
   ApplyZoom(core.contexto);
   QTimer::singleShot(0, quendar.get(), [this] {
     constexpr int Telao = 1;
-    if (core.estado.TelaPronta)
-      core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
+    if (!core.estado.TelaPronta)
+      return;
+    core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
+    core.leitura.ReenviaVersiculo(); // of a passage the builder only tells the preview
   });
 }
 

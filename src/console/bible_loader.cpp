@@ -101,6 +101,7 @@ bool BibleLoader::exibeTextoBiblico(const QString &reference, bool applyTheme, b
     return false;
   }
 
+  m_console.estado.UltimoTexto.clear();
   painel.SliderExLouvorVisible = painel.SliderExBibliaVisible = painel.ComboFontSizeVisible = false;
   CarregaLeitura(canonical, text, applyTheme, show);
   painel.SliderExBibliaVisible = true;
@@ -132,7 +133,6 @@ void BibleLoader::CarregaLeitura(const QString &reference, const QString &text, 
     estado.TotalEstrofes = 0;
     estado.EstrofeAtual = -1;
     estado.VersoTextoAtual.clear();
-    estado.UltimoTexto.clear();
     estado.ModoMovimento = QStringLiteral("Normal");
     m_stepper.PlaceBelowFrame();
     m_biblia.EsqueceTelao();

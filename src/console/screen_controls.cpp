@@ -160,8 +160,10 @@ int ScreenControls::ValorDeEscala(double escalaBiblia) {
 
 void ScreenControls::sliderZoomBiblia(int percent) {
   m_console.store.WriteConfig(Config, QStringLiteral("ZoomAjustBiblia"), QString::number(percent));
-  if (m_console.estado.TipoAtual == u"Bíblia")
-    ApplyZoom(m_console);
+  if (m_console.estado.TipoAtual != u"Bíblia")
+    return;
+  ApplyZoom(m_console);
+  m_console.Atualiza();
 }
 
 void ScreenControls::Image5(int alinhamento) {

@@ -248,7 +248,9 @@ private slots:
     m_fixture->Tecla(Qt::Key_Down); // into the next chapter: no new item
     QCOMPARE(Estado().ProximoTema, 3);
     QVERIFY(Estado().IndiceTema != 3);
+    Estado().UltimoTexto = QStringLiteral("a caption of the item before");
     m_fixture->Mostra(QStringLiteral("John 3:1"));
+    QVERIFY(Estado().UltimoTexto.isEmpty());
     QCOMPARE(Estado().IndiceTema, 3);
     QCOMPARE(Estado().ProximoTema, SemTemaNaFila);
     QCOMPARE(m_fixture->core.painel.PicAvisoProximo, 0);
@@ -346,7 +348,10 @@ private slots:
     QCOMPARE(config("FontSizeAjusts"), QStringLiteral("65"));
     QVERIFY(Estado().FonteTamanho.toInt() > before * 1.4);
     QVERIFY(m_fixture->display.commands.last().contains(u"font-size:" + Estado().FonteTamanho + u"pt"));
+    const int updates = m_fixture->view.atualizacoes;
     controles.sliderZoomBiblia(120);
+    QVERIFY(m_fixture->view.atualizacoes > updates); // the figure beside the slider follows
+    QCOMPARE(m_fixture->core.painel.SliderZoom, 120);
     QCOMPARE(config("ZoomAjustBiblia"), QStringLiteral("120"));
     QCOMPARE(m_fixture->display.page.zoom, 1.2);
     QCOMPARE(m_fixture->preview.zoom, 1.2);
@@ -399,6 +404,20 @@ private slots:
       QVERIFY(texto == LongVerse() ? grande >= centrado : grande > 1.3 * centrado);
       QVERIFY(measure.Height(texto, {ajuste.fonte, double(grande), false}, largura) < tela.height() - 2 * px);
     }
+  }
+
+  // Between the key and the screen a long verse is laid out for a few sizes, not for each that a search could try.
+  void theSizeIsFoundWithFewLayouts() {
+    struct CountingMeasure : FixedMeasure {
+      double Height(const QString &text, const FontSpec &font, double wrapWidthPx) override {
+        layouts += text.size() > 100 && wrapWidthPx > 0 ? 1 : 0;
+        return FixedMeasure::Height(text, font, wrapWidthPx);
+      }
+      int layouts = 0;
+    } measure;
+    const AjusteDeVersiculo ajuste{QSize(1920, 1080), QStringLiteral("Arial"), 1, true, 100};
+    TamanhoBiblia(LongVerse(), QStringLiteral("Esther 8:9 (KJV)"), ajuste, measure);
+    QVERIFY2(measure.layouts <= 9, qPrintable(QString::number(measure.layouts)));
   }
 
 private:

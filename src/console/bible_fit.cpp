@@ -60,24 +60,26 @@ int TamanhoBiblia(const QString &texto, const QString &ref, const AjusteDeVersic
 
   // Laying out a long verse is the dearest step between the key and the screen, so the second search is made only where
   // the first one's answer does not hold.
-  const auto cabe = [&](int tamanho, double alturaPx) {
-    return Altura(texto, ref, tamanho, tela, measure) <= alturaPx;
+  const auto cabe = [&](int tamanho, const AjusteDeVersiculo &onde, double parte) {
+    return Altura(texto, ref, tamanho, onde, measure) <= parte * onde.telaPx.height();
   };
-  // The largest whole size below `passa` at which the verse takes no more than that height, by halving.
-  const auto ajuste = [&](int passa, double alturaPx) {
+  // The largest whole size below `passa` at which the verse takes no more than that part of the height, by halving.
+  const auto ajuste = [&](int passa, const AjusteDeVersiculo &onde, double parte) {
     int menor = TamanhoMinimo;
     while (passa - menor > 1) {
       const int meio = (menor + passa) / 2;
-      (cabe(meio, alturaPx) ? menor : passa) = meio;
+      (cabe(meio, onde, parte) ? menor : passa) = meio;
     }
     return menor;
   };
   // The factor is what leaves the margin, so the fit itself takes the whole height.
   const int acima = static_cast<int>(maior * std::max(1.0, fator)) + 1;
-  const double inteiro = std::min<double>(maior, ajuste(acima, tela.telaPx.height()));
+  const double inteiro = std::min<double>(maior, ajuste(acima, tela, 1));
   const int desejado = std::max(TamanhoMinimo, static_cast<int>(std::floor(inteiro * fator)));
-  const double util = AlturaUtil * tela.telaPx.height();
-  return cabe(desejado, util) ? desejado : ajuste(desejado, util);
+  // A page at 150 per cent has two thirds of the projection's pixels to lay its text out in.
+  AjusteDeVersiculo visivel = tela;
+  visivel.telaPx = tela.telaPx * 100 / std::max(tela.zoom, 1);
+  return cabe(desejado, visivel, AlturaUtil) ? desejado : ajuste(desejado, visivel, AlturaUtil);
 }
 
 } // namespace tolmira

@@ -163,7 +163,7 @@ void ScreenControls::sliderZoomBiblia(int percent) {
   if (m_console.estado.TipoAtual != u"Bíblia")
     return;
   ApplyZoom(m_console);
-  m_console.Atualiza();
+  m_leitura.RecarregaVersiculo(true); // a verse that the zoom would push off the screen is set smaller
 }
 
 void ScreenControls::Image5(int alinhamento) {
@@ -183,6 +183,7 @@ void ScreenControls::LeAjustes() {
   ajustes.TransparenciaFaixa = QString::number(number(QStringLiteral("Transparencia_Faixa"), 7, 0, 10));
   ajustes.EscalaBiblia =
       number(QStringLiteral("FontSizeAjusts"), AjusteNeutro, 0, MaiorAjusteBiblia) - AjusteNeutro + 100;
+  ajustes.ZoomAjustBiblia = number(QStringLiteral("ZoomAjustBiblia"), 100, 60, 500);
   ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);
   ajustes.EstiloLouvor = number(QStringLiteral("estiloLouvor"), 4, 0, UltimoEstilo);
   ajustes.AlinhamentoVertical = text(QStringLiteral("VerticalAlign"), QStringLiteral("center"));

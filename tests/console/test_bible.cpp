@@ -91,6 +91,7 @@ private slots:
     QTest::newRow("verse 0 stands for the last") << QStringLiteral("John 3:0") << QStringLiteral("John 3:3");
     QTest::newRow("a chapter") << QStringLiteral("John 3") << QStringLiteral("John 3:1");
     QTest::newRow("a range") << QStringLiteral("JOHN 3:2-3") << QStringLiteral("John 3:2");
+    QTest::newRow("two verses") << QStringLiteral("John 3:2e3") << QStringLiteral("John 3:2");
   }
 
   void referencesAsAnAgendaMayHoldThem() {
@@ -403,6 +404,12 @@ private slots:
       const int grande = TamanhoBiblia(texto, ref, ajuste, measure);
       QVERIFY(texto == LongVerse() ? grande >= centrado : grande > 1.3 * centrado);
       QVERIFY(measure.Height(texto, {ajuste.fonte, double(grande), false}, largura) < tela.height() - 2 * px);
+      // A zoom of the page enlarges what has room and pushes nothing off the screen.
+      ajuste.escala = 100;
+      ajuste.zoom = 150;
+      const int ampliado = TamanhoBiblia(texto, ref, ajuste, measure);
+      QVERIFY(texto == LongVerse() ? ampliado < centrado : ampliado == centrado);
+      QVERIFY(measure.Height(texto, {ajuste.fonte, double(ampliado), false}, largura / 1.5) < tela.height() / 1.5);
     }
   }
 

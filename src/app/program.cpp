@@ -101,6 +101,7 @@ void Program::Impl::MakeWindows() {
                    return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString();
                  }});
   core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
+  core.lojaBiblia.VersaoMudou = [this] { bible->VersionChanged(); };
   MakeSongEditors();
   FrmMonitor::Windows windows;
   windows.newSong = [this] { editors->Novo(); };
@@ -153,8 +154,10 @@ void Program::Impl::RemakeDisplay() {
   ApplyZoom(core.contexto);
   QTimer::singleShot(0, quendar.get(), [this] {
     constexpr int Telao = 1;
-    if (core.estado.TelaPronta)
-      core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
+    if (!core.estado.TelaPronta)
+      return;
+    core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
+    core.leitura.ReenviaVersiculo(); // of a passage the builder only tells the preview
   });
 }
 
@@ -253,6 +256,7 @@ Program::~Program() {
   m_impl->core.flow.FechaAddBiblia = nullptr;
   m_impl->core.agenda.editorDeMusicas = {};
   m_impl->editors.reset();
+  m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->console.reset();
 }

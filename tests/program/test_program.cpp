@@ -126,6 +126,39 @@ private slots:
     QVERIFY(third.Start());
   }
 
+  void lyricsThatWereTypedSurviveAKill() {
+    const auto with = [](const char *control, const QString &text) {
+      return QJsonObject{{QStringLiteral("window"), QStringLiteral("FrmEditar")},
+                         {QStringLiteral("control"), QLatin1String(control)},
+                         {QStringLiteral("text"), text}};
+    };
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    program.Do(QStringLiteral("click"), {{QStringLiteral("window"), QStringLiteral("FrmMonitor")},
+                                         {QStringLiteral("control"), QStringLiteral("MnNovaLetra")}});
+    QTRY_VERIFY_WITH_TIMEOUT(program.OpenBoxes().contains(QStringLiteral("FrmEditar")), 20000);
+    program.Do(QStringLiteral("type"), with("Text1", QStringLiteral("Manhã")));
+    program.Do(QStringLiteral("type"), with("Text2", QStringLiteral("luz")));
+    const QDir drafts(m_folder->filePath(QStringLiteral("Data/rascunhos")));
+    const auto kept = [&] {
+      const QStringList names = drafts.entryList(QDir::Files);
+      return names.size() == 1 && Read(QStringLiteral("Data/rascunhos/") + names[0]).contains("luz");
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(kept(), 20000);
+    program.Kill();
+
+    RemoteProgram next(m_folder->path());
+    QVERIFY(next.Start());
+    QTRY_COMPARE_WITH_TIMEOUT(next.OpenBoxes(), QStringList{QStringLiteral("MessageBox")}, 20000);
+    next.Do(QStringLiteral("answer"), {{QStringLiteral("button"), QStringLiteral("Open")}});
+    QTRY_VERIFY_WITH_TIMEOUT(next.OpenBoxes().contains(QStringLiteral("FrmEditar")), 20000);
+    next.Do(QStringLiteral("click"), {{QStringLiteral("window"), QStringLiteral("FrmEditar")},
+                                      {QStringLiteral("control"), QStringLiteral("BotaoFlat1")}});
+    QTRY_COMPARE_WITH_TIMEOUT(Read(QStringLiteral("Lyrics/Manhã.txt")), QByteArray("Luz\r\n"), 20000);
+    QVERIFY(drafts.entryList(QDir::Files).isEmpty());
+    QVERIFY(next.Quit());
+  }
+
   void oneMonitorIsARehearsalInAWindow() {
     RemoteProgram program(m_folder->path());
     QVERIFY(program.StartOnly(1));

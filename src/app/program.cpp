@@ -22,6 +22,7 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "songs/ui/song_windows.h"
 
 namespace tolmira {
 
@@ -73,6 +74,7 @@ struct Program::Impl {
   PageProfile profile;
   std::unique_ptr<FrmMonitor> console;
   std::unique_ptr<BibleWindows> bible;
+  std::unique_ptr<SongWindows> songs;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ConsoleStartup> startup;
   std::unique_ptr<ControlServer> control;
@@ -98,7 +100,14 @@ void Program::Impl::MakeWindows() {
                    return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString();
                  }});
   core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
-  console->SetWindows({[this] { bible->OpenAdd(); }, [this] { bible->OpenBrowser(); }, [this] { bible->OpenSearch(); }});
+  songs = std::make_unique<SongWindows>(SongDoors{
+      app, core.flow, positions, clock, prompt, console.get(),
+      [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, nullptr, nullptr});
+  console->SetWindows({[this] { songs->OpenAdd(); }, [this] { bible->OpenAdd(); }, [this] { bible->OpenBrowser(); },
+                       [this] { bible->OpenSearch(); }, [this] {
+                         if (songs)
+                           songs->AgendaChanged();
+                       }});
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -224,6 +233,7 @@ Program::~Program() {
   m_impl->quendar.reset();
   m_impl->core.flow.FechaAddBiblia = nullptr;
   m_impl->bible.reset();
+  m_impl->songs.reset();
   m_impl->console.reset();
 }
 

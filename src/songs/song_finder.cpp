@@ -168,8 +168,8 @@ void SongFinder::Lista(SongRows rows, std::optional<QString> term) {
     AoListar();
 }
 
-void SongFinder::TiraLinha(int row) {
-  m_rows.erase(m_rows.begin() + row);
+void SongFinder::TiraLinha(const std::shared_ptr<SongFile> &file) {
+  std::erase(m_rows, file);
   if (AoListar)
     AoListar();
 }

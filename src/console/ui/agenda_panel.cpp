@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QMenu>
+#include <QToolTip>
 
 #include <utility>
 
@@ -81,6 +82,12 @@ AgendaPanel::AgendaPanel(ConsoleParts parts, QWidget *parent)
   });
   connect(m_lista, &GroupList::EntryMoved, this,
           [this](int kind, int from, int to) { m_parts.agenda.MoveEntry(kind, from, to); });
+  // The drop has no status line of its own.
+  connect(m_lista, &GroupList::EntryOffered, this, [this](const EntryDrag &entry) {
+    QString message;
+    m_parts.fluxo.PorNaLista(entry.label, entry.group, entry.target, message);
+    QToolTip::showText(QCursor::pos(), message, m_lista);
+  });
   connect(m_lista, &GroupList::MenuWanted, this, &AgendaPanel::ShowMenu);
 
   m_menu = new QMenu(this);

@@ -262,13 +262,16 @@ int GroupList::DropIndex(const QPoint &pos) const {
 }
 
 void GroupList::dragEnterEvent(QDragEnterEvent *event) {
-  if (event->source() == this)
+  if (event->source() == this || EntryDrag::FromMime(event->mimeData()))
     event->accept();
 }
 
 void GroupList::dragMoveEvent(QDragMoveEvent *event) {
-  if (event->source() != this)
+  if (event->source() != this) {
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(EntryDrag::FromMime(event->mimeData()).has_value());
     return;
+  }
   QListWidget::dragMoveEvent(event);
   if (DropIndex(event->position().toPoint()) > 0)
     event->acceptProposedAction();
@@ -278,6 +281,14 @@ void GroupList::dragMoveEvent(QDragMoveEvent *event) {
 
 // What is dragged is the chosen entry.
 void GroupList::dropEvent(QDropEvent *event) {
+  if (event->source() != this) {
+    event->setDropAction(Qt::CopyAction);
+    const std::optional<EntryDrag> entry = EntryDrag::FromMime(event->mimeData());
+    event->setAccepted(entry.has_value());
+    if (entry)
+      emit EntryOffered(*entry);
+    return;
+  }
   const auto [group, from] = Chosen();
   const int to = DropIndex(event->position().toPoint());
   event->accept();

@@ -251,6 +251,29 @@ BENCHMARK(NarrowToLess)->Unit(benchmark::kMillisecond)->UseManualTime();
 void NarrowRareWord(benchmark::State &state) { Search(state, QStringLiteral("zim"), QStringLiteral("zimb")); }
 BENCHMARK(NarrowRareWord)->Unit(benchmark::kMillisecond)->UseManualTime();
 
+// A part of the opening: the names of the folder, sorted.
+void ListFolder(benchmark::State &state) {
+  TheCollection();
+  for (auto _ : state) {
+    SongFolder folder;
+    folder.Observe(TheCollection().app.At(u"\\Lyrics"));
+    benchmark::DoNotOptimize(folder.Files());
+  }
+}
+BENCHMARK(ListFolder)->Unit(benchmark::kMillisecond);
+
+// A part of a first key: the texts in memory, without list and window.
+void ScanTexts(benchmark::State &state) {
+  SongFolder folder;
+  folder.Observe(TheCollection().app.At(u"\\Lyrics"));
+  const SongRows files = folder.Files();
+  const SearchTerm term(QStringLiteral("zimbro"));
+  for (auto _ : state)
+    for (SongFile *file : files)
+      benchmark::DoNotOptimize(folder.Holds(*file, term));
+}
+BENCHMARK(ScanTexts)->Unit(benchmark::kMillisecond);
+
 // What the texts take in memory, with everything that comes with them but the list of names.
 void TextMemory(benchmark::State &state) {
   const auto heap = [] {
@@ -263,7 +286,7 @@ void TextMemory(benchmark::State &state) {
     folder.Observe(TheCollection().app.At(u"\\Lyrics"));
     const SongRows &files = folder.Files();
     const double before = heap();
-    for (const std::shared_ptr<SongFile> &file : files)
+    for (SongFile *file : files)
       folder.Holds(*file, nothing);
     state.counters["heap_per_file"] = (heap() - before) / static_cast<double>(TheCollection().diskBytes);
     state.counters["disk_MB"] = static_cast<double>(TheCollection().diskBytes) / 1e6;

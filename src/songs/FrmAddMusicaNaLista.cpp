@@ -219,7 +219,7 @@ void FrmAddMusicaNaLista::AtualizaLista(const QString &nome) {
 void FrmAddMusicaNaLista::Listado() {
   const SongRows &rows = m_list->Finder().List1();
   if (!m_aSelecionar.isEmpty()) {
-    const auto found = std::find_if(rows.begin(), rows.end(), [this](const std::shared_ptr<SongFile> &file) {
+    const auto found = std::find_if(rows.begin(), rows.end(), [this](const SongFile *file) {
       return file->Linha() == m_aSelecionar;
     });
     const bool whole = m_text1->text().isEmpty();
@@ -357,7 +357,7 @@ void FrmAddMusicaNaLista::Command4() {
   const QString row = m_list->Texto();
   const QString path = m_list->Caminho();
   const int kind = Tipo();
-  const std::shared_ptr<SongFile> file = m_list->Finder().List1().at(static_cast<size_t>(m_list->Row()));
+  const SongFile *const file = m_list->Finder().List1().at(static_cast<size_t>(m_list->Row()));
   if (m_doors.prompt.Ask(TituloDaCaixa, QStringLiteral("Do you really want to delete '") + row + u"' ?",
                          {QStringLiteral("Yes"), QStringLiteral("No")}) != 0)
     return;

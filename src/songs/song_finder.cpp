@@ -98,7 +98,7 @@ void SongFinder::ListaNumero(Pasta pasta, int number) {
   const QString head = QString::number(number);
   SongRows rows;
   std::copy_if(Folder().Files().begin(), Folder().Files().end(), std::back_inserter(rows),
-               [&head](const std::shared_ptr<SongFile> &file) { return file->Arquivo().startsWith(head); });
+               [&head](const SongFile *file) { return file->Arquivo().startsWith(head); });
   Lista(std::move(rows), std::nullopt);
 }
 
@@ -168,8 +168,8 @@ void SongFinder::Lista(SongRows rows, std::optional<QString> term) {
     AoListar();
 }
 
-void SongFinder::TiraLinha(const std::shared_ptr<SongFile> &file) {
-  std::erase(m_rows, file);
+void SongFinder::TiraLinha(const SongFile *file) {
+  std::erase_if(m_rows, [file](const SongFile *row) { return row == file; });
   if (AoListar)
     AoListar();
 }

@@ -38,7 +38,7 @@ public:
   const QString &Path() const { return m_path; } // of the folder listed, as stored paths are
   const SongRows &List1() const { return m_rows; }
   QString Caminho(int row) const; // stored path of a row's file
-  void TiraLinha(const std::shared_ptr<SongFile> &file); // it was deleted
+  void TiraLinha(const SongFile *file); // it was deleted
   QString TermoDasLinhas() const { return m_rowsTerm.value_or(QString()); } // what the rows were found by; lower case
   bool Buscando() const { return m_search.has_value(); }
   bool Medindo() const { return Buscando() && m_keepRows; }

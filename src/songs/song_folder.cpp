@@ -1,9 +1,9 @@
 #include "songs/song_folder.h"
 
 #include <QFile>
-#include <QHash>
 #include <QUtf8StringView>
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <ctime>
@@ -24,52 +24,68 @@ constexpr qint64 Second = 1'000'000'000;
 // A file that was written a moment ago can be written again without its time moving on; some disks count in steps of two
 // seconds.
 constexpr qint64 YoungNs = 3 * Second;
-constexpr size_t FirstRead = 64 * 1024;
+constexpr qsizetype FirstRead = 64 * 1024;
 
 qint64 Nanoseconds(const timespec &time) { return time.tv_sec * Second + time.tv_nsec; }
 
 bool IsTextName(const char *name, size_t length) { return length >= 4 && strcasecmp(name + length - 4, ".txt") == 0; }
 
+bool IsUtf8(const QByteArray &real) { return QUtf8StringView(real.constData(), real.size()).isValidUtf8(); }
+
+bool IsSpeltByAPath(const QByteArray &real) {
+  return IsUtf8(real) && std::none_of(real.begin(), real.end(), [](char c) { return c == '\\' || c == '\r' || c == '\n'; });
+}
+
 // Names that are no UTF-8 come from archives of older systems; read in their code page they are at least legible.
 QString ReadableName(const QByteArray &real) {
-  return QUtf8StringView(real.constData(), real.size()).isValidUtf8() ? QString::fromUtf8(real)
-                                                                       : DecodeText(real).text;
+  return IsUtf8(real) ? QString::fromUtf8(real) : DecodeText(real).text;
+}
+
+// The letter under an accent, for the letters that European names are written with.
+constexpr char16_t EuropeanLetters = 0x180;
+char16_t Unaccented(char16_t letter) {
+  static const auto table = [] {
+    std::array<char16_t, EuropeanLetters> bare{};
+    for (char16_t c = 0; c < EuropeanLetters; ++c) {
+      const QString parts = QString(QChar(c)).normalized(QString::NormalizationForm_D);
+      bare[c] = parts.size() > 1 && parts.at(1).isMark() ? parts.at(0).unicode() : c;
+    }
+    return bare;
+  }();
+  return table[letter];
 }
 
 QString SortingKey(const QString &lower) {
-  if (std::all_of(lower.begin(), lower.end(), [](QChar c) { return c.unicode() < 0x80; }))
-    return lower;
-  QString key = lower.normalized(QString::NormalizationForm_D);
-  key.removeIf([](QChar c) { return c.isMark(); });
+  QString key = lower;
+  for (qsizetype i = 0; i < lower.size(); ++i) {
+    const char16_t letter = lower.at(i).unicode();
+    if (letter >= EuropeanLetters) {
+      key = lower.normalized(QString::NormalizationForm_D);
+      key.removeIf([](QChar c) { return c.isMark(); });
+      break;
+    }
+    if (letter >= 0x80)
+      key[i] = QChar(Unaccented(letter));
+  }
   return key;
 }
 
-// Up to the end of the file or the limit; empty when it cannot be read whole.
-QByteArray ReadAll(int file) {
-  QByteArray bytes(static_cast<qsizetype>(FirstRead), Qt::Uninitialized);
-  qsizetype filled = 0;
-  for (;;) {
-    const ssize_t got = read(file, bytes.data() + filled, static_cast<size_t>(bytes.size() - filled));
-    if (got < 0 && errno == EINTR)
-      continue;
-    if (got < 0)
-      return {};
-    filled += got;
-    if (got == 0)
-      break;
-    if (filled == bytes.size()) {
-      if (filled >= TextFileLimit)
-        return {};
-      bytes.resize(std::min<qsizetype>(2 * bytes.size(), TextFileLimit));
-    }
-  }
-  bytes.truncate(filled);
-  return bytes;
+quint64 FirstFour(const QString &key) {
+  quint64 four = 0;
+  for (qsizetype i = 0; i < 4; ++i)
+    four = four << 16 | (i < key.size() ? key.at(i).unicode() : 0u);
+  return four;
 }
 
 } // namespace
 
-bool ComesBefore(const std::shared_ptr<SongFile> &a, const std::shared_ptr<SongFile> &b) {
+SongFile::SongFile(const QByteArray &real, bool shared)
+    : m_real(real), m_arquivo(ReadableName(real)), m_minusculo(m_arquivo.toLower()), m_temCaminho(IsSpeltByAPath(real)),
+      m_shared(shared), m_chave(SortingKey(m_minusculo)), m_inicioDaChave(FirstFour(m_chave)) {}
+
+bool ComesBefore(const SongFile *a, const SongFile *b) {
+  if (a->m_inicioDaChave != b->m_inicioDaChave)
+    return a->m_inicioDaChave < b->m_inicioDaChave;
   const int order = a->m_chave.compare(b->m_chave);
   return order != 0 ? order < 0 : a->m_real < b->m_real;
 }
@@ -79,12 +95,16 @@ SongFolder::~SongFolder() { Rest(); }
 void SongFolder::Observe(const QString &storedPath, bool doubt) {
   Rest();
   ++m_round;
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  m_nowNs = Nanoseconds(now);
   const QString path = MapStoredPath(storedPath).text();
   struct stat status {};
   const bool there = stat(QFile::encodeName(path).constData(), &status) == 0;
   if (!there || path != m_path || status.st_ino != m_inode || status.st_dev != m_device) {
     m_watch.Stop();
-    m_files.clear();
+    for (SongFile &file : m_all)
+      file.m_read = false;
     m_path = path;
     m_inode = status.st_ino;
     m_device = status.st_dev;
@@ -103,10 +123,8 @@ void SongFolder::Observe(const QString &storedPath, bool doubt) {
     m_trusted = m_round;
   if (changes.names)
     m_listed = false;
-  for (const std::shared_ptr<SongFile> &file : m_files) {
-    if (changes.files.isEmpty())
-      break;
-    if (changes.files.contains(file->m_real))
+  for (const QByteArray &name : changes.files) {
+    if (SongFile *file = m_byName.value(name))
       file->m_read = false;
   }
 }
@@ -117,27 +135,9 @@ const SongRows &SongFolder::Files() {
   return m_files;
 }
 
-std::shared_ptr<SongFile> SongFolder::NewFile(const QByteArray &real, bool shared) {
-  auto file = std::make_shared<SongFile>();
-  file->m_real = real;
-  file->m_arquivo = ReadableName(real);
-  file->m_minusculo = file->m_arquivo.toLower();
-  file->m_chave = SortingKey(file->m_minusculo);
-  file->m_temCaminho = QFile::encodeName(file->m_arquivo) == real &&
-                       std::none_of(file->m_arquivo.begin(), file->m_arquivo.end(),
-                                    [](QChar c) { return c == u'\\' || c == u'\r' || c == u'\n'; });
-  file->m_shared = shared;
-  return file;
-}
-
 void SongFolder::List() {
-  QHash<QByteArray, std::shared_ptr<SongFile>> known;
-  known.reserve(static_cast<qsizetype>(m_files.size()));
-  for (const std::shared_ptr<SongFile> &file : m_files)
-    known.insert(file->m_real, file);
   m_files.clear();
   m_listed = true;
-
   DIR *folder = opendir(QFile::encodeName(m_path).constData());
   if (!folder)
     return;
@@ -150,22 +150,16 @@ void SongFolder::List() {
     if (!plain && (fstatat(dirfd(folder), entry->d_name, &status, 0) != 0 || !S_ISREG(status.st_mode)))
       continue;
     const QByteArray real(entry->d_name, static_cast<qsizetype>(length));
-    std::shared_ptr<SongFile> file = known.take(real);
+    SongFile *&file = m_byName[real];
     if (!file)
-      file = NewFile(real, !plain);
+      file = &m_all.emplace_back(real, !plain);
     // A link's target comes and goes without a word.
-    if (!plain)
-      file->m_shared = true;
+    file->m_shared |= !plain;
     m_listed &= plain;
-    m_files.push_back(std::move(file));
+    m_files.push_back(file);
   }
   closedir(folder);
   std::sort(m_files.begin(), m_files.end(), ComesBefore);
-  // Rows of an earlier search may still hold a song that is gone.
-  for (const std::shared_ptr<SongFile> &gone : std::as_const(known)) {
-    gone->m_read = false;
-    gone->m_shared = true;
-  }
 }
 
 bool SongFolder::IsCertain(const SongFile &file) const {
@@ -190,6 +184,7 @@ SongFile::Stamp SongFolder::StampOf(const struct stat &status) {
 }
 
 void SongFolder::Read(SongFile &file) {
+  ++m_reads;
   file.m_read = true;
   file.m_stamp = {};
   file.m_text = {};
@@ -199,14 +194,36 @@ void SongFolder::Read(SongFile &file) {
     return;
   struct stat status {};
   if (fstat(opened, &status) == 0 && S_ISREG(status.st_mode)) {
-    file.m_text = SearchedText(ReadAll(opened));
+    const qsizetype size = ReadAll(opened);
+    file.m_text = SearchedText(QByteArrayView(m_buffer.constData(), size));
     file.m_shared |= status.st_nlink > 1;
-    timespec now{};
-    clock_gettime(CLOCK_REALTIME, &now);
-    if (Nanoseconds(now) - std::max(Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim)) > YoungNs)
+    if (m_nowNs - std::max(Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim)) > YoungNs)
       file.m_stamp = StampOf(status);
   }
   close(opened);
+}
+
+// Into the buffer, up to the end of the file; how much that is. Nothing of a file that cannot be read whole.
+qsizetype SongFolder::ReadAll(int file) {
+  if (m_buffer.isEmpty())
+    m_buffer.resize(FirstRead);
+  qsizetype filled = 0;
+  for (;;) {
+    const qsizetype room = m_buffer.size() - filled;
+    const ssize_t got = read(file, m_buffer.data() + filled, static_cast<size_t>(room));
+    if (got < 0 && errno == EINTR)
+      continue;
+    if (got < 0)
+      return 0;
+    filled += got;
+    if (got == 0)
+      return filled;
+    if (got == room) {
+      if (filled >= TextFileLimit)
+        return 0;
+      m_buffer.resize(std::min(2 * m_buffer.size(), TextFileLimit));
+    }
+  }
 }
 
 int SongFolder::Folder() {
@@ -219,12 +236,13 @@ void SongFolder::Rest() {
   if (m_folder >= 0)
     close(m_folder);
   m_folder = -1;
+  m_buffer = QByteArray();
 }
 
 qint64 SongFolder::TextBytes() const {
   qint64 bytes = 0;
-  for (const std::shared_ptr<SongFile> &file : m_files)
-    bytes += file->m_text.Size();
+  for (const SongFile &file : m_all)
+    bytes += file.m_text.Size();
   return bytes;
 }
 

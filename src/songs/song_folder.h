@@ -1,9 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 
-#include <memory>
+#include <deque>
 #include <vector>
 
 #include "songs/folder_watch.h"
@@ -13,9 +14,11 @@ struct stat;
 
 namespace tolmira {
 
-// One song of a folder's list.
+// One song of a folder's list. Its folder keeps it for as long as the folder lives, also when the file goes.
 class SongFile {
 public:
+  SongFile(const QByteArray &real, bool shared);
+
   const QString &Arquivo() const { return m_arquivo; }       // file name with its extension
   const QString &Minusculo() const { return m_minusculo; }   // the same in lower case
   QString Linha() const { return m_arquivo.chopped(4); }     // the list row
@@ -23,9 +26,15 @@ public:
   // song is listed and searched, and nothing else can be done with it.
   bool TemCaminho() const { return m_temCaminho; }
 
+  // A search is about to look at the song.
+  void Prefetch() const {
+    __builtin_prefetch(m_minusculo.constData());
+    m_text.Prefetch();
+  }
+
 private:
   friend class SongFolder;
-  friend bool ComesBefore(const std::shared_ptr<SongFile> &a, const std::shared_ptr<SongFile> &b);
+  friend bool ComesBefore(const SongFile *a, const SongFile *b);
   struct Stamp {
     qint64 size = -1; // -1: no stamp can vouch for the text
     qint64 modifiedNs = 0;
@@ -37,19 +46,20 @@ private:
   QByteArray m_real; // as the disk spells it
   QString m_arquivo;
   QString m_minusculo;
-  QString m_chave; // to sort by
-  bool m_temCaminho = true;
-  bool m_shared = false; // it has other names, through which it changes unseen
-  bool m_read = false;
-  quint32 m_seen = 0; // the round in which the text was last known to be the file's
-  Stamp m_stamp;
   SearchedText m_text;
+  quint32 m_seen = 0; // the round in which the text was last known to be the file's
+  bool m_read = false;
+  bool m_temCaminho;
+  bool m_shared; // it has other names, through which it changes unseen
+  QString m_chave;         // to sort by
+  quint64 m_inicioDaChave; // its first four characters, for a quick comparison
+  Stamp m_stamp;
 };
 
-using SongRows = std::vector<std::shared_ptr<SongFile>>;
+using SongRows = std::vector<SongFile *>;
 
 // Sorts without regard to case and accents, and equal ones by their plain names, so that the order is always the same.
-bool ComesBefore(const std::shared_ptr<SongFile> &a, const std::shared_ptr<SongFile> &b);
+bool ComesBefore(const SongFile *a, const SongFile *b);
 
 // The songs of one folder with their texts, kept in memory from one search to the next. Every answer is the one that the
 // files themselves would give after the last call of Observe.
@@ -80,25 +90,31 @@ public:
   void Rest();
 
   qint64 TextBytes() const;
+  int Reads() const { return m_reads; } // files that were opened so far
 
 private:
   bool IsCertain(const SongFile &file) const;
   void List();
   void Read(SongFile &file);
   int Folder();
+  qsizetype ReadAll(int file);
   static SongFile::Stamp StampOf(const struct stat &status);
-  static std::shared_ptr<SongFile> NewFile(const QByteArray &real, bool shared);
 
   Trust m_trust;
   QString m_path;
   quint64 m_inode = 0;
   quint64 m_device = 0;
   FolderWatch m_watch;
-  SongRows m_files;
+  std::deque<SongFile> m_all; // every song that was ever listed
+  QHash<QByteArray, SongFile *> m_byName;
+  SongRows m_files; // those that are there
   bool m_listed = false;
   quint32 m_round = 0;
   quint32 m_trusted = 0; // texts seen in this round or later are certain while the folder is watched
+  qint64 m_nowNs = 0;    // when the round began
   int m_folder = -1;     // open while a search runs
+  QByteArray m_buffer;   // likewise
+  int m_reads = 0;
 };
 
 } // namespace tolmira

@@ -20,7 +20,8 @@ public:
   SongSearch(const SongSearch &) = delete;
   SongSearch &operator=(const SongSearch &) = delete;
 
-  // Goes on until the last song, or until `enough` says so, which is asked after each song. True while songs are left.
+  // Goes on until the last song, or until `enough` says so, which is asked after
+  // each song that had to be read and every few others. True while songs are left.
   bool Next(const std::function<bool()> &enough);
 
   // Songs whose file name begins with the term, then those that hold it further inside, then those that hold it in their
@@ -28,7 +29,7 @@ public:
   SongRows TakeRows();
 
 private:
-  void Look(const std::shared_ptr<SongFile> &file);
+  void Look(SongFile *file);
 
   SongFolder &m_folder;
   SearchTerm m_term;

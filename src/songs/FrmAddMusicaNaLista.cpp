@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -34,10 +35,13 @@ const QString NadaSelecionado = QStringLiteral("No item selected");
 
 QString Caption(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
 
-// Into the desktop's trash where there is one. A file that is gone already counts as removed.
+// Into the desktop's trash where there is one. A file that is gone already counts as removed; a folder that took its
+// place is not touched.
 bool RemoveFile(const QString &storedPath) {
   const QString path = MapStoredPath(storedPath).text();
-  return QFile::moveToTrash(path) || QFile::remove(path) || !FileExists(storedPath);
+  if (!QFileInfo::exists(path))
+    return true;
+  return QFileInfo(path).isFile() && (QFile::moveToTrash(path) || QFile::remove(path));
 }
 
 } // namespace
@@ -371,7 +375,7 @@ void FrmAddMusicaNaLista::Command4() {
 }
 
 std::optional<EntryDrag> FrmAddMusicaNaLista::Arrasta() {
-  if (!TemLinha(QString()) || !TemTexto())
+  if (m_list->Row() < 0 || !m_list->TemCaminho() || !TemTexto())
     return std::nullopt;
   return EntryDrag{Tipo(), m_list->Texto(), m_list->Texto()};
 }

@@ -98,10 +98,15 @@ FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors)
   m_selecionado->setProperty("look", QStringLiteral("caps"));
   m_selecionado->setTextFormat(Qt::PlainText);
   lines->addWidget(m_selecionado);
-  m_leitura = new ReadingPane(reading);
+  auto *page = new QFrame(reading);
+  page->setProperty("look", QStringLiteral("panel"));
+  auto *inside = new QVBoxLayout(page);
+  inside->setContentsMargins(medidas::Step, medidas::Step, medidas::Step, medidas::Step);
+  m_leitura = new ReadingPane(page);
   m_leitura->setObjectName(QStringLiteral("TxtLeitura"));
   m_leitura->setAccessibleName(tr("Words of the selected song"));
-  lines->addWidget(m_leitura, 1);
+  inside->addWidget(m_leitura);
+  lines->addWidget(page, 1);
   reading->setMinimumWidth(200);
   halves->setStretchFactor(0, 5);
   halves->setStretchFactor(1, 4);

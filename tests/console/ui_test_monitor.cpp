@@ -252,6 +252,14 @@ private slots:
     QCOMPARE(RowTexts(desk.List()).mid(3), QStringList({QStringLiteral("Santo Santo"), QStringLiteral("Rocha Eterna")}));
   }
 
+  void whatIsDroppedIsAddedOnce() {
+    Desk desk;
+    for (int i = 0; i < 2; ++i)
+      emit desk.List()->EntryOffered({3, QStringLiteral("12 Rocha"), QStringLiteral("12 Rocha")});
+    QCOMPARE(desk.core.agenda.Lista().Count(3), 1);
+    QCOMPARE(desk.core.agenda.Lista().CaptionAt(3, 1), QStringLiteral("12 Rocha"));
+  }
+
   void theFirstDownInTheListIsAtItsFirstEntry() {
     Desk desk;
     desk.Fill();

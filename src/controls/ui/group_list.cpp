@@ -267,11 +267,13 @@ void GroupList::dragEnterEvent(QDragEnterEvent *event) {
 }
 
 void GroupList::dragMoveEvent(QDragMoveEvent *event) {
-  if (event->source() != this) {
+  if (EntryDrag::FromMime(event->mimeData())) {
     event->setDropAction(Qt::CopyAction);
-    event->setAccepted(EntryDrag::FromMime(event->mimeData()).has_value());
+    event->accept();
     return;
   }
+  if (event->source() != this)
+    return;
   QListWidget::dragMoveEvent(event);
   if (DropIndex(event->position().toPoint()) > 0)
     event->acceptProposedAction();
@@ -281,12 +283,10 @@ void GroupList::dragMoveEvent(QDragMoveEvent *event) {
 
 // What is dragged is the chosen entry.
 void GroupList::dropEvent(QDropEvent *event) {
-  if (event->source() != this) {
+  if (const std::optional<EntryDrag> entry = EntryDrag::FromMime(event->mimeData())) {
     event->setDropAction(Qt::CopyAction);
-    const std::optional<EntryDrag> entry = EntryDrag::FromMime(event->mimeData());
-    event->setAccepted(entry.has_value());
-    if (entry)
-      emit EntryOffered(*entry);
+    event->accept();
+    emit EntryOffered(*entry);
     return;
   }
   const auto [group, from] = Chosen();

@@ -222,6 +222,17 @@ private slots:
              QStringList({QStringLiteral("B amo"), QStringLiteral("A"), QStringLiteral("C"), QStringLiteral("D")}));
   }
 
+  void NarrowedRowsAreSortedAnew() {
+    Room room;
+    room.Write(QStringLiteral("Lyrics/Am z.txt"), "amo");
+    room.Write(QStringLiteral("Lyrics/A cam.txt"), "amo");
+    room.Write(QStringLiteral("Lyrics/Ábaco.txt"), "amo");
+    QCOMPARE(room.Search(QStringLiteral("am")),
+             QStringList({QStringLiteral("Am z"), QStringLiteral("A cam"), QStringLiteral("Ábaco")}));
+    QCOMPARE(room.Search(QStringLiteral("amo")),
+             QStringList({QStringLiteral("A cam"), QStringLiteral("Ábaco"), QStringLiteral("Am z")}));
+  }
+
   // Rows of another folder or of a search that was cancelled are no ground to narrow on.
   void OnlyRowsOfTheShorterTermAreNarrowed() {
     Room room;
@@ -274,6 +285,8 @@ private slots:
     QVERIFY(room.finder.IntervaloBusca() >= 110);
     QVERIFY(room.finder.IntervaloBusca() < 250);
     lists = 0;
+    for (int i = 0; i < 100; ++i)
+      room.Write(QStringLiteral("Lyrics/%1.txt").arg(i), "lua"); // each has to be read again
     room.finder.SetTermoBusca(QStringLiteral("lu"));
     room.clock.Advance(room.finder.IntervaloBusca());
     QVERIFY(room.finder.Buscando());
@@ -328,7 +341,7 @@ private slots:
     for (int step = 0; step < 500; ++step) {
       const QString one = path + u'/' + name();
       const QString other = path + u'/' + name();
-      switch (random.bounded(12)) {
+      switch (random.bounded(13)) {
       case 0:
       case 1:
       case 2:
@@ -361,7 +374,10 @@ private slots:
       case 9:
         write(aside + u'/' + QString::number(random.bounded(3)), QIODevice::WriteOnly);
         break;
-      case 10:
+      case 10: // which root may read all the same
+        QFile::setPermissions(one, random.bounded(2) == 0 ? QFile::Permissions() : QFile::ReadOwner | QFile::WriteOwner);
+        break;
+      case 11:
         if (random.bounded(20) == 0) { // another folder takes its place
           QDir(temp.path()).rename(QStringLiteral("Lyrics"), QStringLiteral("Old%1").arg(step));
           QDir().mkpath(path);

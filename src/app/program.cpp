@@ -23,6 +23,7 @@
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
 #include "songs/ui/song_editors.h"
+#include "songs/ui/song_windows.h"
 
 namespace tolmira {
 
@@ -76,6 +77,7 @@ struct Program::Impl {
   std::unique_ptr<FrmMonitor> console;
   std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<SongEditors> editors;
+  std::unique_ptr<SongWindows> songs;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ConsoleStartup> startup;
   std::unique_ptr<ControlServer> control;
@@ -102,12 +104,22 @@ void Program::Impl::MakeWindows() {
                  }});
   core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
   core.lojaBiblia.VersaoMudou = [this] { bible->VersionChanged(); };
+  songs = std::make_unique<SongWindows>(
+      SongDoors{app, core.flow, positions, clock, prompt, console.get(),
+                [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
+                [this](const QString &path) { editors->Edita(path, songs.get()); },
+                [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
   FrmMonitor::Windows windows;
-  windows.newSong = [this] { editors->Novo(); };
+  windows.newSong = [this] { editors->Novo(songs.get()); };
+  windows.addSong = [this] { songs->OpenAdd(); };
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
+  windows.agendaChanged = [this] {
+    if (songs)
+      songs->AgendaChanged();
+  };
   console->SetWindows(std::move(windows));
   console->PodeFechar = [this] { return editors->FechaTodos(); };
   console->AoFechar = [this] { startup->Unload(); };
@@ -258,6 +270,7 @@ Program::~Program() {
   m_impl->editors.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
+  m_impl->songs.reset();
   m_impl->console.reset();
 }
 

@@ -148,6 +148,8 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.menus = new ConsoleMenus(parts, std::move(ways), this);
   setMenuBar(d.menus);
   d.screen->SetVersionMenu(d.menus->Versoes());
+  d.addBar->SetWindow(0, tr("Adds a song or a hymn to the agenda, or shows one (Ctrl+M)"),
+                      [&d, open] { open(d.windows.addSong); });
   d.addBar->SetWindow(1, tr("Adds a Bible passage to the agenda, or shows one"),
                       [&d, open] { open(d.windows.addBible); });
   parts.teclas.Image9 = [&d] { d.screen->Image9(); };
@@ -248,7 +250,12 @@ void FrmMonitor::Atualiza() {
 }
 
 void FrmMonitor::StripMoved() { m_impl->strip->PicAbac2()->StripMoved(); }
-void FrmMonitor::AgendaChanged() { m_impl->agenda->AgendaChanged(); }
+
+void FrmMonitor::AgendaChanged() {
+  m_impl->agenda->AgendaChanged();
+  if (m_impl->windows.agendaChanged)
+    m_impl->windows.agendaChanged();
+}
 
 void FrmMonitor::ThemesChanged() {
   m_impl->themes->ThemesChanged();

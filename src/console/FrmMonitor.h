@@ -31,9 +31,11 @@ public:
   // The windows behind the console's buttons, menus and keys.
   struct Windows {
     std::function<void()> newSong;
+    std::function<void()> addSong;
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
+    std::function<void()> agendaChanged; // another agenda is active, or it has another title
   };
   void SetWindows(Windows windows);
 

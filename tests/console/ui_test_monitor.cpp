@@ -264,6 +264,15 @@ private slots:
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text2"));
   }
+
+  void whatIsDroppedIsAddedOnce() {
+    Desk desk;
+    for (int i = 0; i < 2; ++i)
+      emit desk.List()->EntryOffered({3, QStringLiteral("12 Rocha"), QStringLiteral("12 Rocha")});
+    QCOMPARE(desk.core.agenda.Lista().Count(3), 1);
+    QCOMPARE(desk.core.agenda.Lista().CaptionAt(3, 1), QStringLiteral("12 Rocha"));
+  }
+
   void theFirstDownInTheListIsAtItsFirstEntry() {
     Desk desk;
     desk.Fill();

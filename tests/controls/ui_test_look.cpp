@@ -1,5 +1,6 @@
 #include <QDirIterator>
 #include <QFile>
+#include <QMimeData>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QtTest>
@@ -7,6 +8,7 @@
 #include <cmath>
 
 #include "controls/ui/desk_icon.h"
+#include "controls/ui/entry_drag.h"
 #include "controls/ui/flat_button.h"
 #include "controls/ui/group_list.h"
 #include "controls/ui/palette.h"
@@ -195,6 +197,41 @@ private slots:
     QCOMPARE(moved.size(), to > 0 ? 1 : 0);
     if (to > 0)
       QCOMPARE(moved.first(), (QVariantList{1, 2, to}));
+  }
+
+  void entriesOfOtherWindowsAreOffered() {
+    struct Droppable : GroupList {
+      using GroupList::dragEnterEvent;
+      using GroupList::dragMoveEvent;
+      using GroupList::dropEvent;
+      using GroupList::GroupList;
+    } list({{QStringLiteral("A"), {}}}, nullptr);
+    list.resize(200, 400);
+    list.show();
+    QList<EntryDrag> offered;
+    connect(&list, &GroupList::EntryOffered, &list, [&offered](const EntryDrag &entry) { offered.append(entry); });
+    const std::unique_ptr<QMimeData> song(EntryDrag{2, QStringLiteral("Ação"), QStringLiteral("ação")}.ToMime());
+    QMimeData text;
+    text.setText(QStringLiteral("Ação"));
+    for (const QMimeData *data : {static_cast<const QMimeData *>(song.get()), static_cast<const QMimeData *>(&text)}) {
+      QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, data, Qt::LeftButton, {});
+      enter.ignore();
+      list.dragEnterEvent(&enter);
+      QCOMPARE(enter.isAccepted(), data != &text);
+      QDragMoveEvent move(QPoint(5, 50), Qt::CopyAction, data, Qt::LeftButton, {});
+      move.ignore();
+      list.dragMoveEvent(&move);
+      QCOMPARE(move.isAccepted(), data != &text);
+    }
+    QDropEvent drop(QPoint(5, 50), Qt::CopyAction, song.get(), Qt::LeftButton, {});
+    list.dropEvent(&drop);
+    QCOMPARE(offered.size(), 1);
+    QCOMPARE(offered.first().group, 2);
+    QCOMPARE(offered.first().label, QStringLiteral("Ação"));
+    QCOMPARE(offered.first().target, QStringLiteral("ação"));
+    QDropEvent plain(QPoint(5, 50), Qt::CopyAction, &text, Qt::LeftButton, {});
+    list.dropEvent(&plain);
+    QCOMPARE(offered.size(), 1);
   }
 
   void tabsShareTheRow() {

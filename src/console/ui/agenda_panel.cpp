@@ -2,6 +2,8 @@
 
 #include <QGridLayout>
 #include <QMenu>
+#include <QTimer>
+#include <QToolTip>
 
 #include <utility>
 
@@ -13,6 +15,8 @@
 namespace tolmira {
 
 namespace {
+
+constexpr int EsperaDaDica = 150; // ms
 
 std::vector<GroupList::Group> Groups() {
   const auto icon = [](const char *name) { return DeskIcon(QLatin1String(name), cores::Quiet); };
@@ -81,6 +85,12 @@ AgendaPanel::AgendaPanel(ConsoleParts parts, QWidget *parent)
   });
   connect(m_lista, &GroupList::EntryMoved, this,
           [this](int kind, int from, int to) { m_parts.agenda.MoveEntry(kind, from, to); });
+  // The drop has no status line of its own. A tip that is shown at once goes away with the release of the button.
+  connect(m_lista, &GroupList::EntryOffered, this, [this](const EntryDrag &entry) {
+    QString message;
+    m_parts.fluxo.PorNaLista(entry.label, entry.group, entry.target, message);
+    QTimer::singleShot(EsperaDaDica, m_lista, [this, message] { QToolTip::showText(QCursor::pos(), message, m_lista); });
+  });
   connect(m_lista, &GroupList::MenuWanted, this, &AgendaPanel::ShowMenu);
 
   m_menu = new QMenu(this);

@@ -262,11 +262,16 @@ int GroupList::DropIndex(const QPoint &pos) const {
 }
 
 void GroupList::dragEnterEvent(QDragEnterEvent *event) {
-  if (event->source() == this)
+  if (event->source() == this || EntryDrag::FromMime(event->mimeData()))
     event->accept();
 }
 
 void GroupList::dragMoveEvent(QDragMoveEvent *event) {
+  if (EntryDrag::FromMime(event->mimeData())) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    return;
+  }
   if (event->source() != this)
     return;
   QListWidget::dragMoveEvent(event);
@@ -278,6 +283,12 @@ void GroupList::dragMoveEvent(QDragMoveEvent *event) {
 
 // What is dragged is the chosen entry.
 void GroupList::dropEvent(QDropEvent *event) {
+  if (const std::optional<EntryDrag> entry = EntryDrag::FromMime(event->mimeData())) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    emit EntryOffered(*entry);
+    return;
+  }
   const auto [group, from] = Chosen();
   const int to = DropIndex(event->position().toPoint());
   event->accept();

@@ -5,10 +5,13 @@
 
 #include <vector>
 
+#include "controls/ui/entry_drag.h"
+
 namespace tolmira {
 
 // A list in groups with a heading each. Groups and entries count from 1; a group without entries shows nothing. An
-// entry can be dragged inside its own group only: the list reports the wish and the owner changes the data.
+// entry can be dragged inside its own group only: the list reports the wish and the owner changes the data. What another
+// window of the program drags here (EntryDrag) is offered to the owner as well.
 class GroupList : public QListWidget {
   Q_OBJECT
 
@@ -38,6 +41,7 @@ signals:
   void EntryChosen(int group, int index);
   void EntryActivated(int group, int index); // double click
   void EntryMoved(int group, int from, int to);
+  void EntryOffered(const EntryDrag &entry); // dropped from another window
   void MenuWanted(const QPoint &globalPos);
 
 protected:

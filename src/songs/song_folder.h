@@ -1,0 +1,120 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <deque>
+#include <vector>
+
+#include "songs/folder_watch.h"
+#include "songs/searched_text.h"
+
+struct stat;
+
+namespace tolmira {
+
+// One song of a folder's list. Its folder keeps it for as long as the folder lives, also when the file goes.
+class SongFile {
+public:
+  SongFile(const QByteArray &real, bool shared);
+
+  const QString &Arquivo() const { return m_arquivo; }       // file name with its extension
+  const QString &Minusculo() const { return m_minusculo; }   // the same in lower case
+  QString Linha() const { return m_arquivo.chopped(4); }     // the list row
+  // False for a name that no stored path can spell: with a line end, a backslash, or bytes that are no UTF-8. Such a
+  // song is listed and searched, and nothing else can be done with it.
+  bool TemCaminho() const { return m_temCaminho; }
+
+  // A search is about to look at the song.
+  void Prefetch() const {
+    __builtin_prefetch(m_minusculo.constData());
+    m_text.Prefetch();
+  }
+
+private:
+  friend class SongFolder;
+  friend bool ComesBefore(const SongFile *a, const SongFile *b);
+  struct Stamp {
+    qint64 size = -1; // -1: no stamp can vouch for the text
+    qint64 modifiedNs = 0;
+    qint64 changedNs = 0;
+    quint64 inode = 0;
+    friend bool operator==(const Stamp &, const Stamp &) = default;
+  };
+
+  QByteArray m_real; // as the disk spells it
+  QString m_arquivo;
+  QString m_minusculo;
+  SearchedText m_text;
+  quint32 m_seen = 0; // the round in which the text was last known to be the file's
+  bool m_read = false;
+  bool m_temCaminho;
+  bool m_shared; // it has other names, through which it changes unseen
+  QString m_chave;         // to sort by
+  quint64 m_inicioDaChave; // its first four characters, for a quick comparison
+  Stamp m_stamp;
+};
+
+using SongRows = std::vector<SongFile *>;
+
+// Sorts without regard to case and accents, and equal ones by their plain names, so that the order is always the same.
+bool ComesBefore(const SongFile *a, const SongFile *b);
+
+// The songs of one folder with their texts, kept in memory from one search to the next. Every answer is the one that the
+// files themselves would give after the last call of Observe.
+class SongFolder {
+public:
+  enum class Trust {
+    Watch,   // what the system reports of the folder is enough where it reports
+    Compare, // every text is compared with its file's size and times
+  };
+
+  explicit SongFolder(Trust trust = Trust::Watch) : m_trust(trust) {}
+  ~SongFolder();
+  SongFolder(const SongFolder &) = delete;
+  SongFolder &operator=(const SongFolder &) = delete;
+
+  // A search begins: takes note of what has happened in the folder since the last one. The path may be another one than
+  // before. `doubt` has every text compared with its file once more, which finds what the system does not report.
+  void Observe(const QString &storedPath, bool doubt = false);
+
+  // Every plain file "*.txt" (any case), sorted. Lists the folder when something came or went.
+  const SongRows &Files();
+
+  // Whether the song's text holds the term. Reads the file when its text is not known or may have changed; a file that
+  // cannot be read holds nothing.
+  bool Holds(SongFile &file, const SearchTerm &term);
+
+  // The search is over: nothing of the folder is held open, so that its disk can be taken out.
+  void Rest();
+
+  qint64 TextBytes() const;
+  int Reads() const { return m_reads; } // files that were opened so far
+
+private:
+  bool IsCertain(const SongFile &file) const;
+  void List();
+  void Read(SongFile &file);
+  int Folder();
+  qsizetype ReadAll(int file);
+  static SongFile::Stamp StampOf(const struct stat &status);
+
+  Trust m_trust;
+  QString m_path;
+  quint64 m_inode = 0;
+  quint64 m_device = 0;
+  FolderWatch m_watch;
+  std::deque<SongFile> m_all; // every song that was ever listed
+  QHash<QByteArray, SongFile *> m_byName;
+  SongRows m_files; // those that are there
+  bool m_listed = false;
+  quint32 m_round = 0;
+  quint32 m_trusted = 0; // texts seen in this round or later are certain while the folder is watched
+  qint64 m_nowNs = 0;    // when the round began
+  int m_folder = -1;     // open while a search runs
+  QByteArray m_buffer;   // likewise
+  int m_reads = 0;
+};
+
+} // namespace tolmira

@@ -1,0 +1,64 @@
+#include "songs/song_search.h"
+
+#include <algorithm>
+
+namespace tolmira {
+
+namespace {
+
+constexpr size_t SongsBetweenLooks = 64; // some microseconds
+constexpr size_t SongsAhead = 4;
+
+bool BeginsWith(const SongFile &file, const QString &term) {
+  const QString &name = file.Arquivo();
+  // The start of the name is taken before it is lowered; a letter that becomes two shifts the rest.
+  if (name.size() == file.Minusculo().size())
+    return file.Minusculo().startsWith(term);
+  return name.left(term.size()).toLower() == term;
+}
+
+} // namespace
+
+SongSearch::SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates)
+    : m_folder(folder), m_term(term), m_candidates(candidates ? *std::move(candidates) : folder.Files()) {}
+
+SongSearch::~SongSearch() { m_folder.Rest(); }
+
+void SongSearch::Look(SongFile *file) {
+  auto &[inicio, meio, letra] = m_found;
+  if (BeginsWith(*file, m_term.Text()))
+    inicio.push_back(file);
+  else if (file->Minusculo().contains(m_term.Text()))
+    meio.push_back(file);
+  else if (m_folder.Holds(*file, m_term))
+    letra.push_back(file);
+}
+
+bool SongSearch::Next(const std::function<bool()> &enough) {
+  while (m_next < m_candidates.size()) {
+    // A song's parts lie apart in memory, and waiting for them is most of the work.
+    if (m_next + 2 * SongsAhead < m_candidates.size()) {
+      __builtin_prefetch(m_candidates[m_next + 2 * SongsAhead]);
+      m_candidates[m_next + SongsAhead]->Prefetch();
+    }
+    const int reads = m_folder.Reads();
+    Look(m_candidates[m_next++]);
+    if ((m_folder.Reads() != reads || m_next % SongsBetweenLooks == 0) && enough())
+      break;
+  }
+  return m_next < m_candidates.size();
+}
+
+SongRows SongSearch::TakeRows() {
+  SongRows rows;
+  rows.reserve(m_found[0].size() + m_found[1].size() + m_found[2].size());
+  for (SongRows &group : m_found) {
+    // Rows of an earlier search come in the order of that search.
+    if (!std::is_sorted(group.begin(), group.end(), ComesBefore))
+      std::stable_sort(group.begin(), group.end(), ComesBefore);
+    rows.insert(rows.end(), group.begin(), group.end());
+  }
+  return rows;
+}
+
+} // namespace tolmira

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+#include "console/presentation.h"
+#include "foundation/app_folder.h"
+#include "foundation/seams.h"
+#include "foundation/ui/form_position.h"
+
+class QWidget;
+
+namespace tolmira {
+
+// What the windows of the songs work with. All of it outlives them.
+struct SongDoors {
+  const AppFolder &app;
+  Presentation &console;
+  FormPositions &posicoes;
+  Clock &clock;
+  UserPrompt &prompt;
+  QWidget *dono = nullptr;                        // the console's window, which they stand over
+  std::function<QString()> tituloDaAgenda;        // of the active agenda
+  std::function<void(const QString &)> abreEditor; // on the song at that stored path; empty while there is no editor
+  std::function<bool(const QString &)> editorAberto; // whether an editor stands open on that song
+};
+
+} // namespace tolmira

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include "songs/song_editor_parent.h"
+#include "songs/ui/song_doors.h"
+
+namespace tolmira {
+
+class FrmAddMusicaNaLista;
+
+// The windows of the songs, each made when it is first wanted.
+class SongWindows : public SongEditorParent {
+public:
+  explicit SongWindows(SongDoors doors);
+  ~SongWindows() override;
+
+  void OpenAdd();
+  void AgendaChanged(); // another agenda is active, or it has another title
+  // A song was saved under this name (without folder and extension): the open list shows it.
+  void AtualizaLista(const QString &nome) override;
+
+private:
+  SongDoors m_doors;
+  std::unique_ptr<FrmAddMusicaNaLista> m_add;
+};
+
+} // namespace tolmira

@@ -70,18 +70,24 @@ QString SortingKey(const QString &lower) {
   return key;
 }
 
-quint64 FirstFour(const QString &key) {
-  quint64 four = 0;
-  for (qsizetype i = 0; i < 4; ++i)
-    four = four << 16 | (i < key.size() ? key.at(i).unicode() : 0u);
-  return four;
+// One byte a character, in the order of the keys. From a character on that no byte holds, the bytes tell nothing.
+quint64 FirstEight(const QString &key) {
+  constexpr char16_t Beyond = 0xFF;
+  quint64 eight = 0;
+  bool told = true;
+  for (qsizetype i = 0; i < 8; ++i) {
+    const char16_t character = told && i < key.size() ? std::min(key.at(i).unicode(), Beyond) : u'\0';
+    told = told && character != Beyond;
+    eight = eight << 8 | character;
+  }
+  return eight;
 }
 
 } // namespace
 
 SongFile::SongFile(const QByteArray &real, bool shared)
     : m_real(real), m_arquivo(ReadableName(real)), m_minusculo(m_arquivo.toLower()), m_temCaminho(IsSpeltByAPath(real)),
-      m_shared(shared), m_chave(SortingKey(m_minusculo)), m_inicioDaChave(FirstFour(m_chave)) {}
+      m_shared(shared), m_chave(SortingKey(m_minusculo.chopped(4))), m_inicioDaChave(FirstEight(m_chave)) {}
 
 bool ComesBefore(const SongFile *a, const SongFile *b) {
   if (a->m_inicioDaChave != b->m_inicioDaChave)

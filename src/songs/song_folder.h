@@ -52,7 +52,7 @@ private:
   bool m_temCaminho;
   bool m_shared; // it has other names, through which it changes unseen
   QString m_chave;         // to sort by
-  quint64 m_inicioDaChave; // its first four characters, for a quick comparison
+  quint64 m_inicioDaChave; // its first characters, for a quick comparison
   Stamp m_stamp;
 };
 

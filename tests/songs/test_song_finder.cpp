@@ -82,7 +82,7 @@ QStringList NaiveSearch(const QString &folder, const QString &term) {
       names.append(files.fileName());
   }
   std::sort(names.begin(), names.end(), [](const QString &a, const QString &b) {
-    const int order = NaiveKey(a).compare(NaiveKey(b));
+    const int order = NaiveKey(a.chopped(4)).compare(NaiveKey(b.chopped(4)));
     return order != 0 ? order < 0 : a.toUtf8() < b.toUtf8();
   });
   QStringList groups[3];
@@ -231,6 +231,17 @@ private slots:
              QStringList({QStringLiteral("Am z"), QStringLiteral("A cam"), QStringLiteral("Ábaco")}));
     QCOMPARE(room.Search(QStringLiteral("amo")),
              QStringList({QStringLiteral("A cam"), QStringLiteral("Ábaco"), QStringLiteral("Am z")}));
+  }
+
+  void NamesOfAllScriptsAreInOrder() {
+    Room room;
+    const QStringList sorted{QStringLiteral("a"),      QStringLiteral("Á a"),     QStringLiteral("abcdefgh"),
+                             QStringLiteral("Abcdefghi"), QStringLiteral("abcdefgĩa"), QStringLiteral("ÿ"),
+                             QStringLiteral("þb"),     QStringLiteral("ωa"),      QStringLiteral("Жb"),
+                             QStringLiteral("жc"),     QStringLiteral("日")};
+    for (const QString &name : sorted)
+      room.Write(QStringLiteral("Lyrics/%1.txt").arg(name), "");
+    QCOMPARE(room.Search(QString()), sorted);
   }
 
   // Rows of another folder or of a search that was cancelled are no ground to narrow on.

@@ -100,6 +100,7 @@ void Program::Impl::MakeWindows() {
                    return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString();
                  }});
   core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
+  core.lojaBiblia.VersaoMudou = [this] { bible->VersionChanged(); };
   songs = std::make_unique<SongWindows>(SongDoors{
       app, core.flow, positions, clock, prompt, console.get(),
       [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, nullptr, nullptr});
@@ -138,8 +139,10 @@ void Program::Impl::RemakeDisplay() {
   ApplyZoom(core.contexto);
   QTimer::singleShot(0, quendar.get(), [this] {
     constexpr int Telao = 1;
-    if (core.estado.TelaPronta)
-      core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
+    if (!core.estado.TelaPronta)
+      return;
+    core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
+    core.leitura.ReenviaVersiculo(); // of a passage the builder only tells the preview
   });
 }
 
@@ -232,6 +235,7 @@ Program::~Program() {
   m_impl->control.reset();
   m_impl->quendar.reset();
   m_impl->core.flow.FechaAddBiblia = nullptr;
+  m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();
   m_impl->console.reset();

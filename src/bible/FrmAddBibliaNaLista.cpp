@@ -2,12 +2,13 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "bible/passage.h"
 #include "bible/reference_entry.h"
+#include "bible/ui/dialog_keys.h"
 #include "bible/ui/reference_box.h"
 #include "controls/ui/palette.h"
 
@@ -116,25 +117,28 @@ void FrmAddBibliaNaLista::Open() {
   m_text2->selectAll();
 }
 
+void FrmAddBibliaNaLista::keyPressEvent(QKeyEvent *event) {
+  if (!PressedInDialog(*this, *event))
+    QWidget::keyPressEvent(event);
+}
+
 void FrmAddBibliaNaLista::hideEvent(QHideEvent *event) {
   m_doors.posicoes.SaveFormPosition(*this, false);
   QWidget::hideEvent(event);
 }
 
 void FrmAddBibliaNaLista::changeEvent(QEvent *event) {
-  // The version may have changed meanwhile, and the browser has the same key for the hint.
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+  // The rule of Enter may have been flipped elsewhere meanwhile.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow())
     ShowHint();
-    ShowVerse();
-  }
   QWidget::changeEvent(event);
 }
 
 void FrmAddBibliaNaLista::ShowHint() { m_hint->setText(m_ctrlEnter.Hint()); }
 
 void FrmAddBibliaNaLista::ShowVerse() {
-  const Passagem typed = PassagemDe(NormalizeReference(m_text2->text()));
-  m_verse->setText(m_doors.biblia.VersiculosDoCapitulo(typed.livro, typed.capitulo).value(typed.versiculo - 1));
+  QString reference = NormalizeReference(m_text2->text());
+  m_verse->setText(TextoDoVersiculo(m_doors.biblia.GetVerse(reference)));
 }
 
 QString FrmAddBibliaNaLista::TypedReference() {

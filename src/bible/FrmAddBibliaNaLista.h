@@ -20,12 +20,14 @@ class FrmAddBibliaNaLista : public QWidget {
 public:
   explicit FrmAddBibliaNaLista(BibleDoors doors);
   void Open();
+  void ShowVerse(); // of what is typed, in the version in force
 
 signals:
   void BrowserWanted();
   void SearchWanted();
 
 protected:
+  void keyPressEvent(QKeyEvent *event) override;
   void hideEvent(QHideEvent *event) override;
   void changeEvent(QEvent *event) override;
 
@@ -33,7 +35,6 @@ private:
   void Command1(); // add to the agenda
   void Command3(); // show
   void ShowHint();
-  void ShowVerse();
   QString TypedReference(); // empty when it names no verse
 
   BibleDoors m_doors;

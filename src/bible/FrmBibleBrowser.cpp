@@ -12,6 +12,7 @@
 
 #include "bible/books.h"
 #include "bible/passage_filter.h"
+#include "bible/ui/dialog_keys.h"
 #include "controls/ui/palette.h"
 
 namespace tolmira {
@@ -21,7 +22,7 @@ namespace {
 constexpr QSize Tamanho{840, 520};
 constexpr int LarguraDosLivros = 210;    // px: "Lamentations of Jeremiah"
 constexpr int LarguraDosCapitulos = 76;
-constexpr int LinhasDoVersiculo = 3;
+constexpr int LinhasDoVersiculo = 5; // room for the longest verse
 constexpr int Numero = Qt::UserRole; // of the book, chapter or verse that a row stands for
 
 int NumberOf(const QListWidget *list) {
@@ -203,7 +204,6 @@ void FrmBibleBrowser::Open() {
   m_message->clear();
   const Passagem before = Chosen();
   m_filter->clear();
-  m_shownVersion = m_doors.biblia.VersaoBiblia();
   FillBooks(BooksOf({}), 0);
   const Passagem onShow = PassagemDe(m_doors.referenciaNoTelao());
   GoTo(onShow.livro > 0 ? onShow : before);
@@ -215,25 +215,24 @@ void FrmBibleBrowser::Open() {
   m_filter->setFocus();
 }
 
+void FrmBibleBrowser::keyPressEvent(QKeyEvent *event) {
+  if (!PressedInDialog(*this, *event))
+    QWidget::keyPressEvent(event);
+}
+
 void FrmBibleBrowser::hideEvent(QHideEvent *event) {
   m_doors.posicoes.SaveFormPosition(*this, false);
   QWidget::hideEvent(event);
 }
 
 void FrmBibleBrowser::changeEvent(QEvent *event) {
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+  // The rule of Enter may have been flipped elsewhere meanwhile.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow())
     m_hint->setText(m_ctrlEnter.Hint());
-    VersionMayHaveChanged();
-  }
   QWidget::changeEvent(event);
 }
 
-void FrmBibleBrowser::VersionMayHaveChanged() {
-  if (m_shownVersion == m_doors.biblia.VersaoBiblia())
-    return;
-  m_shownVersion = m_doors.biblia.VersaoBiblia();
-  GoTo(Chosen());
-}
+void FrmBibleBrowser::VersionChanged() { GoTo({NumberOf(m_books), NumberOf(m_chapters), NumberOf(m_verses)}); }
 
 void FrmBibleBrowser::Add() {
   const QString reference = ReferenciaDe(Chosen());

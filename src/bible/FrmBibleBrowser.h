@@ -19,9 +19,11 @@ class FrmBibleBrowser : public QWidget {
 public:
   explicit FrmBibleBrowser(BibleDoors doors);
   void Open(); // at the passage on show, else where it was left
+  void VersionChanged(); // the columns stay where they are, as far as the version in force has the place
 
 protected:
   bool eventFilter(QObject *watched, QEvent *event) override;
+  void keyPressEvent(QKeyEvent *event) override;
   void hideEvent(QHideEvent *event) override;
   void changeEvent(QEvent *event) override;
 
@@ -33,7 +35,6 @@ private:
   void FillVerses(int chosen);
   void ShowChosen();
   void GoTo(const Passagem &passagem);
-  void VersionMayHaveChanged();
   void Accept(bool ctrl);
   void Add();
   void Show();
@@ -50,7 +51,6 @@ private:
   QLabel *m_text;
   QLabel *m_hint;
   QLabel *m_message;
-  QString m_shownVersion; // the columns were filled from it
 };
 
 } // namespace tolmira

@@ -11,6 +11,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "bible/ui/dialog_keys.h"
 #include "bible/ui/hit_model.h"
 #include "controls/ui/palette.h"
 
@@ -20,7 +21,7 @@ namespace {
 
 constexpr QSize Tamanho{840, 480};
 constexpr int LarguraDaReferencia = 230; // px: "Lamentations of Jeremiah 3:22"
-constexpr int LinhasDoVersiculo = 3;
+constexpr int LinhasDoVersiculo = 5; // room for the longest verse
 constexpr qsizetype LetrasPorVez = 500000; // some milliseconds
 
 } // namespace
@@ -112,17 +113,22 @@ void FrmBibleSearch::Open() {
   m_query->selectAll();
 }
 
+void FrmBibleSearch::keyPressEvent(QKeyEvent *event) {
+  if (!PressedInDialog(*this, *event))
+    QWidget::keyPressEvent(event);
+}
+
 void FrmBibleSearch::hideEvent(QHideEvent *event) {
   m_slice.stop();
   m_doors.posicoes.SaveFormPosition(*this, false);
   QWidget::hideEvent(event);
 }
 
-void FrmBibleSearch::changeEvent(QEvent *event) {
-  if (event->type() == QEvent::ActivationChange && isActiveWindow() &&
-      m_searchedVersion != m_doors.biblia.VersaoBiblia())
-    StartSearch();
-  QWidget::changeEvent(event);
+// Also where the window was only minimised.
+void FrmBibleSearch::showEvent(QShowEvent *event) {
+  if (m_search)
+    m_slice.start();
+  QWidget::showEvent(event);
 }
 
 void FrmBibleSearch::StartSearch() {

@@ -24,14 +24,15 @@ class FrmBibleSearch : public QWidget {
 public:
   explicit FrmBibleSearch(BibleDoors doors);
   void Open();
+  void StartSearch(); // for what is typed, in the version in force
 
 protected:
   bool eventFilter(QObject *watched, QEvent *event) override;
+  void keyPressEvent(QKeyEvent *event) override;
   void hideEvent(QHideEvent *event) override;
-  void changeEvent(QEvent *event) override;
+  void showEvent(QShowEvent *event) override;
 
 private:
-  void StartSearch();
   void SearchOn(); // the next slice
   void ShowState();
   void ShowChosen();

@@ -136,6 +136,8 @@ void BibleStore::BuildVersionMenu() {
   StoreKey(KeyDefaultText(), NomeDoArquivo(chosen));
   m_bibliaAtual = chosen;
   LoadVersion(chosen);
+  if (VersaoMudou)
+    VersaoMudou();
 }
 
 QString BibleStore::LegendaAtual() const {
@@ -162,6 +164,8 @@ bool BibleStore::ChooseVersion(int index) {
   StoreKey(KeyDefault(), QString::number(index));
   StoreKey(KeyDefaultText(), NomeDoArquivo(index));
   LoadVersion(index);
+  if (VersaoMudou)
+    VersaoMudou();
   return true;
 }
 

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -32,6 +33,8 @@ public:
   // versions were fetched or removed.
   void BuildVersionMenu();
   const std::vector<BibleVersion> &Versoes() const { return m_versoes; } // item i of the menu is element i - 1
+  // Called when another version is in force, or the versions were scanned anew; may be empty.
+  std::function<void()> VersaoMudou;
   int BibliaAtual() const { return m_bibliaAtual; }       // index from 1; points at nothing when there is no version
   QString VersaoBiblia() const { return m_versaoBiblia; } // short name of the version loaded last: "KJV"
   QString LegendaAtual() const;                           // caption of the chosen item, empty without one

@@ -119,7 +119,10 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
     if (!widget)
       return;
     widget->setFocus(Qt::ShortcutFocusReason);
-    desktop->ensureWidgetVisible(widget, 0, 0);
+    // The whole of it: ensureWidgetVisible is content with the caret of a text box.
+    const QRect place(widget->mapTo(desktop->widget(), QPoint()), widget->size());
+    desktop->ensureVisible(place.right() + 1, place.bottom() + 1, 0, 0);
+    desktop->ensureVisible(place.left(), place.top(), 0, 0);
   };
   ways.toAgenda = [&d, go] { go(d.agenda->Lista()); };
   ways.toStrip = [&d, go] { go(d.strip->PicAbac2()); };

@@ -58,21 +58,28 @@ int TamanhoBiblia(const QString &texto, const QString &ref, const AjusteDeVersic
   const double maior = lado * PontosPorPixel * MaiorTamanho;
   const double fator = (tela.centrado ? 0.9 : 0.7) * tela.escala / 100;
 
-  // The largest whole size at which the verse takes that much of the height, by halving. What the operator asks for may
-  // be above the largest size of an unscaled verse.
-  const auto ajuste = [&](double alturaPx) {
-    int cabe = TamanhoMinimo;
-    int passa = std::max(TamanhoMinimo, static_cast<int>(maior * std::max(1.0, fator))) + 1;
-    while (passa - cabe > 1) {
-      const int meio = (cabe + passa) / 2;
-      (Altura(texto, ref, meio, tela, measure) <= alturaPx ? cabe : passa) = meio;
+  // Laying out a long verse is the dearest step between the key and the screen, so the second search is made only where
+  // the first one's answer does not hold.
+  const auto cabe = [&](int tamanho, const AjusteDeVersiculo &onde, double parte) {
+    return Altura(texto, ref, tamanho, onde, measure) <= parte * onde.telaPx.height();
+  };
+  // The largest whole size below `passa` at which the verse takes no more than that part of the height, by halving.
+  const auto ajuste = [&](int passa, const AjusteDeVersiculo &onde, double parte) {
+    int menor = TamanhoMinimo;
+    while (passa - menor > 1) {
+      const int meio = (menor + passa) / 2;
+      (cabe(meio, onde, parte) ? menor : passa) = meio;
     }
-    return cabe;
+    return menor;
   };
   // The factor is what leaves the margin, so the fit itself takes the whole height.
-  const double desejado = std::min<double>(maior, ajuste(tela.telaPx.height())) * fator;
-  const int limite = ajuste(AlturaUtil * tela.telaPx.height());
-  return std::clamp(static_cast<int>(std::floor(desejado)), TamanhoMinimo, limite);
+  const int acima = static_cast<int>(maior * std::max(1.0, fator)) + 1;
+  const double inteiro = std::min<double>(maior, ajuste(acima, tela, 1));
+  const int desejado = std::max(TamanhoMinimo, static_cast<int>(std::floor(inteiro * fator)));
+  // A page at 150 per cent has two thirds of the projection's pixels to lay its text out in.
+  AjusteDeVersiculo visivel = tela;
+  visivel.telaPx = tela.telaPx * 100 / std::max(tela.zoom, 1);
+  return cabe(desejado, visivel, AlturaUtil) ? desejado : ajuste(desejado, visivel, AlturaUtil);
 }
 
 } // namespace tolmira

@@ -14,6 +14,7 @@ struct AjusteDeVersiculo {
   int EstiloBiblia = 1;
   bool centrado = true; // VerticalAlign is "center"
   double escala = 100;  // EscalaBiblia, per cent
+  int zoom = 100;       // of the page, per cent: it enlarges what is fitted, and the verse must still be whole
 };
 
 // The size in points, a whole number and at least 8, at which `texto` and its title `ref` stand on the projection: 0.9

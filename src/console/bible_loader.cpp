@@ -82,7 +82,8 @@ QString BibleLoader::Canonica(const QString &reference) const {
   if (book == 0)
     return {};
   const QString name = BookName(book);
-  plain = name + plain.mid(name.size());
+  // A small "e" ends the number of the verse: "16e18" is the sixteenth, and its neighbour the seventeenth.
+  plain = name + plain.mid(name.size()).section(u'e', 0, 0);
   const QString verse = plain.section(u':', 1);
   return NumericPrefix(verse) >= 1 ? plain
                                    : QString(plain.section(u':', 0, 0) + u':' + QString::number(UltimoVersiculo));
@@ -101,6 +102,7 @@ bool BibleLoader::exibeTextoBiblico(const QString &reference, bool applyTheme, b
     return false;
   }
 
+  m_console.estado.UltimoTexto.clear();
   painel.SliderExLouvorVisible = painel.SliderExBibliaVisible = painel.ComboFontSizeVisible = false;
   CarregaLeitura(canonical, text, applyTheme, show);
   painel.SliderExBibliaVisible = true;
@@ -132,7 +134,6 @@ void BibleLoader::CarregaLeitura(const QString &reference, const QString &text, 
     estado.TotalEstrofes = 0;
     estado.EstrofeAtual = -1;
     estado.VersoTextoAtual.clear();
-    estado.UltimoTexto.clear();
     estado.ModoMovimento = QStringLiteral("Normal");
     m_stepper.PlaceBelowFrame();
     m_biblia.EsqueceTelao();
@@ -168,6 +169,7 @@ int BibleLoader::Tamanho(const QString &texto, const QString &referencia, const 
   tela.EstiloBiblia = ajustes.EstiloBiblia;
   tela.centrado = ajustes.AlinhamentoVertical == u"center";
   tela.escala = ajustes.EscalaBiblia;
+  tela.zoom = ajustes.ZoomAjustBiblia;
   return TamanhoBiblia(m_legenda.maiusculas ? texto.toUpper() : texto, referencia + u" (" + versao + u')', tela,
                        m_console.measure);
 }

@@ -160,8 +160,10 @@ int ScreenControls::ValorDeEscala(double escalaBiblia) {
 
 void ScreenControls::sliderZoomBiblia(int percent) {
   m_console.store.WriteConfig(Config, QStringLiteral("ZoomAjustBiblia"), QString::number(percent));
-  if (m_console.estado.TipoAtual == u"Bíblia")
-    ApplyZoom(m_console);
+  if (m_console.estado.TipoAtual != u"Bíblia")
+    return;
+  ApplyZoom(m_console);
+  m_leitura.RecarregaVersiculo(true); // a verse that the zoom would push off the screen is set smaller
 }
 
 void ScreenControls::Image5(int alinhamento) {
@@ -181,6 +183,7 @@ void ScreenControls::LeAjustes() {
   ajustes.TransparenciaFaixa = QString::number(number(QStringLiteral("Transparencia_Faixa"), 7, 0, 10));
   ajustes.EscalaBiblia =
       number(QStringLiteral("FontSizeAjusts"), AjusteNeutro, 0, MaiorAjusteBiblia) - AjusteNeutro + 100;
+  ajustes.ZoomAjustBiblia = number(QStringLiteral("ZoomAjustBiblia"), 100, 60, 500);
   ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);
   ajustes.EstiloLouvor = number(QStringLiteral("estiloLouvor"), 4, 0, UltimoEstilo);
   ajustes.AlinhamentoVertical = text(QStringLiteral("VerticalAlign"), QStringLiteral("center"));

@@ -169,8 +169,11 @@ void FrmQuendar::Impl::Arrange() {
   imagePadrao->setGeometry(whole);
   telaPreta->setGeometry(whole);
   picMove->setGeometry(0, 0, whole.width(), GripStrip::HeightPx);
+  // A whole screen that was a normal window on its way to another place still has a strip to take away.
   if (IsNormal())
     timerRemoveBarraTitulo->Stop();
+  else if (moverAtivo && !timerRemoveBarraTitulo->IsActive())
+    timerRemoveBarraTitulo->Start(GripIntervalMs);
   ShowGripForState();
 }
 

@@ -1,5 +1,9 @@
 #include "songs/song_folder.h"
 
+#include "foundation/code_page.h"
+#include "foundation/real_path.h"
+#include "foundation/text_file.h"
+
 #include <QFile>
 #include <QUtf8StringView>
 #include <algorithm>
@@ -12,28 +16,31 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "foundation/code_page.h"
-#include "foundation/real_path.h"
-#include "foundation/text_file.h"
-
 namespace tolmira {
 
 namespace {
 
 constexpr qint64 Second = 1'000'000'000;
-// A file that was written a moment ago can be written again without its time moving on; some disks count in steps of two
-// seconds.
+// A file that was written a moment ago can be written again without its time moving on; some disks count in steps of
+// two seconds.
 constexpr qint64 YoungNs = 3 * Second;
 constexpr qsizetype FirstRead = 64 * 1024;
 
-qint64 Nanoseconds(const timespec &time) { return time.tv_sec * Second + time.tv_nsec; }
+qint64 Nanoseconds(const timespec &time) {
+  return time.tv_sec * Second + time.tv_nsec;
+}
 
-bool IsTextName(const char *name, size_t length) { return length >= 4 && strcasecmp(name + length - 4, ".txt") == 0; }
+bool IsTextName(const char *name, size_t length) {
+  return length >= 4 && strcasecmp(name + length - 4, ".txt") == 0;
+}
 
-bool IsUtf8(const QByteArray &real) { return QUtf8StringView(real.constData(), real.size()).isValidUtf8(); }
+bool IsUtf8(const QByteArray &real) {
+  return QUtf8StringView(real.constData(), real.size()).isValidUtf8();
+}
 
 bool IsSpeltByAPath(const QByteArray &real) {
-  return IsUtf8(real) && std::none_of(real.begin(), real.end(), [](char c) { return c == '\\' || c == '\r' || c == '\n'; });
+  return IsUtf8(real) &&
+         std::none_of(real.begin(), real.end(), [](char c) { return c == '\\' || c == '\r' || c == '\n'; });
 }
 
 // Names that are no UTF-8 come from archives of older systems; read in their code page they are at least legible.
@@ -96,7 +103,9 @@ bool ComesBefore(const SongFile *a, const SongFile *b) {
   return order != 0 ? order < 0 : a->m_real < b->m_real;
 }
 
-SongFolder::~SongFolder() { Rest(); }
+SongFolder::~SongFolder() {
+  Rest();
+}
 
 void SongFolder::Observe(const QString &storedPath, bool doubt) {
   Rest();
@@ -176,8 +185,7 @@ bool SongFolder::Holds(SongFile &file, const SearchTerm &term) {
   if (!IsCertain(file)) {
     struct stat status {};
     const bool same = file.m_read && file.m_stamp.size >= 0 &&
-                      fstatat(Folder(), file.m_real.constData(), &status, 0) == 0 &&
-                      StampOf(status) == file.m_stamp;
+                      fstatat(Folder(), file.m_real.constData(), &status, 0) == 0 && StampOf(status) == file.m_stamp;
     if (!same)
       Read(file);
     file.m_seen = m_round;

@@ -1,6 +1,7 @@
 #include "bible/FrmAddBibliaNaLista.h"
 #include "bible/FrmBibleBrowser.h"
 #include "bible/FrmBibleSearch.h"
+#include "bible/ui/bible_windows.h"
 #include "bible/ui/reference_box.h"
 #include "support/counting_yielder.h"
 #include "support/fake_clock.h"
@@ -115,6 +116,13 @@ private slots:
     ReferenceBox pasted(EntryPlace::Console);
     pasted.setText(QStringLiteral("  John 3:16"));
     QCOMPARE(pasted.text(), QStringLiteral("John 3:16"));
+    for (const QString &copied : {QStringLiteral("John\u00A03:16\r\nFor God"), QStringLiteral("\tJohn\n3:16"),
+                                  QStringLiteral("\u2028John\u20293:16")}) {
+      pasted.clear();
+      pasted.insert(copied);
+      QCOMPARE(NormalizeReference(pasted.text()), QStringLiteral("John 3:16"));
+      QVERIFY(pasted.text().startsWith(QStringLiteral("John 3:16")));
+    }
   }
 
   void EnterAddsOrShows_data() {
@@ -173,6 +181,12 @@ private slots:
     auto *box = Named<ReferenceBox>(dialog, "Text2");
     box->setText(QStringLiteral("Genesis 1:2"));
     QCOMPARE(Named<QLabel>(dialog, "LbVersiculo")->text(), QStringLiteral("The Lord's day, and the sea."));
+    // What is seen is what Enter takes: the last verse, and the first of two.
+    box->setText(QStringLiteral("Genesis 1:1000"));
+    QCOMPARE(Named<QLabel>(dialog, "LbVersiculo")->text(), QStringLiteral("Light of the lamp."));
+    box->setText(QStringLiteral("Genesis 1:2e3"));
+    QCOMPARE(Named<QLabel>(dialog, "LbVersiculo")->text(), QStringLiteral("The Lord's day, and the sea."));
+    box->setText(QStringLiteral("Genesis 1:2"));
     Named<QPushButton>(dialog, "Command1")->click();
     const auto *label = Named<QLabel>(dialog, "Label2");
     QCOMPARE(label->text(), QStringLiteral("Added Genesis 1:2"));
@@ -202,6 +216,34 @@ private slots:
     QCOMPARE(room.CtrlEnterKey(), QStringLiteral("off"));
     QCOMPARE(hint->text(), before);
     QCOMPARE(box->text(), QString());
+  }
+
+  void EveryButtonIsPressedByEnterAndLeftByEscape() {
+    Room room;
+    room.onShow = QStringLiteral("John 4:2");
+    FrmAddBibliaNaLista dialog(room.Doors());
+    FrmBibleBrowser browser(room.Doors());
+    FrmBibleSearch search(room.Doors());
+    dialog.Open();
+    browser.Open();
+    search.Open();
+    Named<ReferenceBox>(dialog, "Text2")->setText(QStringLiteral("John 4:2"));
+    Named<QLineEdit>(search, "TxtBusca")->setText(QStringLiteral("sea"));
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("4 verses of KJV"));
+
+    const QStringList added{QStringLiteral("PorNaLista 1 John 4:2 John 4:2"),
+                            QStringLiteral("PorNaLista 1 John 4:2 John 4:2"),
+                            QStringLiteral("PorNaLista 1 Genesis 1:2 Genesis 1:2")};
+    for (QWidget *window : {static_cast<QWidget *>(&dialog), static_cast<QWidget *>(&browser),
+                            static_cast<QWidget *>(&search)}) {
+      auto *button = Named<QPushButton>(*window, "Command1");
+      button->setFocus();
+      QTest::keyClick(button, Qt::Key_Return);
+      button->setFocus();
+      QTest::keyClick(button, Qt::Key_Escape);
+      QVERIFY(!window->isVisible());
+    }
+    QCOMPARE(room.console.TakeCalls(), added);
   }
 
   void TypingNarrowsTheColumns() {
@@ -254,6 +296,46 @@ private slots:
     room.biblia.ChooseVersion(2);
     search.Open();
     QTRY_COMPARE(state->text(), QStringLiteral("4 verses of WEB"));
+  }
+
+  void OpenWindowsFollowTheVersion() {
+    Room room;
+    SmallBible().Chapter(1, 1, {QStringLiteral("Uma luz no mar.")}).Write(room.folder.path(), QStringLiteral("XYZ"));
+    room.biblia.BuildVersionMenu();
+    BibleWindows windows(room.Doors());
+    room.biblia.VersaoMudou = [&windows] { windows.VersionChanged(); };
+    windows.OpenAdd();
+    windows.OpenBrowser();
+    windows.OpenSearch();
+    auto &add = *room.desk.findChild<FrmAddBibliaNaLista *>();
+    auto &browser = *room.desk.findChild<FrmBibleBrowser *>();
+    auto &search = *room.desk.findChild<FrmBibleSearch *>();
+    Named<ReferenceBox>(add, "Text2")->setText(QStringLiteral("gen 1 1"));
+    Named<QLineEdit>(browser, "TxtFiltro")->setText(QStringLiteral("john 4"));
+    Named<QLineEdit>(search, "TxtBusca")->setText(QStringLiteral("luz"));
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("No verse of KJV has these words."));
+
+    QVERIFY(room.biblia.ChooseVersion(3));
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("1 verse of XYZ"));
+    QCOMPARE(Named<QLabel>(browser, "LbReferencia")->text(), QString());
+    // The book that was chosen is still there when a version has it again.
+    QVERIFY(room.biblia.ChooseVersion(2));
+    QCOMPARE(Named<QLabel>(browser, "LbReferencia")->text(), QStringLiteral("John 3:1"));
+    QCOMPARE(Named<QLabel>(browser, "LbVersiculo")->text(), QStringLiteral("A lamp is lit."));
+
+    Named<ReferenceBox>(add, "Text2")->setText(QStringLiteral("genesis 1 1"));
+    QVERIFY(room.biblia.ChooseVersion(3));
+    QCOMPARE(Named<QLabel>(add, "LbVersiculo")->text(), QStringLiteral("Uma luz no mar."));
+  }
+
+  void ASearchGoesOnWhenItsWindowComesBack() {
+    Room room;
+    FrmBibleSearch search(room.Doors());
+    search.Open();
+    Named<QLineEdit>(search, "TxtBusca")->setText(QStringLiteral("sea"));
+    search.hide();
+    search.Open();
+    QTRY_COMPARE(Named<QLabel>(search, "LbBusca")->text(), QStringLiteral("4 verses of KJV"));
   }
 
   void WithoutABibleTheWindowsSaySo() {

@@ -91,6 +91,7 @@ private slots:
     QTest::newRow("verse 0 stands for the last") << QStringLiteral("John 3:0") << QStringLiteral("John 3:3");
     QTest::newRow("a chapter") << QStringLiteral("John 3") << QStringLiteral("John 3:1");
     QTest::newRow("a range") << QStringLiteral("JOHN 3:2-3") << QStringLiteral("John 3:2");
+    QTest::newRow("two verses") << QStringLiteral("John 3:2e3") << QStringLiteral("John 3:2");
   }
 
   void referencesAsAnAgendaMayHoldThem() {
@@ -248,7 +249,9 @@ private slots:
     m_fixture->Tecla(Qt::Key_Down); // into the next chapter: no new item
     QCOMPARE(Estado().ProximoTema, 3);
     QVERIFY(Estado().IndiceTema != 3);
+    Estado().UltimoTexto = QStringLiteral("a caption of the item before");
     m_fixture->Mostra(QStringLiteral("John 3:1"));
+    QVERIFY(Estado().UltimoTexto.isEmpty());
     QCOMPARE(Estado().IndiceTema, 3);
     QCOMPARE(Estado().ProximoTema, SemTemaNaFila);
     QCOMPARE(m_fixture->core.painel.PicAvisoProximo, 0);
@@ -346,7 +349,10 @@ private slots:
     QCOMPARE(config("FontSizeAjusts"), QStringLiteral("65"));
     QVERIFY(Estado().FonteTamanho.toInt() > before * 1.4);
     QVERIFY(m_fixture->display.commands.last().contains(u"font-size:" + Estado().FonteTamanho + u"pt"));
+    const int updates = m_fixture->view.atualizacoes;
     controles.sliderZoomBiblia(120);
+    QVERIFY(m_fixture->view.atualizacoes > updates); // the figure beside the slider follows
+    QCOMPARE(m_fixture->core.painel.SliderZoom, 120);
     QCOMPARE(config("ZoomAjustBiblia"), QStringLiteral("120"));
     QCOMPARE(m_fixture->display.page.zoom, 1.2);
     QCOMPARE(m_fixture->preview.zoom, 1.2);
@@ -398,7 +404,27 @@ private slots:
       const int grande = TamanhoBiblia(texto, ref, ajuste, measure);
       QVERIFY(texto == LongVerse() ? grande >= centrado : grande > 1.3 * centrado);
       QVERIFY(measure.Height(texto, {ajuste.fonte, double(grande), false}, largura) < tela.height() - 2 * px);
+      // A zoom of the page enlarges what has room and pushes nothing off the screen.
+      ajuste.escala = 100;
+      ajuste.zoom = 150;
+      const int ampliado = TamanhoBiblia(texto, ref, ajuste, measure);
+      QVERIFY(texto == LongVerse() ? ampliado < centrado : ampliado == centrado);
+      QVERIFY(measure.Height(texto, {ajuste.fonte, double(ampliado), false}, largura / 1.5) < tela.height() / 1.5);
     }
+  }
+
+  // Between the key and the screen a long verse is laid out for a few sizes, not for each that a search could try.
+  void theSizeIsFoundWithFewLayouts() {
+    struct CountingMeasure : FixedMeasure {
+      double Height(const QString &text, const FontSpec &font, double wrapWidthPx) override {
+        layouts += text.size() > 100 && wrapWidthPx > 0 ? 1 : 0;
+        return FixedMeasure::Height(text, font, wrapWidthPx);
+      }
+      int layouts = 0;
+    } measure;
+    const AjusteDeVersiculo ajuste{QSize(1920, 1080), QStringLiteral("Arial"), 1, true, 100};
+    TamanhoBiblia(LongVerse(), QStringLiteral("Esther 8:9 (KJV)"), ajuste, measure);
+    QVERIFY2(measure.layouts <= 9, qPrintable(QString::number(measure.layouts)));
   }
 
 private:

@@ -1,8 +1,10 @@
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -260,6 +262,16 @@ private slots:
     QCOMPARE(desk.core.agenda.Lista().CaptionAt(3, 1), QStringLiteral("12 Rocha"));
   }
 
+  void versionsOpenFromTheReferenceBox() {
+    Desk desk;
+    desk.Key(Qt::Key_F10);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text2"));
+    desk.Key(Qt::Key_B, Qt::ControlModifier);
+    QVERIFY(QApplication::activePopupWidget());
+    QCOMPARE(QApplication::activePopupWidget()->objectName(), QStringLiteral("mn_ib"));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text2"));
+  }
   void theFirstDownInTheListIsAtItsFirstEntry() {
     Desk desk;
     desk.Fill();
@@ -555,6 +567,7 @@ private slots:
     desk.core.painel.LBTelaMarcado = 4;
     QWidget *body = desk.Find(QStringLiteral("ListTarefas"))->window()->findChild<QScrollArea *>()->viewport();
     const QList<QPair<Qt::Key, QString>> ways{{Qt::Key_F12, QStringLiteral("PicImgFundoB16")},
+                                              {Qt::Key_F10, QStringLiteral("Text2")},
                                               {Qt::Key_F11, QStringLiteral("LBTela4")},
                                               {Qt::Key_F3, QStringLiteral("ListTarefas")}};
     for (const auto &[key, name] : ways) {
@@ -588,6 +601,35 @@ private slots:
     QCOMPARE_GT(names.size(), 60);
   }
 
+  void noLetterStandsForTwo_data() {
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<int>("kind");
+    QTest::newRow("song") << QStringLiteral("Rocha Eterna") << 2;
+    QTest::newRow("nothing") << QString() << 0;
+  }
+  void noLetterStandsForTwo() {
+    QFETCH(QString, label);
+    QFETCH(int, kind);
+    Desk desk;
+    if (kind > 0)
+      desk.core.flow.ShowEntry(kind, 0, label, label);
+    QSet<QString> letters;
+    const auto note = [&letters](const QString &text) {
+      const QString letter = QKeySequence::mnemonic(text).toString();
+      if (!letter.isEmpty() && letters.contains(letter))
+        QFAIL(qPrintable(QString(letter + u" is taken: " + text)));
+      letters.insert(letter);
+    };
+    for (const QAction *menu : desk.frm.menuBar()->actions())
+      note(menu->text());
+    for (const QAbstractButton *button : desk.frm.findChildren<QAbstractButton *>())
+      if (button->isVisible())
+        note(button->text());
+    for (const QLabel *caption : desk.frm.findChildren<QLabel *>())
+      if (caption->isVisible() && caption->buddy())
+        note(caption->text());
+    QVERIFY(letters.size() > 8);
+  }
   void tabReachesEveryControl() {
     Desk desk;
     desk.Fill();

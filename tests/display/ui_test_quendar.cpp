@@ -201,6 +201,19 @@ private slots:
     QVERIFY(m_window->isFullScreen());
   }
 
+  void theGripGoesFromAProjectorThatWasPlacedAnew() {
+    m_estado->ConsoleCarregado = true;
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    m_window->ProcessaComando(QStringLiteral("TelaPreta|#true"));
+    QTRY_VERIFY(m_window->isFullScreen());
+    QTest::mouseMove(Layer("PicTelaPreta"), {150, 90});
+    QTRY_VERIFY(!Layer("PicMove")->isHidden());
+    // On its way it is a normal window, where the strip has no timer.
+    m_window->Posiciona(QRect(0, 0, 500, 300), true);
+    m_clock->Advance(10000);
+    QVERIFY(Layer("PicMove")->isHidden());
+  }
+
   void theMouseDoesNothingBeforeTheConsoleIsThere() {
     m_window->Posiciona(QRect(0, 0, 400, 200), true);
     m_window->ProcessaComando(QStringLiteral("TelaPreta|#true"));

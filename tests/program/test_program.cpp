@@ -93,6 +93,23 @@ private slots:
     QVERIFY(program.Quit());
   }
 
+  void aClosedProjectionComesBackWithItsPassage() {
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("Bible")));
+    Write(QStringLiteral("Bible/OLD_TST.txt"), ">Genesis [1]\r\n1 One\r\n2 Two\r\n");
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    const QString reference = QStringLiteral("Genesis 1:2");
+    program.Do(QStringLiteral("show"), {{QStringLiteral("kind"), 1},
+                                        {QStringLiteral("label"), reference},
+                                        {QStringLiteral("target"), reference}});
+    const QString shown = QStringLiteral("Two Genesis 1:2 (TST)");
+    QVERIFY(program.WaitForText(QStringLiteral("display"), shown));
+    program.Do(QStringLiteral("send"), {{QStringLiteral("comando"), QStringLiteral("Fechar")}});
+    program.Do(QStringLiteral("send"), {{QStringLiteral("comando"), QStringLiteral("Show")}});
+    QVERIFY(program.WaitForText(QStringLiteral("display"), shown));
+    QVERIFY(program.Quit());
+  }
+
   void aSecondCopyIsToldAndDoesNotStart() {
     RemoteProgram program(m_folder->path());
     QVERIFY(program.Start());

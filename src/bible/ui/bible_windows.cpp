@@ -35,4 +35,14 @@ void BibleWindows::CloseAdd() {
     m_add->close();
 }
 
+// A window that is not to be seen looks at the version when it is opened.
+void BibleWindows::VersionChanged() {
+  if (m_add && m_add->isVisible())
+    m_add->ShowVerse();
+  if (m_browser && m_browser->isVisible())
+    m_browser->VersionChanged();
+  if (m_search && m_search->isVisible())
+    m_search->StartSearch();
+}
+
 } // namespace tolmira

@@ -20,6 +20,7 @@ public:
   void OpenBrowser();
   void OpenSearch();
   void CloseAdd(); // another item is being shown
+  void VersionChanged();
 
 private:
   BibleDoors m_doors;

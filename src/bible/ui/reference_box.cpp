@@ -29,13 +29,26 @@ EntryKey KeyOf(int key) {
   }
 }
 
+// A reference that is copied from elsewhere comes with line ends, tabs and blanks that do not break, and a line edit
+// keeps them. True when there were any.
+bool MakeBlanks(QString &text) {
+  bool changed = false;
+  for (QChar &character : text) {
+    if (character == u' ' || !(character.isSpace() || character == QChar::LineSeparator))
+      continue;
+    character = u' ';
+    changed = true;
+  }
+  return changed;
+}
+
 } // namespace
 
 ReferenceBox::ReferenceBox(EntryPlace place, QWidget *parent) : QLineEdit(parent), m_entry(place) {
   // Text that an input method or the clipboard brings comes here without a key.
   connect(this, &QLineEdit::textChanged, this, [this] {
     EntryBox box = Read();
-    if (m_entry.TextChanged(box))
+    if (MakeBlanks(box.text) || m_entry.TextChanged(box))
       Write(box);
   });
 }

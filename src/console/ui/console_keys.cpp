@@ -20,6 +20,11 @@ bool TakesText(const QWidget *widget) {
          qobject_cast<const QPlainTextEdit *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget);
 }
 
+// A text box has its own use for Ctrl+A, and none for these.
+bool OpensFromText(const QKeyEvent &event) {
+  return (event.key() == Qt::Key_B || event.key() == Qt::Key_M) && event.modifiers() == Qt::ControlModifier;
+}
+
 bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 } // namespace
@@ -76,10 +81,12 @@ bool ConsoleKeys::eventFilter(QObject *watched, QEvent *event) {
   if (IsRepeatOf(key, receiver))
     return false;
   const QWidget *modal = QApplication::activeModalWidget();
-  if (QApplication::activePopupWidget() || (modal && modal != m_window) || TakesText(receiver)) {
+  const bool elsewhere = QApplication::activePopupWidget() || (modal && modal != m_window);
+  if (elsewhere || TakesText(receiver)) {
     if (key->key() == Qt::Key_Control && event->type() == QEvent::KeyRelease && !key->isAutoRepeat())
       ReleaseCtrl();
-    return false;
+    return !elsewhere && event->type() == QEvent::KeyPress && OpensFromText(*key) &&
+           m_parts.teclas.KeyDown(key->key(), true, false);
   }
   const bool used = event->type() == QEvent::KeyPress ? KeyPressed(*key) : KeyReleased(*key);
   if (used)

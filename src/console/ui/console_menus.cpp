@@ -72,7 +72,7 @@ void ConsoleMenus::MakeScreen() {
 }
 
 void ConsoleMenus::MakeBible() {
-  QMenu *menu = Menu("MnBiblia", tr("&Bible"));
+  QMenu *menu = Menu("MnBiblia", tr("B&ible")); // Alt+B is the button of the add bar
   m_mnIb = menu->addMenu(tr("&Version"));
   m_mnIb->setObjectName(QStringLiteral("mn_ib"));
   m_mnIb->setToolTipsVisible(true);

@@ -104,7 +104,7 @@ QWidget *ScreenPanel::MakeReferenceRow() {
   row->setSpacing(medidas::Gap);
   m_text2 = new ReferenceBox(EntryPlace::Console, block);
   m_text2->setObjectName(QStringLiteral("Text2"));
-  m_text2->setPlaceholderText(tr("Bible reference: joh 3 16"));
+  m_text2->setPlaceholderText(tr("Bible: joh 3 16"));
   m_text2->setAccessibleName(tr("Quick Bible reference"));
   m_text2->setToolTip(tr("A few letters of the book, chapter and verse; Enter shows the passage (F10 comes here)"));
   row->addWidget(m_text2, 1);

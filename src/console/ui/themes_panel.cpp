@@ -39,7 +39,7 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   title->setMinimumHeight(medidas::Heading);
   head->addWidget(title);
   head->addStretch(1);
-  m_altera = new QCheckBox(tr("Change the theme with every &item"), this);
+  m_altera = new QCheckBox(tr("Change the &theme with every item"), this);
   m_altera->setObjectName(QStringLiteral("CheckAlteraTemaAleatorio"));
   m_altera->setToolTip(tr("Each new item takes a ticked theme by chance"));
   m_altera->setAccessibleName(tr("Change the theme with every item"));

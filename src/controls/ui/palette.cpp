@@ -139,6 +139,7 @@ QAbstractItemView[look="column"] { background: @panel; color: @text; border: 1px
 QAbstractItemView[look="column"]:focus { border-color: @accent; }
 QAbstractItemView[look="column"]::item { padding: 3px 6px; }
 QListView[look="column"]::item { border-radius: 4px; }
+QTreeView[look="column"]::item { border: 0 solid @panel; }
 QAbstractItemView[look="column"]::item:selected { background: @selection; color: @text; }
 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
 QScrollBar::handle:vertical { background: @line; border-radius: 4px; min-height: 28px; margin: 1px; }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "songs/ui/song_doors.h"
+
+#include <memory>
 
 namespace tolmira {
 

@@ -28,7 +28,9 @@ namespace {
 constexpr int Songs = 10000;
 constexpr int SongsWithWord = 8500;
 
-double Ms(const QElapsedTimer &timer) { return static_cast<double>(timer.nsecsElapsed()) / 1e6; }
+double Ms(const QElapsedTimer &timer) {
+  return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
 
 // Knows how long the longest event took, those inside it included.
 class TimedApplication : public QApplication {
@@ -136,7 +138,9 @@ const Collection &TheCollection() {
   return collection;
 }
 
-TimedApplication &App() { return *static_cast<TimedApplication *>(qApp); }
+TimedApplication &App() {
+  return *static_cast<TimedApplication *>(qApp);
+}
 
 struct Desk {
   Desk() : positions(TheCollection().store, yielder) {}
@@ -236,19 +240,29 @@ void Search(benchmark::State &state, const QString &before, const QString &term)
   state.counters["block_ms"] = desk.block;
 }
 
-void FirstKeyRareWord(benchmark::State &state) { Search(state, QStringLiteral("q"), QStringLiteral("zimbro")); }
+void FirstKeyRareWord(benchmark::State &state) {
+  Search(state, QStringLiteral("q"), QStringLiteral("zimbro"));
+}
 BENCHMARK(FirstKeyRareWord)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-void FirstKeyCommonWord(benchmark::State &state) { Search(state, QStringLiteral("q"), QStringLiteral("senhor")); }
+void FirstKeyCommonWord(benchmark::State &state) {
+  Search(state, QStringLiteral("q"), QStringLiteral("senhor"));
+}
 BENCHMARK(FirstKeyCommonWord)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-void NarrowCommonWord(benchmark::State &state) { Search(state, QStringLiteral("senho"), QStringLiteral("senhor")); }
+void NarrowCommonWord(benchmark::State &state) {
+  Search(state, QStringLiteral("senho"), QStringLiteral("senhor"));
+}
 BENCHMARK(NarrowCommonWord)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-void NarrowToLess(benchmark::State &state) { Search(state, QStringLiteral("se"), QStringLiteral("senhor s")); }
+void NarrowToLess(benchmark::State &state) {
+  Search(state, QStringLiteral("se"), QStringLiteral("senhor s"));
+}
 BENCHMARK(NarrowToLess)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-void NarrowRareWord(benchmark::State &state) { Search(state, QStringLiteral("zim"), QStringLiteral("zimb")); }
+void NarrowRareWord(benchmark::State &state) {
+  Search(state, QStringLiteral("zim"), QStringLiteral("zimb"));
+}
 BENCHMARK(NarrowRareWord)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 // A part of the opening: the names of the folder, sorted.

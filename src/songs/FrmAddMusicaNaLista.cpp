@@ -1,5 +1,13 @@
 #include "songs/FrmAddMusicaNaLista.h"
 
+#include "controls/ui/elided_label.h"
+#include "controls/ui/palette.h"
+#include "foundation/real_path.h"
+#include "foundation/text_fields.h"
+#include "foundation/text_file.h"
+#include "songs/ui/list_musicas.h"
+#include "songs/ui/reading_pane.h"
+
 #include <QEvent>
 #include <QFile>
 #include <QFileInfo>
@@ -11,16 +19,7 @@
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QVBoxLayout>
-
 #include <algorithm>
-
-#include "controls/ui/elided_label.h"
-#include "controls/ui/palette.h"
-#include "foundation/real_path.h"
-#include "foundation/text_fields.h"
-#include "foundation/text_file.h"
-#include "songs/ui/list_musicas.h"
-#include "songs/ui/reading_pane.h"
 
 namespace tolmira {
 
@@ -33,7 +32,9 @@ constexpr int PacienciaMs = 200;    // a search that takes longer is told of
 const QString TituloDaCaixa = QStringLiteral("Tolmira");
 const QString NadaSelecionado = QStringLiteral("No item selected");
 
-QString Caption(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
+QString Caption(QString text) {
+  return text.replace(u'&', QStringLiteral("&&"));
+}
 
 // Into the desktop's trash where there is one. A file that is gone already counts as removed; a folder that took its
 // place is not touched.
@@ -46,8 +47,7 @@ bool RemoveFile(const QString &storedPath) {
 
 } // namespace
 
-FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors)
-    : QWidget(doors.dono, Qt::Dialog), m_doors(std::move(doors)) {
+FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors) : QWidget(doors.dono, Qt::Dialog), m_doors(std::move(doors)) {
   setObjectName(QStringLiteral("FrmAddMusicaNaLista"));
   setWindowTitle(tr("Add a song"));
   auto *column = new QVBoxLayout(this);
@@ -68,8 +68,7 @@ FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors)
   column->addLayout(top);
 
   auto *hints = new QHBoxLayout;
-  auto *label23 =
-      new QLabel(QStringLiteral("For hymns from the Harp, type h + the number, e.g., h301."), this);
+  auto *label23 = new QLabel(QStringLiteral("For hymns from the Harp, type h + the number, e.g., h301."), this);
   label23->setObjectName(QStringLiteral("Label23"));
   label23->setProperty("look", QStringLiteral("quiet"));
   hints->addWidget(label23);
@@ -228,9 +227,8 @@ void FrmAddMusicaNaLista::AtualizaLista(const QString &nome) {
 void FrmAddMusicaNaLista::Listado() {
   const SongRows &rows = m_list->Finder().List1();
   if (!m_aSelecionar.isEmpty()) {
-    const auto found = std::find_if(rows.begin(), rows.end(), [this](const SongFile *file) {
-      return file->Linha() == m_aSelecionar;
-    });
+    const auto found =
+        std::find_if(rows.begin(), rows.end(), [this](const SongFile *file) { return file->Linha() == m_aSelecionar; });
     const bool whole = m_text1->text().isEmpty();
     const QString wanted = m_aSelecionar;
     if (found != rows.end() || whole)
@@ -299,8 +297,7 @@ bool FrmAddMusicaNaLista::TemTexto() {
 
 int FrmAddMusicaNaLista::Tipo() const {
   const QString &path = m_list->Finder().Path();
-  const bool hymnal =
-      path.contains(u"\\Cantor", Qt::CaseInsensitive) || path.contains(u"\\Harpa", Qt::CaseInsensitive);
+  const bool hymnal = path.contains(u"\\Cantor", Qt::CaseInsensitive) || path.contains(u"\\Harpa", Qt::CaseInsensitive);
   return hymnal ? 3 : 2;
 }
 

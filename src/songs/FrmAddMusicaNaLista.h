@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QWidget>
-
-#include <memory>
-#include <optional>
-
 #include "controls/ui/entry_drag.h"
 #include "songs/ui/song_doors.h"
+
+#include <QWidget>
+#include <memory>
+#include <optional>
 
 class QLabel;
 class QLineEdit;
@@ -26,8 +25,8 @@ public:
   ~FrmAddMusicaNaLista() override;
 
   void Open();
-  // Reads the songs again and selects the one of that name (without extension). Where the present term does not find it,
-  // the whole collection is listed.
+  // Reads the songs again and selects the one of that name (without extension). Where the present term does not find
+  // it, the whole collection is listed.
   void AtualizaLista(const QString &nome);
   void AtualizaAgenda(); // the add button names the active agenda
 
@@ -47,8 +46,8 @@ private:
   void Mostra(); // on the projection
   void Diz(const QString &text);
   bool TemLinha(const QString &semLinha); // says `semLinha` when no row is selected
-  bool TemTexto(); // false for an empty file, once the operator has heard of it
-  int Tipo() const; // kind of an agenda entry from the listed folder
+  bool TemTexto();                        // false for an empty file, once the operator has heard of it
+  int Tipo() const;                       // kind of an agenda entry from the listed folder
   std::optional<EntryDrag> Arrasta();
   static QString NomeInutilizavel();
   void Listado();
@@ -67,8 +66,8 @@ private:
   QPushButton *m_command3 = nullptr;
   QPushButton *m_command4 = nullptr;
   QPushButton *m_mostrar = nullptr;
-  QString m_aSelecionar; // the song to select when the running search has listed its rows
-  std::unique_ptr<PeriodicTimer> m_timer1; // takes Label2 away
+  QString m_aSelecionar;                       // the song to select when the running search has listed its rows
+  std::unique_ptr<PeriodicTimer> m_timer1;     // takes Label2 away
   std::unique_ptr<PeriodicTimer> m_timerBusca; // tells of a search that takes long
 };
 

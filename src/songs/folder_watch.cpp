@@ -19,10 +19,9 @@ constexpr uint32_t Gone = IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT | IN_IGNORE
 
 // File systems that nobody writes to behind this system's back.
 bool IsLocal(const QByteArray &path) {
-  constexpr std::array<long, 11> Local = {EXT4_SUPER_MAGIC,  BTRFS_SUPER_MAGIC, XFS_SUPER_MAGIC, F2FS_SUPER_MAGIC,
-                                          TMPFS_MAGIC,       RAMFS_MAGIC,       OVERLAYFS_SUPER_MAGIC,
-                                          MSDOS_SUPER_MAGIC, EXFAT_SUPER_MAGIC, 0x7366746e /* ntfs3 */,
-                                          0x2fc12fc1 /* zfs */};
+  constexpr std::array<long, 11> Local = {
+      EXT4_SUPER_MAGIC,      BTRFS_SUPER_MAGIC, XFS_SUPER_MAGIC,   F2FS_SUPER_MAGIC,       TMPFS_MAGIC, RAMFS_MAGIC,
+      OVERLAYFS_SUPER_MAGIC, MSDOS_SUPER_MAGIC, EXFAT_SUPER_MAGIC, 0x7366746e /* ntfs3 */, 0x2fc12fc1 /* zfs */};
   struct statfs system {};
   return statfs(path.constData(), &system) == 0 &&
          std::find(Local.begin(), Local.end(), static_cast<long>(system.f_type)) != Local.end();
@@ -30,7 +29,9 @@ bool IsLocal(const QByteArray &path) {
 
 } // namespace
 
-FolderWatch::~FolderWatch() { Stop(); }
+FolderWatch::~FolderWatch() {
+  Stop();
+}
 
 bool FolderWatch::Watch(const QString &realPath) {
   Stop();
@@ -38,8 +39,8 @@ bool FolderWatch::Watch(const QString &realPath) {
   if (!IsLocal(path))
     return false;
   m_queue = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-  if (m_queue >= 0 && inotify_add_watch(m_queue, path.constData(),
-                                        Content | Names | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR) < 0)
+  if (m_queue >= 0 &&
+      inotify_add_watch(m_queue, path.constData(), Content | Names | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR) < 0)
     Stop();
   return IsWatching();
 }

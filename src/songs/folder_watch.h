@@ -6,9 +6,9 @@
 
 namespace tolmira {
 
-// What the system says has happened in a folder. It sees all that programs of this machine do through the folder itself,
-// at the moment they do it. It does not see changes made on another machine, through another name of the same file, or
-// through a file that was mapped into memory.
+// What the system says has happened in a folder. It sees all that programs of this machine do through the folder
+// itself, at the moment they do it. It does not see changes made on another machine, through another name of the same
+// file, or through a file that was mapped into memory.
 class FolderWatch {
 public:
   FolderWatch() = default;

@@ -40,8 +40,8 @@ bool ContainsLong(const char *bytes, size_t size, const char *part, size_t lengt
   const size_t places = size - length + 1;
   for (size_t at = 0; at < places; at += Block) {
     at = std::min(at, places - Block); // the last block overlaps the one before
-    const __m128i both = _mm_and_si128(_mm_cmpeq_epi8(load(bytes + at), first),
-                                       _mm_cmpeq_epi8(load(bytes + at + length - 1), last));
+    const __m128i both =
+        _mm_and_si128(_mm_cmpeq_epi8(load(bytes + at), first), _mm_cmpeq_epi8(load(bytes + at + length - 1), last));
     for (auto mask = static_cast<unsigned>(_mm_movemask_epi8(both)); mask != 0; mask &= mask - 1) {
       if (memcmp(bytes + at + std::countr_zero(mask), part, length) == 0)
         return true;

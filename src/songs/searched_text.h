@@ -21,10 +21,10 @@ private:
   bool m_whole = true;      // no half of a pair of surrogates
 };
 
-// The text of a file in lower case, kept for searching. Holds() answers as if the file's bytes were decoded (DecodeText),
-// lowered by the toolkit and compared character for character; nothing is folded. The bytes are those of the encoding
-// that the file came in, so the text takes as much room as the file: lower case is never longer in windows-1252 and at
-// most half as long again in UTF-8.
+// The text of a file in lower case, kept for searching. Holds() answers as if the file's bytes were decoded
+// (DecodeText), lowered by the toolkit and compared character for character; nothing is folded. The bytes are those of
+// the encoding that the file came in, so the text takes as much room as the file: lower case is never longer in
+// windows-1252 and at most half as long again in UTF-8.
 class SearchedText {
 public:
   SearchedText() = default;

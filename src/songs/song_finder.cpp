@@ -1,10 +1,10 @@
 #include "songs/song_finder.h"
 
+#include "foundation/text_fields.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-
-#include "foundation/text_fields.h"
 
 namespace tolmira {
 
@@ -43,7 +43,9 @@ QString SongFinder::CaminhoDa(Pasta pasta) const {
   return m_app.At(Nomes[pasta]);
 }
 
-QString SongFinder::Caminho(int row) const { return m_path + u'\\' + m_rows.at(static_cast<size_t>(row))->Arquivo(); }
+QString SongFinder::Caminho(int row) const {
+  return m_path + u'\\' + m_rows.at(static_cast<size_t>(row))->Arquivo();
+}
 
 void SongFinder::SetTermoBusca(const QString &text) {
   m_termoBusca = text;

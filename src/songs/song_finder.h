@@ -1,21 +1,20 @@
 #pragma once
 
-#include <QString>
+#include "foundation/app_folder.h"
+#include "foundation/seams.h"
+#include "songs/song_search.h"
 
+#include <QString>
 #include <array>
 #include <functional>
 #include <memory>
 #include <optional>
 
-#include "foundation/app_folder.h"
-#include "foundation/seams.h"
-#include "songs/song_search.h"
-
 namespace tolmira {
 
 // What the list of songs does, without its widget: it lists one folder and narrows the list to what is typed. A term is
-// a part of a file name or of a text, a hymn's number ("h301", "c12"), or such a term in a hymnal ("h:", "c:"). Searches
-// run in slices from a timer, and a new term ends the one that runs.
+// a part of a file name or of a text, a hymn's number ("h301", "c12"), or such a term in a hymnal ("h:", "c:").
+// Searches run in slices from a timer, and a new term ends the one that runs.
 class SongFinder {
 public:
   SongFinder(const AppFolder &app, Clock &clock);
@@ -37,8 +36,8 @@ public:
 
   const QString &Path() const { return m_path; } // of the folder listed, as stored paths are
   const SongRows &List1() const { return m_rows; }
-  QString Caminho(int row) const; // stored path of a row's file
-  void TiraLinha(const SongFile *file); // it was deleted
+  QString Caminho(int row) const;                                           // stored path of a row's file
+  void TiraLinha(const SongFile *file);                                     // it was deleted
   QString TermoDasLinhas() const { return m_rowsTerm.value_or(QString()); } // what the rows were found by; lower case
   bool Buscando() const { return m_search.has_value(); }
   bool Medindo() const { return Buscando() && m_keepRows; }

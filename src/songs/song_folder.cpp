@@ -1,5 +1,9 @@
 #include "songs/song_folder.h"
 
+#include "foundation/code_page.h"
+#include "foundation/real_path.h"
+#include "foundation/text_file.h"
+
 #include <QFile>
 #include <QUtf8StringView>
 #include <algorithm>
@@ -12,28 +16,31 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "foundation/code_page.h"
-#include "foundation/real_path.h"
-#include "foundation/text_file.h"
-
 namespace tolmira {
 
 namespace {
 
 constexpr qint64 Second = 1'000'000'000;
-// A file that was written a moment ago can be written again without its time moving on; some disks count in steps of two
-// seconds.
+// A file that was written a moment ago can be written again without its time moving on; some disks count in steps of
+// two seconds.
 constexpr qint64 YoungNs = 3 * Second;
 constexpr qsizetype FirstRead = 64 * 1024;
 
-qint64 Nanoseconds(const timespec &time) { return time.tv_sec * Second + time.tv_nsec; }
+qint64 Nanoseconds(const timespec &time) {
+  return time.tv_sec * Second + time.tv_nsec;
+}
 
-bool IsTextName(const char *name, size_t length) { return length >= 4 && strcasecmp(name + length - 4, ".txt") == 0; }
+bool IsTextName(const char *name, size_t length) {
+  return length >= 4 && strcasecmp(name + length - 4, ".txt") == 0;
+}
 
-bool IsUtf8(const QByteArray &real) { return QUtf8StringView(real.constData(), real.size()).isValidUtf8(); }
+bool IsUtf8(const QByteArray &real) {
+  return QUtf8StringView(real.constData(), real.size()).isValidUtf8();
+}
 
 bool IsSpeltByAPath(const QByteArray &real) {
-  return IsUtf8(real) && std::none_of(real.begin(), real.end(), [](char c) { return c == '\\' || c == '\r' || c == '\n'; });
+  return IsUtf8(real) &&
+         std::none_of(real.begin(), real.end(), [](char c) { return c == '\\' || c == '\r' || c == '\n'; });
 }
 
 // Names that are no UTF-8 come from archives of older systems; read in their code page they are at least legible.
@@ -70,18 +77,24 @@ QString SortingKey(const QString &lower) {
   return key;
 }
 
-quint64 FirstFour(const QString &key) {
-  quint64 four = 0;
-  for (qsizetype i = 0; i < 4; ++i)
-    four = four << 16 | (i < key.size() ? key.at(i).unicode() : 0u);
-  return four;
+// One byte a character, in the order of the keys. From a character on that no byte holds, the bytes tell nothing.
+quint64 FirstEight(const QString &key) {
+  constexpr char16_t Beyond = 0xFF;
+  quint64 eight = 0;
+  bool told = true;
+  for (qsizetype i = 0; i < 8; ++i) {
+    const char16_t character = told && i < key.size() ? std::min(key.at(i).unicode(), Beyond) : u'\0';
+    told = told && character != Beyond;
+    eight = eight << 8 | character;
+  }
+  return eight;
 }
 
 } // namespace
 
 SongFile::SongFile(const QByteArray &real, bool shared)
     : m_real(real), m_arquivo(ReadableName(real)), m_minusculo(m_arquivo.toLower()), m_temCaminho(IsSpeltByAPath(real)),
-      m_shared(shared), m_chave(SortingKey(m_minusculo)), m_inicioDaChave(FirstFour(m_chave)) {}
+      m_shared(shared), m_chave(SortingKey(m_minusculo.chopped(4))), m_inicioDaChave(FirstEight(m_chave)) {}
 
 bool ComesBefore(const SongFile *a, const SongFile *b) {
   if (a->m_inicioDaChave != b->m_inicioDaChave)
@@ -90,7 +103,9 @@ bool ComesBefore(const SongFile *a, const SongFile *b) {
   return order != 0 ? order < 0 : a->m_real < b->m_real;
 }
 
-SongFolder::~SongFolder() { Rest(); }
+SongFolder::~SongFolder() {
+  Rest();
+}
 
 void SongFolder::Observe(const QString &storedPath, bool doubt) {
   Rest();
@@ -170,8 +185,7 @@ bool SongFolder::Holds(SongFile &file, const SearchTerm &term) {
   if (!IsCertain(file)) {
     struct stat status {};
     const bool same = file.m_read && file.m_stamp.size >= 0 &&
-                      fstatat(Folder(), file.m_real.constData(), &status, 0) == 0 &&
-                      StampOf(status) == file.m_stamp;
+                      fstatat(Folder(), file.m_real.constData(), &status, 0) == 0 && StampOf(status) == file.m_stamp;
     if (!same)
       Read(file);
     file.m_seen = m_round;

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "songs/folder_watch.h"
+#include "songs/searched_text.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
-
 #include <deque>
 #include <vector>
-
-#include "songs/folder_watch.h"
-#include "songs/searched_text.h"
 
 struct stat;
 
@@ -19,9 +18,9 @@ class SongFile {
 public:
   SongFile(const QByteArray &real, bool shared);
 
-  const QString &Arquivo() const { return m_arquivo; }       // file name with its extension
-  const QString &Minusculo() const { return m_minusculo; }   // the same in lower case
-  QString Linha() const { return m_arquivo.chopped(4); }     // the list row
+  const QString &Arquivo() const { return m_arquivo; }     // file name with its extension
+  const QString &Minusculo() const { return m_minusculo; } // the same in lower case
+  QString Linha() const { return m_arquivo.chopped(4); }   // the list row
   // False for a name that no stored path can spell: with a line end, a backslash, or bytes that are no UTF-8. Such a
   // song is listed and searched, and nothing else can be done with it.
   bool TemCaminho() const { return m_temCaminho; }
@@ -50,9 +49,9 @@ private:
   quint32 m_seen = 0; // the round in which the text was last known to be the file's
   bool m_read = false;
   bool m_temCaminho;
-  bool m_shared; // it has other names, through which it changes unseen
+  bool m_shared;           // it has other names, through which it changes unseen
   QString m_chave;         // to sort by
-  quint64 m_inicioDaChave; // its first four characters, for a quick comparison
+  quint64 m_inicioDaChave; // its first characters, for a quick comparison
   Stamp m_stamp;
 };
 
@@ -61,8 +60,8 @@ using SongRows = std::vector<SongFile *>;
 // Sorts without regard to case and accents, and equal ones by their plain names, so that the order is always the same.
 bool ComesBefore(const SongFile *a, const SongFile *b);
 
-// The songs of one folder with their texts, kept in memory from one search to the next. Every answer is the one that the
-// files themselves would give after the last call of Observe.
+// The songs of one folder with their texts, kept in memory from one search to the next. Every answer is the one that
+// the files themselves would give after the last call of Observe.
 class SongFolder {
 public:
   enum class Trust {

@@ -22,7 +22,9 @@ bool BeginsWith(const SongFile &file, const QString &term) {
 SongSearch::SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates)
     : m_folder(folder), m_term(term), m_candidates(candidates ? *std::move(candidates) : folder.Files()) {}
 
-SongSearch::~SongSearch() { m_folder.Rest(); }
+SongSearch::~SongSearch() {
+  m_folder.Rest();
+}
 
 void SongSearch::Look(SongFile *file) {
   auto &[inicio, meio, letra] = m_found;

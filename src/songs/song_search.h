@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QString>
+#include "songs/song_folder.h"
 
+#include <QString>
 #include <array>
 #include <functional>
 #include <optional>
-
-#include "songs/song_folder.h"
 
 namespace tolmira {
 
@@ -24,8 +23,8 @@ public:
   // each song that had to be read and every few others. True while songs are left.
   bool Next(const std::function<bool()> &enough);
 
-  // Songs whose file name begins with the term, then those that hold it further inside, then those that hold it in their
-  // text only. Sorted within these groups.
+  // Songs whose file name begins with the term, then those that hold it further inside, then those that hold it in
+  // their text only. Sorted within these groups.
   SongRows TakeRows();
 
 private:

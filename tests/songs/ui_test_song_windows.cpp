@@ -14,7 +14,6 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
-
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -157,8 +156,9 @@ private slots:
     room.prompt.answers = answers;
     room.Press("Command2");
     QCOMPARE(room.prompt.shown.first().buttons, QStringList({QStringLiteral("Yes"), QStringLiteral("No")}));
-    QCOMPARE(room.Said(),
-             QStringList({QStringLiteral("Do you want to download the lyrics for this song from the internet?"), said}));
+    QCOMPARE(
+        room.Said(),
+        QStringList({QStringLiteral("Do you want to download the lyrics for this song from the internet?"), said}));
     QVERIFY(room.console.calls.isEmpty());
   }
 

@@ -1,12 +1,12 @@
 #include "songs/ui/list_musicas.h"
 
+#include "controls/ui/palette.h"
+#include "songs/ui/song_list_model.h"
+
 #include <QDrag>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
-
-#include "controls/ui/palette.h"
-#include "songs/ui/song_list_model.h"
 
 namespace tolmira {
 

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QListView>
-
-#include <optional>
-
 #include "controls/ui/entry_drag.h"
 #include "songs/song_finder.h"
+
+#include <QListView>
+#include <optional>
 
 namespace tolmira {
 
@@ -33,13 +32,13 @@ public:
   std::function<std::optional<EntryDrag>()> OnDrag;
 
 signals:
-  void RowChanged(); // another row is selected, or none
+  void RowChanged();            // another row is selected, or none
   void RowActivated(bool ctrl); // double click, or Enter; `ctrl` when Ctrl, and nothing else, was held
-  void Listed();     // the rows are others
+  void Listed();                // the rows are others
   void SearchChanged();
   void Typed(const QString &text); // a letter that belongs into the box
-  void Left();       // Escape
-  void LeftUp();     // Up on the first row
+  void Left();                     // Escape
+  void LeftUp();                   // Up on the first row
 
 protected:
   void keyPressEvent(QKeyEvent *event) override;

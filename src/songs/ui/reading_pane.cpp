@@ -1,9 +1,9 @@
 #include "songs/ui/reading_pane.h"
 
+#include "controls/ui/palette.h"
+
 #include <QScrollBar>
 #include <QTextBlock>
-
-#include "controls/ui/palette.h"
 
 namespace tolmira {
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
-
 #include "console/presentation.h"
 #include "foundation/app_folder.h"
 #include "foundation/seams.h"
 #include "foundation/ui/form_position.h"
+
+#include <QString>
+#include <functional>
 
 class QWidget;
 
@@ -20,9 +19,9 @@ struct SongDoors {
   FormPositions &posicoes;
   Clock &clock;
   UserPrompt &prompt;
-  QWidget *dono = nullptr;                        // the console's window, which they stand over
-  std::function<QString()> tituloDaAgenda;        // of the active agenda
-  std::function<void(const QString &)> abreEditor; // on the song at that stored path; empty while there is no editor
+  QWidget *dono = nullptr;                           // the console's window, which they stand over
+  std::function<QString()> tituloDaAgenda;           // of the active agenda
+  std::function<void(const QString &)> abreEditor;   // on the song at that stored path; empty while there is no editor
   std::function<bool(const QString &)> editorAberto; // whether an editor stands open on that song
 };
 

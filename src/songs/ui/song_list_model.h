@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QAbstractListModel>
-
 #include "songs/song_folder.h"
+
+#include <QAbstractListModel>
 
 namespace tolmira {
 

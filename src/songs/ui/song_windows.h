@@ -1,9 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include "songs/song_editor_parent.h"
 #include "songs/ui/song_doors.h"
+
+#include <memory>
 
 namespace tolmira {
 

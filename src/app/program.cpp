@@ -107,7 +107,7 @@ void Program::Impl::MakeWindows() {
   songs = std::make_unique<SongWindows>(
       SongDoors{app, core.flow, positions, clock, prompt, console.get(),
                 [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
-                [this](const QString &path) { editors->Edita(path, songs.get()); },
+                [this](const QString &path) { return editors->Edita(path, songs.get()); },
                 [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
   FrmMonitor::Windows windows;
@@ -139,7 +139,7 @@ void Program::Impl::MakeSongEditors() {
       TextFormatDoors{[this] { return core.formato.Le(); },
                       [this](const TextFormat &format) { return core.formato.Aplica(format); }});
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
-                                 [this](const QString &path) { return editors->Edita(path); }};
+                                 [this](const QString &path) { return editors->Edita(path, songs.get()); }};
 }
 
 void Program::Impl::MakeDisplay() {
@@ -209,7 +209,7 @@ void Program::Impl::MakeStartup() {
   };
   // A box must not stand inside the timer that ends the start.
   janelas.InicioTerminou = [this] {
-    QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(); });
+    QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(songs.get()); });
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
                                              core.controles, core.loader, core.leitura, monitors, std::move(janelas));

@@ -209,7 +209,7 @@ bool AgendaDesk::CanEdit() const {
 void AgendaDesk::EditaMusica(const QString &target) {
   const auto say = [&](const QString &text) { m_prompt.Message(MessageKind::Information, TituloDaCaixa, text); };
   const QString path = ResolveSongPath(m_app, target + u".txt");
-  if (!path.isEmpty() && editorDeMusicas.abertoEmOutra && editorDeMusicas.abertoEmOutra(path))
+  if (editorDeMusicas.abertoEmOutra && editorDeMusicas.abertoEmOutra(path))
     say(QStringLiteral("First, finish editing the lyrics you are currently editing."));
   else if (path.isEmpty() || !editorDeMusicas.edita || !editorDeMusicas.edita(path))
     say(QStringLiteral("Item not found or cannot be edited."));

@@ -40,8 +40,11 @@ QString Caption(QString text) {
 // place is not touched.
 bool RemoveFile(const QString &storedPath) {
   const QString path = MapStoredPath(storedPath).text();
-  if (!QFileInfo::exists(path))
-    return true;
+  if (!QFileInfo::exists(path)) {
+    // Gone, and not merely out of reach: a disk that was pulled out comes back with its songs.
+    const QFileInfo folder(QFileInfo(path).path());
+    return folder.isReadable() && folder.isExecutable();
+  }
   return QFileInfo(path).isFile() && (QFile::moveToTrash(path) || QFile::remove(path));
 }
 
@@ -351,10 +354,8 @@ void FrmAddMusicaNaLista::Command3() {
     Diz(QStringLiteral("The file does not exist."));
   else if (m_doors.editorAberto && m_doors.editorAberto(path))
     Diz(QStringLiteral("The editing screen for this lyrics is already open."));
-  else if (m_doors.abreEditor)
-    m_doors.abreEditor(path);
-  else
-    Diz(tr("There is no editor for songs yet."));
+  else if (!m_doors.abreEditor || !m_doors.abreEditor(path))
+    Diz(QStringLiteral("Item not found or cannot be edited."));
 }
 
 void FrmAddMusicaNaLista::Command4() {

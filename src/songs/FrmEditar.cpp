@@ -339,7 +339,7 @@ bool FrmEditar::BotaoFlat1() {
   Tell(tr("Saved as %1").arg(result.newName));
   m_doors.console.ProcessaEditar(result.oldName, result.newName);
   if (m_parent)
-    m_parent->AtualizaLista(TitleOfFile(saved.name));
+    m_parent->AtualizaLista(result.newName.chopped(QStringLiteral(".txt").size()));
   ChooseLanguage();
   return true;
 }

@@ -9,6 +9,8 @@
 
 #include <QFile>
 
+#include <sys/stat.h>
+
 namespace tolmira {
 
 namespace {
@@ -17,15 +19,24 @@ const QString BoxTitle = QStringLiteral("Tolmira");
 const QString Extension = QStringLiteral(".txt");
 enum Answer { Yes = 0, No = 1 };
 
-bool IsSameFile(const QString &one, const QString &other) {
-  return !one.isEmpty() && MapStoredPath(one).text() == MapStoredPath(other).text();
-}
-
 QString OwnFolder(const QString &path) {
   return path.chopped(FileNameOf(path).size());
 }
 
 } // namespace
+
+bool IsSameFile(const QString &one, const QString &other) {
+  if (one.isEmpty() || other.isEmpty())
+    return false;
+  const QString first = MapStoredPath(one).text();
+  const QString second = MapStoredPath(other).text();
+  if (first == second)
+    return true;
+  struct stat a = {};
+  struct stat b = {};
+  return ::stat(QFile::encodeName(first).constData(), &a) == 0 &&
+         ::stat(QFile::encodeName(second).constData(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
 
 QString CapitalLines(const QString &text) {
   QString result = text;
@@ -141,6 +152,10 @@ void SongEditor::FinishRename(const QString &target) {
     return;
   const QString old = MapStoredPath(m_path).text();
   const QString now = MapStoredPath(target).text();
+  // One file under two names, on a disk without regard to case or through a link: removing the old name would remove the
+  // song that was just written.
+  if (old != now && IsSameFile(m_path, target))
+    return;
   if (old == now) {
     // Only capitals changed: the target was found to be the own file, which still bears the old ones.
     const QString wanted = OwnFolder(now) + FileNameOf(target);

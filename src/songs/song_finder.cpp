@@ -35,7 +35,7 @@ int NumeroDoHino(const QString &term, QChar letter) {
 } // namespace
 
 SongFinder::SongFinder(const AppFolder &app, Clock &clock)
-    : m_app(app), m_clock(clock), m_path(CaminhoDa(Lyrics)), m_timerFind(clock.NewTimer([this] { TimerFind(); })),
+    : m_app(app), m_clock(clock), m_path(CaminhoDa(Lyrics)), m_rowsPath(m_path), m_timerFind(clock.NewTimer([this] { TimerFind(); })),
       m_timerFatia(clock.NewTimer([this] { Fatia(); })) {}
 
 QString SongFinder::CaminhoDa(Pasta pasta) const {
@@ -44,7 +44,7 @@ QString SongFinder::CaminhoDa(Pasta pasta) const {
 }
 
 QString SongFinder::Caminho(int row) const {
-  return m_path + u'\\' + m_rows.at(static_cast<size_t>(row))->Arquivo();
+  return m_rowsPath + u'\\' + m_rows.at(static_cast<size_t>(row))->Arquivo();
 }
 
 void SongFinder::SetTermoBusca(const QString &text) {
@@ -165,6 +165,7 @@ void SongFinder::Fatia() {
 
 void SongFinder::Lista(SongRows rows, std::optional<QString> term) {
   m_rows = std::move(rows);
+  m_rowsPath = m_path;
   m_rowsTerm = std::move(term);
   if (AoListar)
     AoListar();
@@ -174,6 +175,8 @@ void SongFinder::TiraLinha(const SongFile *file) {
   std::erase_if(m_rows, [file](const SongFile *row) { return row == file; });
   if (AoListar)
     AoListar();
+  if (Buscando() && !Medindo())
+    BuscaDeNovo(); // it would list the file that is gone
 }
 
 qint64 SongFinder::TextBytes() const {

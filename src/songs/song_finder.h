@@ -34,7 +34,7 @@ public:
   void BuscaDeNovo();
   void CancelaBusca();
 
-  const QString &Path() const { return m_path; } // of the folder listed, as stored paths are
+  const QString &Path() const { return m_rowsPath; } // of the folder listed, as stored paths are
   const SongRows &List1() const { return m_rows; }
   QString Caminho(int row) const;                                           // stored path of a row's file
   void TiraLinha(const SongFile *file);                                     // it was deleted
@@ -61,7 +61,8 @@ private:
   Clock &m_clock;
   std::array<SongFolder, 3> m_folders;
   Pasta m_pasta = Lyrics;
-  QString m_path;
+  QString m_path;     // of the folder that is being searched
+  QString m_rowsPath; // of the folder that the rows are from: another one until a search in m_path has ended
   SongRows m_rows;
   std::optional<QString> m_rowsTerm; // the rows are all that this term finds in the folder
   QString m_termoBusca;

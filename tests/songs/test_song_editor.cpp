@@ -224,6 +224,17 @@ private slots:
     QVERIFY(room.prompt.shown.isEmpty());
   }
 
+  // The file of the old name is the file of the new one: nothing is asked, and nothing goes.
+  void ANameThatLeadsToTheSameFileLosesNothing() {
+    Room room;
+    room.Write(QStringLiteral("Lyrics/Grace.txt"), "Old\r\n");
+    QVERIFY(QFile::link(room.Real(QStringLiteral("Lyrics/Grace.txt")), room.Real(QStringLiteral("Lyrics/Link.txt"))));
+    QVERIFY(room.Open(QStringLiteral("Lyrics/Grace.txt")));
+    QCOMPARE(room.Save(QStringLiteral("Link"), {}, QStringLiteral("New")), Outcome::Saved);
+    QVERIFY(room.prompt.shown.isEmpty());
+    QCOMPARE(room.Read(QStringLiteral("Lyrics/Link.txt")), QByteArray("New\r\n"));
+  }
+
   void ANameOfAnotherFormStaysUntilItIsChanged() {
     Room room;
     room.Write(QStringLiteral("Lyrics/Grace(Newton).txt"), "A");

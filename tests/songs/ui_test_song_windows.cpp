@@ -46,7 +46,11 @@ private:
     void Open() {
       dialog = std::make_unique<FrmAddMusicaNaLista>(SongDoors{
           app, console, positions, clock, prompt, &desk, [this] { return title; },
-          [this](const QString &path) { edited = path; }, [this](const QString &path) { return path == edited; }});
+          [this](const QString &path) {
+            edited = path;
+            return true;
+          },
+          [this](const QString &path) { return path == edited; }});
       dialog->Open();
       list = dialog->findChild<ListMusicas *>(QStringLiteral("ListMusicas1"));
       box = dialog->findChild<QLineEdit *>(QStringLiteral("Text1"));

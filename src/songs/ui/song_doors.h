@@ -21,7 +21,8 @@ struct SongDoors {
   UserPrompt &prompt;
   QWidget *dono = nullptr;                           // the console's window, which they stand over
   std::function<QString()> tituloDaAgenda;           // of the active agenda
-  std::function<void(const QString &)> abreEditor;   // on the song at that stored path; empty while there is no editor
+  // On the song at that stored path; false when it cannot be read. Empty while there is no editor.
+  std::function<bool(const QString &)> abreEditor;
   std::function<bool(const QString &)> editorAberto; // whether an editor stands open on that song
 };
 

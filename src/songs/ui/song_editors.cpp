@@ -15,10 +15,6 @@ namespace {
 const QString BoxTitle = QStringLiteral("Tolmira");
 enum Answer { OpenIt = 0, DropIt = 2 };
 
-bool IsSameFile(const QString &one, const QString &other) {
-  return !one.isEmpty() && MapStoredPath(one).text() == MapStoredPath(other).text();
-}
-
 } // namespace
 
 SongEditors::SongEditors(SongEditorDoors doors, TextFormatDoors formato)
@@ -86,16 +82,20 @@ bool SongEditors::FechaTodos() {
   while (!m_editors.empty()) {
     FrmEditar *editor = m_editors.back().get();
     editor->raise();
-    if (!editor->close())
+    const size_t before = m_editors.size();
+    // One whose own question stands open says that it is closed and stays.
+    if (!editor->close() || m_editors.size() == before)
       break;
   }
   m_closing = false;
   return m_editors.empty();
 }
 
-void SongEditors::OfereceRascunhos() {
+void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
   const SongDrafts drafts(m_doors.store.App());
   for (const SongDrafts::Found &found : drafts.All()) {
+    if (EditorOf(found.draft.path))
+      continue; // one file, one editor: this draft is offered again when that one is done
     const QString title = found.draft.title.trimmed();
     const int answer = m_doors.prompt.Ask(BoxTitle,
                                           QStringLiteral("An unsaved text of '%1' was found. Open it?")
@@ -105,7 +105,7 @@ void SongEditors::OfereceRascunhos() {
       drafts.Drop(found.id);
     if (answer != OpenIt)
       continue;
-    FrmEditar *editor = Make(nullptr);
+    FrmEditar *editor = Make(parent);
     editor->SetDados(found);
     editor->Open();
   }

@@ -32,7 +32,7 @@ public:
   bool FechaTodos();
 
   // Asks about each unsaved text that an earlier run left behind.
-  void OfereceRascunhos();
+  void OfereceRascunhos(SongEditorParent *parent = nullptr);
   void AbreFormato(); // the text-format options
 
 private:

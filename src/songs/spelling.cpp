@@ -233,11 +233,16 @@ void Spelling::Suggest(const QString &word, std::function<void(const QStringList
                                        [this](const auto &one) { return one.code == m_language; });
   if (dictionary == m_dictionaries.cend())
     return;
-  QMetaObject::invokeMethod(m_worker,
-                            [this, worker = m_worker, one = *dictionary, asked = AsInDictionary(word), onAnswer] {
-                              const QStringList suggestions = worker->Suggest(one, asked);
-                              QMetaObject::invokeMethod(this, [suggestions, onAnswer] { onAnswer(suggestions); });
-                            });
+  const int number = ++m_lastAsked;
+  m_asked.insert(number, std::move(onAnswer));
+  QMetaObject::invokeMethod(
+      m_worker, [this, worker = m_worker, one = *dictionary, asked = AsInDictionary(word), number] {
+        const QStringList suggestions = worker->Suggest(one, asked);
+        QMetaObject::invokeMethod(this, [this, suggestions, number] {
+          if (const auto answer = m_asked.take(number))
+            answer(suggestions);
+        });
+      });
 }
 
 void Spelling::Accept(const QString &word) {

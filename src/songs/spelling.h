@@ -70,6 +70,9 @@ private:
   bool m_asking = false;
   int m_round = 0;  // of the language: answers of an earlier one are dropped
   int m_choice = 0; // of a language: only the newest counts
+  // Who waits for suggestions. What they hold belongs to this thread and stays on it; only the number goes to the worker.
+  QHash<int, std::function<void(const QStringList &)>> m_asked;
+  int m_lastAsked = 0;
   QThread m_thread;
   SpellingWorker *m_worker;
 };

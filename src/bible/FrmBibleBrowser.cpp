@@ -6,13 +6,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "bible/books.h"
 #include "bible/passage_filter.h"
 #include "bible/ui/dialog_keys.h"
+#include "bible/ui/passage_bar.h"
 #include "controls/ui/palette.h"
 
 namespace tolmira {
@@ -22,7 +22,6 @@ namespace {
 constexpr QSize Tamanho{840, 520};
 constexpr int LarguraDosLivros = 210;    // px: "Lamentations of Jeremiah"
 constexpr int LarguraDosCapitulos = 76;
-constexpr int LinhasDoVersiculo = 5; // room for the longest verse
 constexpr int Numero = Qt::UserRole; // of the book, chapter or verse that a row stands for
 
 int NumberOf(const QListWidget *list) {
@@ -76,38 +75,12 @@ FrmBibleBrowser::FrmBibleBrowser(BibleDoors doors)
   m_reference->setObjectName(QStringLiteral("LbReferencia"));
   m_reference->setProperty("look", QStringLiteral("caps"));
   column->addWidget(m_reference);
-  m_text = new QLabel(this);
-  m_text->setObjectName(QStringLiteral("LbVersiculo"));
-  m_text->setTextFormat(Qt::PlainText);
-  m_text->setWordWrap(true);
-  m_text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  m_text->setFixedHeight(m_text->fontMetrics().lineSpacing() * LinhasDoVersiculo);
-  column->addWidget(m_text);
-
-  auto *row = new QHBoxLayout;
-  row->setSpacing(medidas::Gap);
-  const auto button = [this, row](const char *name, const QString &text) {
-    auto *made = new QPushButton(text, this);
-    made->setObjectName(QLatin1String(name));
-    made->setAutoDefault(false);
-    row->addWidget(made);
-    return made;
-  };
-  QPushButton *add = button("Command1", tr("&Add to the agenda"));
-  QPushButton *show = button("Command3", tr("&Show"));
-  m_message = new QLabel(this);
-  m_message->setObjectName(QStringLiteral("Label2"));
-  m_message->setTextFormat(Qt::PlainText);
-  row->addWidget(m_message, 1);
-  m_hint = new QLabel(this);
-  m_hint->setObjectName(QStringLiteral("LbCtrlEnter"));
-  m_hint->setProperty("look", QStringLiteral("quiet"));
-  row->addWidget(m_hint);
-  column->addLayout(row);
+  m_bar = new PassageBar(m_doors, this);
+  column->addWidget(m_bar);
 
   connect(m_filter, &QLineEdit::textChanged, this, &FrmBibleBrowser::Narrow);
-  connect(add, &QPushButton::clicked, this, &FrmBibleBrowser::Add);
-  connect(show, &QPushButton::clicked, this, &FrmBibleBrowser::Show);
+  connect(m_bar, &PassageBar::AddWanted, this, &FrmBibleBrowser::Add);
+  connect(m_bar, &PassageBar::ShowWanted, this, &FrmBibleBrowser::Show);
   resize(Tamanho);
 }
 
@@ -177,7 +150,7 @@ void FrmBibleBrowser::FillVerses(int chosen) {
 void FrmBibleBrowser::ShowChosen() {
   const Passagem chosen = Chosen();
   m_reference->setText(ReferenciaDe(chosen));
-  m_text->setText(m_doors.biblia.Versoes().empty()
+  m_bar->SetText(m_doors.biblia.Versoes().empty()
                       ? tr("There is no Bible in the program folder.")
                       : m_doors.biblia.VersiculosDoCapitulo(chosen.livro, chosen.capitulo).value(chosen.versiculo - 1));
 }
@@ -200,8 +173,8 @@ void FrmBibleBrowser::Narrow() {
 }
 
 void FrmBibleBrowser::Open() {
-  m_hint->setText(m_ctrlEnter.Hint());
-  m_message->clear();
+  m_bar->SetHint(m_ctrlEnter.Hint());
+  m_bar->ClearMessage();
   const Passagem before = Chosen();
   m_filter->clear();
   FillBooks(BooksOf({}), 0);
@@ -228,33 +201,14 @@ void FrmBibleBrowser::hideEvent(QHideEvent *event) {
 void FrmBibleBrowser::changeEvent(QEvent *event) {
   // The rule of Enter may have been flipped elsewhere meanwhile.
   if (event->type() == QEvent::ActivationChange && isActiveWindow())
-    m_hint->setText(m_ctrlEnter.Hint());
+    m_bar->SetHint(m_ctrlEnter.Hint());
   QWidget::changeEvent(event);
 }
 
 void FrmBibleBrowser::VersionChanged() { GoTo({NumberOf(m_books), NumberOf(m_chapters), NumberOf(m_verses)}); }
 
-void FrmBibleBrowser::Add() {
-  const QString reference = ReferenciaDe(Chosen());
-  if (reference.isEmpty())
-    return;
-  QString message;
-  m_doors.console.PorNaLista(reference, 1, reference, message);
-  m_message->setText(message);
-}
-
-void FrmBibleBrowser::Show() {
-  QString reference = ReferenciaDe(Chosen());
-  if (m_doors.biblia.GetVerse(reference).isEmpty())
-    return;
-  m_message->clear();
-  QWidget *focus = focusWidget();
-  m_doors.console.cancelaWMP();
-  m_doors.console.exibirPassagem(reference);
-  activateWindow();
-  if (focus)
-    focus->setFocus();
-}
+void FrmBibleBrowser::Add() { m_bar->Add(ReferenciaDe(Chosen())); }
+void FrmBibleBrowser::Show() { m_bar->Show(ReferenciaDe(Chosen())); }
 
 void FrmBibleBrowser::Accept(bool ctrl) { m_ctrlEnter.EnterShows(ctrl) ? Show() : Add(); }
 

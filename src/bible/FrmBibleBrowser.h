@@ -11,6 +11,8 @@ class QListWidget;
 
 namespace tolmira {
 
+class PassageBar;
+
 // Books, chapters and verses in three columns; typing narrows them. Enter and Ctrl+Enter add and show as in the add
 // dialog.
 class FrmBibleBrowser : public QWidget {
@@ -48,9 +50,7 @@ private:
   QListWidget *m_chapters;
   QListWidget *m_verses;
   QLabel *m_reference;
-  QLabel *m_text;
-  QLabel *m_hint;
-  QLabel *m_message;
+  PassageBar *m_bar;
 };
 
 } // namespace tolmira

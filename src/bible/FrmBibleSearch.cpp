@@ -7,12 +7,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 #include "bible/ui/dialog_keys.h"
 #include "bible/ui/hit_model.h"
+#include "bible/ui/passage_bar.h"
 #include "controls/ui/palette.h"
 
 namespace tolmira {
@@ -21,7 +21,6 @@ namespace {
 
 constexpr QSize Tamanho{840, 480};
 constexpr int LarguraDaReferencia = 230; // px: "Lamentations of Jeremiah 3:22"
-constexpr int LinhasDoVersiculo = 5; // room for the longest verse
 constexpr qsizetype LetrasPorVez = 500000; // some milliseconds
 
 } // namespace
@@ -62,46 +61,22 @@ FrmBibleSearch::FrmBibleSearch(BibleDoors doors)
   m_list->installEventFilter(this);
   column->addWidget(m_list, 1);
 
-  m_text = new QLabel(this);
-  m_text->setObjectName(QStringLiteral("LbVersiculo"));
-  m_text->setTextFormat(Qt::PlainText);
-  m_text->setWordWrap(true);
-  m_text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  m_text->setFixedHeight(m_text->fontMetrics().lineSpacing() * LinhasDoVersiculo);
-  column->addWidget(m_text);
-
-  auto *row = new QHBoxLayout;
-  row->setSpacing(medidas::Gap);
-  const auto button = [this, row](const char *name, const QString &text) {
-    auto *made = new QPushButton(text, this);
-    made->setObjectName(QLatin1String(name));
-    made->setAutoDefault(false);
-    row->addWidget(made);
-    return made;
-  };
-  QPushButton *show = button("Command3", tr("&Show"));
-  QPushButton *add = button("Command1", tr("&Add to the agenda"));
-  m_message = new QLabel(this);
-  m_message->setObjectName(QStringLiteral("Label2"));
-  m_message->setTextFormat(Qt::PlainText);
-  row->addWidget(m_message, 1);
-  auto *hint = new QLabel(tr("Enter shows, Ctrl+Enter adds to the agenda"), this);
-  hint->setProperty("look", QStringLiteral("quiet"));
-  row->addWidget(hint);
-  column->addLayout(row);
+  m_bar = new PassageBar(m_doors, this);
+  m_bar->SetHint(tr("Enter shows, Ctrl+Enter adds to the agenda"));
+  column->addWidget(m_bar);
 
   m_slice.setInterval(0);
   connect(&m_slice, &QTimer::timeout, this, &FrmBibleSearch::SearchOn);
   connect(m_query, &QLineEdit::textChanged, this, &FrmBibleSearch::StartSearch);
   connect(m_list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &FrmBibleSearch::ShowChosen);
   connect(m_list, &QTreeView::doubleClicked, this, &FrmBibleSearch::Show);
-  connect(show, &QPushButton::clicked, this, &FrmBibleSearch::Show);
-  connect(add, &QPushButton::clicked, this, &FrmBibleSearch::Add);
+  connect(m_bar, &PassageBar::ShowWanted, this, &FrmBibleSearch::Show);
+  connect(m_bar, &PassageBar::AddWanted, this, &FrmBibleSearch::Add);
   resize(Tamanho);
 }
 
 void FrmBibleSearch::Open() {
-  m_message->clear();
+  m_bar->ClearMessage();
   if (m_searchedVersion != m_doors.biblia.VersaoBiblia())
     StartSearch();
   if (!isVisible())
@@ -190,32 +165,16 @@ std::optional<SearchHit> FrmBibleSearch::Chosen() const {
 
 void FrmBibleSearch::ShowChosen() {
   const std::optional<SearchHit> hit = Chosen();
-  m_text->setText(hit ? QString(ReferenciaDe(*hit) + u"  " + hit->text) : QString());
+  m_bar->SetText(hit ? QString(ReferenciaDe(*hit) + u"  " + hit->text) : QString());
 }
 
-void FrmBibleSearch::Add() {
+QString FrmBibleSearch::ChosenReference() const {
   const std::optional<SearchHit> hit = Chosen();
-  if (!hit)
-    return;
-  const QString reference = ReferenciaDe(*hit);
-  QString message;
-  m_doors.console.PorNaLista(reference, 1, reference, message);
-  m_message->setText(message);
+  return hit ? ReferenciaDe(*hit) : QString();
 }
 
-void FrmBibleSearch::Show() {
-  const std::optional<SearchHit> hit = Chosen();
-  QString reference = hit ? ReferenciaDe(*hit) : QString();
-  if (m_doors.biblia.GetVerse(reference).isEmpty())
-    return;
-  m_message->clear();
-  QWidget *focus = focusWidget();
-  m_doors.console.cancelaWMP();
-  m_doors.console.exibirPassagem(reference);
-  activateWindow();
-  if (focus)
-    focus->setFocus();
-}
+void FrmBibleSearch::Add() { m_bar->Add(ChosenReference()); }
+void FrmBibleSearch::Show() { m_bar->Show(ChosenReference()); }
 
 bool FrmBibleSearch::eventFilter(QObject *watched, QEvent *event) {
   if (event->type() != QEvent::KeyPress)

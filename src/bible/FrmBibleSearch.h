@@ -15,6 +15,7 @@ class QTreeView;
 namespace tolmira {
 
 class HitModel;
+class PassageBar;
 
 // Finds verses of the version in force by their words and lists them as they are found. Enter shows the chosen verse,
 // Ctrl+Enter adds it to the agenda.
@@ -39,14 +40,14 @@ private:
   void Add();
   void Show();
   std::optional<SearchHit> Chosen() const;
+  QString ChosenReference() const; // empty while no row is chosen
 
   BibleDoors m_doors;
   QLineEdit *m_query;
   QLabel *m_state;
   QTreeView *m_list;
   HitModel *m_hits;
-  QLabel *m_text;
-  QLabel *m_message;
+  PassageBar *m_bar;
   std::optional<WordSearch> m_search; // while it runs
   QueryState m_estado = QueryState::Empty;
   QTimer m_slice;

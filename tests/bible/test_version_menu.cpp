@@ -1,25 +1,20 @@
 #include "bible/bible_store.h"
 #include "foundation/text_file.h"
+#include "bible/store_room.h"
 #include "support/small_bible.h"
 
-#include <QTemporaryDir>
 #include <QTest>
-#include <memory>
 
 using namespace tolmira;
 using namespace tolmira::testing;
 
-class TestVersionMenu : public QObject {
+class TestVersionMenu : public QObject, protected StoreRoom {
   Q_OBJECT
 
 private slots:
   void init() {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("Data")));
-    m_app = std::make_unique<AppFolder>(m_dir->path());
-    m_config = std::make_unique<IniStore>(*m_app);
-    m_bible = std::make_unique<BibleStore>(*m_app, *m_config);
+    QVERIFY(MakeRoom());
   }
 
   void TheMenuFollowsTheFolder() {
@@ -109,15 +104,6 @@ private slots:
 
 private:
   QString BiblePath(const char *name) const { return m_dir->filePath(QLatin1String("Bible/") + QLatin1String(name)); }
-  QString Fetch(QStringView reference) {
-    QString text = reference.toString();
-    return m_bible->GetVerse(text);
-  }
-
-  std::unique_ptr<QTemporaryDir> m_dir;
-  std::unique_ptr<AppFolder> m_app;
-  std::unique_ptr<IniStore> m_config;
-  std::unique_ptr<BibleStore> m_bible;
 };
 
 QTEST_GUILESS_MAIN(TestVersionMenu)

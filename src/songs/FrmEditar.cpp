@@ -58,7 +58,8 @@ FrmEditar::FrmEditar(const SongEditorDoors &doors, Spelling &spelling)
     : QWidget(doors.dono, Qt::Window), m_doors(doors), m_spelling(spelling), m_editor(doors.store.App(), doors.prompt),
       m_draft(SongDrafts(doors.store.App()), doors.clock, [this] {
         const SongContent now = Content();
-        return SongDraft{m_editor.Modo(), m_editor.Caminho(), now.name.title, now.name.author, now.text};
+        return SongDraft{m_editor.Modo(), m_editor.Caminho(), now.name.title,
+                         now.name.author, now.text,           m_editor.Arquivo()};
       }) {
   setObjectName(QStringLiteral("FrmEditar"));
   setMinimumSize(LeastSize);
@@ -256,13 +257,14 @@ bool FrmEditar::SetDados(const QString &mode, const QString &path) {
 
 void FrmEditar::SetDados(const SongDrafts::Found &found) {
   const SongDraft &draft = found.draft;
-  m_editor.SetDadosDeRascunho(draft.mode, draft.path);
+  m_editor.SetDadosDeRascunho(draft);
+  const bool changed = m_editor.Modo() != draft.mode;
   Fill(m_editor.Guardado());
   m_draft.Adopt(found.id);
   m_text1->setText(draft.title);
   m_text3->setText(draft.author);
   m_text2->TakeText(draft.text);
-  Tell(tr("This text was not saved yet."));
+  Tell(changed ? tr("This text was not saved yet. The song was changed since.") : tr("This text was not saved yet."));
 }
 
 void FrmEditar::Fill(const SongContent &content) {
@@ -279,7 +281,7 @@ SongContent FrmEditar::Content() const {
 
 bool FrmEditar::IsChanged() const {
   const SongContent now = Content();
-  return now.text != m_asLoaded || TidyName(now.name) != m_editor.Guardado().name;
+  return now.text != m_asLoaded || TidyName(now.name) != TidyName(m_editor.Guardado().name);
 }
 
 void FrmEditar::Edited() {
@@ -315,7 +317,11 @@ void FrmEditar::Open() {
 }
 
 bool FrmEditar::BotaoFlat1() {
+  if (m_saving)
+    return false;
+  m_saving = true;
   const SongEditor::Result result = m_editor.Save(Content());
+  m_saving = false;
   switch (result.outcome) {
   case SongEditor::Outcome::BadName:
     m_text1->setFocus();
@@ -434,6 +440,10 @@ void FrmEditar::hideEvent(QHideEvent *event) {
 }
 
 void FrmEditar::closeEvent(QCloseEvent *event) {
+  if (m_saving) {
+    event->ignore();
+    return;
+  }
   if (IsChanged()) {
     const QString title = TidyName(Content().name).title;
     const int answer = m_doors.prompt.Ask(

@@ -125,8 +125,7 @@ void PresentationFlow::ProcessaEditar(const QString &oldName, const QString &new
   const QString onShow = estado.TituloAtual.toLower();
   if (!estado.EhLetra() || (onShow != oldTitle.toLower() && onShow != newTitle.toLower()))
     return;
-  const QString inItsFolder =
-      estado.ArquivoAtual.chopped(FileNameOf(estado.ArquivoAtual).size()) + newTitle + u".txt";
+  const QString inItsFolder = estado.ArquivoAtual.chopped(FileNameOf(estado.ArquivoAtual).size()) + newTitle + u".txt";
   const QString path = FileExists(inItsFolder) ? inItsFolder : ResolveSongPath(m_console.app, newTitle + u".txt");
   if (!path.isEmpty())
     estado.ArquivoAtual = path;

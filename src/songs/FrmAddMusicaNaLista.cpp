@@ -101,15 +101,10 @@ FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors) : QWidget(doors.dono, 
   m_selecionado->setProperty("look", QStringLiteral("caps"));
   m_selecionado->setTextFormat(Qt::PlainText);
   lines->addWidget(m_selecionado);
-  auto *page = new QFrame(reading);
-  page->setProperty("look", QStringLiteral("panel"));
-  auto *inside = new QVBoxLayout(page);
-  inside->setContentsMargins(medidas::Step, medidas::Step, medidas::Step, medidas::Step);
-  m_leitura = new ReadingPane(page);
+  m_leitura = new ReadingPane(reading);
   m_leitura->setObjectName(QStringLiteral("TxtLeitura"));
   m_leitura->setAccessibleName(tr("Words of the selected song"));
-  inside->addWidget(m_leitura);
-  lines->addWidget(page, 1);
+  lines->addWidget(m_leitura, 1);
   reading->setMinimumWidth(200);
   halves->setStretchFactor(0, 5);
   halves->setStretchFactor(1, 4);

@@ -25,7 +25,9 @@ namespace {
 
 const QString BoxTitle = QStringLiteral("Tolmira");
 constexpr QSize FirstSize{980, 640};
-constexpr QSize LeastSize{600, 420};
+constexpr int LeastHeight = 420;
+constexpr int ShownOfLanguage = 12; // letters, when the window is at its narrowest
+constexpr int MostOfLanguage = 200; // px
 constexpr int PreviewMs = 120; // after a key; a burst of keys is looked at once
 enum Answer { SaveIt = 0, DropIt = 1 };
 
@@ -62,7 +64,7 @@ FrmEditar::FrmEditar(const SongEditorDoors &doors, Spelling &spelling)
                          now.name.author, now.text,           m_editor.Arquivo()};
       }) {
   setObjectName(QStringLiteral("FrmEditar"));
-  setMinimumSize(LeastSize);
+  setMinimumHeight(LeastHeight); // the breadth follows from what stands in the rows
   resize(FirstSize);
   m_editor.AbertoEmOutro = [this](const QString &path) { return AbertoEmOutro && AbertoEmOutro(path); };
 
@@ -154,6 +156,10 @@ void FrmEditar::MakeTools(QVBoxLayout *column) {
   row->addStretch(1);
   m_language = new QComboBox(this);
   m_language->setObjectName(QStringLiteral("ComboIdioma"));
+  m_language->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  m_language->setMinimumContentsLength(ShownOfLanguage);
+  m_language->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  m_language->setMaximumWidth(MostOfLanguage);
   m_language->setAccessibleName(tr("Language of the spelling check"));
   m_language->setToolTip(tr("Language of the spelling check"));
   m_language->addItem(tr("No spelling check"), QString());
@@ -261,8 +267,7 @@ void FrmEditar::SetDados(const SongDrafts::Found &found) {
   const bool changed = m_editor.Modo() != draft.mode;
   Fill(m_editor.Guardado());
   m_draft.Adopt(found.id);
-  m_text1->setText(draft.title);
-  m_text3->setText(draft.author);
+  ShowName({draft.title, draft.author});
   m_text2->TakeText(draft.text);
   Tell(changed ? tr("This text was not saved yet. The song was changed since.") : tr("This text was not saved yet."));
 }
@@ -270,9 +275,20 @@ void FrmEditar::SetDados(const SongDrafts::Found &found) {
 void FrmEditar::Fill(const SongContent &content) {
   m_text2->Load(content.text);
   m_asLoaded = m_text2->Text(); // mixed line ends are alike now, and that is no change of the operator's
-  m_text1->setText(content.name.title);
-  m_text3->setText(content.name.author);
+  ShowName(content.name);
   ShowChanged();
+}
+
+// A name that is longer than its box shows its beginning; where the operator is typing, the caret stays.
+void FrmEditar::ShowName(const SongName &name) {
+  const auto show = [](QLineEdit *box, const QString &text) {
+    if (box->text() == text)
+      return;
+    box->setText(text);
+    box->home(false);
+  };
+  show(m_text1, name.title);
+  show(m_text3, name.author);
 }
 
 SongContent FrmEditar::Content() const {
@@ -337,8 +353,7 @@ bool FrmEditar::BotaoFlat1() {
   const SongContent &saved = m_editor.Guardado();
   m_text2->TakeText(saved.text);
   m_asLoaded = m_text2->Text();
-  m_text1->setText(saved.name.title);
-  m_text3->setText(saved.name.author);
+  ShowName(saved.name);
   m_seen = Content();
   m_draft.Forget();
   ShowChanged();
@@ -359,7 +374,8 @@ void FrmEditar::ShowPreview() {
   m_preview->Show(stanza, room.tamanhoBase, tema, m_doors.ajustes);
 
   const VerseSize size = m_preview->SizeOf(stanza, room.tamanhoBase, tema, m_doors.ajustes);
-  m_size->setText(stanza.isEmpty() ? QString() : QStringLiteral("Font size: ") + QString::number(qRound(size.pt)));
+  m_size->setText(stanza.isEmpty() ? tr("The stanza at the caret is shown here.")
+                                   : QStringLiteral("Font size: ") + QString::number(qRound(size.pt)));
   int all = 0;
   int here = 0;
   qsizetype from = 0;

@@ -62,6 +62,7 @@ private:
 
   bool BotaoFlat1(); // save; true when it is on disk
   void Fill(const SongContent &content);
+  void ShowName(const SongName &name);
   SongContent Content() const;
   bool IsChanged() const;
   void Edited();

@@ -23,7 +23,7 @@ const QString Title = QStringLiteral("title");
 const QString Author = QStringLiteral("author");
 const QString Text = QStringLiteral("text");
 const QString Moment = QStringLiteral("moment"); // ms since 1970
-const QString New = QStringLiteral(".new"); // behind the name of a draft that is being written
+const QString New = QStringLiteral(".new");      // behind the name of a draft that is being written
 const QString SongSize = QStringLiteral("songSize");
 const QString SongModified = QStringLiteral("songModified");
 
@@ -54,8 +54,11 @@ QList<SongDrafts::Found> SongDrafts::All() const {
       continue;
     found.append({object[Moment].toDouble(),
                   {name.chopped(5),
-                   {object[Mode].toString(), object[Path].toString(), object[Title].toString(),
-                    object[Author].toString(), object[Text].toString(),
+                   {object[Mode].toString(),
+                    object[Path].toString(),
+                    object[Title].toString(),
+                    object[Author].toString(),
+                    object[Text].toString(),
                     {object[SongSize].toInteger(-1), object[SongModified].toInteger(-1)}}}});
   }
   std::stable_sort(found.begin(), found.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
@@ -71,21 +74,18 @@ bool SongDrafts::SongHasChanged(const SongDraft &draft) {
 
 bool SongDrafts::Keep(const QString &id, const SongDraft &draft) const {
   QDir().mkdir(Folder());
-  const QJsonObject object{{Mode, draft.mode},
-                           {Path, draft.path},
-                           {Title, draft.title},
-                           {Author, draft.author},
-                           {Text, draft.text},
-                           {Moment, QDateTime::currentMSecsSinceEpoch()},
-                           {SongSize, draft.song.size},
-                           {SongModified, draft.song.modifiedMs}};
+  const QJsonObject object{{Mode, draft.mode},          {Path, draft.path},
+                           {Title, draft.title},        {Author, draft.author},
+                           {Text, draft.text},          {Moment, QDateTime::currentMSecsSinceEpoch()},
+                           {SongSize, draft.song.size}, {SongModified, draft.song.modifiedMs}};
   const QByteArray bytes = QJsonDocument(object).toJson(QJsonDocument::Compact);
   // Handed to the system and not forced onto the disk: a crash of the program loses nothing that way, and no slow disk
   // halts the projection every second while somebody types.
   QFile file(PathOf(id) + New);
   const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
   file.close();
-  if (written && std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(PathOf(id)).constData()) == 0)
+  if (written &&
+      std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(PathOf(id)).constData()) == 0)
     return true;
   file.remove();
   return false;

@@ -367,8 +367,12 @@ private slots:
     write("Old", moment);
     QVERIFY(room.Open(QStringLiteral("Lyrics\\Grace.txt")));
     const SongDrafts drafts(room.app);
-    QVERIFY(drafts.Keep(SongDrafts::NewId(), {room.editor.Modo(), room.editor.Caminho(), QStringLiteral("Grace"), {},
-                                              QStringLiteral("Typed"), room.editor.Arquivo()}));
+    QVERIFY(drafts.Keep(SongDrafts::NewId(), {room.editor.Modo(),
+                                              room.editor.Caminho(),
+                                              QStringLiteral("Grace"),
+                                              {},
+                                              QStringLiteral("Typed"),
+                                              room.editor.Arquivo()}));
     if (now.isNull())
       QVERIFY(QFile::remove(room.Real(song)));
     else
@@ -388,7 +392,7 @@ private slots:
     Room room;
     const SongDrafts drafts(room.app);
     const QStringList ids{SongDrafts::NewId(), SongDrafts::NewId()};
-    const SongDraft one{ModoEditar, QStringLiteral("C:\\x.txt"), QStringLiteral("A"), QStringLiteral("B"),
+    const SongDraft one{ModoEditar,      QStringLiteral("C:\\x.txt"), QStringLiteral("A"), QStringLiteral("B"),
                         Lines("l\n\nm"), {3, 1'700'000'000'000}};
     QVERIFY(drafts.Keep(ids[0], one));
     QVERIFY(drafts.Keep(ids[1], {}));

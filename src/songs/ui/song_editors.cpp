@@ -104,8 +104,8 @@ void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
                                                    "Open the text as a new song?")
                                   : QStringLiteral("An unsaved text of '%1' was found. Open it?"))
                                  .arg(title.isEmpty() ? QObject::tr("New song") : title);
-    const int answer = m_doors.prompt.Ask(
-        BoxTitle, question, {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
+    const int answer = m_doors.prompt.Ask(BoxTitle, question,
+                                          {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
     if (answer == DropIt)
       drafts.Drop(found.id);
     if (answer != OpenIt)

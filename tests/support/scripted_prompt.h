@@ -35,10 +35,17 @@ public:
     return files.isEmpty() ? QString() : files.takeFirst();
   }
 
+  std::optional<qint32> PickColour(const QString &title, qint32 now) override {
+    colourQuestions.append({title, now});
+    return colours.isEmpty() ? std::nullopt : std::optional<qint32>(colours.takeFirst());
+  }
+
   QList<int> answers;
   QStringList files;
+  QList<qint32> colours;
   QList<Shown> shown;
   QList<FileQuestion> fileQuestions;
+  QList<QPair<QString, qint32>> colourQuestions;
 };
 
 } // namespace tolmira::testing

@@ -6,6 +6,7 @@
 
 #include "console/ui/console_parts.h"
 
+class QGridLayout;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -32,6 +33,8 @@ protected:
   void resizeEvent(QResizeEvent *event) override;
 
 private:
+  QGridLayout *MakeStates();
+  void MoveMarker();
   QWidget *MakeReferenceRow();
   void SubmitReference();
 
@@ -42,6 +45,9 @@ private:
   QMenu *m_mnIb = nullptr;
   QLabel *m_banner;
   std::array<StateButton *, 5> m_lbTela{};
+  QGridLayout *m_states = nullptr;
+  QLabel *m_imgCombo = nullptr;     // stands beside the chosen state
+  QPushButton *m_image11 = nullptr; // the same: chooses the picture of the default background
 };
 
 } // namespace tolmira

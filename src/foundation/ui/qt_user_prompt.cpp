@@ -3,6 +3,7 @@
 #include "foundation/real_path.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -80,6 +81,20 @@ QString QtUserPrompt::OpenFile(const QString &title, const QString &folder, cons
   const QString path = chosen ? dialog->selectedFiles().value(0) : QString();
   delete dialog.data();
   return path;
+}
+
+std::optional<qint32> QtUserPrompt::PickColour(const QString &title, qint32 now) {
+  const QColor start(now & 0xff, (now >> 8) & 0xff, (now >> 16) & 0xff);
+  const QPointer<QColorDialog> dialog = new QColorDialog(start, ParentNow());
+  dialog->setObjectName(QStringLiteral("ColorDialog"));
+  dialog->setWindowTitle(title);
+  dialog->setOption(QColorDialog::DontUseNativeDialog);
+  const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
+  const QColor colour = chosen ? dialog->selectedColor() : QColor();
+  delete dialog.data();
+  if (!colour.isValid())
+    return std::nullopt;
+  return colour.red() | colour.green() << 8 | colour.blue() << 16;
 }
 
 } // namespace tolmira

@@ -1,5 +1,6 @@
 #include "console/presentation_flow.h"
 
+#include "display/text_style.h"
 #include "foundation/text_fields.h"
 #include "songs/song_text.h"
 
@@ -45,8 +46,7 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
 
   if (!name.isEmpty()) {
     const bool applyTheme = m_temas.CheckAlteraTemaAleatorio() || estado.ProximoTema != SemTemaNaFila;
-    const QString alinhamento = m_console.store.ReadConfig(QStringLiteral("Config"), QStringLiteral("VerticalAlign"),
-                                                           QStringLiteral("center"));
+    const QString alinhamento = LeAlinhamentoVertical(m_console.store);
     const bool shown = kind == 1 ? m_leitura.exibeTextoBiblico(name, applyTheme, true)
                                  : m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true);
     if (!shown)

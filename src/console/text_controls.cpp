@@ -245,7 +245,7 @@ void LeAjustes(ConsoleContext &console) {
       number(QStringLiteral("ZoomAjustBiblia"), 100, TextControls::MenorZoom, TextControls::MaiorZoom);
   ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);
   ajustes.EstiloLouvor = number(QStringLiteral("estiloLouvor"), 4, 0, TextControls::UltimoEstilo);
-  ajustes.AlinhamentoVertical = text(QStringLiteral("VerticalAlign"), QStringLiteral("center"));
+  ajustes.AlinhamentoVertical = LeAlinhamentoVertical(console.store);
   ajustes.EstiloBiblia = number(QStringLiteral("estiloBiblia"), 1, 0, TextControls::UltimoEstiloBiblia);
   ajustes.FontSizeClass = number(QStringLiteral("ComboFontSize"), 1, 0, 2);
   console.painel.DefineAlinhamentoVertical(ajustes.AlinhamentoVertical);

@@ -1,12 +1,12 @@
 #include "console/effect_controls.h"
 
-#include <algorithm>
-
 #include "console/bible_loader.h"
 #include "console/song_loader.h"
 #include "console/theme_control.h"
 #include "display/effects.h"
 #include "foundation/text_utils.h"
+
+#include <algorithm>
 
 namespace tolmira {
 

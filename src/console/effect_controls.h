@@ -9,14 +9,14 @@ class SongLoader;
 class ThemeControl;
 enum class GrupoEfeito;
 
-// Effects, filters, font and background colour of the theme in force. They are changed for this session only: applying a
-// theme brings back what it says. A value given before the console has loaded is dropped.
+// Effects, filters, font and background colour of the theme in force. They are changed for this session only: applying
+// a theme brings back what it says. A value given before the console has loaded is dropped.
 class EffectControls {
 public:
   EffectControls(ConsoleContext &console, ThemeControl &temas, SongLoader &loader, BibleLoader &leitura);
 
-  // Families and variants by their names in the catalogue. Picture effects reach the pages at once, text effects come with
-  // the next verse. A new family keeps the variant if it has one of that name, else it begins with "Random".
+  // Families and variants by their names in the catalogue. Picture effects reach the pages at once, text effects come
+  // with the next verse. A new family keeps the variant if it has one of that name, else it begins with "Random".
   void ComboEfeitoImagem(const QString &familia);
   void ComboEfeitoImagemExtra(const QString &variante);
   void ComboEfeitoTexto(const QString &familia);

@@ -1,11 +1,11 @@
 #include "console/picture_folder.h"
 
+#include "foundation/real_path.h"
+#include "foundation/text_file.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
-
-#include "foundation/real_path.h"
-#include "foundation/text_file.h"
 
 namespace tolmira {
 
@@ -13,8 +13,8 @@ namespace {
 
 constexpr int NomesDemais = 1000; // pictures of one name
 
-// "\" would be a folder, "|" a second picture, and quotation marks and blanks at the ends are taken off when a setting is
-// read.
+// "\" would be a folder, "|" a second picture, and quotation marks and blanks at the ends are taken off when a setting
+// is read.
 QString NomeSeguro(const QString &nome) {
   QString limpo = nome;
   for (QChar &c : limpo)
@@ -60,10 +60,11 @@ QString TrazParaImagens(const AppFolder &app, const QString &path) {
 
   for (int n = 1; n < NomesDemais; ++n) {
     const QFileInfo parts(nome);
-    const QString candidato =
-        n == 1 ? nome
-               : QStringLiteral("%1 (%2)%3").arg(parts.completeBaseName()).arg(n).arg(
-                     parts.suffix().isEmpty() ? QString() : QString(u'.' + parts.suffix()));
+    const QString candidato = n == 1 ? nome
+                                     : QStringLiteral("%1 (%2)%3")
+                                           .arg(parts.completeBaseName())
+                                           .arg(n)
+                                           .arg(parts.suffix().isEmpty() ? QString() : QString(u'.' + parts.suffix()));
     const QString destino = MapStoredPath(pasta + candidato).text();
     if (FileExists(pasta + candidato)) {
       if (MesmoConteudo(path, destino))

@@ -1,31 +1,35 @@
 #include "console/text_controls.h"
 
-#include <algorithm>
-
 #include "console/bible_loader.h"
 #include "console/page_zoom.h"
 #include "console/song_loader.h"
 #include "display/text_style.h"
 #include "foundation/text_fields.h"
 
+#include <algorithm>
+
 namespace tolmira {
 
 namespace {
 
 const QString Config = QStringLiteral("Config");
-constexpr int PrimeiroAnimado = 7;   // style of songs
-constexpr int PrimeiroComFaixa = 2;  // style of songs whose band is an element of its own
-constexpr int EstiloQueAlinha = 1;   // the only style of songs that follows Alinhamento
-constexpr int AjusteNeutro = 15;     // the value of sliderFontSizeAjust that leaves the fitted size as it is
+constexpr int PrimeiroAnimado = 7;  // style of songs
+constexpr int PrimeiroComFaixa = 2; // style of songs whose band is an element of its own
+constexpr int EstiloQueAlinha = 1;  // the only style of songs that follows Alinhamento
+constexpr int AjusteNeutro = 15;    // the value of sliderFontSizeAjust that leaves the fitted size as it is
 
 } // namespace
 
 TextControls::TextControls(ConsoleContext &console, SongLoader &loader, BibleLoader &leitura)
     : m_console(console), m_loader(loader), m_leitura(leitura) {}
 
-bool TextControls::LouvorNaTela() const { return m_console.estado.EhLetra() && m_console.faixa.Label1Visible; }
+bool TextControls::LouvorNaTela() const {
+  return m_console.estado.EhLetra() && m_console.faixa.Label1Visible;
+}
 
-void TextControls::Grava(const QString &key, const QString &value) { m_console.store.WriteConfig(Config, key, value); }
+void TextControls::Grava(const QString &key, const QString &value) {
+  m_console.store.WriteConfig(Config, key, value);
+}
 
 void TextControls::SliderExLouvor(int value) {
   AjustesTexto &ajustes = m_console.ajustes;
@@ -81,17 +85,18 @@ void TextControls::SliderFaixa(int value) {
 }
 
 // One blank less than the slider's own call; both are the same colour.
-void TextControls::SliderFaixaUpdate() { DefineFaixa(u"rgb(0, 0, 0,"); }
+void TextControls::SliderFaixaUpdate() {
+  DefineFaixa(u"rgb(0, 0, 0,");
+}
 
 void TextControls::DefineFaixa(QStringView antesDoAlfa) {
   const AjustesTexto &ajustes = m_console.ajustes;
   const bool animado = ajustes.EstiloLouvor >= PrimeiroAnimado;
   const QString alfa = AlfaFaixa(ajustes.TransparenciaFaixa);
-  m_console.ChamaPaginas(QStringLiteral("ChangeCSS"),
-                         ajustes.EstiloLouvor >= PrimeiroComFaixa ? QStringLiteral("textbackgroundDiv")
-                                                                  : QStringLiteral("verso"),
-                         QStringLiteral("background-color"),
-                         antesDoAlfa + (animado ? QStringLiteral("0") : alfa) + u')');
+  m_console.ChamaPaginas(
+      QStringLiteral("ChangeCSS"),
+      ajustes.EstiloLouvor >= PrimeiroComFaixa ? QStringLiteral("textbackgroundDiv") : QStringLiteral("verso"),
+      QStringLiteral("background-color"), antesDoAlfa + (animado ? QStringLiteral("0") : alfa) + u')');
   if (animado)
     m_console.ScriptNasPaginas(u"ApplyTransparency('" + alfa + u"')");
 }
@@ -239,8 +244,7 @@ void LeAjustes(ConsoleContext &console) {
   ajustes.TransparenciaFaixa = QString::number(number(QStringLiteral("Transparencia_Faixa"), 7, 0, 10));
   ajustes.EscalaBiblia =
       number(QStringLiteral("FontSizeAjusts"), AjusteNeutro, 0, TextControls::MaiorAjusteBiblia) - AjusteNeutro + 100;
-  ajustes.ZoomAjust =
-      number(QStringLiteral("ZoomAjust"), 100, TextControls::MenorZoom, TextControls::MaiorZoom);
+  ajustes.ZoomAjust = number(QStringLiteral("ZoomAjust"), 100, TextControls::MenorZoom, TextControls::MaiorZoom);
   ajustes.ZoomAjustBiblia =
       number(QStringLiteral("ZoomAjustBiblia"), 100, TextControls::MenorZoom, TextControls::MaiorZoom);
   ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);

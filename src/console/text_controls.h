@@ -7,12 +7,12 @@ namespace tolmira {
 class BibleLoader;
 class SongLoader;
 
-// Reads the settings of text from the store. A value that is no number, or out of range, becomes the nearest that can be
-// shown.
+// Reads the settings of text from the store. A value that is no number, or out of range, becomes the nearest that can
+// be shown.
 void LeAjustes(ConsoleContext &console);
 
-// The settings of text. Each is a key of the store, a value that the composers read, and what the pages are told so that
-// it holds at once. A value given before the console has loaded is dropped.
+// The settings of text. Each is a key of the store, a value that the composers read, and what the pages are told so
+// that it holds at once. A value given before the console has loaded is dropped.
 class TextControls {
 public:
   TextControls(ConsoleContext &console, SongLoader &loader, BibleLoader &leitura);
@@ -43,9 +43,9 @@ public:
 
   static constexpr int UltimoEstilo = 8;
   static constexpr int UltimoEstiloBiblia = 6;
-  static constexpr int MaiorAjusteBiblia = 100; // of sliderFontSizeAjust
-  static constexpr int MenorZoom = 60;          // per cent
-  static constexpr int MaiorZoom = 500;         // per cent, what a page takes
+  static constexpr int MaiorAjusteBiblia = 100;  // of sliderFontSizeAjust
+  static constexpr int MenorZoom = 60;           // per cent
+  static constexpr int MaiorZoom = 500;          // per cent, what a page takes
   static int ValorDeEscala(double escalaBiblia); // where sliderFontSizeAjust stands for that scale
 
 private:

@@ -1,12 +1,5 @@
 #include "console/ui/screen_panel.h"
 
-#include <QGridLayout>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QMenu>
-#include <QPushButton>
-#include <QVBoxLayout>
-
 #include "bible/reference_entry.h"
 #include "bible/ui/reference_box.h"
 #include "console/ui/preview_box.h"
@@ -14,6 +7,13 @@
 #include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/state_button.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace tolmira {
 
@@ -90,8 +90,7 @@ QGridLayout *ScreenPanel::MakeStates() {
   states->setVerticalSpacing(medidas::Step);
   for (int i = 0; i < 5; ++i) {
     const Face &face = Faces[i];
-    auto *state =
-        new StateButton(ScreenControls::LegendaDoEstado(i), QLatin1String(face.drawing), face.colour, this);
+    auto *state = new StateButton(ScreenControls::LegendaDoEstado(i), QLatin1String(face.drawing), face.colour, this);
     state->setObjectName(QStringLiteral("LBTela%1").arg(i));
     state->setToolTip(ScreenControls::DicaDoEstado(i));
     state->SetKeyHint(QLatin1String(face.key));

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QWidget>
-
-#include <array>
-
 #include "console/ui/console_parts.h"
+
+#include <QWidget>
+#include <array>
 
 class QGridLayout;
 class QLabel;
@@ -17,8 +16,8 @@ class PreviewBox;
 class ReferenceBox;
 class StateButton;
 
-// What is out: the preview, the banner that can be read from across the room, and the five screen states. Under them the
-// quick box for Bible references, with the version that they are read from.
+// What is out: the preview, the banner that can be read from across the room, and the five screen states. Under them
+// the quick box for Bible references, with the version that they are read from.
 class ScreenPanel : public QWidget {
   Q_OBJECT
 

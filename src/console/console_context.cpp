@@ -23,6 +23,11 @@ void ConsoleContext::ScriptNasPaginas(const QString &script) {
     pagina->ExecuteScript(script);
 }
 
+void ConsoleContext::SetPageStyle(const QString &element, const QString &property, const QString &value) {
+  canal.SendToDisplay(u"ChangeCSS|#" + element + u"|#" + property + u"|#" + value);
+  CallPageScript(previa(), QStringLiteral("ChangeCSS"), QString(element), property, value);
+}
+
 void ConsoleContext::EnviaTamanhoDaFonte() {
   const double size = NumericPrefix(estado.FonteTamanho);
   const auto points = [](double value) -> QString { return QString::number(RoundHalfEven(value)) + u"pt"; };

@@ -51,6 +51,8 @@ struct ConsoleContext {
   // A page function on the display and then on the preview, as every direct call goes out.
   void ChamaPaginas(const QString &nome, const QString &a1, const QString &a2 = {}, const QString &a3 = {});
   void ScriptNasPaginas(const QString &script);
+  // A style property of an element, or of all of a class, on the display as a command and then on the preview.
+  void SetPageStyle(const QString &element, const QString &property, const QString &value);
   // SetPageStyle("set_text", "font-size", size): the preview gets the size scaled by the ratio of the widths.
   void EnviaTamanhoDaFonte();
 };

@@ -61,7 +61,7 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     painel.SliderExLouvorVisible = kind != 1;
     painel.LbFaixaVisible = kind == 2;
     painel.CommandBtEnabled = true;
-    painel.ImgAlinhamentoVertical = alinhamento == u"center" ? 2 : alinhamento == u"flex-start" ? 0 : 1;
+    painel.DefineAlinhamentoVertical(alinhamento);
   }
   painel.ComboFontSizeVisible = estado.EhLetra() && m_console.ajustes.AlinhamentoVertical == u"center";
   m_console.Atualiza();

@@ -179,6 +179,8 @@ void PageBuilder::MontaAlvo(const TemaRecord &tema, int posicao, bool previa) {
 
   Preenchimento p;
   DefineFundo(p, tema, tema.MoveImagens && (!m_estado.ImagensCongeladas || !previa), m_random);
+  p.Define(u"fadeimage", m_ajustes.FadeImagem ? QStringLiteral("1") : QStringLiteral("0"));
+  p.Define(u"zoomimage", m_ajustes.ZoomImagem ? QStringLiteral("1") : QStringLiteral("0"));
   p.Define(u"letra", m_estado.TipoAtual == u"Slides" ? QStringLiteral("nada") : QString());
   p.Define(u"TransparenciaFaixa", TransparenciaInicial(posicao, previa));
   DefineComum(p, m_app, tema, m_estado.EstadoTela, escala);

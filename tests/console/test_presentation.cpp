@@ -317,11 +317,11 @@ private slots:
     m_fixture->core.stepper.TeclaEstrofe(1);
     m_fixture->Forget();
     m_fixture->view.focus = 0;
-    m_fixture->core.controles.SliderExLouvor(6);
+    m_fixture->core.textos.SliderExLouvor(6);
     QCOMPARE(m_fixture->VersesSent().size(), 1);
     QCOMPARE(m_fixture->view.focus, 0); // the slider keeps it for the next step
     QVERIFY(!m_fixture->display.page.scripts.contains(QStringLiteral("set_text")));
-    m_fixture->core.controles.SliderExLouvor(7);
+    m_fixture->core.textos.SliderExLouvor(7);
     QCOMPARE(m_fixture->VersesSent().size(), 2);
     QVERIFY(m_fixture->display.page.scripts.first().startsWith(u"ChangeCSS('set_text'"));
     QCOMPARE(m_fixture->display.page.zoom, 0.92);

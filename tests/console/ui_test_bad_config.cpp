@@ -160,8 +160,8 @@ private:
     const auto within = [](const char *name, double value, double least, double most) -> QString {
       return value >= least && value <= most ? QString() : QLatin1String(name) + u" is " + QString::number(value);
     };
-    const QString of = within("EstiloLouvor", ajustes.EstiloLouvor, 0, ScreenControls::UltimoEstilo) +
-                       within("EstiloBiblia", ajustes.EstiloBiblia, 0, ScreenControls::UltimoEstiloBiblia) +
+    const QString of = within("EstiloLouvor", ajustes.EstiloLouvor, 0, TextControls::UltimoEstilo) +
+                       within("EstiloBiblia", ajustes.EstiloBiblia, 0, TextControls::UltimoEstiloBiblia) +
                        within("FontSizeClass", ajustes.FontSizeClass, 0, 2) +
                        within("SombraVerso", ajustes.SombraVerso, 0, 10) +
                        within("TransparenciaFaixa", ajustes.TransparenciaFaixa.toDouble(), 0, 10) +

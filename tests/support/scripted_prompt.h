@@ -39,11 +39,18 @@ public:
     return files.isEmpty() ? QString() : files.takeFirst();
   }
 
+  std::optional<qint32> PickColour(const QString &title, qint32 now) override {
+    colourQuestions.append({title, now});
+    return colours.isEmpty() ? std::nullopt : std::optional<qint32>(colours.takeFirst());
+  }
+
   QList<int> answers;
   std::function<void()> whileAsking; // once, as long as the next box stands open
   QStringList files;
+  QList<qint32> colours;
   QList<Shown> shown;
   QList<FileQuestion> fileQuestions;
+  QList<QPair<QString, qint32>> colourQuestions;
 };
 
 } // namespace tolmira::testing

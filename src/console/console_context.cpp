@@ -23,15 +23,22 @@ void ConsoleContext::ScriptNasPaginas(const QString &script) {
     pagina->ExecuteScript(script);
 }
 
-void ConsoleContext::EnviaTamanhoDaFonte() {
+PageObject *ConsoleContext::Pagina(Alvo qual) const {
+  if (qual == Alvo::Previa)
+    return previa();
+  Display *display = telao();
+  return display ? display->WV() : nullptr;
+}
+
+void ConsoleContext::EnviaTamanhoDaFonte(Alvo alvo) {
   const double size = NumericPrefix(estado.FonteTamanho);
   const auto points = [](double value) -> QString { return QString::number(RoundHalfEven(value)) + u"pt"; };
   Display *display = telao();
-  if (display)
+  if (display && alvo != Alvo::Previa)
     CallPageScript(display->WV(), QStringLiteral("ChangeCSS"), QStringLiteral("set_text"),
                    QStringLiteral("font-size"), points(size));
   const int previewWidth = view ? view->PreviewWidthPx() : 0;
-  if (display && previewWidth > 0 && display->SizePx().width() > 0)
+  if (display && alvo != Alvo::Telao && previewWidth > 0 && display->SizePx().width() > 0)
     CallPageScript(previa(), QStringLiteral("ChangeCSS"), QStringLiteral("set_text"), QStringLiteral("font-size"),
                    points(TamanhoNaPrevia(size, display->SizePx().width(), previewWidth)));
 }

@@ -51,8 +51,9 @@ struct ConsoleContext {
   // A page function on the display and then on the preview, as every direct call goes out.
   void ChamaPaginas(const QString &nome, const QString &a1, const QString &a2 = {}, const QString &a3 = {});
   void ScriptNasPaginas(const QString &script);
+  PageObject *Pagina(Alvo qual) const; // one of the two; null while it is not there
   // SetPageStyle("set_text", "font-size", size): the preview gets the size scaled by the ratio of the widths.
-  void EnviaTamanhoDaFonte();
+  void EnviaTamanhoDaFonte(Alvo alvo = Alvo::Ambas);
 };
 
 } // namespace tolmira

@@ -26,6 +26,10 @@ bool OnX11() {
   return QGuiApplication::platformName() == u"xcb";
 }
 
+bool OnWayland() {
+  return QGuiApplication::platformName().startsWith(u"wayland");
+}
+
 // A tool window has no entry in the task bar. Only X11 has the notion; elsewhere it would be an ordinary window with a
 // complaint.
 Qt::WindowFlags ProjectionFlags() {
@@ -203,7 +207,9 @@ void FrmQuendar::Impl::ToggleState() {
     window.setWindowState(Qt::WindowFullScreen);
   } else {
     window.setWindowState(Qt::WindowNoState);
-    if (normalRect.isValid())
+    if (normalRect.isValid() && OnWayland())
+      window.resize(normalRect.size());
+    else if (normalRect.isValid())
       window.setGeometry(normalRect);
   }
 }
@@ -291,13 +297,18 @@ WebPageHost *FrmQuendar::PicWV() {
 void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
   Impl &d = *m_impl;
   QScreen *target = QGuiApplication::screenAt(pixels.center());
+  if (wholeScreen && isFullScreen() && d.screen && d.screen == target && geometry() == pixels && !d.withoutScreen)
+    return;
   d.screen = wholeScreen ? target : nullptr;
   // A window that is whole screen already stays where it is, so it becomes a normal one on the way to another screen.
   if (isFullScreen())
     setWindowState(Qt::WindowNoState);
   if (target)
     setScreen(target);
-  setGeometry(pixels);
+  if (OnWayland())
+    resize(pixels.size());
+  else
+    setGeometry(pixels);
   if (wholeScreen) {
     d.normalRect = QRect(pixels.center() - QPoint(pixels.width() / 4, pixels.height() / 4), pixels.size() / 2);
     setWindowState(Qt::WindowFullScreen);
@@ -351,6 +362,8 @@ DisplayCommands &FrmQuendar::Commands() {
 
 void FrmQuendar::resizeEvent(QResizeEvent *) {
   m_impl->Arrange();
+  if (OnResize)
+    OnResize();
   // After one turn of the message loop, so that the layers have taken their place before the console asks for it.
   QTimer::singleShot(0, this, [this] {
     if (!m_impl->parts.estado.ConsoleCarregado && PosicaoInicial)

@@ -17,6 +17,7 @@
 #include "console/projection_place.h"
 #include "console/startup.h"
 #include "console/ui/qt_monitors.h"
+#include "console/ui/screen_repair.h"
 #include "display/FrmQuendar.h"
 #include "display/ui/graphics_backend.h"
 #include "display/ui/page_profile.h"
@@ -33,6 +34,7 @@ namespace {
 
 constexpr int EsperaDasTelas = 300;  // ms: a changed desktop announces its screens one by one
 constexpr int EsperaDoTamanho = 150; // ms: a window on its way has many sizes
+constexpr int TentativasDeLugar = 10;
 
 } // namespace
 
@@ -71,10 +73,12 @@ struct Program::Impl {
   SystemRandom random;
   LoopYielder yielder;
   FontTextMeasure measure;
+  ScreenRepair screenRepair;
   QtMonitors monitors;
   FormPositions positions;
   QTimer screenTimer;
   QTimer sizeTimer;
+  int triesLeft = TentativasDeLugar; // to put the projection's window where the desktop would not leave it
 
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;
@@ -306,6 +310,7 @@ void Program::Impl::ScreensChanged() {
     screenTimer.start();
     return;
   }
+  triesLeft = TentativasDeLugar;
   lugar->Reavalia();
   for (QWidget *window : QApplication::topLevelWidgets())
     if (window != console.get() && window != quendar.get() && window->isVisible() && !window->windowFlags().testFlag(Qt::Popup))
@@ -313,8 +318,15 @@ void Program::Impl::ScreensChanged() {
 }
 
 void Program::Impl::SizeChanged() {
-  if (core.estado.TelaPronta && !startup->Descarregado())
+  if (!core.estado.TelaPronta || startup->Descarregado() || screenTimer.isActive())
+    return;
+  if (quendar && !quendar->EstaNoLugar() && triesLeft > 0) {
+    --triesLeft;
+    lugar->Recoloca();
+    sizeTimer.start();
+  } else {
     lugar->TamanhoMudou();
+  }
 }
 
 Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line)) {}

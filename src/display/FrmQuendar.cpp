@@ -97,6 +97,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   bool dragged = false;       // the present press became a drag, so its release is no click
   bool withoutScreen = false; // Esconde: not to be shown before it is placed again
   QPointer<QScreen> screen;   // of the projector; null in a rehearsal window
+  QRect lugar;                // of the projector; null in a rehearsal window
   QRect normalRect;           // of the window in normal state
 };
 
@@ -300,6 +301,7 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
   if (wholeScreen && isFullScreen() && d.screen && d.screen == target && geometry() == pixels && !d.withoutScreen)
     return;
   d.screen = wholeScreen ? target : nullptr;
+  d.lugar = wholeScreen ? pixels : QRect();
   // A window that is whole screen already stays where it is, so it becomes a normal one on the way to another screen.
   if (isFullScreen())
     setWindowState(Qt::WindowNoState);
@@ -320,6 +322,11 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
   d.Arrange();
   if (d.alfa < FullAlfa)
     IniciaFade();
+}
+
+bool FrmQuendar::EstaNoLugar() const {
+  const Impl &d = *m_impl;
+  return OnWayland() || d.lugar.isNull() || !isVisible() || !isFullScreen() || geometry() == d.lugar;
 }
 
 void FrmQuendar::IniciaFade() {
@@ -369,6 +376,11 @@ void FrmQuendar::resizeEvent(QResizeEvent *) {
     if (!m_impl->parts.estado.ConsoleCarregado && PosicaoInicial)
       PosicaoInicial();
   });
+}
+
+void FrmQuendar::moveEvent(QMoveEvent *) {
+  if (OnResize)
+    OnResize();
 }
 
 void FrmQuendar::changeEvent(QEvent *event) {

@@ -1,6 +1,7 @@
 #include "console/FrmMonitor.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
@@ -8,6 +9,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
+
+#include <array>
 
 #include "console/monitors.h"
 #include "console/ui/add_bar.h"
@@ -18,12 +21,14 @@
 #include "console/ui/console_menus.h"
 #include "console/ui/effects_panel.h"
 #include "console/ui/preview_box.h"
+#include "console/ui/qt_monitors.h"
 #include "console/ui/screen_panel.h"
 #include "console/ui/strip_panel.h"
 #include "console/ui/text_settings.h"
 #include "console/ui/themes_panel.h"
 #include "controls/ui/group_list.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/resize_edge.h"
 #include "display/ui/web_page_host.h"
 
 namespace tolmira {
@@ -35,6 +40,10 @@ constexpr QSize TamanhoMinimo{640, 400}; // below the room that the desk needs i
 constexpr int PartesDaMesa[] = {23, 47, 30};
 constexpr int PartesDosTemas[] = {68, 32};
 constexpr int LarguraDaAgenda = 340; // least, px: five tabs with their default titles
+constexpr int EsperaDaPrevia = 120;  // ms without another change of its size
+
+// There a window has no place that it could know or choose.
+bool OnWayland() { return QGuiApplication::platformName().startsWith(u"wayland"); }
 
 } // namespace
 
@@ -56,7 +65,10 @@ struct FrmMonitor::Impl {
   Windows windows;
   ConsoleKeys *keys = nullptr;
   bool fillsWorkArea = false;
+  bool filledBefore = false; // AnotaTamanho
   QRect filled; // the rectangle that filled it, without the frame
+  std::array<ResizeEdge *, 3> edges{};
+  QTimer previewTimer;
 };
 
 FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_unique<Impl>(parts)) {
@@ -141,6 +153,10 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
     if (window)
       window();
   };
+  ways.chooseScreen = [&d](int index) {
+    if (d.windows.chooseScreen)
+      d.windows.chooseScreen(index);
+  };
   ways.newSong = [&d, open] { open(d.windows.newSong); };
   ways.addBible = [&d, open] { open(d.windows.addBible); };
   ways.browseBible = [&d, open] { open(d.windows.browseBible); };
@@ -154,6 +170,22 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
                       [&d, open] { open(d.windows.addBible); });
   parts.teclas.Image9 = [&d] { d.screen->Image9(); };
   parts.teclas.AddBar = [&d](int index) { d.addBar->Press(index); };
+
+  // The platform's frame is a pixel wide on many desktops; these stand inside it, where a hand finds them.
+  const std::pair<const char *, Qt::Edges> edges[] = {
+      {"PicMoveW", Qt::RightEdge}, {"PicMoveH", Qt::BottomEdge}, {"picResize", Qt::RightEdge | Qt::BottomEdge}};
+  for (size_t i = 0; i < d.edges.size(); ++i) {
+    d.edges[i] = new ResizeEdge(edges[i].second, this);
+    d.edges[i]->setObjectName(QLatin1String(edges[i].first));
+  }
+  PlaceEdges();
+  d.previewTimer.setSingleShot(true);
+  d.previewTimer.setInterval(EsperaDaPrevia);
+  connect(&d.previewTimer, &QTimer::timeout, this, [this] {
+    if (PreviaMudou)
+      PreviaMudou();
+  });
+  d.preview->OnResize = [&d] { d.previewTimer.start(); };
 
   d.keys = new ConsoleKeys(parts, this, d.agenda->Lista());
   parts.console.view = this;
@@ -182,39 +214,89 @@ WebPageHost *FrmMonitor::PicWV() { return m_impl->preview->PicWV(); }
 
 void FrmMonitor::positionInicial() {
   GravaRetanguloPadrao(m_impl->parts.console.store, screen()->geometry());
-  FillWorkArea();
+  FillWorkArea(screen());
   show();
 }
 
 // Filled by hand and not by the platform, so that the panel of the desktop stays in sight. The frame's thickness is
-// known only once the window stands on the screen; showEvent comes back for it.
-void FrmMonitor::FillWorkArea() {
+// known only once the window stands on the screen; showEvent comes back for it. On Wayland only the platform can.
+void FrmMonitor::FillWorkArea(QScreen *on) {
   m_impl->fillsWorkArea = true;
-  const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
-  m_impl->filled = screen()->availableGeometry().marginsRemoved(frame);
-  setGeometry(m_impl->filled);
+  if (OnWayland()) {
+    setWindowState(windowState() | Qt::WindowMaximized);
+  } else {
+    const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
+    m_impl->filled = on->availableGeometry().marginsRemoved(frame);
+    if (screen() != on)
+      setScreen(on);
+    setGeometry(m_impl->filled);
+  }
   m_impl->menus->SetMaximised(true);
+  PlaceEdges();
 }
 
-void FrmMonitor::AreaDeTrabalhoMudou() {
-  if (m_impl->fillsWorkArea && geometry() == m_impl->filled)
-    FillWorkArea();
+bool FrmMonitor::FillsWorkArea() const {
+  const Impl &d = *m_impl;
+  if (OnWayland())
+    return isMaximized();
+  return d.fillsWorkArea && geometry() == QRect(d.filled.topLeft(), d.filled.size().expandedTo(minimumSize()));
+}
+
+void FrmMonitor::AnotaTamanho() { m_impl->filledBefore = FillsWorkArea(); }
+
+void FrmMonitor::LevaPara(QScreen *to) {
+  if (OnWayland())
+    return; // the desktop itself takes it along
+  if (m_impl->filledBefore || FillsWorkArea()) {
+    FillWorkArea(to);
+    return;
+  }
+  m_impl->fillsWorkArea = false;
+  // By the part of the window that lies there, since the toolkit may have it counted to that screen already.
+  const QRect seen = frameGeometry() & to->availableGeometry();
+  if (seen.contains(frameGeometry().topLeft()) && seen.width() >= width() / 2 && seen.height() >= height() / 2)
+    return;
+  const QRect normal = RetanguloPadrao(to->geometry()) & to->availableGeometry();
+  setScreen(to);
+  move(normal.topLeft());
+  resize(normal.size().expandedTo(minimumSize()));
 }
 
 void FrmMonitor::AlternaTamanho() {
   const IniStore &store = m_impl->parts.console.store;
-  if (frameGeometry() == screen()->availableGeometry()) {
+  if (OnWayland()) {
+    setWindowState(windowState() ^ Qt::WindowMaximized);
+    m_impl->menus->SetMaximised(isMaximized());
+    return;
+  }
+  if (frameGeometry() == screen()->availableGeometry() || FillsWorkArea()) {
     m_impl->fillsWorkArea = false;
-    const QRect normal = LeRetanguloNormal(store, screen()->geometry());
+    QtMonitors fonte;
+    const clsMonitors monitores(fonte);
+    QRect normal = LeRetanguloNormal(store, screen()->geometry());
+    if (!monitores.AoAlcance(normal)) // it was kept on a monitor that has gone
+      normal = RetanguloPadrao(screen()->geometry());
     move(normal.topLeft());
     resize(normal.size().expandedTo(minimumSize()));
     m_impl->menus->SetMaximised(false);
-    return;
+  } else {
+    GravaRetanguloNormal(store, QRect(pos(), size()));
+    if (isMaximized())
+      showNormal();
+    FillWorkArea(screen());
   }
-  GravaRetanguloNormal(store, QRect(pos(), size()));
-  if (isMaximized())
-    showNormal();
-  FillWorkArea();
+  PlaceEdges();
+  m_impl->parts.console.yielder.Yield(2);
+}
+
+void FrmMonitor::PlaceEdges() {
+  for (ResizeEdge *edge : m_impl->edges)
+    edge->Place();
+}
+
+void FrmMonitor::resizeEvent(QResizeEvent *event) {
+  QMainWindow::resizeEvent(event);
+  PlaceEdges();
 }
 
 void FrmMonitor::showEvent(QShowEvent *event) {
@@ -222,7 +304,7 @@ void FrmMonitor::showEvent(QShowEvent *event) {
   if (m_impl->fillsWorkArea)
     QTimer::singleShot(0, this, [this] {
       if (m_impl->fillsWorkArea && isVisible())
-        FillWorkArea();
+        FillWorkArea(screen());
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <vector>
+
 #include "foundation/seams.h"
 
 namespace tolmira {
@@ -34,6 +36,14 @@ struct PainelBiblia {
   bool Adiante = false; // the operator looks ahead: the projection shows something else
 };
 
+// A line of the menu of screens. The first is the automatic choice.
+struct OpcaoDeTela {
+  QString texto;
+  bool marcada = false;
+  bool presente = true; // false: the chosen monitor, which is not there
+  friend bool operator==(const OpcaoDeTela &, const OpcaoDeTela &) = default;
+};
+
 // What the console shows besides its text. The logic writes it and calls ConsoleView::Atualiza; the window only copies
 // it to its controls.
 struct PainelConsole {
@@ -54,6 +64,8 @@ struct PainelConsole {
   bool CommandBtEnabled = false;   // three buttons of text effects, and Command2
   int LBTelaMarcado = 0;           // index of the chosen screen state
   bool SemProjetor = false;        // the monitor of the projection was taken away
+  QString TelaoEm;                 // name of the monitor that the projection is on, or was on when it was taken away
+  std::vector<OpcaoDeTela> telas;  // where the projection can go
 
   PainelBiblia biblia;
   QString LbVersao;                // "Tradução: " and the version's name

@@ -32,24 +32,24 @@ public:
   void slider3(int porCento); // contrast
   void slider4(int porCento); // saturation
   void slider5(int pixels);   // blur
-  void updateEfeitos();       // the filters go to the pages
+  void updateEfeitos(Alvo alvo = Alvo::Ambas); // the filters go to the pages
   void updateEfeitos2();      // the sliders take the theme's values; nothing is sent
 
   void SelectColors1(); // asks for a colour and makes it the background
   void ComboFontes(const QString &fonte);
 
   // A page came back as it was built: it gets what it was told since.
-  void PaginaVoltou();
+  void PaginaVoltou(Alvo qual);
 
   static constexpr int MaiorFiltro = 200;  // per cent
   static constexpr int MaiorDesfoque = 20; // pixels
 
 private:
   bool Carregado() const { return m_console.estado.ConsoleCarregado; }
-  void EnviaEfeitoDaImagem();
-  void EnviaMovimento();
-  void EnviaCorDeFundo();
-  void EnviaFonte();
+  void EnviaEfeitoDaImagem(Alvo alvo = Alvo::Ambas);
+  void EnviaMovimento(Alvo alvo = Alvo::Ambas);
+  void EnviaCorDeFundo(Alvo alvo = Alvo::Ambas);
+  void EnviaFonte(Alvo alvo = Alvo::Ambas);
   void Terminou(); // what every handler ends with
 
   ConsoleContext &m_console;

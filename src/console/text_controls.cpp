@@ -89,16 +89,16 @@ void TextControls::SliderFaixaUpdate() {
   DefineFaixa(u"rgb(0, 0, 0,");
 }
 
-void TextControls::DefineFaixa(QStringView antesDoAlfa) {
+void TextControls::DefineFaixa(QStringView antesDoAlfa, Alvo alvo) {
   const AjustesTexto &ajustes = m_console.ajustes;
   const bool animado = ajustes.EstiloLouvor >= PrimeiroAnimado;
   const QString alfa = AlfaFaixa(ajustes.TransparenciaFaixa);
   m_console.ChamaPaginas(
       QStringLiteral("ChangeCSS"),
       ajustes.EstiloLouvor >= PrimeiroComFaixa ? QStringLiteral("textbackgroundDiv") : QStringLiteral("verso"),
-      QStringLiteral("background-color"), antesDoAlfa + (animado ? QStringLiteral("0") : alfa) + u')');
+      QStringLiteral("background-color"), antesDoAlfa + (animado ? QStringLiteral("0") : alfa) + u')', alvo);
   if (animado)
-    m_console.ScriptNasPaginas(u"ApplyTransparency('" + alfa + u"')");
+    m_console.ScriptNasPaginas(u"ApplyTransparency('" + alfa + u"')", alvo);
 }
 
 void TextControls::DefineZoom(int percent) {
@@ -152,9 +152,10 @@ void TextControls::ApplyVerticalAlign(const QString &value) {
   m_console.Atualiza();
 }
 
-void TextControls::EnviaAlinhamentoVertical() {
+void TextControls::EnviaAlinhamentoVertical(Alvo alvo) {
   m_console.ScriptNasPaginas(u"SetAttributeByClass('textoContainer','style','justify-content: " +
-                             m_console.ajustes.AlinhamentoVertical + u"')");
+                                 m_console.ajustes.AlinhamentoVertical + u"')",
+                             alvo);
 }
 
 void TextControls::ImgBtFontSize(int index) {
@@ -224,12 +225,12 @@ void TextControls::Image5(int alinhamento) {
   m_console.Atualiza();
 }
 
-void TextControls::PaginaVoltou() {
+void TextControls::PaginaVoltou(Alvo qual) {
   if (!m_console.estado.PaginaDeTexto())
     return;
-  EnviaAlinhamentoVertical();
+  EnviaAlinhamentoVertical(qual);
   if (m_console.estado.EhLetra())
-    SliderFaixaUpdate();
+    SliderFaixaUpdate(qual);
 }
 
 void LeAjustes(ConsoleContext &console) {

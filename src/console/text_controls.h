@@ -21,7 +21,7 @@ public:
   void SliderExLouvor(int value); // the style, 0 to 8. A move into or out of the animated styles lays the song out anew
   void ComboFontSize(int index);  // 0 small, 1 medium, 2 large
   void SliderFaixa(int value);    // the band, 0 to 10
-  void SliderFaixaUpdate();       // the same for a page that has just come
+  void SliderFaixaUpdate(Alvo alvo = Alvo::Ambas);       // the same for a page that has just come
   void SliderZoom(int percent);   // 60 upward
   void Image4(int alinhamento);   // 0 left, 1 right, 2 centre; kept at exit
 
@@ -39,7 +39,7 @@ public:
   void Image5(int alinhamento);        // 0 left, 1 right, 2 centre; kept at exit
 
   // A page came back as it was built: it gets what it was told since. The verse is there already.
-  void PaginaVoltou();
+  void PaginaVoltou(Alvo qual);
 
   static constexpr int UltimoEstilo = 8;
   static constexpr int UltimoEstiloBiblia = 6;
@@ -52,9 +52,9 @@ private:
   bool Carregado() const { return m_console.estado.ConsoleCarregado; }
   bool LouvorNaTela() const;
   void Grava(const QString &key, const QString &value);
-  void DefineFaixa(QStringView antesDoAlfa);
+  void DefineFaixa(QStringView antesDoAlfa, Alvo alvo = Alvo::Ambas);
   void DefineZoom(int percent);
-  void EnviaAlinhamentoVertical();
+  void EnviaAlinhamentoVertical(Alvo alvo = Alvo::Ambas);
   void RefazLouvor();
 
   ConsoleContext &m_console;

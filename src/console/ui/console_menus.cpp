@@ -73,6 +73,30 @@ void ConsoleMenus::MakeScreen() {
       Atualiza(); // a state that was refused must not stay ticked
     });
   }
+  menu->addSeparator();
+  m_mnProjecao = menu->addMenu(tr("&Projection on"));
+  m_mnProjecao->setObjectName(QStringLiteral("MnProjecao"));
+  FillScreens();
+}
+
+void ConsoleMenus::FillScreens() {
+  m_telas = m_parts.console.painel.telas;
+  m_mnProjecao->clear();
+  m_mnProjecao->setEnabled(!m_telas.empty());
+  for (size_t i = 0; i < m_telas.size(); ++i) {
+    const int index = static_cast<int>(i);
+    QString caption = m_telas[i].texto;
+    QAction *action = m_mnProjecao->addAction(caption.replace(u'&', QStringLiteral("&&")));
+    action->setObjectName(QStringLiteral("MnProjecao%1").arg(index));
+    action->setCheckable(true);
+    action->setChecked(m_telas[i].marcada);
+    action->setEnabled(m_telas[i].presente);
+    // Behind the menu's own doing: the choice makes its entries anew.
+    connect(action, &QAction::triggered, this, [this, index] {
+      m_telas.clear();
+      m_ways.chooseScreen(index);
+    }, Qt::QueuedConnection);
+  }
 }
 
 void ConsoleMenus::MakeBible() {
@@ -183,6 +207,9 @@ void ConsoleMenus::Atualiza() {
   const int chosen = m_parts.console.painel.LBTelaMarcado;
   if (chosen >= 0 && chosen < states.size())
     states[chosen]->setChecked(true);
+
+  if (m_telas != m_parts.console.painel.telas)
+    FillScreens();
 
   QStringList captions;
   for (const BibleVersion &version : m_parts.biblia.Versoes())

@@ -3,6 +3,7 @@
 #include <QMenuBar>
 
 #include <functional>
+#include <vector>
 
 #include "console/ui/console_parts.h"
 
@@ -30,6 +31,7 @@ public:
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
+    std::function<void(int index)> chooseScreen; // of the panel's `telas`
     std::function<void(int delta)> choose; // the next or previous entry of the agenda
     std::function<void(int delta)> move;   // the chosen entry inside its group
   };
@@ -43,6 +45,7 @@ private:
   void MakeFile();
   void MakeActions();
   void MakeScreen();
+  void FillScreens();
   void MakeBible();
   void FillVersions();
   void MakeGo();
@@ -54,6 +57,8 @@ private:
   ConsoleParts m_parts;
   Ways m_ways;
   QActionGroup *m_states = nullptr;
+  QMenu *m_mnProjecao = nullptr;
+  std::vector<OpcaoDeTela> m_telas; // that the menu was made for
   QMenu *m_mnIb = nullptr;
   QActionGroup *m_versoes = nullptr;
   QStringList m_legendas; // of the versions that the menu was made for

@@ -175,7 +175,7 @@ void EffectControls::SelectColors1() {
 
 void EffectControls::EnviaCorDeFundo(Alvo alvo) {
   m_console.ChamaPaginas(QStringLiteral("SetAttribute"), QStringLiteral("wheader"), QStringLiteral("style"),
-                         u"background-color:" + ColorToHex(m_console.estado.TemaAtual.CordeFundo), QString(), alvo);
+                         u"background-color:" + ColorToHex(m_console.estado.TemaAtual.CordeFundo), alvo);
 }
 
 void EffectControls::ComboFontes(const QString &fonte) {

@@ -11,16 +11,22 @@ void ConsoleContext::AjustaEstado() {
 }
 
 void ConsoleContext::ChamaPaginas(const QString &nome, const QString &a1, const QString &a2, const QString &a3) {
-  if (Display *display = telao())
-    CallPageScript(display->WV(), nome, QString(a1), a2, a3);
-  CallPageScript(previa(), nome, QString(a1), a2, a3);
+  for (const Alvo cada : {Alvo::Telao, Alvo::Previa})
+    if (Para(cada))
+      CallPageScript(Pagina(cada), nome, QString(a1), a2, a3);
 }
 
 void ConsoleContext::ScriptNasPaginas(const QString &script) {
-  if (Display *display = telao(); display && display->WV())
-    display->WV()->ExecuteScript(script);
-  if (PageObject *pagina = previa())
-    pagina->ExecuteScript(script);
+  for (const Alvo cada : {Alvo::Telao, Alvo::Previa})
+    if (PageObject *pagina = Para(cada) ? Pagina(cada) : nullptr)
+      pagina->ExecuteScript(script);
+}
+
+void ConsoleContext::SetPageStyle(const QString &element, const QString &property, const QString &value) {
+  if (Para(Alvo::Telao))
+    canal.SendToDisplay(u"ChangeCSS|#" + element + u"|#" + property + u"|#" + value);
+  if (Para(Alvo::Previa))
+    CallPageScript(previa(), QStringLiteral("ChangeCSS"), QString(element), property, value);
 }
 
 PageObject *ConsoleContext::Pagina(Alvo qual) const {

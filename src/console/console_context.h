@@ -32,6 +32,9 @@ struct ConsoleContext {
   std::function<Display *()> telao;
   std::function<PageObject *()> previa;
   ConsoleView *view = nullptr;
+  // Which pages the calls below reach: one of them while it gets back what it lost, and the other shall see nothing.
+  Alvo destino = Alvo::Ambas;
+  bool Para(Alvo pagina) const { return destino == Alvo::Ambas || destino == pagina; }
 
   // The projection's size in pixels, the usual one while there is none.
   QSize TelaPx() const {
@@ -52,6 +55,8 @@ struct ConsoleContext {
   void ChamaPaginas(const QString &nome, const QString &a1, const QString &a2 = {}, const QString &a3 = {});
   void ScriptNasPaginas(const QString &script);
   PageObject *Pagina(Alvo qual) const; // one of the two; null while it is not there
+  // A style property of an element, or of all of a class, on the display as a command and then on the preview.
+  void SetPageStyle(const QString &element, const QString &property, const QString &value);
   // SetPageStyle("set_text", "font-size", size): the preview gets the size scaled by the ratio of the widths.
   void EnviaTamanhoDaFonte(Alvo alvo = Alvo::Ambas);
 };

@@ -19,12 +19,17 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       agenda(doors.app, doors.store, estado, painel, faixa, contexto.view, doors.prompt),
       stepper(contexto), temaControle(contexto, temas), loader(contexto, stepper, temaControle),
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
-      controles(contexto, loader, leitura), formato(contexto, temas, loader, controles), flow(contexto, agenda, loader, leitura, temaControle),
+      controles(contexto), textos(contexto, loader, leitura), efeitos(contexto, temaControle, loader, leitura),
+      formato(contexto, temas, loader, textos), flow(contexto, agenda, loader, leitura, temaControle),
       teclas(contexto, stepper, flow, agenda, leitura) {}
 
 void ConsoleCore::PaginaVoltou(Alvo qual) {
+  contexto.destino = qual;
+  efeitos.PaginaVoltou();
   loader.PaginaVoltou(qual);
   leitura.PaginaVoltou(qual);
+  textos.PaginaVoltou();
+  contexto.destino = Alvo::Ambas;
 }
 
 void ConsoleCore::PreviaMudou() {

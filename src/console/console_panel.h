@@ -58,6 +58,9 @@ struct PainelConsole {
   bool Picture4Visible = true;     // alignment and size of songs
   bool Picture7Visible = false;    // the same for the Bible
   int ImgAlinhamentoVertical = 2;  // 0 flex-start, 1 flex-end, 2 center
+  void DefineAlinhamentoVertical(const QString &valor) {
+    ImgAlinhamentoVertical = valor == u"center" ? 2 : valor == u"flex-start" ? 0 : 1;
+  }
   bool CommandBtEnabled = false;   // three buttons of text effects, and Command2
   int LBTelaMarcado = 0;           // index of the chosen screen state
   bool SemProjetor = false;        // the monitor of the projection was taken away

@@ -136,7 +136,6 @@ void SongLoader::PreparaTexto(const QString &path) {
   estado.TextoEstrofes = TextoDasEstrofes(paged);
   estado.PaginandoEstrofes = false;
   faixa.Label1Texto = paged.TextoPaginado;
-  faixa.Alinhamento = m_console.ajustes.Alinhamento;
   m_referencia = {1, faixa.PainelLargura, faixa.FrameHeight};
 }
 
@@ -165,8 +164,14 @@ void SongLoader::AjustaTamanhos(const SongRoom &sala) {
   FaixaTexto &faixa = m_console.faixa;
   m_console.estado.FonteTamanho = QString::number(RoundHalfEven(sala.tamanhoBase));
   faixa.Label1Largura = LarguraDaTira();
-  faixa.Label1Esquerda = (faixa.PainelLargura - faixa.Label1Largura) / 2;
   faixa.Label1Fonte = sala.pagina.font;
+  AlinhaTira();
+}
+
+void SongLoader::AlinhaTira() {
+  FaixaTexto &faixa = m_console.faixa;
+  faixa.Alinhamento = m_console.ajustes.Alinhamento;
+  faixa.Label1Esquerda = faixa.Alinhamento == 0 ? 0 : (faixa.PainelLargura - faixa.Label1Largura) / 2;
 }
 
 double SongLoader::FonteDisplay() const {
@@ -203,9 +208,16 @@ void SongLoader::RecarregaMusica(bool send) {
   }
   if (send) {
     m_console.EnviaTamanhoDaFonte();
-    m_console.letras.ExibeVerso(estado.EstrofeAtual, true);
+    ReenviaVerso();
   }
   m_console.Atualiza();
+}
+
+void SongLoader::ReenviaVerso() {
+  if (m_console.estado.EnviarAoTelao)
+    m_console.letras.ExibeVerso(m_console.estado.EstrofeAtual, true);
+  else
+    m_console.letras.ReenviaVerso();
 }
 
 void SongLoader::PaginaVoltou(Alvo qual) {
@@ -213,10 +225,8 @@ void SongLoader::PaginaVoltou(Alvo qual) {
   if (!estado.PaginaDeTexto())
     return;
   const bool oculto = estado.EstadoTela == u"OcultarTexto";
-  for (const Alvo cada : {Alvo::Telao, Alvo::Previa})
-    if (qual == cada || qual == Alvo::Ambas)
-      CallPageScript(m_console.Pagina(cada), QStringLiteral("ChangeCSS"), QStringLiteral("texto"),
-                     QStringLiteral("display"), oculto ? QStringLiteral("none") : QStringLiteral("block"));
+  m_console.ChamaPaginas(QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),
+                         oculto ? QStringLiteral("none") : QStringLiteral("block"));
   if (!estado.EhLetra())
     return;
   m_console.EnviaTamanhoDaFonte(qual);
@@ -255,7 +265,7 @@ void SongLoader::PainelMudou() {
   const auto scaled = [mudanca](int twips) { return static_cast<int>(std::lround(twips * mudanca)); };
   faixa.Label1Fonte.sizePt *= mudanca;
   faixa.Label1Largura = scaled(faixa.Label1Largura);
-  faixa.Label1Esquerda = (faixa.PainelLargura - faixa.Label1Largura) / 2;
+  AlinhaTira();
   for (Estrofe &verso : estado.Estrofes) {
     verso.Topo = scaled(verso.Topo);
     verso.Base = scaled(verso.Base);

@@ -1,5 +1,6 @@
 #include "console/startup.h"
 
+#include "console/text_controls.h"
 #include "display/effects.h"
 #include "foundation/text_fields.h"
 
@@ -30,7 +31,7 @@ void ConsoleStartup::Load() {
   m_leitura.CarregaVersoes();
   m_leitura.CarregaLegenda();
   m_janelas.CarregaFontes();
-  m_controles.LeAjustes();
+  LeAjustes(m_console);
   m_lugar.PosicionarFrmQuendar();
   if (m_descarregado)
     return; // closed from outside while the message stood

@@ -115,7 +115,7 @@ void BibleComposer::Exibe(const VersoNoTelao &verso, const QString &tamanho, boo
   if (comEfeito) {
     const TemaRecord &tema = m_estado.TemaAtual;
     const QString fx = EfeitoTexto(tema.Efeito_Texto_Fx, tema.Efeito_Texto_FxExtra, m_random);
-    h = QString(h0).replace(slot, u"animated " + fx + u" faster");
+    h = QString(h0).replace(slot, ClassesDeEntrada(fx, m_ajustes));
   }
 
   const double tam = NumericPrefix(tamanho);

@@ -72,7 +72,7 @@ void LyricsComposer::ExibeVerso(int posicao, bool comEfeito) {
   QString semEfeito = h;
   semEfeito.remove(SlotEfeito());
   // Each line of an animated layout names an effect of its own already.
-  const QString efeito = animado ? QStringLiteral("animated") : QString(u"animated " + fx + u" faster");
+  const QString efeito = animado ? QString(u"animated" + ExtrasDeEntrada(m_ajustes)) : ClassesDeEntrada(fx, m_ajustes);
   h.replace(SlotEfeito(), comEfeito ? efeito : QString());
 
   if (verso == m_estado.VersoTextoAtual) {

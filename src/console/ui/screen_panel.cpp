@@ -1,11 +1,5 @@
 #include "console/ui/screen_panel.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QMenu>
-#include <QPushButton>
-#include <QVBoxLayout>
-
 #include "bible/reference_entry.h"
 #include "bible/ui/reference_box.h"
 #include "console/ui/preview_box.h"
@@ -13,6 +7,13 @@
 #include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/state_button.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace tolmira {
 
@@ -76,23 +77,50 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
   m_banner->setToolTip(tr("What the projection shows now"));
   column->addWidget(m_banner, 2);
 
-  auto *states = new QVBoxLayout;
-  states->setSpacing(medidas::Step);
+  m_states = MakeStates();
+  column->addLayout(m_states, 5);
+
+  column->addStretch(1);
+  column->addWidget(MakeReferenceRow());
+}
+
+QGridLayout *ScreenPanel::MakeStates() {
+  auto *states = new QGridLayout;
+  states->setHorizontalSpacing(medidas::Step);
+  states->setVerticalSpacing(medidas::Step);
   for (int i = 0; i < 5; ++i) {
     const Face &face = Faces[i];
-    auto *state =
-        new StateButton(ScreenControls::LegendaDoEstado(i), QLatin1String(face.drawing), face.colour, this);
+    auto *state = new StateButton(ScreenControls::LegendaDoEstado(i), QLatin1String(face.drawing), face.colour, this);
     state->setObjectName(QStringLiteral("LBTela%1").arg(i));
     state->setToolTip(ScreenControls::DicaDoEstado(i));
     state->SetKeyHint(QLatin1String(face.key));
     connect(state, &StateButton::clicked, this, [this, i] { m_parts.controles.SetScreenState(i); });
-    states->addWidget(state);
+    states->addWidget(state, i, 1);
     m_lbTela[static_cast<size_t>(i)] = state;
   }
-  column->addLayout(states, 5);
+  m_imgCombo = new QLabel(this);
+  m_imgCombo->setObjectName(QStringLiteral("ImgCombo"));
+  m_imgCombo->setPixmap(DeskIcon(QLatin1String("indicator-right")).pixmap(medidas::Margin, medidas::Margin));
+  m_image11 = new QPushButton(this);
+  m_image11->setObjectName(QStringLiteral("Image11"));
+  m_image11->setProperty("look", QStringLiteral("icon"));
+  m_image11->setIcon(DeskIcon(QLatin1String("picture-choose")));
+  m_image11->setIconSize({medidas::Icon, medidas::Icon});
+  m_image11->setAccessibleName(tr("Change the default background"));
+  m_image11->setToolTip(tr("Chooses the picture that \"Background\" shows"));
+  connect(m_image11, &QPushButton::clicked, this, [this] { m_parts.controles.Image11(); });
+  states->setColumnMinimumWidth(0, m_imgCombo->sizeHint().width());
+  states->setColumnMinimumWidth(2, m_image11->sizeHint().width());
+  states->setColumnStretch(1, 1);
+  return states;
+}
 
-  column->addStretch(1);
-  column->addWidget(MakeReferenceRow());
+void ScreenPanel::MoveMarker() {
+  const int row = qBound(0, m_parts.console.painel.LBTelaMarcado, 4);
+  if (m_states->itemAtPosition(row, 2))
+    return;
+  m_states->addWidget(m_imgCombo, row, 0); // takes them out of the row where they stand
+  m_states->addWidget(m_image11, row, 2);
 }
 
 QWidget *ScreenPanel::MakeReferenceRow() {
@@ -160,6 +188,7 @@ void ScreenPanel::Atualiza() {
   m_lbVersao->setText(m_parts.console.painel.LbVersao);
   for (int i = 0; i < 5; ++i)
     m_lbTela[static_cast<size_t>(i)]->setChecked(i == m_parts.console.painel.LBTelaMarcado);
+  MoveMarker();
 }
 
 } // namespace tolmira

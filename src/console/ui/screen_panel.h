@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QWidget>
-
-#include <array>
-
 #include "console/ui/console_parts.h"
 
+#include <QWidget>
+#include <array>
+
+class QGridLayout;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -16,8 +16,8 @@ class PreviewBox;
 class ReferenceBox;
 class StateButton;
 
-// What is out: the preview, the banner that can be read from across the room, and the five screen states. Under them the
-// quick box for Bible references, with the version that they are read from.
+// What is out: the preview, the banner that can be read from across the room, and the five screen states. Under them
+// the quick box for Bible references, with the version that they are read from.
 class ScreenPanel : public QWidget {
   Q_OBJECT
 
@@ -32,6 +32,8 @@ protected:
   void resizeEvent(QResizeEvent *event) override;
 
 private:
+  QGridLayout *MakeStates();
+  void MoveMarker();
   QWidget *MakeReferenceRow();
   void SubmitReference();
 
@@ -42,6 +44,9 @@ private:
   QMenu *m_mnIb = nullptr;
   QLabel *m_banner;
   std::array<StateButton *, 5> m_lbTela{};
+  QGridLayout *m_states = nullptr;
+  QLabel *m_imgCombo = nullptr;     // stands beside the chosen state
+  QPushButton *m_image11 = nullptr; // the same: chooses the picture of the default background
 };
 
 } // namespace tolmira

@@ -153,6 +153,7 @@ void StripArea::ShowPassage() {
   // A tip of the moment takes the place of the standing one.
   content.tip = painel.PicDica3 || !painel.MensagemTira.isEmpty() ? QString() : painel.LabelDicaBiblia;
   content.alignment = AlignmentOf(biblia.Alinhamento);
+  content.large = m_parts.console.ajustes.FonteGrande;
   content.mark = biblia.Adiante ? QColor(cores::Held) : QColor(StateColour(m_parts.console.estado.EstadoTela));
   m_passagem->SetContent(content);
   m_passagem->SetFrame(FrameRect());

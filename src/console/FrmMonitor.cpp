@@ -41,6 +41,8 @@ constexpr int PartesDaMesa[] = {23, 47, 30};
 constexpr int PartesDosTemas[] = {68, 32};
 constexpr int LarguraDaAgenda = 340; // least, px: five tabs with their default titles
 constexpr int EsperaDaPrevia = 120;  // ms without another change of its size
+// ms after which a window that was shown may have got its frame; nothing tells of it.
+constexpr int EsperasDaMoldura[] = {0, 100, 400, 1500};
 
 // There a window has no place that it could know or choose.
 bool OnWayland() { return QGuiApplication::platformName().startsWith(u"wayland"); }
@@ -66,6 +68,7 @@ struct FrmMonitor::Impl {
   ConsoleKeys *keys = nullptr;
   bool fillsWorkArea = false;
   bool filledBefore = false; // AnotaTamanho
+  QMargins frame; // with which it was filled
   QRect filled; // the rectangle that filled it, without the frame
   std::array<ResizeEdge *, 3> edges{};
   QTimer previewTimer;
@@ -226,6 +229,7 @@ void FrmMonitor::FillWorkArea(QScreen *on) {
     setWindowState(windowState() | Qt::WindowMaximized);
   } else {
     const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
+    m_impl->frame = frame;
     m_impl->filled = on->availableGeometry().marginsRemoved(frame);
     if (screen() != on)
       setScreen(on);
@@ -301,9 +305,10 @@ void FrmMonitor::resizeEvent(QResizeEvent *event) {
 
 void FrmMonitor::showEvent(QShowEvent *event) {
   QMainWindow::showEvent(event);
-  if (m_impl->fillsWorkArea)
-    QTimer::singleShot(0, this, [this] {
-      if (m_impl->fillsWorkArea && isVisible())
+  for (const int delay : EsperasDaMoldura)
+    QTimer::singleShot(delay, this, [this] {
+      const bool known = windowHandle() && windowHandle()->frameMargins() == m_impl->frame;
+      if (isVisible() && !known && FillsWorkArea())
         FillWorkArea(screen());
     });
 }

@@ -7,6 +7,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <numeric>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -25,8 +26,11 @@ std::array<char, 256> MakeLowerTable() {
   return table;
 }
 
+// All bytes at once, without an early end: so the compiler takes sixteen in a step.
 bool IsAscii(QByteArrayView bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<signed char>(byte) >= 0; });
+  return std::accumulate(bytes.begin(), bytes.end(), 0u, [](unsigned all, char byte) {
+           return all | static_cast<unsigned char>(byte);
+         }) < 0x80;
 }
 
 #if defined(__SSE2__)

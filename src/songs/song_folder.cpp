@@ -187,7 +187,7 @@ bool SongFolder::IsCertain(const SongFile &file) const {
   return file.m_read && file.m_seen >= (file.m_shared || !m_watch.IsWatching() ? m_round : m_trusted);
 }
 
-bool SongFolder::Holds(SongFile &file, const SearchTerm &term) {
+bool SongFolder::Holds(SongFile &file, const SearchTerm &term, bool longer) {
   if (!IsCertain(file)) {
     struct stat status {};
     const bool same = file.m_read && file.m_stamp.size >= 0 &&
@@ -196,7 +196,7 @@ bool SongFolder::Holds(SongFile &file, const SearchTerm &term) {
       Read(file);
     file.m_seen = m_round;
   }
-  return file.m_text.Holds(term);
+  return longer ? file.m_text.HoldsLonger(term) : file.m_text.Holds(term);
 }
 
 SongFile::Stamp SongFolder::StampOf(const struct stat &status) {

@@ -30,6 +30,9 @@ public:
   // Where it stood when its folder was last listed.
   size_t Lugar() const { return m_lugar; }
 
+  // A search has found the song by its name, and not looked at the text.
+  void FoundByName() { m_text.ForgetPlace(); }
+
   // A search is about to look at the song.
   void Prefetch() const {
     __builtin_prefetch(m_minusculo.constData());
@@ -89,12 +92,13 @@ public:
   const SongRows &Files();
 
   // Whether the song's text holds the term. Reads the file when its text is not known or may have changed; a file that
-  // cannot be read holds nothing.
-  bool Holds(SongFile &file, const SearchTerm &term);
+  // cannot be read holds nothing. `longer`: the search before this one found the song by the term's beginning.
+  bool Holds(SongFile &file, const SearchTerm &term, bool longer = false);
 
   // The search is over: nothing of the folder is held open, so that its disk can be taken out.
   void Rest();
 
+  quint32 Round() const { return m_round; } // counts the searches
   qint64 TextBytes() const;
   int Reads() const { return m_reads; } // files that were opened so far
 

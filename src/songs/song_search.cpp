@@ -16,8 +16,9 @@ bool BeginsWith(const SongFile &file, qsizetype place, const QString &term) {
 
 } // namespace
 
-SongSearch::SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates)
-    : m_folder(folder), m_term(term), m_candidates(candidates ? *std::move(candidates) : folder.Files()) {}
+SongSearch::SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates, bool longer)
+    : m_folder(folder), m_term(term), m_candidates(candidates ? *std::move(candidates) : folder.Files()),
+      m_longer(longer) {}
 
 SongSearch::~SongSearch() {
   m_folder.Rest();
@@ -26,12 +27,13 @@ SongSearch::~SongSearch() {
 void SongSearch::Look(SongFile *file) {
   auto &[inicio, meio, letra] = m_found;
   const qsizetype place = file->Minusculo().indexOf(m_term.Text());
-  if (BeginsWith(*file, place, m_term.Text()))
-    inicio.push_back(file);
-  else if (place >= 0)
-    meio.push_back(file);
-  else if (m_folder.Holds(*file, m_term))
+  const bool begins = BeginsWith(*file, place, m_term.Text());
+  if (begins || place >= 0) {
+    file->FoundByName();
+    (begins ? inicio : meio).push_back(file);
+  } else if (m_folder.Holds(*file, m_term, m_longer)) {
     letra.push_back(file);
+  }
 }
 
 bool SongSearch::Next(const std::function<bool()> &enough) {

@@ -54,11 +54,7 @@ private slots:
 
   void aKilledRenderProcessComesBackWithItsVerse() {
     RemoteProgram program(m_folder->path());
-    QVERIFY(program.Start());
-    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
-    Show(program, QStringLiteral("Teste"));
-    Key(program, QStringLiteral("Down"));
-    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
+    StartOnFirstVerse(program);
     for (int round = 0; round < 2; ++round) {
       const QList<qint64> renderers = program.Renderers();
       QVERIFY(!renderers.isEmpty());
@@ -73,11 +69,7 @@ private slots:
 
   void aClosedProjectionComesBackWithTheNextCommand() {
     RemoteProgram program(m_folder->path());
-    QVERIFY(program.Start());
-    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
-    Show(program, QStringLiteral("Teste"));
-    Key(program, QStringLiteral("Down"));
-    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
+    StartOnFirstVerse(program);
     const QImage before = program.Grab(QStringLiteral("FrmQuendar"));
     program.Do(QStringLiteral("send"), {{QStringLiteral("comando"), QStringLiteral("Fechar")}});
     QVERIFY(!program.State().value(QStringLiteral("DisplayVisivel")).toBool());
@@ -238,6 +230,14 @@ private:
                                         {QStringLiteral("label"), song},
                                         {QStringLiteral("target"), song}});
     QVERIFY(program.WaitFor(QStringLiteral("TituloAtual"), song, 30000));
+  }
+  // Of a song of two: "1 2 3" and "4 5 6".
+  void StartOnFirstVerse(RemoteProgram &program) {
+    QVERIFY(program.Start());
+    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
+    Show(program, QStringLiteral("Teste"));
+    Key(program, QStringLiteral("Down"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
   }
   static void Key(RemoteProgram &program, const QString &key) {
     QVERIFY(program.Do(QStringLiteral("key"), {{QStringLiteral("key"), key}}).value(QStringLiteral("ok")).toBool());

@@ -273,6 +273,31 @@ private slots:
     QCOMPARE(room.Rows().size(), 51);
   }
 
+  // A longer term is looked for from the place of the shorter one: in the text, of this search, as the file is now.
+  void NarrowingLooksAtNoPlaceOfAnotherSearch() {
+    Room room;
+    const auto writeAll = [&room] {
+      for (int i = 0; i < 50; ++i)
+        room.Write(QStringLiteral("Lyrics/%1.txt").arg(i), "amor e am");
+    };
+    writeAll();
+    room.Write(QStringLiteral("Lyrics/Am.txt"), "amor e am");
+    QCOMPARE(room.Search(QStringLiteral("e am")).size(), 51);
+    QCOMPARE(room.Search(QStringLiteral("am")).size(), 51); // one of them by its name
+    QCOMPARE(room.Search(QStringLiteral("amor")).size(), 51);
+
+    QCOMPARE(room.Search(QStringLiteral("e am")).size(), 51);
+    QCOMPARE(room.Search(QStringLiteral("am")).size(), 51);
+    writeAll(); // each has to be read again, so that the search can be stopped halfway
+    room.clock.busy = true;
+    room.finder.SetTermoBusca(QStringLiteral("e am"));
+    room.clock.Advance(room.finder.IntervaloBusca());
+    QVERIFY(room.finder.Buscando());
+    room.finder.CancelaBusca();
+    room.clock.busy = false;
+    QCOMPARE(room.Search(QStringLiteral("amor")).size(), 51);
+  }
+
   void KeysDelayAndStopASearch() {
     Room room;
     for (int i = 0; i < 100; ++i)

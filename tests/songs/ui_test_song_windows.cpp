@@ -113,7 +113,7 @@ private slots:
     QCOMPARE(room.Label("Label2"), QStringLiteral("Added Rio & Mar"));
     QTest::keyClick(room.list, Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(room.console.TakeCalls(),
-             QStringList({QStringLiteral("cancelaWMP"), QStringLiteral("ShowEntry 2 Rio & Mar Rio & Mar")}));
+             QStringList({QStringLiteral("cancelaWMP"), QStringLiteral("ShowEntry 2 0 Rio & Mar Rio & Mar")}));
     QTest::keyClicks(room.list, QStringLiteral("h301")); // typed over the old word
     QCOMPARE(room.box->text(), QStringLiteral("h301"));
     room.clock.Advance(5000);

@@ -3,6 +3,7 @@
 #include <csignal>
 
 #include "remote_program.h"
+#include "support/files.h"
 
 // The operator's main job on the real program and the real engine, and what a bad day does to it.
 class TestProgram : public QObject {
@@ -217,14 +218,9 @@ private slots:
 
 private:
   void Write(const QString &name, const QByteArray &bytes) {
-    QFile file(m_folder->filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    tolmira::testing::WriteBytes(m_folder->filePath(name), bytes);
   }
-  QByteArray Read(const QString &name) {
-    QFile file(m_folder->filePath(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-  }
+  QByteArray Read(const QString &name) { return tolmira::testing::ReadBytes(m_folder->filePath(name)); }
   static void Show(RemoteProgram &program, const QString &song) {
     program.Do(QStringLiteral("show"), {{QStringLiteral("kind"), 2},
                                         {QStringLiteral("label"), song},

@@ -3,6 +3,7 @@
 #include "foundation/text_file.h"
 #include "songs/song_finder.h"
 #include "support/fake_clock.h"
+#include "support/files.h"
 
 #include <QDirIterator>
 #include <QRandomGenerator>
@@ -36,11 +37,7 @@ struct Room {
       QDir(folder.path()).mkdir(QLatin1String(name));
   }
   QString On(const QString &name) const { return folder.filePath(name); }
-  void Write(const QString &name, const QByteArray &bytes) const {
-    QFile file(On(name));
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(name));
-    file.write(bytes);
-  }
+  void Write(const QString &name, const QByteArray &bytes) const { WriteBytes(On(name), bytes); }
   QStringList Rows() const {
     QStringList rows;
     for (const auto &file : finder.List1())

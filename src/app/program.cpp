@@ -34,6 +34,7 @@ namespace {
 
 constexpr int EsperaDasTelas = 300;  // ms: a changed desktop announces its screens one by one
 constexpr int EsperaDoTamanho = 150; // ms: a window on its way has many sizes
+constexpr int CalmaDoInicio = 700;   // ms: until the first pages and previews are drawn
 constexpr int TentativasDeLugar = 10;
 
 } // namespace
@@ -242,6 +243,7 @@ void Program::Impl::MakeStartup() {
   // A box must not stand inside the timer that ends the start.
   janelas.InicioTerminou = [this] {
     QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(songs.get()); });
+    QTimer::singleShot(CalmaDoInicio, console.get(), [this] { songs->PrepareAdd(); });
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
                                              core.controles, core.loader, core.leitura, *lugar, std::move(janelas));

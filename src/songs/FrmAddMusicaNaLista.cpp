@@ -190,6 +190,11 @@ void FrmAddMusicaNaLista::MakeList() {
   m_list->OnDrag = [this] { return Arrasta(); };
 }
 
+void FrmAddMusicaNaLista::Prepare() {
+  ensurePolished();
+  m_list->Finder().CarregaTudo(true);
+}
+
 void FrmAddMusicaNaLista::Open() {
   AtualizaAgenda();
   if (!isVisible()) {

@@ -11,11 +11,14 @@
 #include "app/single_instance.h"
 #include "bible/ui/bible_windows.h"
 #include "console/FrmMonitor.h"
+#include "console/FrmSobre.h"
 #include "console/console_core.h"
+#include "console/help_desk.h"
 #include "console/page_zoom.h"
 #include "console/startup.h"
 #include "console/ui/qt_monitors.h"
 #include "display/FrmQuendar.h"
+#include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
 #include "display/ui/page_profile.h"
 #include "display/ui/web_page_host.h"
@@ -44,6 +47,7 @@ struct Program::Impl {
   }
 
   void MakeWindows();
+  void AbreSobre();
   void MakeSongEditors();
   void MakeDisplay();
   void RemakeDisplay();
@@ -65,6 +69,8 @@ struct Program::Impl {
   SystemRandom random;
   LoopYielder yielder;
   FontTextMeasure measure;
+  SystemOpener opener;
+  std::unique_ptr<HelpDesk> help;
   QtMonitors monitors;
   FormPositions positions;
   QTimer screenTimer;
@@ -78,6 +84,7 @@ struct Program::Impl {
   std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
+  std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ConsoleStartup> startup;
   std::unique_ptr<ControlServer> control;
@@ -116,6 +123,9 @@ void Program::Impl::MakeWindows() {
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
+  windows.help = [this] { help->AbreAjuda(); };
+  windows.support = [this] { help->AbreSuporte(); };
+  windows.about = [this] { AbreSobre(); };
   windows.agendaChanged = [this] {
     if (songs)
       songs->AgendaChanged();
@@ -126,6 +136,19 @@ void Program::Impl::MakeWindows() {
   monitors.SetConsole(console.get());
   MakeDisplay();
   core.canal.CriaTelao = [this] { RemakeDisplay(); };
+}
+
+void Program::Impl::AbreSobre() {
+  if (!sobre) {
+    const EngineVersions versions = ReadEngineVersions();
+    sobre = std::make_unique<FrmSobre>(
+        MotorDoPrograma{QString::fromLatin1(qVersion()), versions.webEngine, versions.chromium, versions.mpv,
+                        qgetenv("QT_QUICK_BACKEND") == "software" ? QObject::tr("by the processor") : QStringLiteral("OpenGL")},
+        console.get());
+  }
+  sobre->show();
+  sobre->raise();
+  sobre->activateWindow();
 }
 
 void Program::Impl::MakeSongEditors() {
@@ -175,6 +198,7 @@ void Program::Impl::RemakeDisplay() {
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
   noProjetor = placa.segundoMonitor;
+  core.painel.Ensaio = !placa.segundoMonitor;
   console->DefineTelao(placa.tela.size());
   if (quendar)
     quendar->Posiciona(placa.tela, placa.segundoMonitor);
@@ -271,6 +295,7 @@ Program::~Program() {
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();
+  m_impl->sobre.reset();
   m_impl->console.reset();
 }
 
@@ -278,8 +303,9 @@ std::optional<int> Program::Start() {
   Impl &p = *m_impl;
   // First, so that what the start has to say can be answered from outside.
   p.ListenForControl();
-  const FillResult filled =
-      FillProgramFolder(p.app.path(), FindAssets(p.line.assets, QCoreApplication::applicationDirPath()));
+  const AssetPlaces assets = FindAssets(p.line.assets, QCoreApplication::applicationDirPath());
+  p.help = std::make_unique<HelpDesk>(p.store, p.prompt, p.opener, assets.help);
+  const FillResult filled = FillProgramFolder(p.app.path(), assets);
   if (!filled.problem.isEmpty())
     p.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), filled.problem);
   if (!p.instance.Start(p.prompt))

@@ -35,6 +35,9 @@ public:
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
+    std::function<void()> help;
+    std::function<void()> support;
+    std::function<void()> about;
     std::function<void()> agendaChanged; // another agenda is active, or it has another title
   };
   void SetWindows(Windows windows);
@@ -67,6 +70,7 @@ public:
 protected:
   void closeEvent(QCloseEvent *event) override;
   void showEvent(QShowEvent *event) override;
+  void resizeEvent(QResizeEvent *event) override;
 
 private:
   void FillWorkArea();

@@ -1,5 +1,7 @@
 #include "console/console_core.h"
 
+#include "console/projection_status.h"
+
 namespace tolmira {
 
 ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
@@ -15,7 +17,11 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       stepper(contexto), temaControle(contexto, temas), loader(contexto, stepper, temaControle),
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
       controles(contexto, loader, leitura), formato(contexto, temas, loader, controles), flow(contexto, agenda, loader, leitura, temaControle),
-      teclas(contexto, stepper, flow, agenda, leitura) {}
+      teclas(contexto, stepper, flow, agenda, leitura) {
+  contexto.descreve = [this] {
+    painel.situacao = DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo()});
+  };
+}
 
 void ConsoleCore::PaginaVoltou() {
   loader.PaginaVoltou();

@@ -34,6 +34,21 @@ struct PainelBiblia {
   bool Adiante = false; // the operator looks ahead: the projection shows something else
 };
 
+// Whether somebody takes the captions.
+enum class ServidorDeLegendas { Desligado, SemCliente, ComCliente };
+
+// The state of the projection in words. The colours are those of the style sheet: "live", "ready" (live, without text),
+// "held", "off", or empty.
+struct SituacaoDaTela {
+  QString LbEstadoTela; // what the congregation sees, in capitals
+  QString CorDoEstado;
+  QString LbDetalheTela; // which verse, or what brings the text back
+  QString LbProximo;     // what the next key shows
+  QString LbDepois;      // what comes after the item on show; often empty
+  QString LbServidorLegenda;
+  QString CorDasLegendas;
+};
+
 // What the console shows besides its text. The logic writes it and calls ConsoleView::Atualiza; the window only copies
 // it to its controls.
 struct PainelConsole {
@@ -51,6 +66,9 @@ struct PainelConsole {
   bool CommandBtEnabled = false;   // three buttons of text effects, and Command2
   int LBTelaMarcado = 0;           // index of the chosen screen state
   bool SemProjetor = false;        // the monitor of the projection was taken away
+  bool Ensaio = false;             // the projection is a window on the console's own screen
+  ServidorDeLegendas Legendas = ServidorDeLegendas::Desligado; // caption server
+  SituacaoDaTela situacao;         // made of the records whenever the console is brought up to date
 
   PainelBiblia biblia;
   QString LbVersao;                // "Tradução: " and the version's name

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <functional>
 #include <memory>
@@ -53,6 +54,13 @@ public:
   virtual int Ask(const QString &title, const QString &text, const QStringList &buttons) = 0;
   // The chosen path; empty when the user gave up. `filter` in the toolkit's form ("Pictures (*.png *.jpg)").
   virtual QString OpenFile(const QString &title, const QString &folder, const QString &filter) = 0;
+};
+
+// Hands an address to the program that the desktop keeps for it.
+class DesktopOpener {
+public:
+  virtual ~DesktopOpener() = default;
+  virtual bool Open(const QUrl &address) = 0; // false when nobody took it
 };
 
 // The width and height of text as the page lays it out (96 pixels to the inch).

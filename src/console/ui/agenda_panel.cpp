@@ -112,8 +112,8 @@ void AgendaPanel::MakeBar() {
       {"edit", tr("&Edit"), tr("Opens the chosen entry in its editor")},
       {"show", tr("&Show"), tr("Shows the chosen entry (Enter)")},
   };
-  auto *grid = new QGridLayout;
-  grid->setSpacing(medidas::Gap);
+  m_barGrid = new QGridLayout;
+  m_barGrid->setSpacing(medidas::Gap);
   for (int n = 1; n <= 4; ++n) {
     const Face &face = faces[n - 1];
     auto *button = new FlatButton(Caption(QString()), this);
@@ -125,16 +125,21 @@ void AgendaPanel::MakeBar() {
     if (n == 4)
       button->setProperty("look", QStringLiteral("main"));
     button->setAccessibleName(face.tip);
-    grid->addWidget(button, (n - 1) / 2, (n - 1) % 2);
+    m_barGrid->addWidget(button, (n - 1) / 2, (n - 1) % 2);
     m_bar[static_cast<size_t>(n)] = button;
   }
-  grid->setColumnStretch(0, 1);
-  grid->setColumnStretch(1, 1);
-  static_cast<QVBoxLayout *>(layout())->addLayout(grid);
+  m_barGrid->setColumnStretch(0, 1);
+  m_barGrid->setColumnStretch(1, 1);
+  static_cast<QVBoxLayout *>(layout())->addLayout(m_barGrid);
   connect(m_bar[1], &FlatButton::clicked, this, [this] { m_parts.agenda.ClearList(); });
   connect(m_bar[2], &FlatButton::clicked, this, [this] { m_parts.agenda.RemoveSelected(); });
   connect(m_bar[3], &FlatButton::clicked, this, [this] { m_parts.agenda.EditSelected(); });
   connect(m_bar[4], &FlatButton::clicked, this, [this] { m_parts.fluxo.exibirSelecinado(); });
+}
+
+void AgendaPanel::SetCompact(bool compact) {
+  layout()->setSpacing(compact ? medidas::Step : medidas::Gap);
+  m_barGrid->setSpacing(compact ? medidas::Step : medidas::Gap);
 }
 
 void AgendaPanel::AgendaChanged() {

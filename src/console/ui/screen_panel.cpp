@@ -29,33 +29,9 @@ constexpr Face Faces[] = {{"screen", cores::Live, "F5"},
                           {"background", cores::Held, "F8"},
                           {"screen-off", cores::Off, "F9"}};
 
-struct Banner {
-  QString text;
-  QString state; // selects the colours
-};
-
 constexpr int AlturaDoAviso = 44; // px
-
-// What the congregation sees, in as few words as can be.
-Banner BannerOf(const EstadoConsole &estado, bool semProjetor) {
-  const QString held = QStringLiteral("held");
-  const QString off = QStringLiteral("off");
-  if (!estado.TelaPronta)
-    return {QObject::tr("STARTING"), QString()};
-  if (semProjetor)
-    return {QObject::tr("NO PROJECTOR"), off};
-  if (estado.EstadoTela == u"OcultarTexto")
-    return {QObject::tr("TEXT HIDDEN"), held};
-  if (estado.EstadoTela == u"TelaPreta")
-    return {QObject::tr("BLACK SCREEN"), off};
-  if (estado.EstadoTela == u"PadraoDeFundo")
-    return {QObject::tr("BACKGROUND ONLY"), held};
-  if (estado.EstadoTela == u"Hide")
-    return {QObject::tr("NO PROJECTION"), off};
-  if (estado.VersoHtmlAtual.isEmpty())
-    return {QObject::tr("LIVE, NO TEXT"), QStringLiteral("ready")};
-  return {QObject::tr("LIVE"), QStringLiteral("live")};
-}
+constexpr int AlturaDoAvisoApertado = 34;
+constexpr int MaiorAviso = 180;
 
 } // namespace
 
@@ -70,14 +46,15 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
   m_banner->setObjectName(QStringLiteral("LbEstadoTela"));
   m_banner->setProperty("look", QStringLiteral("banner"));
   m_banner->setAlignment(Qt::AlignCenter);
-  m_banner->setMinimumHeight(AlturaDoAviso);
-  m_banner->setMaximumHeight(2 * AlturaDoAviso);
+  m_banner->setMinimumHeight(m_aviso = AlturaDoAviso);
+  m_banner->setMaximumHeight(MaiorAviso);
   m_banner->setAccessibleName(tr("State of the projection"));
   m_banner->setToolTip(tr("What the projection shows now"));
   column->addWidget(m_banner, 2);
+  column->addWidget(MakeLines());
 
-  auto *states = new QVBoxLayout;
-  states->setSpacing(medidas::Step);
+  m_states = new QBoxLayout(QBoxLayout::TopToBottom);
+  m_states->setSpacing(medidas::Step);
   for (int i = 0; i < 5; ++i) {
     const Face &face = Faces[i];
     auto *state =
@@ -86,13 +63,43 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
     state->setToolTip(ScreenControls::DicaDoEstado(i));
     state->SetKeyHint(QLatin1String(face.key));
     connect(state, &StateButton::clicked, this, [this, i] { m_parts.controles.SetScreenState(i); });
-    states->addWidget(state);
+    m_states->addWidget(state);
     m_lbTela[static_cast<size_t>(i)] = state;
   }
-  column->addLayout(states, 5);
+  column->addLayout(m_states, 5);
 
   column->addStretch(1);
   column->addWidget(MakeReferenceRow());
+}
+
+// Under the banner: which verse is out, what the next key brings, what comes after it.
+QWidget *ScreenPanel::MakeLines() {
+  auto *block = new QWidget(this);
+  auto *lines = new QVBoxLayout(block);
+  lines->setContentsMargins(0, 0, 0, 0);
+  lines->setSpacing(0);
+  const auto line = [block, lines](const char *name, const QString &spoken) {
+    auto *label = new ElidedLabel(block);
+    label->setObjectName(QLatin1String(name));
+    label->setProperty("look", QStringLiteral("quiet"));
+    label->setAccessibleName(spoken);
+    lines->addWidget(label);
+    return label;
+  };
+  m_detalhe = line("LbDetalheTela", tr("About the state of the projection"));
+  m_proximo = line("LbProximo", tr("What comes next"));
+  m_proximo->setProperty("look", QString());
+  m_depois = line("LbDepois", tr("What comes after it"));
+  return block;
+}
+
+void ScreenPanel::SetCompact(bool compact) {
+  m_aviso = compact ? AlturaDoAvisoApertado : AlturaDoAviso;
+  m_banner->setMinimumHeight(m_aviso);
+  layout()->setSpacing(compact ? 6 : medidas::Gap);
+  m_states->setDirection(compact ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  for (StateButton *state : m_lbTela)
+    state->SetCompact(compact);
 }
 
 QWidget *ScreenPanel::MakeReferenceRow() {
@@ -150,14 +157,25 @@ void ScreenPanel::Image9() {
 void ScreenPanel::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
   layout()->activate();
-  SetLook(m_banner, "scale", m_banner->height() > 3 * AlturaDoAviso / 2 ? QStringLiteral("large") : QString());
+  const int height = m_banner->height();
+  SetLook(m_banner, "scale", height > 3 * AlturaDoAviso  ? QStringLiteral("huge")
+                             : height > 3 * AlturaDoAviso / 2 ? QStringLiteral("large")
+                                                          : QString());
 }
 
 void ScreenPanel::Atualiza() {
-  const Banner banner = BannerOf(m_parts.console.estado, m_parts.console.painel.SemProjetor);
-  m_banner->setText(banner.text);
-  SetLook(m_banner, "state", banner.state);
-  m_lbVersao->setText(m_parts.console.painel.LbVersao);
+  const SituacaoDaTela &situacao = m_parts.console.painel.situacao;
+  m_banner->setText(situacao.LbEstadoTela);
+  SetLook(m_banner, "state", situacao.CorDoEstado);
+  m_banner->setAccessibleDescription(situacao.LbDetalheTela);
+  const auto line = [](QLabel *label, const QString &text) {
+    label->setText(text);
+    label->setToolTip(text);
+  };
+  line(m_detalhe, situacao.LbDetalheTela);
+  line(m_proximo, situacao.LbProximo);
+  line(m_depois, situacao.LbDepois);
+  line(m_lbVersao, m_parts.console.painel.LbVersao);
   for (int i = 0; i < 5; ++i)
     m_lbTela[static_cast<size_t>(i)]->setChecked(i == m_parts.console.painel.LBTelaMarcado);
 }

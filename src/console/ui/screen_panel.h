@@ -6,6 +6,7 @@
 
 #include "console/ui/console_parts.h"
 
+class QBoxLayout;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -27,11 +28,14 @@ public:
   ReferenceBox *Text2() { return m_text2; }
   void SetVersionMenu(QMenu *menu) { m_mnIb = menu; }
   void Image9(); // opens the version menu
+  // The states side by side, without their captions: for a window that is not high.
+  void SetCompact(bool compact);
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
 
 private:
+  QWidget *MakeLines();
   QWidget *MakeReferenceRow();
   void SubmitReference();
 
@@ -41,6 +45,11 @@ private:
   QLabel *m_lbVersao = nullptr;
   QMenu *m_mnIb = nullptr;
   QLabel *m_banner;
+  int m_aviso = 0; // least height of the banner, px
+  QLabel *m_detalhe = nullptr;
+  QLabel *m_proximo = nullptr;
+  QLabel *m_depois = nullptr;
+  QBoxLayout *m_states = nullptr;
   std::array<StateButton *, 5> m_lbTela{};
 };
 

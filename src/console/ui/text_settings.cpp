@@ -36,7 +36,7 @@ TextSettings::TextSettings(ConsoleParts parts, QWidget *parent) : QWidget(parent
   MakeButtons();
   auto *grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setHorizontalSpacing(medidas::Step);
   grid->setVerticalSpacing(medidas::Step);
   const auto row = [grid](int line, int column, QWidget *caption, QWidget *control, QWidget *value) {
     grid->addWidget(caption, line, column);

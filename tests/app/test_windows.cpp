@@ -39,7 +39,7 @@ public:
     Write(QStringLiteral("Lyrics/A name that is far too long for any list on any desk in any hall of this world.txt"),
           "Uma linha");
     const QStringList verses{QStringLiteral("A lamp is lit."), QStringLiteral("Light of the lamp.")};
-    SmallBible().Chapter(43, 3, verses).Write(folder.path(), QStringLiteral("KJV"));
+    SmallBible().Chapter(1, 1, verses).Chapter(43, 3, verses).Write(folder.path(), QStringLiteral("KJV"));
     core.leitura.CarregaVersoes();
     core.agenda.SelectTab(1);
     core.leitura.MostraVersao();
@@ -63,6 +63,7 @@ void Fill(House &house, const QString &content) {
     house.core.stepper.TeclaEstrofe(1);
   } else if (content == u"passage") {
     house.core.flow.exibirPassagem(QStringLiteral("John 3:1"));
+    QVERIFY(house.core.painel.biblia.Visible);
   }
   if (content == u"held") {
     house.core.stepper.CtrlDown();

@@ -4,8 +4,8 @@
 
 namespace tolmira {
 
-// The sheet of the operator's keys, in groups. It lies beside the console and not in front of it: F1 and Esc close it,
-// and the console has the focus where it had it before.
+// The sheet of the operator's keys, in groups. The console can be used while it stands; F1 and Esc close it, and the
+// console then has the focus where it had it before.
 class FrmAtalhos : public QDialog {
   Q_OBJECT
 

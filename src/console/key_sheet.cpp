@@ -9,11 +9,11 @@ namespace tolmira {
 
 namespace {
 
-Atalho Entrada(Comando comando, const QKeySequence &tecla, const QString &texto) {
-  return {comando, tecla, tecla.toString(), texto};
+Atalho Entrada(Comando comando, const QKeySequence &tecla, const QString &texto, const QString &naFolha = {}) {
+  return {comando, tecla, tecla.toString(), texto, naFolha};
 }
 
-Atalho Tecla(const QString &teclas, const QString &texto) { return {Comando::Nenhum, {}, teclas, texto}; }
+Atalho Tecla(const QString &teclas, const QString &texto) { return {Comando::Nenhum, {}, teclas, texto, {}}; }
 
 Comando Depois(Comando primeiro, int passos) { return static_cast<Comando>(static_cast<int>(primeiro) + passos); }
 
@@ -55,10 +55,13 @@ std::vector<GrupoDeAtalhos> Folha() {
       {QObject::tr("Songs and the Bible"),
        {Entrada(Comando::NovaLetra, ctrl(Qt::Key_N), QStringLiteral("Type or paste the lyrics manually")),
         Tecla(QStringLiteral("Ctrl+M"), QObject::tr("Find a song and add it")),
-        Entrada(Comando::Referencia, QKeySequence(Qt::Key_F10), QObject::tr("&Type a reference")),
+        Entrada(Comando::Referencia, QKeySequence(Qt::Key_F10), QObject::tr("&Type a reference"),
+                QObject::tr("Type a Bible reference")),
         Tecla(QStringLiteral("Ctrl+B"), QObject::tr("Bible versions")),
-        Entrada(Comando::NavegaBiblia, ctrlShift(Qt::Key_B), QObject::tr("&Browse…")),
-        Entrada(Comando::ProcuraBiblia, ctrlShift(Qt::Key_F), QObject::tr("&Search by words…"))}},
+        Entrada(Comando::NavegaBiblia, ctrlShift(Qt::Key_B), QObject::tr("&Browse…"),
+                QObject::tr("Browse the Bible")),
+        Entrada(Comando::ProcuraBiblia, ctrlShift(Qt::Key_F), QObject::tr("&Search by words…"),
+                QObject::tr("Search the Bible by words"))}},
       {QObject::tr("Places"),
        {Entrada(Comando::Folha, QKeySequence(Qt::Key_F1), QObject::tr("&Keyboard Shortcuts")),
         Entrada(Comando::Agenda, QKeySequence(Qt::Key_F3), QObject::tr("To the agenda")),
@@ -87,8 +90,8 @@ const Atalho &AtalhoDe(Comando comando) {
 }
 
 QString TextoDaFolha(const Atalho &atalho) {
-  QString texto = atalho.texto;
-  return texto.remove(u'&').remove(u'…');
+  QString texto = atalho.naFolha.isEmpty() ? atalho.texto : atalho.naFolha;
+  return texto.remove(u'&');
 }
 
 } // namespace tolmira

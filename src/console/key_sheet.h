@@ -35,6 +35,7 @@ struct Atalho {
   QKeySequence tecla; // of the menu entry
   QString teclas;     // as the sheet shows them
   QString texto;      // with the mnemonic of the menu entry, if any
+  QString naFolha;    // what the sheet says where the entry's text needs its menu around it
 };
 
 struct GrupoDeAtalhos {
@@ -46,7 +47,7 @@ struct GrupoDeAtalhos {
 const std::vector<GrupoDeAtalhos> &FolhaDeAtalhos();
 const Atalho &AtalhoDe(Comando comando); // `comando` is not Nenhum
 
-// The text as it is read: without the marks of mnemonics and the dots of a menu entry.
+// The text as it is read outside its menu.
 QString TextoDaFolha(const Atalho &atalho);
 
 } // namespace tolmira

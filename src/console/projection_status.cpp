@@ -89,6 +89,16 @@ QString ProximoDaPassagem(const OlharDaTela &olhar, bool preso) {
   return QObject::tr("Last verse of the chapter");
 }
 
+// The chosen entry is what stands on the console, or the passage that the operator walked on from.
+bool EstaNoConsole(const OlharDaTela &olhar) {
+  const ListTarefas &lista = olhar.lista;
+  if (lista.SelectedName() == olhar.painel.Label9)
+    return true;
+  const auto capitulo = [](const QString &referencia) { return referencia.section(u':', 0, 0); };
+  return olhar.painel.biblia.Visible && lista.SelectedKind() == 1 &&
+         capitulo(lista.SelectedCaption()) == capitulo(olhar.painel.biblia.Referencia);
+}
+
 void DizOQueVem(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   const bool preso = Preso(olhar);
   const ListTarefas &lista = olhar.lista;
@@ -102,7 +112,7 @@ void DizOQueVem(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   else if (!item)
     dita.LbProximo =
         escolhida.isEmpty() ? QObject::tr("Nothing is chosen") : QObject::tr("Enter shows: %1").arg(escolhida);
-  if (item && !escolhida.isEmpty() && escolhida != olhar.painel.Label9)
+  if (item && !escolhida.isEmpty() && !EstaNoConsole(olhar))
     depois << QObject::tr("Then: %1").arg(escolhida);
   if (olhar.estado.ProximoTema > 0)
     depois << QObject::tr("Theme %1 with the next item").arg(olhar.estado.ProximoTema);

@@ -23,6 +23,7 @@
 #include "songs/ui/song_editors.h"
 #include "support/recording_presentation.h"
 #include "support/small_bible.h"
+#include "support/web_fixture.h"
 #include "support/window_walker.h"
 #include "support/window_warnings.h"
 
@@ -161,6 +162,7 @@ private slots:
     WebPageHost first(QStringLiteral("first"), nullptr); // what the engine says of itself when it starts
     first.CriaBrowser();
     first.show();
+    Eval(first.WV(), QStringLiteral("1"));
   }
   void init() { FailOnWindowWarnings(); }
 

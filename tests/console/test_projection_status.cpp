@@ -151,6 +151,14 @@ private slots:
     QCOMPARE(r.Dita().LbProximo, QStringLiteral("Next: verse 3, Três e mais"));
     r.painel.biblia.Referencia = QStringLiteral("I John 2:3");
     QCOMPARE(r.Dita().LbProximo, QStringLiteral("Last verse of the chapter"));
+    // An entry from which the operator walked on does not come after itself.
+    r.painel.Label9 = QStringLiteral("I John 2:3");
+    for (const char *entry : {"I John 2:1", "I John 3:1"})
+      r.lista.Add(1, QLatin1String(entry), QLatin1String(entry));
+    r.lista.Select(1, 1);
+    QCOMPARE(r.Dita().LbDepois, QString());
+    r.lista.Select(1, 2);
+    QCOMPARE(r.Dita().LbDepois, QStringLiteral("Then: I John 3:1"));
     r.estado.EnviarAoTelao = false;
     QCOMPARE(r.Dita().LbEstadoTela, QStringLiteral("HELD"));
     QCOMPARE(r.Dita().LbProximo, QStringLiteral("On release: I John 2:3"));

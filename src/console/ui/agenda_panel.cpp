@@ -40,6 +40,17 @@ int KindOf(const QString &tipo) {
   return tipo == u"SlideShow" ? 6 : 0;
 }
 
+QString DicaDeEditar() { return QObject::tr("Opens the chosen entry in its editor"); }
+
+// What a screen reader says: the caption as it is read.
+void Name(QAbstractButton *button) {
+  const QString mark = QStringLiteral("&&");
+  QString name = button->text();
+  name.replace(mark, QString(QChar::Null)).remove(u'&').replace(QChar::Null, u'&');
+  if (button->accessibleName() != name)
+    button->setAccessibleName(name);
+}
+
 QString Caption(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
 
 } // namespace
@@ -109,7 +120,7 @@ void AgendaPanel::MakeBar() {
   const Face faces[] = {
       {"clear", m_parts.agenda.ClearCaption(), tr("Takes every entry off this agenda")},
       {"remove", tr("&Remove"), tr("Takes the chosen entry off this agenda")},
-      {"edit", tr("&Edit"), tr("Opens the chosen entry in its editor")},
+      {"edit", tr("&Edit"), DicaDeEditar()},
       {"show", tr("&Show"), tr("Shows the chosen entry (Enter)")},
   };
   m_barGrid = new QGridLayout;
@@ -124,7 +135,7 @@ void AgendaPanel::MakeBar() {
     button->setIcon(DeskIcon(QLatin1String(face.drawing), n == 4 ? cores::Desk : cores::Quiet));
     if (n == 4)
       button->setProperty("look", QStringLiteral("main"));
-    button->setAccessibleName(face.tip);
+    Name(button);
     m_barGrid->addWidget(button, (n - 1) / 2, (n - 1) % 2);
     m_bar[static_cast<size_t>(n)] = button;
   }
@@ -161,10 +172,11 @@ void AgendaPanel::AgendaChanged() {
     m_lista->scrollToTop();
   m_lista->SetChosen(lista.SelectedKind(), lista.SelectedIndex());
   m_bar[1]->setText(Caption(agenda.ClearCaption()));
+  Name(m_bar[1]);
   m_bar[1]->setEnabled(agenda.CanClear());
   m_bar[2]->setEnabled(agenda.CanRemove());
   m_bar[3]->setEnabled(agenda.CanEdit());
-  m_bar[3]->setToolTip(agenda.CanEdit() || !lista.HasSelection() ? m_bar[3]->accessibleName() : AindaNao());
+  m_bar[3]->setToolTip(agenda.CanEdit() || !lista.HasSelection() ? DicaDeEditar() : AindaNao());
   m_bar[4]->setEnabled(agenda.CanShow());
   Atualiza();
 }

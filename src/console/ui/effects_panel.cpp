@@ -38,7 +38,9 @@ EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent
   m_fontes = MakeCombo("ComboFontes", tr("Font of the text"));
   auto *head = new QHBoxLayout;
   head->addWidget(title, 1);
-  head->addWidget(caption(tr("Font"), "quiet"));
+  QLabel *font = caption(tr("Font"), "quiet");
+  font->setBuddy(m_fontes); // a screen reader takes the name of a box from the label that belongs to it
+  head->addWidget(font);
   m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"));
   m_imagemExtra = MakeCombo("ComboEfeitoImagemExtra", tr("Variant of the picture effect"));
   m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect of the text"));
@@ -51,10 +53,15 @@ EffectsPanel::EffectsPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent
   combos->setVerticalSpacing(medidas::Step);
   combos->addLayout(head, 0, 0, 1, 2);
   combos->addWidget(m_fontes, 0, 2);
-  combos->addWidget(caption(tr("Picture"), "quiet"), 1, 0);
+  const auto named = [combos, &caption](const QString &text, QComboBox *box, int row) {
+    QLabel *label = caption(text, "quiet");
+    label->setBuddy(box);
+    combos->addWidget(label, row, 0);
+  };
+  named(tr("Picture"), m_imagem, 1);
   combos->addWidget(m_imagem, 1, 1);
   combos->addWidget(m_imagemExtra, 1, 2);
-  combos->addWidget(caption(tr("Text"), "quiet"), 2, 0);
+  named(tr("Text"), m_texto, 2);
   combos->addWidget(m_texto, 2, 1);
   combos->addWidget(m_textoExtra, 2, 2);
   combos->setColumnStretch(1, 1);

@@ -96,6 +96,7 @@ void TextSettings::MakeSliders() {
   m_comboFontSize->setAccessibleName(tr("Font size"));
   m_comboFontSize->addItems(
       {QStringLiteral("Small Fonts"), QStringLiteral("Medium Fonts"), QStringLiteral("Large Fonts")});
+  m_lbTamanho->setBuddy(m_comboFontSize);
   KeepPlace(m_comboFontSize);
   for (QWidget *later : {static_cast<QWidget *>(m_sliderFaixa), static_cast<QWidget *>(m_sliderZoom),
                          static_cast<QWidget *>(m_comboFontSize)}) {

@@ -5,6 +5,7 @@
 #include "console/bible_loader.h"
 #include "console/page_zoom.h"
 #include "console/song_loader.h"
+#include "display/text_style.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_file.h"
 
@@ -186,7 +187,7 @@ void ScreenControls::LeAjustes() {
   ajustes.ZoomAjustBiblia = number(QStringLiteral("ZoomAjustBiblia"), 100, 60, 500);
   ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);
   ajustes.EstiloLouvor = number(QStringLiteral("estiloLouvor"), 4, 0, UltimoEstilo);
-  ajustes.AlinhamentoVertical = text(QStringLiteral("VerticalAlign"), QStringLiteral("center"));
+  ajustes.AlinhamentoVertical = LeAlinhamentoVertical(m_console.store);
   ajustes.EstiloBiblia = number(QStringLiteral("estiloBiblia"), 1, 0, UltimoEstiloBiblia);
   ajustes.FontSizeClass = number(QStringLiteral("ComboFontSize"), 1, 0, 2);
 }

@@ -182,8 +182,7 @@ void PageBuilder::MontaAlvo(const TemaRecord &tema, int posicao, bool previa) {
   p.Define(u"letra", m_estado.TipoAtual == u"Slides" ? QStringLiteral("nada") : QString());
   p.Define(u"TransparenciaFaixa", TransparenciaInicial(posicao, previa));
   DefineComum(p, m_app, tema, m_estado.EstadoTela, escala);
-  p.Define(u"VerticalAlign",
-           m_store.ReadConfig(QStringLiteral("Config"), QStringLiteral("VerticalAlign"), QStringLiteral("center")));
+  p.Define(u"VerticalAlign", LeAlinhamentoVertical(m_store));
   p.Define(u"ComandoInicial", QString());
   const double tamanho = NumericPrefix(tema.Font_Size);
   p.Define(u"fontsize",

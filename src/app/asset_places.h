@@ -13,7 +13,7 @@ struct AssetPlaces {
   QString sample;      // the starter service, for <app>
   QString sampleMedia; // its pictures and videos ("Images", "Videos"), for <app>
   QString bibles;      // Bible versions, for <app>/Bible
-  QString help;        // the help pages, read where they lie
+  QString help = {};   // the help pages, read where they lie
   bool Found() const { return !html.isEmpty(); }
 };
 

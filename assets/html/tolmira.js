@@ -24,8 +24,25 @@
 
   function UpdateTextHtml(html) {
     const text = byId('texto');
-    if (text)
-      text.innerHTML = String(html).trim() === SEM_TEXTO ? '' : html;
+    if (!text)
+      return;
+    text.innerHTML = String(html).trim() === SEM_TEXTO ? '' : html;
+    text.querySelectorAll('.comFade, .comZoom').forEach((element) => {
+      const own = getComputedStyle(element);
+      addToChange(element, element.classList.contains('comFade'), element.classList.contains('comZoom') && 0.7, {
+        duration: 500,
+        delay: number(own.animationDelay, 0) * 1000,
+      });
+    });
+  }
+
+  // A fade and a zoom (from that scale) on top of whatever else moves the element.
+  function addToChange(element, fade, zoom, timing) {
+    const all = Object.assign({ easing: 'ease-out', fill: 'backwards' }, timing);
+    if (fade)
+      element.animate({ opacity: [0, 1] }, all);
+    if (zoom)
+      element.animate({ transform: ['scale(' + zoom + ')', 'scale(1)'] }, Object.assign({ composite: 'add' }, all));
   }
 
   function setProperty(element, property, value) {
@@ -134,6 +151,9 @@
       slide.classList.add('troca');
       slide.classList.toggle('escala', SCALING.test(fx));
     });
+    // Without an effect the old picture goes at once, and a fade would begin at black.
+    if (fx !== 'none')
+      addToChange(next, options.comFade, options.comZoom && 1.2, { duration: options.speedIn || 1000 });
   }
 
   function afterChange(current, next, options) {
@@ -152,6 +172,8 @@
       speed: between(1, number(theme.speed, 1000), 60000),
       delay: number(theme.delay, 0),
       easing: easing((window.opcaoEasing || {}).easing),
+      comFade: number(theme.comFade, 0),
+      comZoom: number(theme.comZoom, 0),
       timeout: 0,
       containerResize: 0,
       before: beforeChange,

@@ -48,4 +48,9 @@ QString ObservedPrompt::OpenFile(const QString &title, const QString &folder, co
   return m_prompt.OpenFile(title, folder, filter);
 }
 
+std::optional<qint32> ObservedPrompt::PickColour(const QString &title, qint32 now) {
+  m_events.OnMessage(title, QString(), {});
+  return m_prompt.PickColour(title, now);
+}
+
 } // namespace tolmira

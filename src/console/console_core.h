@@ -4,11 +4,13 @@
 #include "console/agenda_desk.h"
 #include "console/bible_loader.h"
 #include "console/console_context.h"
+#include "console/effect_controls.h"
 #include "console/key_table.h"
 #include "console/presentation_flow.h"
 #include "console/screen_controls.h"
 #include "console/song_loader.h"
 #include "console/stepping.h"
+#include "console/text_controls.h"
 #include "console/text_format_control.h"
 #include "console/theme_control.h"
 #include "display/bible_composer.h"
@@ -57,16 +59,21 @@ public:
   SongLoader loader;
   BibleLoader leitura;
   ScreenControls controles;
+  TextControls textos;
+  EffectControls efeitos;
   TextFormatControl formato;
   PresentationFlow flow;
   KeyTable teclas;
 
-  // A page came back after its process died: it gets what was on it.
-  void PaginaVoltou();
+  // A page came back after its process died: it gets what was on it, and the other one sees nothing.
+  void PaginaVoltou(Alvo qual = Alvo::Ambas);
+  // The preview has another size: text and shadow on it follow.
+  void PreviaMudou();
   // The projection changed its size: the item on show is fitted to it and its page built anew.
   void TelaMudou();
 
 private:
+  int VersoNoTelao() const;
   PageBuilder::Hosts Hosts(const ConsoleDoors &doors);
 };
 

@@ -1,20 +1,16 @@
 #include "console/screen_controls.h"
 
-#include <algorithm>
-
-#include "console/bible_loader.h"
-#include "console/page_zoom.h"
-#include "console/song_loader.h"
-#include "foundation/text_fields.h"
+#include "console/picture_folder.h"
 #include "foundation/text_file.h"
+
+#include <algorithm>
 
 namespace tolmira {
 
 namespace {
 
 const QString Config = QStringLiteral("Config");
-constexpr int PrimeiroAnimado = 7; // style of songs
-constexpr int AjusteNeutro = 15;   // the value of sliderFontSizeAjust that leaves the fitted size as it is
+const QString ChaveDoFundo = QStringLiteral("padraodefundo");
 
 struct EstadoDaTela {
   QString legenda;
@@ -34,36 +30,39 @@ const EstadoDaTela &Estado(int index) {
 
 } // namespace
 
-ScreenControls::ScreenControls(ConsoleContext &console, SongLoader &loader, BibleLoader &leitura)
-    : m_console(console), m_loader(loader), m_leitura(leitura) {}
+QString ScreenControls::LegendaDoEstado(int index) {
+  return Estado(index).legenda;
+}
+QString ScreenControls::DicaDoEstado(int index) {
+  return Estado(index).dica;
+}
 
-QString ScreenControls::LegendaDoEstado(int index) { return Estado(index).legenda; }
-QString ScreenControls::DicaDoEstado(int index) { return Estado(index).dica; }
+QString ScreenControls::FundoPadrao() const {
+  const QString nome = m_console.store.ReadConfig(Config, ChaveDoFundo, QString());
+  const QString fundo = m_console.app.At(u"\\Images\\") + nome;
+  return !nome.isEmpty() && FileExists(fundo) ? fundo : QString();
+}
 
 void ScreenControls::SetScreenState(int index) {
   if (index < 0 || index > 4)
     return;
   EstadoConsole &estado = m_console.estado;
   DisplayChannel &canal = m_console.canal;
-  const auto showText = [&](const QString &value) {
-    canal.SendToDisplay(QStringLiteral("ChangeCSS|#texto|#display|#") + value);
-    CallPageScript(m_console.previa(), QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),
-                   value);
-  };
 
-  QString fundo;
-  if (index == 3) {
-    const QString nome = m_console.store.ReadConfig(Config, QStringLiteral("padraodefundo"), QString());
-    fundo = m_console.app.At(u"\\Images\\") + nome;
-    if (nome.isEmpty() || !FileExists(fundo)) {
-      m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
-                               QStringLiteral("No default background has been chosen yet."));
-      return;
-    }
+  // Found out before anything moves: without a picture the state stays as it is, and so does what the congregation
+  // sees. The state is not taken behind the chooser either. It may have stood open for minutes, and what goes out then
+  // shall follow a press on a state and not the end of a dialogue.
+  const QString fundo = index == 3 ? FundoPadrao() : QString();
+  if (index == 3 && fundo.isEmpty()) {
+    Image11();
+    m_console.Atualiza();
+    return;
   }
 
-  if (index != 1 && estado.EstadoTela == u"OcultarTexto")
-    showText(QStringLiteral("block"));
+  if (index != 1 && estado.EstadoTela == u"OcultarTexto") {
+    CobreTexto(index, fundo);
+    m_console.SetPageStyle(QStringLiteral("texto"), QStringLiteral("display"), QStringLiteral("block"));
+  }
   m_console.painel.LBTelaMarcado = index;
   m_console.yielder.Yield(1);
 
@@ -80,7 +79,7 @@ void ScreenControls::SetScreenState(int index) {
     break;
   case 1:
     estado.EstadoTela = QStringLiteral("OcultarTexto");
-    showText(QStringLiteral("none"));
+    m_console.SetPageStyle(QStringLiteral("texto"), QStringLiteral("display"), QStringLiteral("none"));
     canal.SendToDisplay(QStringLiteral("OcultarTexto"));
     break;
   case 2:
@@ -97,98 +96,48 @@ void ScreenControls::SetScreenState(int index) {
     break;
   default:
     estado.EstadoTela = QStringLiteral("Hide");
-    canal.SendToDisplay(QStringLiteral("Hide"));
+    canal.SendToDisplay(QStringLiteral("Hide")); // hides the window
     break;
   }
   m_console.Atualiza();
 }
 
-void ScreenControls::SliderExLouvor(int value) {
-  EstadoConsole &estado = m_console.estado;
-  AjustesTexto &ajustes = m_console.ajustes;
-  value = std::clamp(value, 0, UltimoEstilo);
-  const int old = ajustes.EstiloLouvor;
-  if (value == old)
+// From hidden text to something that covers the page: the text comes back beneath, so the cover has to lie there before
+// it does, or the text would flash up on the way.
+void ScreenControls::CobreTexto(int index, const QString &fundo) {
+  Display *display = m_console.telao();
+  if (!display || index == 0)
     return;
-  ajustes.EstiloLouvor = value;
-  m_console.store.WriteConfig(Config, QStringLiteral("estiloLouvor"), QString::number(value));
-  ApplyZoom(m_console);
-  const bool songOnShow = estado.EhLetra() && m_console.faixa.Label1Visible;
-  if (!songOnShow)
+  if (index == 3)
+    display->DefineFundoPadrao(fundo);
+  else
+    display->DefineTelaPreta(true);
+}
+
+void ScreenControls::Image11() {
+  const QString path = m_console.prompt.OpenFile(QStringLiteral("Change Background Default"),
+                                                 m_console.app.At(u"\\Images"), FiltroDeImagens());
+  if (path.isEmpty())
     return;
-  if (old < PrimeiroAnimado && value < PrimeiroAnimado) {
-    m_console.letras.ExibeVerso(estado.EstrofeAtual, true);
+  const QString nome = TrazParaImagens(m_console.app, path);
+  if (nome.isEmpty()) {
+    m_console.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"),
+                             QStringLiteral("This file cannot be used as a picture."));
     return;
   }
-  if (!estado.ArquivoAtual.isEmpty())
-    m_loader.RecarregaMusica(true);
-  if (m_console.view)
-    m_console.view->FocusStrip();
+  trocarFundoPadrao(m_console.app.At(u"\\Images\\") + nome);
 }
 
-void ScreenControls::SliderExBiblia(int value) {
-  value = std::clamp(value, 0, UltimoEstiloBiblia);
-  if (value == m_console.ajustes.EstiloBiblia)
+void ScreenControls::trocarFundoPadrao(const QString &path) {
+  if (path.isEmpty() || !FileExists(path))
     return;
-  m_console.ajustes.EstiloBiblia = value;
-  m_console.store.WriteConfig(Config, QStringLiteral("estiloBiblia"), QString::number(value));
-  m_leitura.RecarregaVersiculo(true);
-}
-
-void ScreenControls::slider2(int value) {
-  value = std::clamp(value, 0, 10);
-  if (value == m_console.ajustes.SombraVerso)
+  QString nome = path;
+  nome = nome.replace(u'\\', u'/').section(u'/', -1);
+  m_console.store.WriteConfig(Config, ChaveDoFundo, nome);
+  if (m_console.estado.EstadoTela != u"PadraoDeFundo")
     return;
-  m_console.ajustes.SombraVerso = value;
-  m_leitura.RecarregaVersiculo(true);
-}
-
-void ScreenControls::slider2Solto() {
-  m_console.store.WriteConfig(Config, QStringLiteral("SombraVerso"), QString::number(m_console.ajustes.SombraVerso));
-}
-
-void ScreenControls::sliderFontSizeAjust(int value) {
-  value = std::clamp(value, 0, MaiorAjusteBiblia);
-  m_console.ajustes.EscalaBiblia = value - AjusteNeutro + 100;
-  m_console.store.WriteConfig(Config, QStringLiteral("FontSizeAjusts"), QString::number(value));
-  m_leitura.RecarregaVersiculo(true);
-}
-
-int ScreenControls::ValorDeEscala(double escalaBiblia) {
-  return static_cast<int>(escalaBiblia) - 100 + AjusteNeutro;
-}
-
-void ScreenControls::sliderZoomBiblia(int percent) {
-  m_console.store.WriteConfig(Config, QStringLiteral("ZoomAjustBiblia"), QString::number(percent));
-  if (m_console.estado.TipoAtual != u"Bíblia")
-    return;
-  ApplyZoom(m_console);
-  m_leitura.RecarregaVersiculo(true); // a verse that the zoom would push off the screen is set smaller
-}
-
-void ScreenControls::Image5(int alinhamento) {
-  m_console.ajustes.AlinhamentoBiblia = std::clamp(alinhamento, 0, 2);
-  m_leitura.RecarregaVersiculo(true);
-}
-
-void ScreenControls::LeAjustes() {
-  const auto text = [&](const QString &key, const QString &fallback) {
-    return m_console.store.ReadConfig(Config, key, fallback);
-  };
-  const auto number = [&](const QString &key, int fallback, int least, int most) {
-    const double stored = NumericPrefix(text(key, QString::number(fallback)));
-    return static_cast<int>(std::clamp<double>(stored, least, most));
-  };
-  AjustesTexto &ajustes = m_console.ajustes;
-  ajustes.TransparenciaFaixa = QString::number(number(QStringLiteral("Transparencia_Faixa"), 7, 0, 10));
-  ajustes.EscalaBiblia =
-      number(QStringLiteral("FontSizeAjusts"), AjusteNeutro, 0, MaiorAjusteBiblia) - AjusteNeutro + 100;
-  ajustes.ZoomAjustBiblia = number(QStringLiteral("ZoomAjustBiblia"), 100, 60, 500);
-  ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);
-  ajustes.EstiloLouvor = number(QStringLiteral("estiloLouvor"), 4, 0, UltimoEstilo);
-  ajustes.AlinhamentoVertical = text(QStringLiteral("VerticalAlign"), QStringLiteral("center"));
-  ajustes.EstiloBiblia = number(QStringLiteral("estiloBiblia"), 1, 0, UltimoEstiloBiblia);
-  ajustes.FontSizeClass = number(QStringLiteral("ComboFontSize"), 1, 0, 2);
+  m_console.estado.EstadoTela.clear();
+  SetScreenState(3);
 }
 
 } // namespace tolmira

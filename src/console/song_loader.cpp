@@ -34,6 +34,25 @@ QStringList TextoDasEstrofes(const PaginatedSong &paged) {
   return pieces;
 }
 
+int Linhas(const QString &verso) { return static_cast<int>(verso.count(u"<br>")) + 1; }
+
+// The verse that begins nearest before the line by which verse `n` began: cut for another frame, a song has its stanzas
+// split at other lines.
+int MesmoLugar(const QStringList &antes, int n, const QStringList &agora) {
+  const int total = static_cast<int>(agora.size());
+  if (antes.size() == agora.size() || n > antes.size())
+    return std::min(n, total);
+  int linha = 0;
+  for (int i = 0; i < n - 1; ++i)
+    linha += Linhas(antes[i]);
+  for (int i = 0; i < total; ++i) {
+    linha -= Linhas(agora[i]);
+    if (linha < 0)
+      return i + 1;
+  }
+  return total;
+}
+
 } // namespace
 
 SongLoader::SongLoader(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas)
@@ -117,7 +136,6 @@ void SongLoader::PreparaTexto(const QString &path) {
   estado.TextoEstrofes = TextoDasEstrofes(paged);
   estado.PaginandoEstrofes = false;
   faixa.Label1Texto = paged.TextoPaginado;
-  faixa.Alinhamento = m_console.ajustes.Alinhamento;
   m_referencia = {1, faixa.PainelLargura, faixa.FrameHeight};
 }
 
@@ -146,8 +164,14 @@ void SongLoader::AjustaTamanhos(const SongRoom &sala) {
   FaixaTexto &faixa = m_console.faixa;
   m_console.estado.FonteTamanho = QString::number(RoundHalfEven(sala.tamanhoBase));
   faixa.Label1Largura = LarguraDaTira();
-  faixa.Label1Esquerda = (faixa.PainelLargura - faixa.Label1Largura) / 2;
   faixa.Label1Fonte = sala.pagina.font;
+  AlinhaTira();
+}
+
+void SongLoader::AlinhaTira() {
+  FaixaTexto &faixa = m_console.faixa;
+  faixa.Alinhamento = m_console.ajustes.Alinhamento;
+  faixa.Label1Esquerda = faixa.Alinhamento == 0 ? 0 : (faixa.PainelLargura - faixa.Label1Largura) / 2;
 }
 
 double SongLoader::FonteDisplay() const {
@@ -172,9 +196,10 @@ void SongLoader::RecarregaMusica(bool send) {
   if (path.endsWith(u".txt", Qt::CaseInsensitive) && !FileExists(path))
     return;
   const int verso = estado.EstrofeAtual;
+  const QStringList antes = estado.TextoEstrofes;
   PreparaTexto(path);
   if (verso > 0) {
-    estado.EstrofeAtual = std::min(verso, estado.TotalEstrofes);
+    estado.EstrofeAtual = MesmoLugar(antes, verso, estado.TextoEstrofes);
     m_stepper.PlaceAt(estado.EstrofeAtual);
   } else if (estado.ModoMovimento == u"Acima") {
     m_console.faixa.Label1Topo += m_console.faixa.FrameTop - m_stepper.fimdolabel() - TwipsPerPixel;
@@ -183,23 +208,30 @@ void SongLoader::RecarregaMusica(bool send) {
   }
   if (send) {
     m_console.EnviaTamanhoDaFonte();
-    m_console.letras.ExibeVerso(estado.EstrofeAtual, true);
+    ReenviaVerso();
   }
   m_console.Atualiza();
 }
 
-void SongLoader::PaginaVoltou() {
+void SongLoader::ReenviaVerso() {
+  if (m_console.estado.EnviarAoTelao)
+    m_console.letras.ExibeVerso(m_console.estado.EstrofeAtual, true);
+  else
+    m_console.letras.ReenviaVerso();
+}
+
+void SongLoader::PaginaVoltou(Alvo qual) {
   EstadoConsole &estado = m_console.estado;
   if (!estado.PaginaDeTexto())
     return;
   const bool oculto = estado.EstadoTela == u"OcultarTexto";
   m_console.ChamaPaginas(QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),
-                         oculto ? QStringLiteral("none") : QStringLiteral("block"));
+                         oculto ? QStringLiteral("none") : QStringLiteral("block"), qual);
   if (!estado.EhLetra())
     return;
-  m_console.EnviaTamanhoDaFonte();
+  m_console.EnviaTamanhoDaFonte(qual);
   // Not the verse in the frame: the operator may be looking ahead.
-  m_console.letras.ReenviaVerso();
+  m_console.letras.ReenviaVerso(qual);
 }
 
 int SongLoader::AlturaDoQuadro() const {
@@ -233,7 +265,7 @@ void SongLoader::PainelMudou() {
   const auto scaled = [mudanca](int twips) { return static_cast<int>(std::lround(twips * mudanca)); };
   faixa.Label1Fonte.sizePt *= mudanca;
   faixa.Label1Largura = scaled(faixa.Label1Largura);
-  faixa.Label1Esquerda = (faixa.PainelLargura - faixa.Label1Largura) / 2;
+  AlinhaTira();
   for (Estrofe &verso : estado.Estrofes) {
     verso.Topo = scaled(verso.Topo);
     verso.Base = scaled(verso.Base);

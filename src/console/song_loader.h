@@ -26,12 +26,18 @@ public:
   // pages are told; without it the caller builds them.
   void RecarregaMusica(bool send);
 
+  // The song's verse on the pages once more, composed with the settings of now. While Ctrl holds the projection back
+  // that is the verse that is out, not the one in the frame.
+  void ReenviaVerso();
+
   // A page came back after its process died, as it was when it was built: it gets the text size, the state of the text
   // and the verse on show. On a page that was alive this changes nothing.
-  void PaginaVoltou();
+  void PaginaVoltou(Alvo qual = Alvo::Ambas);
 
   // Fits the frame to the projection's proportions.
   void AjustaQuadro();
+  // The strip stands in its panel as the alignment of songs says: at the left edge for 0, else in the middle.
+  void AlinhaTira();
   // The panel was resized: frame and strip follow, verses and the verse on show stay.
   void PainelMudou();
 

@@ -1,13 +1,13 @@
 #include "console/text_format_control.h"
 
-#include "console/screen_controls.h"
+#include "console/text_controls.h"
 #include "console/song_loader.h"
 
 namespace tolmira {
 
 TextFormatControl::TextFormatControl(ConsoleContext &console, TabelaTemas &temas, SongLoader &loader,
-                                     ScreenControls &controles)
-    : m_console(console), m_temas(temas), m_loader(loader), m_controles(controles) {}
+                                     TextControls &textos)
+    : m_console(console), m_temas(temas), m_loader(loader), m_textos(textos) {}
 
 TextFormat TextFormatControl::Le() const {
   return {m_console.estado.TemaAtual.Maiusculas, m_console.ajustes.EstiloLouvor};
@@ -16,7 +16,7 @@ TextFormat TextFormatControl::Le() const {
 bool TextFormatControl::Aplica(const TextFormat &format) {
   const TextFormat before = Le();
   if (format.estilo != before.estilo)
-    m_controles.SliderExLouvor(format.estilo);
+    m_textos.SliderExLouvor(format.estilo);
   const bool written = format.maiusculas == before.maiusculas || AplicaMaiusculas(format.maiusculas);
   m_console.Atualiza();
   return written;

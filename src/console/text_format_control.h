@@ -6,13 +6,13 @@
 
 namespace tolmira {
 
-class ScreenControls;
+class TextControls;
 class SongLoader;
 
 // The text-format options of songs: capital letters belong to the theme in force, the style to the console.
 class TextFormatControl {
 public:
-  TextFormatControl(ConsoleContext &console, TabelaTemas &temas, SongLoader &loader, ScreenControls &controles);
+  TextFormatControl(ConsoleContext &console, TabelaTemas &temas, SongLoader &loader, TextControls &textos);
 
   TextFormat Le() const;
   // In force at once, also for the song on show, which stays at its verse. False when it could not be written.
@@ -24,7 +24,7 @@ private:
   ConsoleContext &m_console;
   TabelaTemas &m_temas;
   SongLoader &m_loader;
-  ScreenControls &m_controles;
+  TextControls &m_textos;
 };
 
 } // namespace tolmira

@@ -141,12 +141,19 @@ void ThemeControl::ExibirImagem(const QString &path, bool fixed) {
     m_timerTrocaImagem->Stop();
   }
   if (fixed || estado.TemaAtual.Tipo != u"Imagem") {
-    estado.TemaAtual.Tipo = QStringLiteral("Imagem");
-    MontaPagina(estado.EstrofeAtual);
+    DefineTipo(QStringLiteral("Imagem"));
     return;
   }
   CallPageScript(m_console.previa(), QStringLiteral("GotoNextImage"));
   m_console.canal.SendToDisplay(QStringLiteral("GotoNextImage"));
+}
+
+void ThemeControl::DefineTipo(const QString &tipo) {
+  EstadoConsole &estado = m_console.estado;
+  estado.TemaAtual.Tipo = tipo;
+  if (tipo != u"Imagem")
+    StopRotation();
+  MontaPagina(estado.EstrofeAtual);
 }
 
 void ThemeControl::PressTile(int n) {

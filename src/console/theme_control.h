@@ -22,6 +22,8 @@ public:
   int SorteiaTema();
   void DefineTimerInterval();
   void ExibirImagem(const QString &path, bool fixed);
+  // The theme in force becomes one of that kind, for this session, and its page is built.
+  void DefineTipo(const QString &tipo);
 
   // A press on tile n: queues while a text is on show, applies at once on the active tile or when nothing is on show.
   void PressTile(int n);

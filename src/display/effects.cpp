@@ -192,4 +192,12 @@ QString SorteiaEfeito(const QString &lista, RandomSource &random) {
   return effects[std::clamp<qsizetype>(drawn, 0, effects.size() - 1)];
 }
 
+QString ExtrasDeEntrada(const AjustesTexto &ajustes) {
+  return (ajustes.FadeTexto ? u" comFade"_s : QString()) + (ajustes.ZoomTexto ? u" comZoom"_s : QString());
+}
+
+QString ClassesDeEntrada(const QString &fx, const AjustesTexto &ajustes) {
+  return u"animated " + fx + u" faster" + ExtrasDeEntrada(ajustes);
+}
+
 } // namespace tolmira

@@ -52,8 +52,8 @@ struct EstadoConsole {
   TemaRecord TemaAtual;              // theme control
   int IndiceTema = 1;                // theme control
   int ProximoTema = SemTemaNaFila;   // theme control
-  bool FundoPreso = false;           // screen controls; cleared by stepping
-  bool ImagensCongeladas = false;    // screen controls
+  bool FundoPreso = false;           // whoever places a picture by hand; cleared by stepping
+  bool ImagensCongeladas = false;    // image moves are locked for this run
 
   // agenda
   int ActiveAgenda = 0; // 1 to 5; 0 before the first click on a tab
@@ -71,7 +71,7 @@ struct EstadoConsole {
   bool EhLetra() const { return TipoAtual == u"Louvor" || TipoAtual == u"Harpa"; }
 };
 
-// The text settings that composers read. Written by the screen controls at the moment of their change and at start.
+// The settings that composers read. Written by the text controls at the moment of their change and at start.
 struct AjustesTexto {
   int EstiloLouvor = 4;  // 0 and 1 plain, 2 to 6 with a band, 7 and 8 animated
   int EstiloBiblia = 1;
@@ -85,6 +85,12 @@ struct AjustesTexto {
   int Alinhamento = 2;       // 0 left, 1 right, 2 centre
   int AlinhamentoBiblia = 0; // 0 left, 1 right, 2 centre
   bool FonteGrande = false;
+
+  // What goes with every effect, for this session: the effect controls.
+  bool FadeImagem = false;
+  bool ZoomImagem = false;
+  bool FadeTexto = false;
+  bool ZoomTexto = false;
 };
 
 } // namespace tolmira

@@ -179,11 +179,12 @@ void PageBuilder::MontaAlvo(const TemaRecord &tema, int posicao, bool previa) {
 
   Preenchimento p;
   DefineFundo(p, tema, tema.MoveImagens && (!m_estado.ImagensCongeladas || !previa), m_random);
+  p.Define(u"fadeimage", m_ajustes.FadeImagem ? QStringLiteral("1") : QStringLiteral("0"));
+  p.Define(u"zoomimage", m_ajustes.ZoomImagem ? QStringLiteral("1") : QStringLiteral("0"));
   p.Define(u"letra", m_estado.TipoAtual == u"Slides" ? QStringLiteral("nada") : QString());
   p.Define(u"TransparenciaFaixa", TransparenciaInicial(posicao, previa));
   DefineComum(p, m_app, tema, m_estado.EstadoTela, escala);
-  p.Define(u"VerticalAlign",
-           m_store.ReadConfig(QStringLiteral("Config"), QStringLiteral("VerticalAlign"), QStringLiteral("center")));
+  p.Define(u"VerticalAlign", LeAlinhamentoVertical(m_store));
   p.Define(u"ComandoInicial", QString());
   const double tamanho = NumericPrefix(tema.Font_Size);
   p.Define(u"fontsize",

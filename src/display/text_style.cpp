@@ -36,6 +36,12 @@ void AplicaEstiloTexto(PageObject *pagina, const TemaRecord &tema) {
                  EscapaApostrofos(EstiloTexto(tema)));
 }
 
+QString LeAlinhamentoVertical(const IniStore &store) {
+  const QString centro = QStringLiteral("center");
+  const QString valor = store.ReadConfig(QStringLiteral("Config"), QStringLiteral("VerticalAlign"), centro);
+  return valor == u"flex-start" || valor == u"flex-end" ? valor : centro;
+}
+
 QString AlfaFaixa(const QString &transparenciaFaixa) {
   if (NumericPrefix(transparenciaFaixa) >= 10)
     return QStringLiteral("1");

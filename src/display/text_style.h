@@ -3,6 +3,7 @@
 #include <QString>
 
 #include "display/display_seams.h"
+#include "foundation/ini_store.h"
 #include "themes/theme_record.h"
 
 namespace tolmira {
@@ -17,6 +18,10 @@ void AplicaEstiloTexto(PageObject *pagina, const TemaRecord &tema);
 
 // "#RRGGBB" of a colour that is stored as a whole number in text.
 QString CorDoTexto(const QString &numero);
+
+// Where the text stands, as Data\Config.dat has it: "flex-start", "center" or "flex-end". Whatever else somebody wrote
+// there would go into the page's style as it is, so it counts as "center".
+QString LeAlinhamentoVertical(const IniStore &store);
 
 // The band alpha as text: "1" when the strength is at least 10, otherwise "0." and the strength.
 QString AlfaFaixa(const QString &transparenciaFaixa);

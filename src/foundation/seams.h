@@ -2,9 +2,11 @@
 
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tolmira {
 
@@ -44,7 +46,7 @@ public:
 
 enum class MessageKind { Information, Warning, Critical, Question };
 
-// Message boxes and file dialogues. The real one is modal; the double answers from a list.
+// Message boxes, file and colour dialogues. The real one is modal; the double answers from a list.
 class UserPrompt {
 public:
   virtual ~UserPrompt() = default;
@@ -53,6 +55,15 @@ public:
   virtual int Ask(const QString &title, const QString &text, const QStringList &buttons) = 0;
   // The chosen path; empty when the user gave up. `filter` in the toolkit's form ("Pictures (*.png *.jpg)").
   virtual QString OpenFile(const QString &title, const QString &folder, const QString &filter) = 0;
+  // The chosen colour as the stores write it (0x00BBGGRR), beginning at `now`; nothing when the user gave up.
+  virtual std::optional<qint32> PickColour(const QString &title, qint32 now) = 0;
+};
+
+// Hands an address to the program that the desktop keeps for it.
+class DesktopOpener {
+public:
+  virtual ~DesktopOpener() = default;
+  virtual bool Open(const QUrl &address) = 0; // false when nobody took it
 };
 
 // The width and height of text as the page lays it out (96 pixels to the inch).

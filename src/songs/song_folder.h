@@ -92,7 +92,8 @@ public:
   const SongRows &Files();
 
   // Whether the song's text holds the term. Reads the file when its text is not known or may have changed; a file that
-  // cannot be read holds nothing. `longer`: the search before this one found the song by the term's beginning.
+  // cannot be read holds nothing, and the next search tries it again. `longer`: the search before this one found the song
+  // by the term's beginning.
   bool Holds(SongFile &file, const SearchTerm &term, bool longer = false);
 
   // The search is over: nothing of the folder is held open, so that its disk can be taken out.
@@ -107,7 +108,7 @@ private:
   void List();
   void Read(SongFile &file);
   int Folder();
-  qsizetype ReadAll(int file, qint64 size);
+  qsizetype ReadAll(int file, qint64 size); // -1 when the disk fails
   static SongFile::Stamp StampOf(const struct stat &status);
 
   Trust m_trust;

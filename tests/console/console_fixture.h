@@ -60,6 +60,7 @@ public:
     display.page.scripts.clear();
     preview.scripts.clear();
     yielder.calls.clear();
+    journal.clear();
   }
   // The text of the verses sent since the last Forget, as their commands carry it.
   QStringList VersesSent() const {
@@ -70,6 +71,9 @@ public:
     return verses;
   }
   void Show(const QString &song) { core.flow.ShowEntry(2, 1, song, song); }
+  QString Config(const char *key) const {
+    return store.ReadConfig(QStringLiteral("Config"), QLatin1String(key), QString());
+  }
   void EndGlide() { clock.Advance(1000); }
 
   QTemporaryDir folder;
@@ -80,8 +84,9 @@ public:
   CountingYielder yielder;
   ScriptedPrompt prompt;
   FixedMeasure measure;
-  RecordingDisplay display;
-  RecordingPage preview;
+  QStringList journal; // every call on the projection and on both pages, in order
+  RecordingDisplay display{&journal};
+  RecordingPage preview{&journal, QStringLiteral("preview")};
   RecordingView view;
   ConsoleCore core;
 };

@@ -169,7 +169,7 @@ private slots:
     QVERIFY(m_fixture->display.page.scripts.isEmpty());
     QVERIFY(m_fixture->preview.scripts.isEmpty());
     // Nor does a setting that is changed meanwhile bring it out.
-    m_fixture->core.controles.Image5(2);
+    m_fixture->core.textos.Image5(2);
     QVERIFY(m_fixture->display.commands.isEmpty());
 
     m_fixture->core.teclas.KeyUp(Qt::Key_Control);
@@ -265,7 +265,7 @@ private slots:
 
   void aRebuiltPageGetsTheVerseWithoutEffect() {
     QFETCH(int, estilo);
-    m_fixture->core.controles.SliderExBiblia(estilo);
+    m_fixture->core.textos.SliderExBiblia(estilo);
     m_fixture->Mostra(QStringLiteral("John 1:2"));
     m_fixture->Forget();
     // The builder itself tells only the preview, and nothing in layout 1.
@@ -327,7 +327,7 @@ private slots:
   }
 
   void settingsActAtOnceWithoutEffectAndAreKept() {
-    ScreenControls &controles = m_fixture->core.controles;
+    TextControls &controles = m_fixture->core.textos;
     m_fixture->Mostra(QStringLiteral("John 1:2"));
     const auto config = [this](const char *key) {
       return m_fixture->store.ReadConfig(QStringLiteral("Config"), QLatin1String(key), QString());

@@ -317,11 +317,11 @@ private slots:
     m_fixture->core.stepper.TeclaEstrofe(1);
     m_fixture->Forget();
     m_fixture->view.focus = 0;
-    m_fixture->core.controles.SliderExLouvor(6);
+    m_fixture->core.textos.SliderExLouvor(6);
     QCOMPARE(m_fixture->VersesSent().size(), 1);
     QCOMPARE(m_fixture->view.focus, 0); // the slider keeps it for the next step
     QVERIFY(!m_fixture->display.page.scripts.contains(QStringLiteral("set_text")));
-    m_fixture->core.controles.SliderExLouvor(7);
+    m_fixture->core.textos.SliderExLouvor(7);
     QCOMPARE(m_fixture->VersesSent().size(), 2);
     QVERIFY(m_fixture->display.page.scripts.first().startsWith(u"ChangeCSS('set_text'"));
     QCOMPARE(m_fixture->display.page.zoom, 0.92);
@@ -361,6 +361,23 @@ private slots:
     QVERIFY(Estado().ArquivoAtual.endsWith(u"Nova.txt"));
     QCOMPARE(m_fixture->core.painel.Label9, QStringLiteral("Nova"));
     QCOMPARE(Estado().EstrofeAtual, 1);
+  }
+
+  void aRenamedHymnIsRenamedInEveryAgenda() {
+    m_fixture->Write(QStringLiteral("Harpa/7 Nova.txt"), "1. Luz");
+    m_fixture->Write(QStringLiteral("Data/agenda3.dat"), "3|#|7 Velha|#|7 Velha\r\n");
+    m_fixture->core.flow.ProcessaEditar(QStringLiteral("7 Velha.txt"), QStringLiteral("7 Nova.txt"));
+    QCOMPARE(m_fixture->Read(QStringLiteral("Data/agenda3.dat")), QByteArray("3|#|7 Nova|#|7 Nova\r\n"));
+  }
+
+  void aSongThatAnotherWasSavedOverIsReloaded() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->EndGlide();
+    m_fixture->Forget();
+    m_fixture->Write(QStringLiteral("Lyrics/Graça.txt"), "From another song");
+    m_fixture->core.flow.ProcessaEditar(QStringLiteral("Outra.txt"), QStringLiteral("Graça.txt"));
+    QCOMPARE(m_fixture->VersesSent(), QStringList(QStringLiteral("From another song")));
   }
 
   void aChangedTextIsReloadedAtItsVerse() {

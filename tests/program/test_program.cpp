@@ -68,6 +68,41 @@ private slots:
     QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("4 5 6")));
   }
 
+  // Each of the two pages dies in its turn, and the other one is neither loaded again nor given anything.
+  void onePageDoesNotNoticeTheOthersEnd() {
+    RemoteProgram program(m_folder->path());
+    QVERIFY(program.Start());
+    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
+    Show(program, QStringLiteral("Teste"));
+    Key(program, QStringLiteral("Down"));
+    const QStringList pages{QStringLiteral("display"), QStringLiteral("preview")};
+    QSet<QString> died;
+    for (const qint64 pid : program.Renderers()) {
+      for (const QString &page : pages) {
+        QVERIFY(program.WaitForText(page, QStringLiteral("1 2 3")));
+        program.Eval(page, QStringLiteral("window.changes = 0; new MutationObserver(() => ++changes)"
+                                          ".observe(document, {subtree: true, childList: true, attributes: true})"));
+      }
+      const auto lost = [&] {
+        QStringList which;
+        for (const QString &page : pages)
+          if (program.Eval(page, QStringLiteral("typeof changes")) == u"undefined")
+            which << page;
+        return which;
+      };
+      ::kill(static_cast<pid_t>(pid), SIGKILL);
+      if (!QTest::qWaitFor([&] { return !lost().isEmpty(); }, 5000))
+        continue; // a process that is kept in reserve
+      QCOMPARE(lost().size(), 1);
+      const QString dead = lost().first();
+      const QString other = pages[1 - pages.indexOf(dead)];
+      QVERIFY(program.WaitForText(dead, QStringLiteral("1 2 3"), 30000));
+      QCOMPARE(program.Eval(other, QStringLiteral("changes")), QStringLiteral("0"));
+      died.insert(dead);
+    }
+    QCOMPARE(died.size(), 2);
+  }
+
   void aClosedProjectionComesBackWithTheNextCommand() {
     RemoteProgram program(m_folder->path());
     StartOnFirstVerse(program);

@@ -8,16 +8,29 @@
 
 namespace tolmira::testing {
 
-// The projection as the rest of the program sees it, without a window: it keeps the commands and acts on none.
+// The projection as the rest of the program sees it, without a window: it keeps the commands and acts on none. With a
+// journal, commands, layers and the calls on its page are lines in it.
 class RecordingDisplay : public Display {
 public:
-  void ProcessaComando(const QString &comando) override { commands.append(comando); }
+  explicit RecordingDisplay(QStringList *journal = nullptr)
+      : page(journal, QStringLiteral("display")), m_journal(journal) {}
+
+  void ProcessaComando(const QString &comando) override {
+    commands.append(comando);
+    Note(QStringLiteral("command ") + comando);
+  }
   PageObject *WV() override { return hasPage ? &page : nullptr; }
   MediaPlayer *wmp() override { return &player; }
   QSize SizePx() const override { return size; }
   bool DisplayVisivel() const override { return visivel; }
-  void DefineTelaPreta(bool ligado) override { telaPreta = ligado; }
-  void DefineFundoPadrao(const QString &caminho) override { fundoPadrao = caminho; }
+  void DefineTelaPreta(bool ligado) override {
+    telaPreta = ligado;
+    Note(ligado ? QStringLiteral("black on") : QStringLiteral("black off"));
+  }
+  void DefineFundoPadrao(const QString &caminho) override {
+    fundoPadrao = caminho;
+    Note(caminho.isEmpty() ? QStringLiteral("picture off") : QStringLiteral("picture on"));
+  }
 
   // The commands since the last call.
   QStringList TakeCommands() { return std::exchange(commands, {}); }
@@ -30,6 +43,13 @@ public:
   bool visivel = true;
   bool telaPreta = false;
   QString fundoPadrao;
+
+private:
+  void Note(const QString &call) {
+    if (m_journal)
+      m_journal->append(call);
+  }
+  QStringList *m_journal;
 };
 
 } // namespace tolmira::testing

@@ -3,6 +3,8 @@
 #include "foundation/seams.h"
 
 #include <QList>
+#include <functional>
+#include <utility>
 
 namespace tolmira::testing {
 
@@ -27,6 +29,8 @@ public:
 
   int Ask(const QString &title, const QString &text, const QStringList &buttons) override {
     shown.append({MessageKind::Question, title, text, buttons});
+    if (const auto act = std::exchange(whileAsking, nullptr))
+      act();
     return answers.isEmpty() ? -1 : answers.takeFirst();
   }
 
@@ -35,10 +39,18 @@ public:
     return files.isEmpty() ? QString() : files.takeFirst();
   }
 
+  std::optional<qint32> PickColour(const QString &title, qint32 now) override {
+    colourQuestions.append({title, now});
+    return colours.isEmpty() ? std::nullopt : std::optional<qint32>(colours.takeFirst());
+  }
+
   QList<int> answers;
+  std::function<void()> whileAsking; // once, as long as the next box stands open
   QStringList files;
+  QList<qint32> colours;
   QList<Shown> shown;
   QList<FileQuestion> fileQuestions;
+  QList<QPair<QString, qint32>> colourQuestions;
 };
 
 } // namespace tolmira::testing

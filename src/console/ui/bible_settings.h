@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QWidget>
-
-#include <array>
-
 #include "console/ui/console_parts.h"
+
+#include <QWidget>
+#include <array>
 
 class QLabel;
 class QPushButton;
-class QSlider;
 
 namespace tolmira {
+
+class ValueSlider;
 
 // The settings of Bible text, in the place of the songs' while a passage is on show.
 class BibleSettings : public QWidget {
@@ -22,15 +22,18 @@ public:
 
 private:
   ConsoleParts m_parts;
-  QSlider *m_sliderExBiblia;
+  ValueSlider *m_sliderExBiblia;
   QLabel *m_valorEstilo;
-  QSlider *m_slider2;
+  ValueSlider *m_slider2;
   QLabel *m_valorFaixa;
-  QSlider *m_sliderFontSizeAjust;
+  ValueSlider *m_sliderFontSizeAjust;
   QLabel *m_valorTamanho;
-  QSlider *m_sliderZoomBiblia;
+  ValueSlider *m_sliderZoomBiblia;
   QLabel *m_valorZoom;
   std::array<QPushButton *, 3> m_image5{}; // left, right, centre
+  QPushButton *m_alinhamentoVertical;
+  int m_verticalShown = -1;
+  std::array<QPushButton *, 2> m_imgBtFontSize{};
 };
 
 } // namespace tolmira

@@ -13,6 +13,8 @@ struct ConsoleParts {
   ThemeControl &temas;
   ThemeStore &loja;
   ScreenControls &controles;
+  TextControls &textos;
+  EffectControls &efeitos;
   PresentationFlow &fluxo;
   KeyTable &teclas;
   BibleStore &biblia;
@@ -20,7 +22,7 @@ struct ConsoleParts {
 
   static ConsoleParts Of(ConsoleCore &core) {
     return {core.contexto, core.agenda, core.stepper,   core.loader, core.temaControle,
-            core.loja,     core.controles, core.flow,    core.teclas, core.lojaBiblia,  core.leitura};
+            core.loja,     core.controles, core.textos, core.efeitos, core.flow,    core.teclas, core.lojaBiblia,  core.leitura};
   }
 };
 

@@ -1,18 +1,21 @@
 #include "console/ui/text_settings.h"
 
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/value_slider.h"
+
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
-
-#include "controls/ui/desk_icon.h"
-#include "controls/ui/palette.h"
-#include "controls/ui/value_slider.h"
+#include <functional>
 
 namespace tolmira {
 
 namespace {
+
+constexpr int MaiorZoom = 150; // per cent
 
 void KeepPlace(QWidget *widget) {
   QSizePolicy policy = widget->sizePolicy();
@@ -36,7 +39,7 @@ TextSettings::TextSettings(ConsoleParts parts, QWidget *parent) : QWidget(parent
   MakeButtons();
   auto *grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setHorizontalSpacing(medidas::Step);
   grid->setVerticalSpacing(medidas::Step);
   const auto row = [grid](int line, int column, QWidget *caption, QWidget *control, QWidget *value) {
     grid->addWidget(caption, line, column);
@@ -56,11 +59,12 @@ TextSettings::TextSettings(ConsoleParts parts, QWidget *parent) : QWidget(parent
 }
 
 void TextSettings::MakeSliders() {
-  const auto slider = [this](const char *name, int least, int most, const QString &spoken) {
+  const auto slider = [this](const char *name, int least, int most, const QString &spoken, const QString &tip) {
     auto *made = new ValueSlider(this);
     made->setObjectName(QLatin1String(name));
     made->setRange(least, most);
     made->setAccessibleName(spoken);
+    made->setToolTip(tip);
     KeepPlace(made);
     return made;
   };
@@ -74,21 +78,23 @@ void TextSettings::MakeSliders() {
   };
 
   m_lbEstilo = Caption(tr("St&yle"), "LbEstilo", this);
-  m_sliderExLouvor = slider("SliderExLouvor", 0, ScreenControls::UltimoEstilo, tr("Style of songs"));
-  m_sliderExLouvor->setToolTip(tr("Style of songs: 0 and 1 plain, 2 to 6 with a band, 7 and 8 animated.\n"
-                                  "PageUp and PageDown change it while a song is on show."));
+  m_sliderExLouvor = slider("SliderExLouvor", 0, TextControls::UltimoEstilo, tr("Style of songs"),
+                            tr("Style of songs: 0 and 1 plain, 2 to 6 with a band, 7 and 8 animated.\n"
+                               "PageUp, PageDown, Home and End change it while a song is on show."));
   m_lbEstilo->setBuddy(m_sliderExLouvor);
   m_valorEstilo = value("ValorEstilo", QStringLiteral("8"));
-  connect(m_sliderExLouvor, &QSlider::valueChanged, this, [this](int v) {
-    m_valorEstilo->setText(QString::number(v));
-    m_parts.controles.SliderExLouvor(v);
-  });
+  TextControls &textos = m_parts.textos;
+  connect(m_sliderExLouvor, &ValueSlider::Changed, this, [&textos](int v) { textos.SliderExLouvor(v); });
 
   m_lbFaixa = Caption(tr("Band"), "LbFaixa", this);
-  m_sliderFaixa = slider("SliderFaixa", 0, 10, tr("Strength of the text band"));
+  m_sliderFaixa = slider("SliderFaixa", 0, 10, tr("Strength of the text band"),
+                         tr("How dark the band behind the text is: 0 is none, 10 is black"));
+  connect(m_sliderFaixa, &ValueSlider::Changed, this, [&textos](int v) { textos.SliderFaixa(v); });
   m_valorFaixa = value("ValorFaixa", QStringLiteral("10"));
   m_label31 = Caption(tr("Zoom"), "Label31", this);
-  m_sliderZoom = slider("SliderZoom", 60, 150, tr("Zoom of the page, per cent"));
+  m_sliderZoom = slider("SliderZoom", TextControls::MenorZoom, MaiorZoom, tr("Zoom of the page, per cent"),
+                        tr("Zoom of the page while a song is on show: 100% is the size that fits"));
+  connect(m_sliderZoom, &ValueSlider::Changed, this, [&textos](int v) { textos.SliderZoom(v); });
   m_valorZoom = value("ValorZoom", QStringLiteral("150%"));
   m_lbTamanho = Caption(tr("Size"), "LbTamanho", this);
   m_comboFontSize = new QComboBox(this);
@@ -96,12 +102,10 @@ void TextSettings::MakeSliders() {
   m_comboFontSize->setAccessibleName(tr("Font size"));
   m_comboFontSize->addItems(
       {QStringLiteral("Small Fonts"), QStringLiteral("Medium Fonts"), QStringLiteral("Large Fonts")});
+  m_comboFontSize->setToolTip(tr("Size of songs that stand in the middle of the screen"));
+  connect(m_comboFontSize, &QComboBox::activated, this, [&textos](int index) { textos.ComboFontSize(index); });
+  m_lbTamanho->setBuddy(m_comboFontSize);
   KeepPlace(m_comboFontSize);
-  for (QWidget *later : {static_cast<QWidget *>(m_sliderFaixa), static_cast<QWidget *>(m_sliderZoom),
-                         static_cast<QWidget *>(m_comboFontSize)}) {
-    later->setEnabled(false);
-    later->setToolTip(AindaNao());
-  }
 }
 
 void TextSettings::MakeButtons() {
@@ -111,7 +115,8 @@ void TextSettings::MakeButtons() {
   auto *grid = new QGridLayout(m_picture4);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(medidas::Step);
-  const auto button = [this, grid](const QString &name, const char *drawing, const QString &spoken, int row, int column) {
+  const auto button = [this, grid](const QString &name, const char *drawing, const QString &spoken, int row, int column,
+                                   const std::function<void()> &press) {
     auto *made = new QPushButton(m_picture4);
     made->setObjectName(name);
     made->setProperty("look", QStringLiteral("icon"));
@@ -119,19 +124,32 @@ void TextSettings::MakeButtons() {
     made->setIconSize({medidas::Icon, medidas::Icon});
     made->setCheckable(true);
     made->setAccessibleName(spoken);
-    made->setEnabled(false);
-    made->setToolTip(AindaNao());
+    made->setToolTip(spoken);
+    // What is pressed shows what holds, and that is for the logic to say.
+    connect(made, &QPushButton::clicked, this, [this, press] {
+      press();
+      Atualiza();
+    });
     grid->addWidget(made, row, column);
     return made;
   };
-  m_image4[0] = button(QStringLiteral("Image40"), "align-left", tr("Align left"), 0, 0);
-  m_image4[2] = button(QStringLiteral("Image42"), "align-center", tr("Centre"), 0, 1);
-  m_image4[1] = button(QStringLiteral("Image41"), "align-right", tr("Align right"), 0, 2);
-  m_alinhamentoVertical =
-      button(QStringLiteral("ImgAlinhamentoVertical"), "valign-middle", tr("Vertical alignment"), 1, 0);
+  TextControls &textos = m_parts.textos;
+  m_image4[0] =
+      button(QStringLiteral("Image40"), "align-left", tr("Align songs left"), 0, 0, [&textos] { textos.Image4(0); });
+  m_image4[2] =
+      button(QStringLiteral("Image42"), "align-center", tr("Centre songs"), 0, 1, [&textos] { textos.Image4(2); });
+  m_image4[1] =
+      button(QStringLiteral("Image41"), "align-right", tr("Align songs right"), 0, 2, [&textos] { textos.Image4(1); });
+  m_alinhamentoVertical = button(QStringLiteral("ImgAlinhamentoVertical"), "valign-middle",
+                                 tr("Where the text stands on the screen: middle, top, bottom"), 1, 0,
+                                 [&textos] { textos.ImgAlinhamentoVertical(); });
   m_alinhamentoVertical->setCheckable(false);
-  m_imgBtFontSize[0] = button(QStringLiteral("ImgBtFontSize1"), "text-small", tr("Console text normal"), 1, 1);
-  m_imgBtFontSize[1] = button(QStringLiteral("ImgBtFontSize2"), "text-large", tr("Console text large"), 1, 2);
+  m_imgBtFontSize[0] =
+      button(QStringLiteral("ImgBtFontSize1"), "text-small", tr("Text of the console in its normal size"), 1, 1,
+             [&textos] { textos.ImgBtFontSize(1); });
+  m_imgBtFontSize[1] =
+      button(QStringLiteral("ImgBtFontSize2"), "text-large", tr("Text of the console in its large size"), 1, 2,
+             [&textos] { textos.ImgBtFontSize(2); });
 }
 
 void TextSettings::Atualiza() {
@@ -139,7 +157,8 @@ void TextSettings::Atualiza() {
   const AjustesTexto &ajustes = m_parts.console.ajustes;
   const auto setValue = [](QSlider *slider, QLabel *label, int value, const QString &unit = {}) {
     const QSignalBlocker quiet(slider);
-    slider->setValue(value);
+    if (!slider->isSliderDown()) // whoever drags it is ahead of the record
+      slider->setValue(value);
     label->setText(QString::number(value) + unit);
   };
   setValue(m_sliderExLouvor, m_valorEstilo, ajustes.EstiloLouvor);
@@ -150,11 +169,11 @@ void TextSettings::Atualiza() {
   for (QWidget *widget : {static_cast<QWidget *>(m_lbEstilo), static_cast<QWidget *>(m_sliderExLouvor),
                           static_cast<QWidget *>(m_valorEstilo)})
     widget->setVisible(painel.SliderExLouvorVisible);
-  for (QWidget *widget : {static_cast<QWidget *>(m_lbFaixa), static_cast<QWidget *>(m_sliderFaixa),
-                          static_cast<QWidget *>(m_valorFaixa)})
+  for (QWidget *widget :
+       {static_cast<QWidget *>(m_lbFaixa), static_cast<QWidget *>(m_sliderFaixa), static_cast<QWidget *>(m_valorFaixa)})
     widget->setVisible(painel.LbFaixaVisible);
-  for (QWidget *widget : {static_cast<QWidget *>(m_label31), static_cast<QWidget *>(m_sliderZoom),
-                          static_cast<QWidget *>(m_valorZoom)})
+  for (QWidget *widget :
+       {static_cast<QWidget *>(m_label31), static_cast<QWidget *>(m_sliderZoom), static_cast<QWidget *>(m_valorZoom)})
     widget->setVisible(painel.SliderZoomVisible);
   m_comboFontSize->setVisible(painel.ComboFontSizeVisible);
   m_lbTamanho->setVisible(painel.ComboFontSizeVisible);

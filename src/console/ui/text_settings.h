@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QWidget>
-
-#include <array>
-
 #include "console/ui/console_parts.h"
+
+#include <QWidget>
+#include <array>
 
 class QComboBox;
 class QLabel;
 class QPushButton;
-class QSlider;
 
 namespace tolmira {
+
+class ValueSlider;
 
 // The settings of the text on show, under the strip. A control keeps its place while it is hidden.
 class TextSettings : public QWidget {
@@ -27,13 +27,13 @@ private:
 
   ConsoleParts m_parts;
   QLabel *m_lbEstilo;
-  QSlider *m_sliderExLouvor;
+  ValueSlider *m_sliderExLouvor;
   QLabel *m_valorEstilo;
   QLabel *m_lbFaixa;
-  QSlider *m_sliderFaixa;
+  ValueSlider *m_sliderFaixa;
   QLabel *m_valorFaixa;
   QLabel *m_label31;
-  QSlider *m_sliderZoom;
+  ValueSlider *m_sliderZoom;
   QLabel *m_valorZoom;
   QComboBox *m_comboFontSize;
   QLabel *m_lbTamanho;

@@ -45,6 +45,8 @@ QPalette DeskPalette() {
   return palette;
 }
 
+// Boxes for text take their colour from the palette: a sheet that gives one also makes it half transparent for their
+// hints, which are too faint then.
 QString DeskStyleSheet() {
   QString sheet = QStringLiteral(R"(
 QToolTip { background: @raised; color: @text; border: 1px solid @line; padding: 4px 6px; }
@@ -66,12 +68,16 @@ QFrame[look="hint"] { background: @raised; border: 1px solid @line; border-radiu
 QLabel[look="title"] { font-size: 13pt; font-weight: 600; }
 QLabel[look="empty-title"] { font-size: 13pt; color: @quiet; }
 QLabel[look="quiet"] { color: @quiet; }
+QLabel[look="quiet"][state="live"] { color: @live; }
+QLabel[look="quiet"][state="held"] { color: @held; }
+QLabel[look="key"] { color: @accent; }
 QLabel[look="caps"] { color: @quiet; font-weight: 600; }
 QLabel:disabled { color: @faint; }
 
 QLabel[look="banner"] { border-radius: 6px; border: 2px solid @line; background: @panel; color: @quiet;
   font-size: 15pt; font-weight: 700; padding: 0 8px; }
 QLabel[look="banner"][scale="large"] { font-size: 22pt; }
+QLabel[look="banner"][scale="huge"] { font-size: 44pt; }
 QLabel[look="banner"][state="live"] { background: @live; border-color: @live; color: @desk; }
 QLabel[look="banner"][state="ready"] { background: @desk; border-color: @live; color: @live; }
 QLabel[look="banner"][state="held"] { background: @held; border-color: @held; color: @desk; }
@@ -99,10 +105,10 @@ QPushButton[look="tab"]:checked { background: @raised; color: @text; border-bott
 QPushButton[look="tab"]:focus { border: 1px solid @accent; border-bottom-width: 2px; }
 QPushButton[look="icon"] { padding: 0; min-width: 34px; max-width: 34px; }
 
-QLineEdit { background: @desk; color: @text; border: 1px solid @line; border-radius: 6px; padding: 0 8px;
+QLineEdit { background: @desk; border: 1px solid @line; border-radius: 6px; padding: 0 8px;
   min-height: 28px; selection-background-color: @selection; }
 QLineEdit:focus { border-color: @accent; }
-QPlainTextEdit { background: @panel; color: @text; border: 1px solid @line; border-radius: 6px; padding: 4px;
+QPlainTextEdit { background: @panel; border: 1px solid @line; border-radius: 6px; padding: 4px;
   font-size: 12pt; selection-background-color: @selection; selection-color: @text; }
 QPlainTextEdit:focus { border-color: @accent; }
 QLineEdit:disabled { color: @faint; background: @panel; }

@@ -10,6 +10,7 @@ namespace tolmira {
 namespace {
 
 constexpr int TextPx = 26;      // of a verse that has room
+constexpr int LargeTextPx = 36;
 constexpr int LeastTextPx = 11; // a text longer still is cut at the frame
 constexpr int Padding = 20;
 constexpr int MarkWidth = 4;
@@ -36,7 +37,7 @@ void PassageCard::SetFrame(const QRectF &frame) {
 
 QFont PassageCard::TextFont(const QSizeF &room) const {
   QFont font = this->font();
-  int px = TextPx;
+  int px = m_content.large ? LargeTextPx : TextPx;
   for (; px > LeastTextPx; --px) {
     font.setPixelSize(px);
     const QRectF needed = QFontMetricsF(font).boundingRect(QRectF(0, 0, room.width(), 1e6), Qt::TextWordWrap, m_content.text);

@@ -18,6 +18,7 @@ public:
     QString version;
     QString tip;
     Qt::Alignment alignment = Qt::AlignLeft;
+    bool large = false; // the text; it still has to fit
     QColor mark; // none when it is not valid
     friend bool operator==(const Content &, const Content &) = default;
   };

@@ -2,8 +2,11 @@
 
 #include "foundation/real_path.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -80,6 +83,25 @@ QString QtUserPrompt::OpenFile(const QString &title, const QString &folder, cons
   const QString path = chosen ? dialog->selectedFiles().value(0) : QString();
   delete dialog.data();
   return path;
+}
+
+std::optional<qint32> QtUserPrompt::PickColour(const QString &title, qint32 now) {
+  const QColor start(now & 0xff, (now >> 8) & 0xff, (now >> 16) & 0xff);
+  const QPointer<QColorDialog> dialog = new QColorDialog(start, ParentNow());
+  dialog->setObjectName(QStringLiteral("ColorDialog"));
+  dialog->setWindowTitle(title);
+  dialog->setOption(QColorDialog::DontUseNativeDialog);
+  // The one field that takes a colour as a text; the others belong to spin boxes.
+  const QList<QLineEdit *> fields = dialog->findChildren<QLineEdit *>();
+  for (QLineEdit *field : fields)
+    if (!qobject_cast<QAbstractSpinBox *>(field->parentWidget()))
+      field->setObjectName(QStringLiteral("Html"));
+  const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
+  const QColor colour = chosen ? dialog->selectedColor() : QColor();
+  delete dialog.data();
+  if (!colour.isValid())
+    return std::nullopt;
+  return colour.red() | colour.green() << 8 | colour.blue() << 16;
 }
 
 } // namespace tolmira

@@ -20,8 +20,7 @@ const QString Separador = QStringLiteral("|#|");
 // A line of an agenda file. `lossless` is false when the list cannot hold all that the line says.
 struct Linha {
   int kind = 0;
-  QString label;
-  QString target;
+  Tarefa entry;
   bool blank = false;
   bool lossless = false;
 };
@@ -32,8 +31,7 @@ Linha LeLinha(const QString &linha) {
   const QStringList campos = linha.split(Separador);
   bool number = false;
   lida.kind = campos.value(0).trimmed().toInt(&number);
-  lida.label = campos.value(1);
-  lida.target = campos.value(2);
+  lida.entry = {campos.value(1), campos.value(2), 0};
   lida.lossless = number && lida.kind >= 1 && lida.kind <= GruposDaAgenda && campos.size() <= 3 && campos.size() >= 2;
   return lida;
 }
@@ -143,13 +141,13 @@ bool ListTarefas::HasName(int kind, const QString &name) const {
 
 void ListTarefas::RemoveName(int kind, const QString &name) {
   for (int index = Count(kind); index >= 1; --index)
-    if (NameAt(kind, index) == name)
+    if (m_groups[static_cast<size_t>(kind)][static_cast<size_t>(index - 1)].Names(name))
       RemoveAt(kind, index);
 }
 
 void ListTarefas::RenameName(int kind, const QString &name, const QString &newName, const QString &newTarget) {
   for (int index = 1; index <= Count(kind); ++index)
-    if (NameAt(kind, index) == name) {
+    if (m_groups[static_cast<size_t>(kind)][static_cast<size_t>(index - 1)].Names(name)) {
       SetNameAt(kind, index, newName);
       SetCaptionAt(kind, index, newTarget);
     }
@@ -195,7 +193,7 @@ bool AgendaFiles::Carrega(int n, ListTarefas &lista) const {
   for (const QString &linha : Linhas(DecodeText(content.bytes).text)) {
     const Linha lida = LeLinha(linha);
     if (!lida.blank)
-      lista.Add(lida.kind, lida.label, lida.target);
+      lista.Add(lida.kind, lida.entry.label, lida.entry.target);
   }
   return true;
 }
@@ -253,7 +251,7 @@ void AgendaFiles::RemoveFromAgendas(int kind, const QString &name) const {
   for (int n = 1; n <= NumeroDeAgendas; ++n)
     Rewrite(n, [&](const QString &linha, bool &matched) {
       const Linha lida = LeLinha(linha);
-      if (lida.kind != kind || lida.label != name)
+      if (lida.kind != kind || !lida.entry.Names(name))
         return linha;
       matched = true;
       return QString();
@@ -265,7 +263,7 @@ void AgendaFiles::RenameInAgendas(const QString &oldName, const QString &newName
   for (int n = 1; n <= NumeroDeAgendas; ++n)
     Rewrite(n, [&](const QString &linha, bool &matched) {
       const Linha lida = LeLinha(linha);
-      if (lida.kind != kind || lida.label != oldName)
+      if (lida.kind != kind || !lida.entry.Names(oldName))
         return linha;
       matched = true;
       return nova;

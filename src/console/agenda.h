@@ -18,6 +18,9 @@ struct Tarefa {
   QString label;  // what the list shows; key of the duplicate test, of rename and removal
   QString target; // what the show event loads
   int estado = 0; // state number of the list, kept for the window
+
+  // The label of a song may be spelt otherwise than its file, which the target names.
+  bool Names(const QString &name) const { return label == name || target == name; }
   friend bool operator==(const Tarefa &, const Tarefa &) = default;
 };
 
@@ -35,7 +38,7 @@ public:
   void SetNameAt(int kind, int index, const QString &value);
   void SetCaptionAt(int kind, int index, const QString &value);
   bool HasName(int kind, const QString &name) const;
-  // Every entry of the group with that label.
+  // Every entry of the group with that label or target.
   void RemoveName(int kind, const QString &name);
   void RenameName(int kind, const QString &name, const QString &newName, const QString &newTarget);
 
@@ -68,6 +71,7 @@ public:
   // False when there is no file and none can be made, or when it could not be read to its end; the list is empty then.
   bool Carrega(int n, ListTarefas &lista) const;
   bool Salva(int n, const ListTarefas &lista) const;
+  // Every line of the kind with that label or target.
   void RemoveFromAgendas(int kind, const QString &name) const;
   void RenameInAgendas(const QString &oldName, const QString &newName, int kind) const;
 

@@ -27,6 +27,12 @@ QString EmUmaLinha(QString texto) {
   return texto.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
 }
 
+// As PorNaLista writes it.
+QString LabelOf(const QString &name) {
+  const QString label = EmUmaLinha(name);
+  return label == label.toUpper() || label == label.toLower() ? FormaPropria(label) : label;
+}
+
 } // namespace
 
 AgendaDesk::AgendaDesk(const AppFolder &app, const IniStore &store, EstadoConsole &estado, PainelConsole &painel,
@@ -137,10 +143,7 @@ void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &
       message = QStringLiteral("Primeiro selecione o nome da música que deseja adicionar na lista");
     return;
   }
-  QString label = EmUmaLinha(labelGiven);
-  if (label == label.toUpper() || label == label.toLower())
-    label = FormaPropria(label);
-
+  const QString label = LabelOf(labelGiven);
   const QString title = TabTitle(m_estado.ActiveAgenda);
   if (m_lista.HasName(kind, label)) {
     message = QStringLiteral("Item já consta em '") + title + u'\'';
@@ -249,24 +252,39 @@ void AgendaDesk::EditSelected() {
     say(QStringLiteral("There is no editor for this item yet."));
 }
 
+// The names by which agendas know a song that has gone from its file name. Old entries may know it by its label alone;
+// where there is a file of that spelling, they are that song's.
+QStringList AgendaDesk::NomesNaAgenda(int kind, const QString &name) const {
+  const QString label = LabelOf(name);
+  const bool song = kind == 2 || kind == 3;
+  if (!song || label == name || !ResolveSongPath(m_app, label + u".txt").isEmpty())
+    return {name};
+  return {name, label};
+}
+
 void AgendaDesk::RemoveFromAgendas(int kind, const QString &name) {
-  m_lista.RemoveName(kind, name);
-  for (auto &[n, lista] : m_unsaved)
-    lista.RemoveName(kind, name);
-  m_files.RemoveFromAgendas(kind, name);
+  for (const QString &known : NomesNaAgenda(kind, name)) {
+    m_lista.RemoveName(kind, known);
+    for (auto &[n, lista] : m_unsaved)
+      lista.RemoveName(kind, known);
+    m_files.RemoveFromAgendas(kind, known);
+  }
   if (m_view)
     m_view->AgendaChanged();
 }
 
 void AgendaDesk::RenameInAgendas(const QString &oldName, const QString &newName, int kind) {
   const QString label = LabelAfterRename(newName, kind);
-  for (auto &[n, lista] : m_unsaved)
-    lista.RenameName(kind, oldName, label, newName);
-  m_files.RenameInAgendas(oldName, newName, kind);
+  for (const QString &known : NomesNaAgenda(kind, oldName)) {
+    for (auto &[n, lista] : m_unsaved)
+      lista.RenameName(kind, known, label, newName);
+    m_files.RenameInAgendas(known, newName, kind);
+  }
 }
 
 void AgendaDesk::RenameOnScreen(int kind, const QString &oldName, const QString &newName, const QString &newTarget) {
-  m_lista.RenameName(kind, oldName, newName, newTarget);
+  for (const QString &known : NomesNaAgenda(kind, oldName))
+    m_lista.RenameName(kind, known, newName, newTarget);
   if (m_view)
     m_view->AgendaChanged();
 }

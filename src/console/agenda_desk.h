@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <map>
@@ -60,6 +61,7 @@ public:
 private:
   QString DicaDaAgenda(int n) const;
   void EditaMusica(const QString &target);
+  QStringList NomesNaAgenda(int kind, const QString &name) const;
   bool NadaNaTira() const; // the console holds no text
   bool Grava(int n, ListTarefas &lista);
 

@@ -2,6 +2,8 @@
 
 #include "display/text_style.h"
 #include "foundation/text_fields.h"
+#include "foundation/text_file.h"
+#include "foundation/text_utils.h"
 #include "songs/song_text.h"
 
 namespace tolmira {
@@ -20,6 +22,10 @@ QString SemCarregador(int kind) {
   default:
     return {};
   }
+}
+
+bool IsHymn(const AppFolder &app, const QString &title) {
+  return FileExists(app.At(u"\\Harpa\\") + title + u".txt") || FileExists(app.At(u"\\Cantor\\") + title + u".txt");
 }
 
 } // namespace
@@ -110,15 +116,20 @@ void PresentationFlow::ProcessaEditar(const QString &oldName, const QString &new
   const QString newTitle = BaseNameBefore(newName, QStringLiteral("."));
   if (oldTitle != newTitle) {
     m_agenda.RenameInAgendas(oldTitle, newTitle, 2);
+    if (IsHymn(m_console.app, newTitle))
+      m_agenda.RenameInAgendas(oldTitle, newTitle, 3);
     m_agenda.RenameOnScreen(2, oldTitle, newTitle, newTitle);
     m_agenda.RenameOnScreen(3, oldTitle, newTitle, newTitle);
   }
-  if (!estado.EhLetra() || estado.TituloAtual.toLower() != oldTitle.toLower())
+  // The song on show may also be one that another was saved over.
+  const QString onShow = estado.TituloAtual.toLower();
+  if (!estado.EhLetra() || (onShow != oldTitle.toLower() && onShow != newTitle.toLower()))
     return;
-  const QString path = ResolveSongPath(m_console.app, newTitle + u".txt");
+  const QString inItsFolder = estado.ArquivoAtual.chopped(FileNameOf(estado.ArquivoAtual).size()) + newTitle + u".txt";
+  const QString path = FileExists(inItsFolder) ? inItsFolder : ResolveSongPath(m_console.app, newTitle + u".txt");
   if (!path.isEmpty())
     estado.ArquivoAtual = path;
-  if (m_console.painel.Label9 == oldTitle) // by which the agenda knows the entry on show
+  if (onShow == oldTitle.toLower() && oldTitle != newTitle) // by which the agenda knows the entry on show
     m_console.painel.Label9 = newTitle;
   m_loader.RecarregaMusica(true);
 }

@@ -20,6 +20,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace tolmira {
 
@@ -100,15 +101,10 @@ FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors) : QWidget(doors.dono, 
   m_selecionado->setProperty("look", QStringLiteral("caps"));
   m_selecionado->setTextFormat(Qt::PlainText);
   lines->addWidget(m_selecionado);
-  auto *page = new QFrame(reading);
-  page->setProperty("look", QStringLiteral("panel"));
-  auto *inside = new QVBoxLayout(page);
-  inside->setContentsMargins(medidas::Step, medidas::Step, medidas::Step, medidas::Step);
-  m_leitura = new ReadingPane(page);
+  m_leitura = new ReadingPane(reading);
   m_leitura->setObjectName(QStringLiteral("TxtLeitura"));
   m_leitura->setAccessibleName(tr("Words of the selected song"));
-  inside->addWidget(m_leitura);
-  lines->addWidget(page, 1);
+  lines->addWidget(m_leitura, 1);
   reading->setMinimumWidth(200);
   halves->setStretchFactor(0, 5);
   halves->setStretchFactor(1, 4);
@@ -200,9 +196,9 @@ void FrmAddMusicaNaLista::Open() {
     const QSignalBlocker quiet(m_text1);
     m_text1->clear();
     m_label2->clear();
+    m_doors.posicoes.RestoreFormPosition(*this, false);
     m_list->Finder().SetTermoBusca(QString());
     m_list->Finder().CarregaTudo(true);
-    m_doors.posicoes.RestoreFormPosition(*this, false);
   }
   show();
   raise();
@@ -212,6 +208,7 @@ void FrmAddMusicaNaLista::Open() {
 }
 
 void FrmAddMusicaNaLista::hideEvent(QHideEvent *event) {
+  m_aSelecionar.clear();
   m_list->Finder().CancelaBusca();
   m_doors.posicoes.SaveFormPosition(*this, false);
   QWidget::hideEvent(event);
@@ -233,13 +230,11 @@ void FrmAddMusicaNaLista::Listado() {
     const auto found =
         std::find_if(rows.begin(), rows.end(), [this](const SongFile *file) { return file->Linha() == m_aSelecionar; });
     const bool whole = m_text1->text().isEmpty();
-    const QString wanted = m_aSelecionar;
-    if (found != rows.end() || whole)
-      m_aSelecionar.clear();
+    const QString wanted = std::exchange(m_aSelecionar, QString());
     if (found != rows.end()) {
       m_list->SelectRow(static_cast<int>(found - rows.begin()));
-    } else if (!whole) {
-      m_text1->clear();
+    } else if (!whole && FileExists(m_doors.app.At(u"\\Lyrics\\") + wanted + u".txt")) {
+      m_text1->clear(); // lists the collection, and forgets what was wanted
       m_aSelecionar = wanted;
     }
   }
@@ -335,12 +330,13 @@ void FrmAddMusicaNaLista::Mostra() {
   if (!TemLinha(QStringLiteral("First, select the item in the list.")))
     return;
   const QString row = m_list->Texto();
+  const QString path = m_list->Caminho(); // another folder may hold a song of the same name
   const int kind = Tipo();
   if (!TemTexto())
     return;
   QWidget *focus = focusWidget();
   m_doors.console.cancelaWMP();
-  m_doors.console.ShowEntry(kind, 0, row, row);
+  m_doors.console.ShowEntry(kind, 0, row, path.chopped(4));
   activateWindow();
   if (focus)
     focus->setFocus();

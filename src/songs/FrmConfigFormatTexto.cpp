@@ -53,6 +53,7 @@ FrmConfigFormatTexto::FrmConfigFormatTexto(const SongEditorDoors &doors, TextFor
   row->addWidget(m_style, 1);
   row->addWidget(m_styleValue);
   column->addLayout(row);
+  column->addStretch(1); // the preview keeps its proportions in whatever window
 
   auto *buttons = new QHBoxLayout;
   buttons->addStretch(1);

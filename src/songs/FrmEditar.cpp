@@ -25,7 +25,9 @@ namespace {
 
 const QString BoxTitle = QStringLiteral("Tolmira");
 constexpr QSize FirstSize{980, 640};
-constexpr QSize LeastSize{600, 420};
+constexpr int LeastHeight = 420;
+constexpr int ShownOfLanguage = 12; // letters, when the window is at its narrowest
+constexpr int MostOfLanguage = 200; // px
 constexpr int PreviewMs = 120; // after a key; a burst of keys is looked at once
 enum Answer { SaveIt = 0, DropIt = 1 };
 
@@ -58,10 +60,11 @@ FrmEditar::FrmEditar(const SongEditorDoors &doors, Spelling &spelling)
     : QWidget(doors.dono, Qt::Window), m_doors(doors), m_spelling(spelling), m_editor(doors.store.App(), doors.prompt),
       m_draft(SongDrafts(doors.store.App()), doors.clock, [this] {
         const SongContent now = Content();
-        return SongDraft{m_editor.Modo(), m_editor.Caminho(), now.name.title, now.name.author, now.text};
+        return SongDraft{m_editor.Modo(), m_editor.Caminho(), now.name.title,
+                         now.name.author, now.text,           m_editor.Arquivo()};
       }) {
   setObjectName(QStringLiteral("FrmEditar"));
-  setMinimumSize(LeastSize);
+  setMinimumHeight(LeastHeight); // the breadth follows from what stands in the rows
   resize(FirstSize);
   m_editor.AbertoEmOutro = [this](const QString &path) { return AbertoEmOutro && AbertoEmOutro(path); };
 
@@ -153,6 +156,10 @@ void FrmEditar::MakeTools(QVBoxLayout *column) {
   row->addStretch(1);
   m_language = new QComboBox(this);
   m_language->setObjectName(QStringLiteral("ComboIdioma"));
+  m_language->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  m_language->setMinimumContentsLength(ShownOfLanguage);
+  m_language->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  m_language->setMaximumWidth(MostOfLanguage);
   m_language->setAccessibleName(tr("Language of the spelling check"));
   m_language->setToolTip(tr("Language of the spelling check"));
   m_language->addItem(tr("No spelling check"), QString());
@@ -256,21 +263,32 @@ bool FrmEditar::SetDados(const QString &mode, const QString &path) {
 
 void FrmEditar::SetDados(const SongDrafts::Found &found) {
   const SongDraft &draft = found.draft;
-  m_editor.SetDadosDeRascunho(draft.mode, draft.path);
+  m_editor.SetDadosDeRascunho(draft);
+  const bool changed = m_editor.Modo() != draft.mode;
   Fill(m_editor.Guardado());
   m_draft.Adopt(found.id);
-  m_text1->setText(draft.title);
-  m_text3->setText(draft.author);
+  ShowName({draft.title, draft.author});
   m_text2->TakeText(draft.text);
-  Tell(tr("This text was not saved yet."));
+  Tell(changed ? tr("This text was not saved yet. The song was changed since.") : tr("This text was not saved yet."));
 }
 
 void FrmEditar::Fill(const SongContent &content) {
   m_text2->Load(content.text);
   m_asLoaded = m_text2->Text(); // mixed line ends are alike now, and that is no change of the operator's
-  m_text1->setText(content.name.title);
-  m_text3->setText(content.name.author);
+  ShowName(content.name);
   ShowChanged();
+}
+
+// A name that is longer than its box shows its beginning; where the operator is typing, the caret stays.
+void FrmEditar::ShowName(const SongName &name) {
+  const auto show = [](QLineEdit *box, const QString &text) {
+    if (box->text() == text)
+      return;
+    box->setText(text);
+    box->home(false);
+  };
+  show(m_text1, name.title);
+  show(m_text3, name.author);
 }
 
 SongContent FrmEditar::Content() const {
@@ -279,7 +297,7 @@ SongContent FrmEditar::Content() const {
 
 bool FrmEditar::IsChanged() const {
   const SongContent now = Content();
-  return now.text != m_asLoaded || TidyName(now.name) != m_editor.Guardado().name;
+  return now.text != m_asLoaded || TidyName(now.name) != TidyName(m_editor.Guardado().name);
 }
 
 void FrmEditar::Edited() {
@@ -315,7 +333,11 @@ void FrmEditar::Open() {
 }
 
 bool FrmEditar::BotaoFlat1() {
+  if (m_saving)
+    return false;
+  m_saving = true;
   const SongEditor::Result result = m_editor.Save(Content());
+  m_saving = false;
   switch (result.outcome) {
   case SongEditor::Outcome::BadName:
     m_text1->setFocus();
@@ -331,8 +353,7 @@ bool FrmEditar::BotaoFlat1() {
   const SongContent &saved = m_editor.Guardado();
   m_text2->TakeText(saved.text);
   m_asLoaded = m_text2->Text();
-  m_text1->setText(saved.name.title);
-  m_text3->setText(saved.name.author);
+  ShowName(saved.name);
   m_seen = Content();
   m_draft.Forget();
   ShowChanged();
@@ -353,7 +374,8 @@ void FrmEditar::ShowPreview() {
   m_preview->Show(stanza, room.tamanhoBase, tema, m_doors.ajustes);
 
   const VerseSize size = m_preview->SizeOf(stanza, room.tamanhoBase, tema, m_doors.ajustes);
-  m_size->setText(stanza.isEmpty() ? QString() : QStringLiteral("Font size: ") + QString::number(qRound(size.pt)));
+  m_size->setText(stanza.isEmpty() ? tr("The stanza at the caret is shown here.")
+                                   : QStringLiteral("Font size: ") + QString::number(qRound(size.pt)));
   int all = 0;
   int here = 0;
   qsizetype from = 0;
@@ -434,6 +456,10 @@ void FrmEditar::hideEvent(QHideEvent *event) {
 }
 
 void FrmEditar::closeEvent(QCloseEvent *event) {
+  if (m_saving) {
+    event->ignore();
+    return;
+  }
   if (IsChanged()) {
     const QString title = TidyName(Content().name).title;
     const int answer = m_doors.prompt.Ask(

@@ -37,6 +37,8 @@ public:
   void SetFormPai(SongEditorParent *parent) { m_parent = parent; }
 
   QString Caminho() const { return m_editor.Caminho(); } // empty for a song that was not saved yet
+  // A question of its save stands open, under which it must not be closed.
+  bool Ocupado() const { return m_saving; }
   void Open();
 
   std::function<bool(const QString &path)> AbertoEmOutro;
@@ -60,6 +62,7 @@ private:
 
   bool BotaoFlat1(); // save; true when it is on disk
   void Fill(const SongContent &content);
+  void ShowName(const SongName &name);
   SongContent Content() const;
   bool IsChanged() const;
   void Edited();
@@ -78,6 +81,7 @@ private:
   SongContent m_seen; // what the boxes held when they were last looked at
   QString m_asLoaded; // the text as the box gives it back for what stands on disk
   bool m_languageChosen = false;
+  bool m_saving = false;
 
   QLineEdit *m_text1;
   QLineEdit *m_text3;

@@ -24,6 +24,7 @@ FrmSobregravar::FrmSobregravar(const QString &fileName, QWidget *parent) : QDial
 
   auto *row = new QHBoxLayout;
   row->setSpacing(medidas::Gap);
+  row->addStretch(1);
   const auto button = [this, row](const QString &answer, const QString &text, const QString &tip) {
     auto *made = new QPushButton(text, this);
     made->setObjectName(answer);

@@ -5,11 +5,12 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QUuid>
 #include <algorithm>
+#include <cstdio>
 
 namespace tolmira {
 
@@ -22,8 +23,16 @@ const QString Title = QStringLiteral("title");
 const QString Author = QStringLiteral("author");
 const QString Text = QStringLiteral("text");
 const QString Moment = QStringLiteral("moment"); // ms since 1970
+const QString New = QStringLiteral(".new");      // behind the name of a draft that is being written
+const QString SongSize = QStringLiteral("songSize");
+const QString SongModified = QStringLiteral("songModified");
 
 } // namespace
+
+FileState FileStateOf(const QString &storedPath) {
+  const QFileInfo file(MapStoredPath(storedPath).text());
+  return file.isFile() ? FileState{file.size(), file.lastModified().toMSecsSinceEpoch()} : FileState();
+}
 
 QString SongDrafts::Folder() const {
   return MapStoredPath(m_app.At(u"\\Data\\rascunhos")).text();
@@ -45,8 +54,12 @@ QList<SongDrafts::Found> SongDrafts::All() const {
       continue;
     found.append({object[Moment].toDouble(),
                   {name.chopped(5),
-                   {object[Mode].toString(), object[Path].toString(), object[Title].toString(),
-                    object[Author].toString(), object[Text].toString()}}});
+                   {object[Mode].toString(),
+                    object[Path].toString(),
+                    object[Title].toString(),
+                    object[Author].toString(),
+                    object[Text].toString(),
+                    {object[SongSize].toInteger(-1), object[SongModified].toInteger(-1)}}}});
   }
   std::stable_sort(found.begin(), found.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
   QList<Found> drafts;
@@ -55,23 +68,32 @@ QList<SongDrafts::Found> SongDrafts::All() const {
   return drafts;
 }
 
+bool SongDrafts::SongHasChanged(const SongDraft &draft) {
+  return !draft.path.isEmpty() && FileExists(draft.path) && FileStateOf(draft.path) != draft.song;
+}
+
 bool SongDrafts::Keep(const QString &id, const SongDraft &draft) const {
   QDir().mkdir(Folder());
-  const QJsonObject object{{Mode, draft.mode},     {Path, draft.path}, {Title, draft.title},
-                           {Author, draft.author}, {Text, draft.text}, {Moment, QDateTime::currentMSecsSinceEpoch()}};
+  const QJsonObject object{{Mode, draft.mode},          {Path, draft.path},
+                           {Title, draft.title},        {Author, draft.author},
+                           {Text, draft.text},          {Moment, QDateTime::currentMSecsSinceEpoch()},
+                           {SongSize, draft.song.size}, {SongModified, draft.song.modifiedMs}};
   const QByteArray bytes = QJsonDocument(object).toJson(QJsonDocument::Compact);
   // Handed to the system and not forced onto the disk: a crash of the program loses nothing that way, and no slow disk
   // halts the projection every second while somebody types.
-  QSaveFile file(PathOf(id));
-  if (!file.open(QIODevice::WriteOnly))
-    return false;
-  if (file.write(bytes) != bytes.size() || !file.flush())
-    file.cancelWriting();
-  return file.commit();
+  QFile file(PathOf(id) + New);
+  const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+  file.close();
+  if (written &&
+      std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(PathOf(id)).constData()) == 0)
+    return true;
+  file.remove();
+  return false;
 }
 
 void SongDrafts::Drop(const QString &id) const {
   QFile::remove(PathOf(id));
+  QFile::remove(PathOf(id) + New);
 }
 
 DraftKeeper::DraftKeeper(const SongDrafts &drafts, Clock &clock, std::function<SongDraft()> now)

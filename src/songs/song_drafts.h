@@ -5,10 +5,20 @@
 
 #include <QList>
 #include <QString>
+#include <QtGlobal>
 #include <functional>
 #include <memory>
 
 namespace tolmira {
+
+// By which a file is known to be as it was; a file that is not there has no size.
+struct FileState {
+  qint64 size = -1;       // bytes
+  qint64 modifiedMs = -1; // since 1970
+
+  friend bool operator==(const FileState &, const FileState &) = default;
+};
+FileState FileStateOf(const QString &storedPath);
 
 // An unsaved text of the song editor.
 struct SongDraft {
@@ -17,6 +27,7 @@ struct SongDraft {
   QString title;
   QString author;
   QString text; // CR LF
+  FileState song; // the song's file when the editor read or wrote it last
 
   friend bool operator==(const SongDraft &, const SongDraft &) = default;
 };
@@ -31,6 +42,8 @@ public:
     SongDraft draft;
   };
   QList<Found> All() const; // the oldest first
+  // The song is there and is not what the draft was written over: saved from elsewhere, or replaced.
+  static bool SongHasChanged(const SongDraft &draft);
 
   static QString NewId();
   // Replaces the draft as one step; false when it could not be written.

@@ -55,6 +55,7 @@ bool SongEditor::SetDados(const QString &mode, const QString &path) {
   m_mode = mode;
   m_path.clear();
   m_saved = {};
+  m_file = {};
   m_encoding = TextEncoding::Windows1252;
   if (mode != ModoEditar)
     return true;
@@ -65,20 +66,24 @@ bool SongEditor::SetDados(const QString &mode, const QString &path) {
   m_path = path;
   m_encoding = DecodeText(content.bytes).encoding;
   m_saved = {SongNameOf(path), ReadSongFile(m_app, path)};
+  m_file = FileStateOf(path); // the reader may have repaired it
   return true;
 }
 
-void SongEditor::SetDadosDeRascunho(const QString &mode, const QString &path) {
-  if (SetDados(mode, path))
+void SongEditor::SetDadosDeRascunho(const SongDraft &draft) {
+  if (SongDrafts::SongHasChanged(draft)) {
+    SetDados(ModoAdicionar, {});
     return;
-  m_path = path; // a file that has gone, or went bad: the next save makes it anew
+  }
+  if (!SetDados(draft.mode, draft.path))
+    m_path = draft.path; // a file that has gone, or went bad: the next save makes it anew
 }
 
 QString SongEditor::TargetOf(const SongName &name) const {
   if (m_mode != ModoEditar)
     return m_app.At(u"\\Lyrics\\") + TitleOfFile(name) + Extension;
   // A name that is written otherwise than this program would ("Song(Author).txt") stays as long as nobody changes it.
-  if (name == SongNameOf(m_path))
+  if (name == TidyName(SongNameOf(m_path)))
     return m_path;
   return OwnFolder(m_path) + TitleOfFile(name) + Extension;
 }
@@ -132,6 +137,7 @@ SongEditor::Result SongEditor::Save(const SongContent &content) {
   m_mode = ModoEditar;
   m_path = target;
   m_saved = {SongNameOf(target), text};
+  m_file = FileStateOf(target);
   return result;
 }
 

@@ -3,6 +3,7 @@
 #include "foundation/app_folder.h"
 #include "foundation/code_page.h"
 #include "foundation/seams.h"
+#include "songs/song_drafts.h"
 #include "songs/song_name.h"
 
 #include <QString>
@@ -34,12 +35,14 @@ public:
   // `path` is a full stored path; in "Adicionar" there is none. False when there is no file that can be read whole as
   // text; the song then counts as empty.
   bool SetDados(const QString &mode, const QString &path);
-  // As SetDados, for a text that was kept from an earlier run: the file need not exist any more.
-  void SetDadosDeRascunho(const QString &mode, const QString &path);
+  // As SetDados, for a text that was kept from an earlier run: the file need not exist any more. Where the song was
+  // changed meanwhile the text is a new song, which is saved over nothing unasked.
+  void SetDadosDeRascunho(const SongDraft &draft);
 
   const QString &Modo() const { return m_mode; }
   const QString &Caminho() const { return m_path; }       // empty before the first save of a new song
   const SongContent &Guardado() const { return m_saved; } // as it stands on disk; empty for a new song
+  const FileState &Arquivo() const { return m_file; }     // the file when it was read or written last
 
   enum class Outcome { Saved, BadName, GivenUp, Failed };
   struct Result {
@@ -65,6 +68,7 @@ private:
   QString m_mode = ModoAdicionar;
   QString m_path;
   SongContent m_saved;
+  FileState m_file;
   TextEncoding m_encoding = TextEncoding::Windows1252;
 };
 

@@ -56,6 +56,11 @@ void SongFinder::SetTermoBusca(const QString &text) {
 }
 
 void SongFinder::CancelaBusca() {
+  m_timerFind->Stop();
+  Termina();
+}
+
+void SongFinder::Termina() {
   m_timerFatia->Stop();
   if (!Buscando())
     return;
@@ -72,7 +77,6 @@ void SongFinder::Abre(Pasta pasta) {
 }
 
 void SongFinder::TimerFind() {
-  m_timerFind->Stop();
   CancelaBusca();
   const QString term = m_termoBusca;
   if (const int numH = NumeroDoHino(term, u'h'); numH >= 1)
@@ -105,7 +109,6 @@ void SongFinder::ListaNumero(Pasta pasta, int number) {
 }
 
 void SongFinder::CarregaTudo(bool measure) {
-  m_timerFind->Stop();
   CancelaBusca();
   Abre(Lyrics);
   m_intervaloBusca = IntervaloInicial;
@@ -117,7 +120,7 @@ void SongFinder::CarregaTudo(bool measure) {
 
 // A word that no song holds, so that every text is looked at.
 void SongFinder::MedeBusca() {
-  CancelaBusca();
+  Termina();
   ListaArquivos(QStringLiteral("sadsdf"), true);
 }
 
@@ -156,7 +159,7 @@ void SongFinder::Fatia() {
     return;
   }
   SongRows rows = m_search->TakeRows();
-  CancelaBusca();
+  Termina();
   if (!m_keepRows)
     return Lista(std::move(rows), m_termoAtual);
   m_intervaloBusca =

@@ -32,7 +32,7 @@ public:
   void MedeBusca();
   // The search for the present term once more, over all files.
   void BuscaDeNovo();
-  void CancelaBusca();
+  void CancelaBusca(); // the one that runs and the one that waits for TimerFind
 
   const QString &Path() const { return m_rowsPath; } // of the folder listed, as stored paths are
   const SongRows &List1() const { return m_rows; }
@@ -54,6 +54,7 @@ private:
   void TimerFind();
   void ListaNumero(Pasta pasta, int number);
   void ListaArquivos(const QString &term, bool keepRows);
+  void Termina(); // the search that runs, if one does
   void Fatia(); // the next slice of the search
   void Lista(SongRows rows, std::optional<QString> term);
 

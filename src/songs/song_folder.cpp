@@ -152,15 +152,21 @@ const SongRows &SongFolder::Files() {
 
 void SongFolder::List() {
   m_files.clear();
-  m_listed = true;
+  m_listed = false; // a folder that cannot be read now is looked at again
   DIR *folder = opendir(QFile::encodeName(m_path).constData());
   if (!folder)
     return;
-  while (const dirent *entry = readdir(folder)) {
+  m_listed = true;
+  const auto next = [folder] {
+    errno = 0;
+    return readdir(folder);
+  };
+  while (const dirent *entry = next()) {
     const size_t length = strlen(entry->d_name);
     if (!IsTextName(entry->d_name, length) || entry->d_type == DT_DIR)
       continue;
     const bool plain = entry->d_type == DT_REG;
+    m_listed &= plain; // a link's target comes and goes without a word
     struct stat status {};
     if (!plain && (fstatat(dirfd(folder), entry->d_name, &status, 0) != 0 || !S_ISREG(status.st_mode)))
       continue;
@@ -168,11 +174,10 @@ void SongFolder::List() {
     SongFile *&file = m_byName[real];
     if (!file)
       file = &m_all.emplace_back(real, !plain);
-    // A link's target comes and goes without a word.
     file->m_shared |= !plain;
-    m_listed &= plain;
     m_files.push_back(file);
   }
+  m_listed &= errno == 0; // or the reading broke off
   closedir(folder);
   std::sort(m_files.begin(), m_files.end(), ComesBefore);
 }
@@ -199,7 +204,7 @@ SongFile::Stamp SongFolder::StampOf(const struct stat &status) {
 
 void SongFolder::Read(SongFile &file) {
   ++m_reads;
-  file.m_read = true;
+  file.m_read = false; // what fails now may succeed at the next search
   file.m_stamp = {};
   file.m_text = {};
   // Not waiting for a writer, should a pipe have taken the file's place.
@@ -207,8 +212,10 @@ void SongFolder::Read(SongFile &file) {
   if (opened < 0)
     return;
   struct stat status {};
-  if (fstat(opened, &status) == 0 && S_ISREG(status.st_mode)) {
-    const qsizetype size = ReadAll(opened);
+  const bool known = fstat(opened, &status) == 0;
+  const qsizetype size = known && S_ISREG(status.st_mode) ? ReadAll(opened) : 0;
+  file.m_read = known && size >= 0;
+  if (file.m_read && S_ISREG(status.st_mode)) {
     file.m_text = SearchedText(QByteArrayView(m_buffer.constData(), size));
     file.m_shared |= status.st_nlink > 1;
     if (m_nowNs - std::max(Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim)) > YoungNs)
@@ -217,7 +224,7 @@ void SongFolder::Read(SongFile &file) {
   close(opened);
 }
 
-// Into the buffer, up to the end of the file; how much that is. Nothing of a file that cannot be read whole.
+// Into the buffer, up to the end of the file; how much that is. Nothing of a file beyond the limit.
 qsizetype SongFolder::ReadAll(int file) {
   if (m_buffer.isEmpty())
     m_buffer.resize(FirstRead);
@@ -228,7 +235,7 @@ qsizetype SongFolder::ReadAll(int file) {
     if (got < 0 && errno == EINTR)
       continue;
     if (got < 0)
-      return 0;
+      return -1;
     filled += got;
     if (got == 0)
       return filled;

@@ -82,7 +82,7 @@ public:
   const SongRows &Files();
 
   // Whether the song's text holds the term. Reads the file when its text is not known or may have changed; a file that
-  // cannot be read holds nothing.
+  // cannot be read holds nothing, and the next search tries it again.
   bool Holds(SongFile &file, const SearchTerm &term);
 
   // The search is over: nothing of the folder is held open, so that its disk can be taken out.
@@ -96,7 +96,7 @@ private:
   void List();
   void Read(SongFile &file);
   int Folder();
-  qsizetype ReadAll(int file);
+  qsizetype ReadAll(int file); // -1 when the disk fails
   static SongFile::Stamp StampOf(const struct stat &status);
 
   Trust m_trust;

@@ -222,6 +222,37 @@ private slots:
     QCOMPARE(Lista().Count(3), 0);
   }
 
+  // Adding writes "GRAÇA" as "Graça"; the target still names the file.
+  void aSongIsKnownByLabelOrTarget_data() {
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("file"); // another song's, or none
+    QTest::addColumn<bool>("known");
+    const QByteArray both = "2|#|Gra\xE7" "a Sem Fim|#|GRA\xC7" "A SEM FIM";
+    const QByteArray label = "2|#|Gra\xE7" "a Sem Fim|#|Gra\xE7" "a Sem Fim";
+    QTest::newRow("target") << both << QByteArray() << true;
+    QTest::newRow("label alone") << label << QByteArray() << true;
+    QTest::newRow("another song's label") << label << QByteArray("Graça Sem Fim.txt") << false;
+    QTest::newRow("another kind") << QByteArray("3" + both.mid(1)) << QByteArray() << false;
+  }
+  void aSongIsKnownByLabelOrTarget() {
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, file);
+    QFETCH(bool, known);
+    if (!file.isEmpty())
+      m_fixture->Write(QStringLiteral("Lyrics/") + QString::fromUtf8(file), "Outra");
+    for (int n = 1; n <= 2; ++n)
+      Write(n, line + "\r\n");
+    Desk().SelectTab(1);
+    const QString name = QStringLiteral("GRAÇA SEM FIM");
+    Desk().RenameInAgendas(name, QStringLiteral("Nova"), 2);
+    QCOMPARE(Read(2), known ? QByteArray("2|#|Nova|#|Nova\r\n") : line + "\r\n");
+    Desk().RenameOnScreen(2, name, QStringLiteral("Nova"), QStringLiteral("Nova"));
+    QCOMPARE(Lista().NameAt(2, 1) == QStringLiteral("Nova"), known);
+    Write(2, line + "\r\n");
+    Desk().RemoveFromAgendas(2, name);
+    QCOMPARE(Read(2), known ? QByteArray() : line + "\r\n");
+  }
+
   void aFileWithoutAMatchIsLeftAsItIs() {
     Write(1, "9|#|odd|#|odd\n\n2|#|a|#|a");
     Desk().RenameInAgendas(QStringLiteral("x"), QStringLiteral("y"), 2);

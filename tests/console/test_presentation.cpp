@@ -363,6 +363,23 @@ private slots:
     QCOMPARE(Estado().EstrofeAtual, 1);
   }
 
+  void aRenamedHymnIsRenamedInEveryAgenda() {
+    m_fixture->Write(QStringLiteral("Harpa/7 Nova.txt"), "1. Luz");
+    m_fixture->Write(QStringLiteral("Data/agenda3.dat"), "3|#|7 Velha|#|7 Velha\r\n");
+    m_fixture->core.flow.ProcessaEditar(QStringLiteral("7 Velha.txt"), QStringLiteral("7 Nova.txt"));
+    QCOMPARE(m_fixture->Read(QStringLiteral("Data/agenda3.dat")), QByteArray("3|#|7 Nova|#|7 Nova\r\n"));
+  }
+
+  void aSongThatAnotherWasSavedOverIsReloaded() {
+    m_fixture->Show(QStringLiteral("Graça"));
+    m_fixture->core.stepper.TeclaEstrofe(1);
+    m_fixture->EndGlide();
+    m_fixture->Forget();
+    m_fixture->Write(QStringLiteral("Lyrics/Graça.txt"), "From another song");
+    m_fixture->core.flow.ProcessaEditar(QStringLiteral("Outra.txt"), QStringLiteral("Graça.txt"));
+    QCOMPARE(m_fixture->VersesSent(), QStringList(QStringLiteral("From another song")));
+  }
+
   void aChangedTextIsReloadedAtItsVerse() {
     m_fixture->Show(QStringLiteral("Graça"));
     m_fixture->core.stepper.TeclaEstrofe(1);

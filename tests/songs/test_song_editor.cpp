@@ -243,6 +243,16 @@ private slots:
     QCOMPARE(room.Songs(), QStringList(QStringLiteral("Grace(Newton).txt")));
   }
 
+  void OuterBlanksOfANameStayUntilItIsChanged() {
+    Room room;
+    room.Write(QStringLiteral("Lyrics/ Grace .txt"), "A");
+    QVERIFY(room.Open(QStringLiteral("Lyrics\\ Grace .txt")));
+    QCOMPARE(room.Save(room.editor.Guardado().name.title, {}, QStringLiteral("B")), Outcome::Saved);
+    QCOMPARE(room.Songs(), QStringList(QStringLiteral(" Grace .txt")));
+    QCOMPARE(room.Save(QStringLiteral("Grace"), QStringLiteral("Newton"), QStringLiteral("B")), Outcome::Saved);
+    QCOMPARE(room.Songs(), QStringList(QStringLiteral("Grace (Newton).txt")));
+  }
+
   // The reader puts a line end in front of these texts; it must not become one more at each save.
   void ASecondHymnalSongDoesNotGrow() {
     Room room;
@@ -296,7 +306,7 @@ private slots:
     Room room;
     const SongDrafts drafts(room.app);
     FakeClock clock;
-    SongDraft typed{ModoAdicionar, {}, QStringLiteral("Grace"), {}, {}};
+    SongDraft typed{ModoAdicionar, {}, QStringLiteral("Grace"), {}, {}, {}};
     {
       DraftKeeper keeper(drafts, clock, [&] { return typed; });
       // Somebody who never stops typing.
@@ -332,12 +342,58 @@ private slots:
     QVERIFY(drafts.All().isEmpty());
   }
 
+  void ADraftKnowsWhetherItsSongHasChanged_data() {
+    QTest::addColumn<QByteArray>("now"); // the song's file at the next start; null: it has gone
+    QTest::addColumn<int>("later");      // seconds between the two times of the file
+    QTest::addColumn<bool>("changed");
+    QTest::newRow("as it was") << QByteArray("Old") << 0 << false;
+    QTest::newRow("other size") << QByteArray("Older") << 0 << true;
+    QTest::newRow("other time") << QByteArray("New") << 2 << true;
+    QTest::newRow("gone") << QByteArray() << 0 << false;
+  }
+  void ADraftKnowsWhetherItsSongHasChanged() {
+    QFETCH(QByteArray, now);
+    QFETCH(int, later);
+    QFETCH(bool, changed);
+    Room room;
+    const QString song = QStringLiteral("Lyrics/Grace.txt");
+    const QDateTime moment = QDateTime::fromSecsSinceEpoch(1'700'000'000);
+    const auto write = [&](const QByteArray &bytes, const QDateTime &time) {
+      QFile file(room.Real(song));
+      QVERIFY(file.open(QIODevice::WriteOnly));
+      file.write(bytes);
+      QVERIFY(file.flush() && file.setFileTime(time, QFileDevice::FileModificationTime));
+    };
+    write("Old", moment);
+    QVERIFY(room.Open(QStringLiteral("Lyrics\\Grace.txt")));
+    const SongDrafts drafts(room.app);
+    QVERIFY(drafts.Keep(SongDrafts::NewId(), {room.editor.Modo(),
+                                              room.editor.Caminho(),
+                                              QStringLiteral("Grace"),
+                                              {},
+                                              QStringLiteral("Typed"),
+                                              room.editor.Arquivo()}));
+    if (now.isNull())
+      QVERIFY(QFile::remove(room.Real(song)));
+    else
+      write(now, moment.addSecs(later));
+
+    const SongDraft found = drafts.All().value(0).draft;
+    QCOMPARE(SongDrafts::SongHasChanged(found), changed);
+    room.editor.SetDadosDeRascunho(found);
+    QCOMPARE(room.editor.Modo(), changed ? ModoAdicionar : ModoEditar);
+    room.prompt.answers = {No};
+    QCOMPARE(room.Save(QStringLiteral("Grace"), {}, found.text), Outcome::Saved);
+    QCOMPARE(room.prompt.shown.size(), changed ? 2 : 0);
+    QCOMPARE(room.Read(song), changed ? now : QByteArray("Typed\r\n"));
+  }
+
   void BrokenDraftsDoNoHarm() {
     Room room;
     const SongDrafts drafts(room.app);
     const QStringList ids{SongDrafts::NewId(), SongDrafts::NewId()};
-    const SongDraft one{ModoEditar, QStringLiteral("C:\\x.txt"), QStringLiteral("A"), QStringLiteral("B"),
-                        Lines("l\n\nm")};
+    const SongDraft one{ModoEditar,      QStringLiteral("C:\\x.txt"), QStringLiteral("A"), QStringLiteral("B"),
+                        Lines("l\n\nm"), {3, 1'700'000'000'000}};
     QVERIFY(drafts.Keep(ids[0], one));
     QVERIFY(drafts.Keep(ids[1], {}));
     for (const QByteArray &bytes : {QByteArray(), QByteArray("{\"text\":"), QByteArray("[1,2]"),
@@ -358,7 +414,7 @@ private slots:
     Room room;
     const SongDrafts drafts(room.app);
     FakeClock clock;
-    const SongDraft typed{ModoAdicionar, {}, QStringLiteral("Grace"), {}, QString(5000, u'x')};
+    const SongDraft typed{ModoAdicionar, {}, QStringLiteral("Grace"), {}, QString(5000, u'x'), {}};
     DraftKeeper keeper(drafts, clock, [&] { return typed; });
     QList<bool> told;
     keeper.OnKept = [&](bool kept) { told.append(kept); };
@@ -368,7 +424,7 @@ private slots:
       clock.Advance(1000);
     }
     QCOMPARE(told, QList<bool>({false}));
-    QVERIFY(drafts.All().isEmpty());
+    QVERIFY(QDir(room.Real(QStringLiteral("Data/rascunhos"))).isEmpty());
     clock.Advance(1000);
     QCOMPARE(told.last(), true);
     QCOMPARE(drafts.All().value(0).draft, typed);

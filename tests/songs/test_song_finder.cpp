@@ -3,6 +3,7 @@
 #include "foundation/text_file.h"
 #include "songs/song_finder.h"
 #include "support/fake_clock.h"
+#include "support/no_file_handles.h"
 
 #include <QDirIterator>
 #include <QRandomGenerator>
@@ -448,6 +449,32 @@ private slots:
     room.Write(QStringLiteral("Lyrics/B.txt"), "sol");
     room.finder.BuscaDeNovo();
     QCOMPARE(room.Rows(), QStringList({QStringLiteral("A"), QStringLiteral("B")}));
+  }
+
+  void WhatCouldNotBeReadIsTriedAgain_data() {
+    QTest::addColumn<QString>("written");
+    QTest::newRow("a file") << QStringLiteral("Lyrics/A.txt");
+    QTest::newRow("the folder") << QStringLiteral("Lyrics/B.txt");
+  }
+  void WhatCouldNotBeReadIsTriedAgain() {
+    QFETCH(QString, written);
+    Room room;
+    room.Write(QStringLiteral("Lyrics/A.txt"), "mar");
+    QCOMPARE(room.Search(QStringLiteral("sol")), QStringList());
+    room.Write(written, "o sol");
+    {
+      NoFileHandles none;
+      QCOMPARE(room.Search(QStringLiteral("o sol")), QStringList());
+    }
+    QCOMPARE(room.Search(QStringLiteral("sol")), QStringList(written.sliced(7, 1)));
+  }
+
+  void ALinkIsListedWhenItsFileComes() {
+    Room room;
+    QFile::link(room.On(QStringLiteral("later")), room.On(QStringLiteral("Lyrics/Luz.txt")));
+    QCOMPARE(room.Search(QStringLiteral("luz")), QStringList());
+    room.Write(QStringLiteral("later"), "sol");
+    QCOMPARE(room.Search(QStringLiteral("sol")), QStringList(QStringLiteral("Luz")));
   }
 
   void WhatIsNoSongDoesNotMatch() {

@@ -230,6 +230,7 @@ private slots:
   void WhatWasTypedSurvives() {
     Room room(m_page->appPath());
     FrmEditar *window = Edit(room, "One");
+    const QDateTime written = QFileInfo(room.app.path() + QStringLiteral("/Lyrics/Song (Me).txt")).lastModified();
     QTest::keyClicks(Named<LyricsEdit>(window, "Text2"), QStringLiteral("Two "));
     room.clock.Advance(1000);
     QTest::qWait(2); // the older draft comes first, by the time of day
@@ -247,6 +248,13 @@ private slots:
     QCOMPARE(room.prompt.shown.value(0).text, QStringLiteral("An unsaved text of 'Song' was found. Open it?"));
     QVERIFY(!Opened<FrmEditar>(room));
     QCOMPARE(room.Drafts(), 2);
+    room.Write(QStringLiteral("Song (Me).txt"), "One from elsewhere");
+    room.editors->OfereceRascunhos();
+    QVERIFY(room.prompt.shown.value(2).text.contains(u"The song was changed since."));
+    room.Write(QStringLiteral("Song (Me).txt"), "One");
+    QFile same(room.app.path() + QStringLiteral("/Lyrics/Song (Me).txt"));
+    QVERIFY(same.open(QIODevice::ReadWrite) && same.setFileTime(written, QFileDevice::FileModificationTime));
+    same.close();
     room.prompt.answers = {0, 2};
     room.editors->OfereceRascunhos();
     window = Active(Opened<FrmEditar>(room));
@@ -285,6 +293,24 @@ private slots:
     QVERIFY(room.editors->FechaTodos());
     QCOMPARE(room.Read(QStringLiteral("Song (Me).txt")), QByteArray("XOne\r\n"));
     QCOMPARE(room.prompt.shown.size(), 2);
+  }
+
+  void AnEditorIsNotTakenAwayUnderItsQuestion() {
+    Room room(m_page->appPath());
+    FrmEditar *window = Edit(room, "One");
+    room.Write(QStringLiteral("Taken.txt"), "Taken");
+    Named<QLineEdit>(window, "Text1")->setText(QStringLiteral("Taken"));
+    Named<QLineEdit>(window, "Text3")->clear();
+    room.prompt.whileAsking = [&] {
+      QVERIFY(!room.editors->FechaTodos());
+      QVERIFY(!window->close());
+      Named<QPushButton>(window, "BotaoFlat1")->click();
+    };
+    Named<QPushButton>(window, "BotaoFlat1")->click();
+    QCOMPARE(room.prompt.shown.size(), 1);
+    QVERIFY(window->isVisible());
+    room.prompt.answers = {1};
+    QVERIFY(room.editors->FechaTodos());
   }
 
   void OneEditorASong() {

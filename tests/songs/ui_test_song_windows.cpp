@@ -113,7 +113,8 @@ private slots:
     QCOMPARE(room.Label("Label2"), QStringLiteral("Added Rio & Mar"));
     QTest::keyClick(room.list, Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(room.console.TakeCalls(),
-             QStringList({QStringLiteral("cancelaWMP"), QStringLiteral("ShowEntry 2 Rio & Mar Rio & Mar")}));
+             QStringList({QStringLiteral("cancelaWMP"),
+                          QStringLiteral("ShowEntry 2 Rio & Mar ") + room.app.At(u"\\Lyrics\\Rio & Mar")}));
     QTest::keyClicks(room.list, QStringLiteral("h301")); // typed over the old word
     QCOMPARE(room.box->text(), QStringLiteral("h301"));
     room.clock.Advance(5000);
@@ -245,6 +246,11 @@ private slots:
     room.clock.Advance(1000);
     QCOMPARE(room.box->text(), QString());
     QCOMPARE(room.list->Texto(), QStringLiteral("Novo"));
+    room.Type(QStringLiteral("h301"));
+    room.dialog->AtualizaLista(QStringLiteral("7 Luz")); // no song of the collection
+    room.clock.Advance(1000);
+    QCOMPARE(room.box->text(), QStringLiteral("h301"));
+    QCOMPARE(room.Rows(), QStringList(QStringLiteral("301 Luz")));
   }
 
   void FoundWordsAreMarkedAndReadingWritesNothing() {
@@ -292,8 +298,10 @@ private slots:
     Room room;
     room.Open();
     room.Type(QStringLiteral("h301"));
+    QTest::keyClicks(room.box, QStringLiteral("x"));
     room.dialog->move(37, 41);
     room.dialog->close();
+    QCOMPARE(room.clock.ActiveTimers(), 0); // and nothing is searched for nobody
     room.dialog->move(0, 0);
     room.dialog->Open();
     QCOMPARE(room.dialog->pos(), QPoint(37, 41));

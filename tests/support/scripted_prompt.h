@@ -3,6 +3,8 @@
 #include "foundation/seams.h"
 
 #include <QList>
+#include <functional>
+#include <utility>
 
 namespace tolmira::testing {
 
@@ -27,6 +29,8 @@ public:
 
   int Ask(const QString &title, const QString &text, const QStringList &buttons) override {
     shown.append({MessageKind::Question, title, text, buttons});
+    if (const auto act = std::exchange(whileAsking, nullptr))
+      act();
     return answers.isEmpty() ? -1 : answers.takeFirst();
   }
 
@@ -41,6 +45,7 @@ public:
   }
 
   QList<int> answers;
+  std::function<void()> whileAsking; // once, as long as the next box stands open
   QStringList files;
   QList<qint32> colours;
   QList<Shown> shown;

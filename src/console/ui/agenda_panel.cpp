@@ -185,7 +185,7 @@ void AgendaPanel::Atualiza() {
   int found = 0;
   if (kind > 0 && !label.isEmpty())
     for (int index = 1; index <= lista.Count(kind) && found == 0; ++index)
-      if (lista.NameAt(kind, index) == label)
+      if (lista.NameAt(kind, index) == label || lista.CaptionAt(kind, index) == label)
         found = index;
   m_lista->SetOnShow(found > 0 ? kind : 0, found);
 }

@@ -45,6 +45,8 @@ QPalette DeskPalette() {
   return palette;
 }
 
+// Boxes for text take their colour from the palette: a sheet that gives one also makes it half transparent for their
+// hints, which are too faint then.
 QString DeskStyleSheet() {
   QString sheet = QStringLiteral(R"(
 QToolTip { background: @raised; color: @text; border: 1px solid @line; padding: 4px 6px; }
@@ -99,10 +101,10 @@ QPushButton[look="tab"]:checked { background: @raised; color: @text; border-bott
 QPushButton[look="tab"]:focus { border: 1px solid @accent; border-bottom-width: 2px; }
 QPushButton[look="icon"] { padding: 0; min-width: 34px; max-width: 34px; }
 
-QLineEdit { background: @desk; color: @text; border: 1px solid @line; border-radius: 6px; padding: 0 8px;
+QLineEdit { background: @desk; border: 1px solid @line; border-radius: 6px; padding: 0 8px;
   min-height: 28px; selection-background-color: @selection; }
 QLineEdit:focus { border-color: @accent; }
-QPlainTextEdit { background: @panel; color: @text; border: 1px solid @line; border-radius: 6px; padding: 4px;
+QPlainTextEdit { background: @panel; border: 1px solid @line; border-radius: 6px; padding: 4px;
   font-size: 12pt; selection-background-color: @selection; selection-color: @text; }
 QPlainTextEdit:focus { border-color: @accent; }
 QLineEdit:disabled { color: @faint; background: @panel; }

@@ -35,7 +35,6 @@ QList<QPair<int, int>> PlacesOf(const QString &term, const QString &text, int mo
 
 ReadingPane::ReadingPane(QWidget *parent) : QPlainTextEdit(parent) {
   setReadOnly(true);
-  setFrameShape(QFrame::NoFrame); // it stands in a frame of the window's
   setTabChangesFocus(true);
   setUndoRedoEnabled(false);
 }

@@ -78,6 +78,8 @@ bool SongEditors::AbertoEmOutra(const QString &path) const {
 bool SongEditors::FechaTodos() {
   if (m_closing)
     return false; // a box of the first try still stands open
+  if (std::any_of(m_editors.begin(), m_editors.end(), [](const auto &one) { return one->Ocupado(); }))
+    return false;
   m_closing = true;
   while (!m_editors.empty()) {
     FrmEditar *editor = m_editors.back().get();
@@ -97,9 +99,12 @@ void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
     if (EditorOf(found.draft.path))
       continue; // one file, one editor: this draft is offered again when that one is done
     const QString title = found.draft.title.trimmed();
-    const int answer = m_doors.prompt.Ask(BoxTitle,
-                                          QStringLiteral("An unsaved text of '%1' was found. Open it?")
-                                              .arg(title.isEmpty() ? QObject::tr("New song") : title),
+    const QString question = (SongDrafts::SongHasChanged(found.draft)
+                                  ? QStringLiteral("An unsaved text of '%1' was found. The song was changed since.\n\n"
+                                                   "Open the text as a new song?")
+                                  : QStringLiteral("An unsaved text of '%1' was found. Open it?"))
+                                 .arg(title.isEmpty() ? QObject::tr("New song") : title);
+    const int answer = m_doors.prompt.Ask(BoxTitle, question,
                                           {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
     if (answer == DropIt)
       drafts.Drop(found.id);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "console/picture_folder.h"
+#include "themes/picture_folder.h"
 #include "foundation/text_file.h"
 
 namespace tolmira {

@@ -24,6 +24,7 @@
 #include "foundation/ui/qt_user_prompt.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
+#include "themes/ui/theme_windows.h"
 
 namespace tolmira {
 
@@ -45,6 +46,7 @@ struct Program::Impl {
 
   void MakeWindows();
   void MakeSongEditors();
+  void MakeThemeWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -78,6 +80,7 @@ struct Program::Impl {
   std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
+  std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ConsoleStartup> startup;
   std::unique_ptr<ControlServer> control;
@@ -110,9 +113,11 @@ void Program::Impl::MakeWindows() {
                 [this](const QString &path) { return editors->Edita(path, songs.get()); },
                 [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
+  MakeThemeWindows();
   FrmMonitor::Windows windows;
   windows.newSong = [this] { editors->Novo(songs.get()); };
   windows.addSong = [this] { songs->OpenAdd(); };
+  windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
@@ -140,6 +145,15 @@ void Program::Impl::MakeSongEditors() {
                       [this](const TextFormat &format) { return core.formato.Aplica(format); }});
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
+}
+
+void Program::Impl::MakeThemeWindows() {
+  themes = std::make_unique<ThemeWindows>(
+      ThemeDoors{app, store, positions, prompt, console.get(),
+                 [this](const QString &path) { core.controles.trocarFundoPadrao(path); },
+                 [this](const QString &path, bool move) { core.efeitos.ImagemDaGaleria(path, move); },
+                 [this] { return core.estado.TemaAtual.MoveImagens; }});
+  core.controles.AbreGaleria = [this] { themes->AbreGaleriaDoFundo(); };
 }
 
 void Program::Impl::MakeDisplay() {
@@ -271,6 +285,8 @@ Program::~Program() {
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();
+  m_impl->core.controles.AbreGaleria = nullptr;
+  m_impl->themes.reset();
   m_impl->console.reset();
 }
 

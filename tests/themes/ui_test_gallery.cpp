@@ -233,6 +233,9 @@ private slots:
     room.Pictures(names);
     room.Open(QStringLiteral("FrmConfigTema"), 1);
     QTRY_VERIFY(room.grid->Modelo().Tem(names[0]));
+    const int columns = room.grid->Colunas(); // as the rows really break
+    QCOMPARE(room.grid->visualRect(room.grid->model()->index(columns, 0)).left(),
+             room.grid->visualRect(room.grid->model()->index(0, 0)).left());
     QVERIFY(!room.grid->Modelo().Tem(names[499]));
     room.grid->verticalScrollBar()->setValue(room.grid->verticalScrollBar()->maximum());
     QTRY_VERIFY(room.grid->Modelo().Tem(names[499]));

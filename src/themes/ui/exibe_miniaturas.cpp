@@ -155,7 +155,8 @@ void cExibeMiniaturas::Setcordefundo(const QColor &cor) {
 
 void cExibeMiniaturas::AjustaGrade() {
   const QSize cell = CellDelegate::CellSize(m_borda, fontMetrics());
-  const QSize grid(viewport()->width() / Colunas(), cell.height() + m_distancia);
+  // The list breaks a row that would end at the very edge.
+  const QSize grid((viewport()->width() - 1) / Colunas(), cell.height() + m_distancia);
   if (grid != gridSize())
     setGridSize(grid);
   verticalScrollBar()->setSingleStep(qMax(1, grid.height() / 3));
@@ -320,6 +321,19 @@ void cExibeMiniaturas::keyPressEvent(QKeyEvent *event) {
   case Qt::Key_Escape:
     event->ignore();
     return;
+  case Qt::Key_Left:
+  case Qt::Key_Right:
+  case Qt::Key_Up:
+  case Qt::Key_Down:
+  case Qt::Key_PageUp:
+  case Qt::Key_PageDown:
+  case Qt::Key_Home:
+    // The list takes its first row for the current one as soon as it has the focus; the first key selects it.
+    if (index < 0) {
+      SetIndexSelecionado(0);
+      return;
+    }
+    break;
   default:
     break;
   }

@@ -167,6 +167,8 @@ void FrmBrowseImages::Open(const PedidoDeImagem &pedido) {
   m_chkMoveImagem->setVisible(pedido.modo == u"FrmMonitor");
   m_chkMoveImagem->setChecked(m_doors.moveImagens && m_doors.moveImagens());
   FechaPreview();
+  if (!m_adder.Trabalhando())
+    m_estado->clear();
   m_grade->carregaImagensPorData();
   if (m_grade->IndexSelecionado() < 0)
     m_grade->scrollToTop();
@@ -243,8 +245,10 @@ void FrmBrowseImages::Adicionadas(const QStringList &nomes) {
   for (const QString &nome : nomes)
     m_grade->Esquece(nome);
   m_grade->carregaImagensPorData();
-  if (!nomes.isEmpty() && !m_preview->isVisible())
+  if (!nomes.isEmpty() && !m_preview->isVisible()) {
     m_grade->SetIndexSelecionado(m_grade->Modelo().LinhaDe(nomes.last()));
+    m_grade->setFocus(); // so that Enter uses it
+  }
   AtualizaTitulo();
 }
 

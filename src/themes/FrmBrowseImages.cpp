@@ -29,7 +29,7 @@ FrmBrowseImages::FrmBrowseImages(const ThemeDoors &doors)
     : QWidget(doors.dono, Qt::Dialog), m_doors(doors), m_galeria(doors.app, doors.store), m_loader(doors.app),
       m_adder(doors.app, doors.prompt) {
   setObjectName(QStringLiteral("FrmBrowseImages"));
-  setMinimumSize(480, 360);
+  setMinimumHeight(360); // the width is that of the bottom row
   auto *column = new QVBoxLayout(this);
   column->setContentsMargins(medidas::Margin, medidas::Margin, medidas::Margin, medidas::Margin);
   column->setSpacing(medidas::Gap);

@@ -1,4 +1,5 @@
-#include <benchmark/benchmark.h>
+#include "themes/picture_file.h"
+#include "themes/small_copy_loader.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -8,9 +9,7 @@
 #include <QImageReader>
 #include <QTemporaryDir>
 #include <QThreadPool>
-
-#include "themes/picture_file.h"
-#include "themes/small_copy_loader.h"
+#include <benchmark/benchmark.h>
 
 using namespace tolmira;
 

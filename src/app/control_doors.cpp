@@ -32,6 +32,8 @@ ControlDoors DoorsOf(const EstadoConsole &estado, Presentation &apresentacao, Ag
             const Display *display = telao ? telao() : nullptr;
             return display && display->DisplayVisivel();
           },
+      .telaoEm = {},
+      .semProjetor = {},
       .pagina = {},
       .fechaConsole = {},
       .cedendo = {},

@@ -17,6 +17,8 @@ QJsonObject Scalars(const ControlDoors &doors) {
       {QStringLiteral("EstadoTela"), e.EstadoTela},
       {QStringLiteral("PaginaAtual"), e.PaginaAtual},
       {QStringLiteral("DisplayVisivel"), doors.displayVisivel && doors.displayVisivel()},
+      {QStringLiteral("TelaoEm"), doors.telaoEm ? doors.telaoEm() : QString()},
+      {QStringLiteral("SemProjetor"), doors.semProjetor && doors.semProjetor()},
       {QStringLiteral("EstrofeAtual"), e.EstrofeAtual},
       {QStringLiteral("TotalEstrofes"), e.TotalEstrofes},
       {QStringLiteral("VersoHtmlAtual"), e.VersoHtmlAtual},

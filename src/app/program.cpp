@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 
 #include "app/asset_places.h"
 #include "app/control_events.h"
@@ -11,11 +12,16 @@
 #include "app/single_instance.h"
 #include "bible/ui/bible_windows.h"
 #include "console/FrmMonitor.h"
+#include "console/FrmSobre.h"
 #include "console/console_core.h"
+#include "console/help_desk.h"
 #include "console/page_zoom.h"
+#include "console/projection_place.h"
 #include "console/startup.h"
 #include "console/ui/qt_monitors.h"
+#include "console/ui/screen_repair.h"
 #include "display/FrmQuendar.h"
+#include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
 #include "display/ui/page_profile.h"
 #include "display/ui/web_page_host.h"
@@ -30,7 +36,10 @@ namespace tolmira {
 
 namespace {
 
-constexpr int EsperaDasTelas = 300; // ms: a changed desktop announces its screens one by one
+constexpr int EsperaDasTelas = 300;  // ms: a changed desktop announces its screens one by one
+constexpr int EsperaDoTamanho = 150; // ms: a window on its way has many sizes
+constexpr int CalmaDoInicio = 700;   // ms: until the first pages and previews are drawn
+constexpr int TentativasDeLugar = 10;
 
 } // namespace
 
@@ -45,14 +54,18 @@ struct Program::Impl {
   }
 
   void MakeWindows();
+  void AbreSobre();
   void MakeSongEditors();
   void MakeThemeWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
   void ListenForControl();
+  void WatchScreens(QObject *context);
   void ScreensChanged();
+  void SizeChanged();
   void PlaceDisplay(const PlacaDoTelao &placa);
+  void MakePlace();
   PageObject *PageNamed(const QString &name) const;
 
   CommandLine line;
@@ -67,10 +80,14 @@ struct Program::Impl {
   SystemRandom random;
   LoopYielder yielder;
   FontTextMeasure measure;
+  ScreenRepair screenRepair;
+  SystemOpener opener;
+  std::unique_ptr<HelpDesk> help;
   QtMonitors monitors;
   FormPositions positions;
   QTimer screenTimer;
-  bool noProjetor = false; // the projection stands, or last stood, on a monitor of its own
+  QTimer sizeTimer;
+  int triesLeft = TentativasDeLugar; // to put the projection's window where the desktop would not leave it
 
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;
@@ -81,7 +98,9 @@ struct Program::Impl {
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
   std::unique_ptr<ThemeWindows> themes;
+  std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
+  std::unique_ptr<ProjectionPlace> lugar;
   std::unique_ptr<ConsoleStartup> startup;
   std::unique_ptr<ControlServer> control;
 };
@@ -99,7 +118,8 @@ void Program::Impl::MakeWindows() {
 
   console = std::make_unique<FrmMonitor>(ConsoleParts::Of(core), profile);
   console->PicWV()->AddObserver(&events);
-  console->PicWV()->OnRecovered = [this] { core.PaginaVoltou(); };
+  console->PicWV()->OnRecovered = [this] { core.PaginaVoltou(Alvo::Previa); };
+  console->PreviaMudou = [this] { core.PreviaMudou(); };
   positions.SetConsole(console.get());
   bible = std::make_unique<BibleWindows>(
       BibleDoors{core.lojaBiblia, store, core.flow, positions, clock, console.get(), [this] {
@@ -121,6 +141,13 @@ void Program::Impl::MakeWindows() {
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
+  windows.chooseScreen = [this](int opcao) {
+    if (core.estado.TelaPronta)
+      lugar->EscolheTela(opcao);
+  };
+  windows.help = [this] { help->AbreAjuda(); };
+  windows.support = [this] { help->AbreSuporte(); };
+  windows.about = [this] { AbreSobre(); };
   windows.agendaChanged = [this] {
     if (songs)
       songs->AgendaChanged();
@@ -131,6 +158,19 @@ void Program::Impl::MakeWindows() {
   monitors.SetConsole(console.get());
   MakeDisplay();
   core.canal.CriaTelao = [this] { RemakeDisplay(); };
+}
+
+void Program::Impl::AbreSobre() {
+  if (!sobre) {
+    const EngineVersions versions = ReadEngineVersions();
+    sobre = std::make_unique<FrmSobre>(
+        MotorDoPrograma{QString::fromLatin1(qVersion()), versions.webEngine, versions.chromium, versions.mpv,
+                        qgetenv("QT_QUICK_BACKEND") == "software" ? QObject::tr("by the processor") : QStringLiteral("OpenGL")},
+        console.get());
+  }
+  sobre->show();
+  sobre->raise();
+  sobre->activateWindow();
 }
 
 void Program::Impl::MakeSongEditors() {
@@ -163,7 +203,8 @@ void Program::Impl::MakeDisplay() {
                         CaptionComposers{[](const QString &, const QString &) { return QString(); },
                                          [](const QString &) { return QString(); }},
                         &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
-  quendar->OnRecovered = [this] { core.PaginaVoltou(); };
+  quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
+  quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
@@ -172,10 +213,7 @@ void Program::Impl::MakeDisplay() {
 // command says otherwise; its page is built behind the command.
 void Program::Impl::RemakeDisplay() {
   MakeDisplay();
-  if (core.painel.SemProjetor)
-    quendar->Esconde();
-  else
-    PlaceDisplay(EscolheTela(monitors));
+  lugar->Recoloca();
   quendar->CriaBrowser();
   ApplyZoom(core.contexto);
   QTimer::singleShot(0, quendar.get(), [this] {
@@ -188,16 +226,34 @@ void Program::Impl::RemakeDisplay() {
 }
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
-  noProjetor = placa.segundoMonitor;
+  core.painel.Ensaio = !placa.segundoMonitor;
   console->DefineTelao(placa.tela.size());
   if (quendar)
     quendar->Posiciona(placa.tela, placa.segundoMonitor);
 }
 
+void Program::Impl::MakePlace() {
+  ProjectionPlace::Janelas janelas;
+  janelas.Posiciona = [this](const PlacaDoTelao &placa) { PlaceDisplay(placa); };
+  janelas.Esconde = [this] {
+    if (quendar)
+      quendar->Esconde();
+  };
+  janelas.LevaConsole = [this](const clsMonitor &monitor) {
+    if (QScreen *screen = QtMonitors::Screen(monitor.Handle))
+      console->LevaPara(screen);
+  };
+  janelas.Tamanho = [this] { return quendar ? quendar->SizePx() : QSize(); };
+  janelas.TelaMudou = [this] {
+    console->AjustaPreview();
+    core.TelaMudou();
+  };
+  lugar = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
+}
+
 void Program::Impl::MakeStartup() {
   ConsoleStartup::Janelas janelas;
   janelas.CarregaFontes = [this] { console->CarregaFontes(); };
-  janelas.PosicionaTelao = [this](const PlacaDoTelao &placa) { PlaceDisplay(placa); };
   janelas.AjustaPreview = [this] { console->AjustaPreview(); };
   janelas.positionInicial = [this] { console->positionInicial(); };
   janelas.CriaPrevia = [this] { return console->CriaPrevia(); };
@@ -206,7 +262,8 @@ void Program::Impl::MakeStartup() {
   janelas.MostraTelao = [this] {
     if (quendar)
       quendar->ProcessaComando(QStringLiteral("Show"));
-    console->activateWindow();
+    if (!QGuiApplication::platformName().startsWith(u"wayland")) // where no window may ask for it
+      console->activateWindow();
   };
   janelas.IniciaFade = [this] {
     if (quendar)
@@ -224,9 +281,10 @@ void Program::Impl::MakeStartup() {
   // A box must not stand inside the timer that ends the start.
   janelas.InicioTerminou = [this] {
     QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(songs.get()); });
+    QTimer::singleShot(CalmaDoInicio, console.get(), [this] { songs->PrepareAdd(); });
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                             core.controles, core.loader, core.leitura, monitors, std::move(janelas));
+                                             core.controles, core.loader, core.leitura, *lugar, std::move(janelas));
 }
 
 void Program::Impl::ListenForControl() {
@@ -235,6 +293,8 @@ void Program::Impl::ListenForControl() {
   ControlDoors doors =
       DoorsOf(core.estado, core.flow, core.agenda, core.controles, core.temaControle, core.canal,
               [this]() -> Display * { return quendar.get(); });
+  doors.telaoEm = [this] { return core.painel.TelaoEm; };
+  doors.semProjetor = [this] { return core.painel.SemProjetor; };
   doors.pagina = [this](const QString &name) { return PageNamed(name); };
   doors.fechaConsole = [this] {
     if (console) {
@@ -251,8 +311,38 @@ void Program::Impl::ListenForControl() {
     prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), error);
 }
 
-// The projector was plugged in, pulled out or changed its size. Its window follows; one that stood on a projector never
-// covers the operator, and a rehearsal window stays what it is.
+// Whatever changes on the desktop is waited out for a moment, and then looked at once.
+void Program::Impl::WatchScreens(QObject *context) {
+  screenTimer.setInterval(EsperaDasTelas);
+  sizeTimer.setInterval(EsperaDoTamanho);
+  for (QTimer *timer : {&screenTimer, &sizeTimer})
+    timer->setSingleShot(true);
+  connect(&screenTimer, &QTimer::timeout, context, [this] { ScreensChanged(); });
+  connect(&sizeTimer, &QTimer::timeout, context, [this] { SizeChanged(); });
+
+  const auto changed = [this] {
+    if (!screenTimer.isActive() && console)
+      console->AnotaTamanho();
+    screenTimer.start();
+  };
+  const auto watch = [changed, context](QScreen *screen) {
+    connect(screen, &QScreen::geometryChanged, context, changed);
+    connect(screen, &QScreen::availableGeometryChanged, context, changed);
+    connect(screen, &QScreen::logicalDotsPerInchChanged, context, changed);
+  };
+  for (QScreen *screen : QGuiApplication::screens())
+    watch(screen);
+  connect(qApp, &QGuiApplication::screenAdded, context, [changed, watch](QScreen *screen) {
+    watch(screen);
+    changed();
+  });
+  connect(qApp, &QGuiApplication::screenRemoved, context, changed);
+  connect(qApp, &QGuiApplication::primaryScreenChanged, context, changed);
+  // The operator drags the console to another monitor: the projection must not stay above it there.
+  if (QWindow *window = console->windowHandle())
+    connect(window, &QWindow::screenChanged, context, changed);
+}
+
 void Program::Impl::ScreensChanged() {
   if (!quendar || startup->Descarregado())
     return;
@@ -260,17 +350,23 @@ void Program::Impl::ScreensChanged() {
     screenTimer.start();
     return;
   }
-  console->AreaDeTrabalhoMudou();
-  const PlacaDoTelao placa = EscolheTela(monitors);
-  core.painel.SemProjetor = !placa.segundoMonitor && noProjetor;
-  core.contexto.Atualiza();
-  if (core.painel.SemProjetor) {
-    quendar->Esconde();
+  triesLeft = TentativasDeLugar;
+  lugar->Reavalia();
+  for (QWidget *window : QApplication::topLevelWidgets())
+    if (window != console.get() && window != quendar.get() && window->isVisible() && !window->windowFlags().testFlag(Qt::Popup))
+      positions.TrazDeVolta(*window, quendar->isFullScreen() && quendar->isVisible() ? quendar->geometry() : QRect());
+}
+
+void Program::Impl::SizeChanged() {
+  if (!core.estado.TelaPronta || startup->Descarregado() || screenTimer.isActive())
     return;
+  if (quendar && !quendar->EstaNoLugar() && triesLeft > 0) {
+    --triesLeft;
+    lugar->Recoloca();
+    sizeTimer.start();
+  } else {
+    lugar->TamanhoMudou();
   }
-  PlaceDisplay(placa);
-  console->AjustaPreview();
-  core.TelaMudou();
 }
 
 Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line)) {}
@@ -287,6 +383,7 @@ Program::~Program() {
   m_impl->songs.reset();
   m_impl->core.controles.AbreGaleria = nullptr;
   m_impl->themes.reset();
+  m_impl->sobre.reset();
   m_impl->console.reset();
 }
 
@@ -294,8 +391,9 @@ std::optional<int> Program::Start() {
   Impl &p = *m_impl;
   // First, so that what the start has to say can be answered from outside.
   p.ListenForControl();
-  const FillResult filled =
-      FillProgramFolder(p.app.path(), FindAssets(p.line.assets, QCoreApplication::applicationDirPath()));
+  const AssetPlaces assets = FindAssets(p.line.assets, QCoreApplication::applicationDirPath());
+  p.help = std::make_unique<HelpDesk>(p.store, p.prompt, p.opener, assets.help);
+  const FillResult filled = FillProgramFolder(p.app.path(), assets);
   if (!filled.problem.isEmpty())
     p.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), filled.problem);
   if (!p.instance.Start(p.prompt))
@@ -304,25 +402,13 @@ std::optional<int> Program::Start() {
     return 0;
 
   p.MakeWindows();
+  p.MakePlace();
   p.MakeStartup();
-
-  p.screenTimer.setSingleShot(true);
-  p.screenTimer.setInterval(EsperaDasTelas);
-  connect(&p.screenTimer, &QTimer::timeout, this, [&p] { p.ScreensChanged(); });
-  const auto watch = [&p, this](QScreen *screen) {
-    connect(screen, &QScreen::geometryChanged, &p.screenTimer, qOverload<>(&QTimer::start));
-  };
-  for (QScreen *screen : QGuiApplication::screens())
-    watch(screen);
-  connect(qApp, &QGuiApplication::screenAdded, this, [&p, watch](QScreen *screen) {
-    watch(screen);
-    p.screenTimer.start();
-  });
-  connect(qApp, &QGuiApplication::screenRemoved, &p.screenTimer, qOverload<>(&QTimer::start));
-
   p.startup->Load();
   if (p.startup->Descarregado())
     return 0;
+  p.WatchScreens(this);
+  p.screenTimer.start(); // for what changed while the start was under way
   return std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 #include "console/FrmMonitor.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
@@ -9,6 +10,10 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <array>
+#include <utility>
+
+#include "console/FrmAtalhos.h"
 #include "console/monitors.h"
 #include "console/ui/add_bar.h"
 #include "bible/ui/reference_box.h"
@@ -18,12 +23,14 @@
 #include "console/ui/console_menus.h"
 #include "console/ui/effects_panel.h"
 #include "console/ui/preview_box.h"
+#include "console/ui/qt_monitors.h"
 #include "console/ui/screen_panel.h"
 #include "console/ui/strip_panel.h"
 #include "console/ui/text_settings.h"
 #include "console/ui/themes_panel.h"
 #include "controls/ui/group_list.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/resize_edge.h"
 #include "display/ui/web_page_host.h"
 
 namespace tolmira {
@@ -33,8 +40,17 @@ namespace {
 constexpr QSize TamanhoMinimo{640, 400}; // below the room that the desk needs it scrolls
 // Shares of the width, agenda to text to screen.
 constexpr int PartesDaMesa[] = {23, 47, 30};
+constexpr int PartesDaMesaLarga[] = {17, 40, 43};
+constexpr int LarguraDaMesaLarga = 2400; // px, from where the preview is worth more than a longer list
+constexpr int AlturaFolgada = 780;       // px, below which the desk is laid out tightly
 constexpr int PartesDosTemas[] = {68, 32};
 constexpr int LarguraDaAgenda = 340; // least, px: five tabs with their default titles
+constexpr int EsperaDaPrevia = 120;  // ms without another change of its size
+// ms after which a window that was shown may have got its frame; nothing tells of it.
+constexpr int EsperasDaMoldura[] = {0, 100, 400, 1500};
+
+// There a window has no place that it could know or choose.
+bool OnWayland() { return QGuiApplication::platformName().startsWith(u"wayland"); }
 
 } // namespace
 
@@ -53,11 +69,42 @@ struct FrmMonitor::Impl {
   ThemesPanel *themes = nullptr;
   EffectsPanel *effects = nullptr;
   AddBar *addBar = nullptr;
+  FrmAtalhos *sheet = nullptr; // once it was asked for
   Windows windows;
   ConsoleKeys *keys = nullptr;
+  QHBoxLayout *desk = nullptr;
+  QVBoxLayout *rows = nullptr;
+  QHBoxLayout *lower = nullptr;
+  QVBoxLayout *middle = nullptr;
+  void FitTo(const QSize &size);
+  bool compact = false;
+  bool wide = false;
   bool fillsWorkArea = false;
+  bool filledBefore = false; // AnotaTamanho
+  QMargins frame; // with which it was filled
   QRect filled; // the rectangle that filled it, without the frame
+  std::array<ResizeEdge *, 3> edges{};
+  QTimer previewTimer;
 };
+
+// The same controls in the same places; a window that is not high gets them closer together.
+void FrmMonitor::Impl::FitTo(const QSize &size) {
+  if (const bool now = size.height() < AlturaFolgada; now != std::exchange(compact, now)) {
+    const int gap = compact ? medidas::Gap : medidas::Margin;
+    rows->setContentsMargins(gap, compact ? 0 : medidas::Step, gap, gap);
+    rows->setSpacing(gap);
+    desk->setSpacing(gap);
+    lower->setSpacing(compact ? medidas::Margin : 2 * medidas::Margin);
+    middle->setSpacing(compact ? medidas::Step : medidas::Gap);
+    agenda->SetCompact(compact);
+    screen->SetCompact(compact);
+    addBar->SetCompact(compact);
+    themes->SetCompact(compact);
+  }
+  if (const bool now = size.width() >= LarguraDaMesaLarga; now != std::exchange(wide, now))
+    for (int i = 0; i < 3; ++i)
+      desk->setStretch(i, (wide ? PartesDaMesaLarga : PartesDaMesa)[i]);
+}
 
 FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_unique<Impl>(parts)) {
   setObjectName(QStringLiteral("FrmMonitor"));
@@ -71,17 +118,17 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   desktop->setFocusPolicy(Qt::NoFocus);
   desktop->setWidgetResizable(true);
   auto *body = new QWidget;
-  auto *rows = new QVBoxLayout(body);
+  auto *rows = d.rows = new QVBoxLayout(body);
   rows->setContentsMargins(medidas::Margin, medidas::Step, medidas::Margin, medidas::Margin);
   rows->setSpacing(medidas::Margin);
 
   // Made in the order in which Tab goes through them.
-  auto *desk = new QHBoxLayout;
+  auto *desk = d.desk = new QHBoxLayout;
   desk->setSpacing(medidas::Margin);
   d.agenda = new AgendaPanel(parts, body);
   d.agenda->setMinimumWidth(LarguraDaAgenda);
   desk->addWidget(d.agenda, PartesDaMesa[0]);
-  auto *middle = new QVBoxLayout;
+  auto *middle = d.middle = new QVBoxLayout;
   middle->setSpacing(medidas::Gap);
   d.strip = new StripPanel(parts, body);
   d.settings = new TextSettings(parts, body);
@@ -102,7 +149,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.addBar = new AddBar(body);
   rows->addWidget(d.addBar);
 
-  auto *lower = new QHBoxLayout;
+  auto *lower = d.lower = new QHBoxLayout;
   lower->setSpacing(2 * medidas::Margin);
   d.themes = new ThemesPanel(parts, body);
   d.effects = new EffectsPanel(parts, body);
@@ -141,11 +188,23 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
     if (window)
       window();
   };
+  ways.chooseScreen = [&d](int index) {
+    if (d.windows.chooseScreen)
+      d.windows.chooseScreen(index);
+  };
   ways.newSong = [&d, open] { open(d.windows.newSong); };
   ways.pictureOnScreen = [&d, open] { open(d.windows.pictureOnScreen); };
   ways.addBible = [&d, open] { open(d.windows.addBible); };
   ways.browseBible = [&d, open] { open(d.windows.browseBible); };
   ways.searchBible = [&d, open] { open(d.windows.searchBible); };
+  ways.help = [&d, open] { open(d.windows.help); };
+  ways.support = [&d, open] { open(d.windows.support); };
+  ways.about = [&d, open] { open(d.windows.about); };
+  ways.keySheet = [this, &d] {
+    if (!d.sheet)
+      d.sheet = new FrmAtalhos(this);
+    d.sheet->Open();
+  };
   d.menus = new ConsoleMenus(parts, std::move(ways), this);
   setMenuBar(d.menus);
   d.screen->SetVersionMenu(d.menus->Versoes());
@@ -155,6 +214,22 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
                       [&d, open] { open(d.windows.addBible); });
   parts.teclas.Image9 = [&d] { d.screen->Image9(); };
   parts.teclas.AddBar = [&d](int index) { d.addBar->Press(index); };
+
+  // The platform's frame is a pixel wide on many desktops; these stand inside it, where a hand finds them.
+  const std::pair<const char *, Qt::Edges> edges[] = {
+      {"PicMoveW", Qt::RightEdge}, {"PicMoveH", Qt::BottomEdge}, {"picResize", Qt::RightEdge | Qt::BottomEdge}};
+  for (size_t i = 0; i < d.edges.size(); ++i) {
+    d.edges[i] = new ResizeEdge(edges[i].second, this);
+    d.edges[i]->setObjectName(QLatin1String(edges[i].first));
+  }
+  PlaceEdges();
+  d.previewTimer.setSingleShot(true);
+  d.previewTimer.setInterval(EsperaDaPrevia);
+  connect(&d.previewTimer, &QTimer::timeout, this, [this] {
+    if (PreviaMudou)
+      PreviaMudou();
+  });
+  d.preview->OnResize = [&d] { d.previewTimer.start(); };
 
   d.keys = new ConsoleKeys(parts, this, d.agenda->Lista());
   parts.console.view = this;
@@ -183,48 +258,101 @@ WebPageHost *FrmMonitor::PicWV() { return m_impl->preview->PicWV(); }
 
 void FrmMonitor::positionInicial() {
   GravaRetanguloPadrao(m_impl->parts.console.store, screen()->geometry());
-  FillWorkArea();
+  FillWorkArea(screen());
   show();
 }
 
 // Filled by hand and not by the platform, so that the panel of the desktop stays in sight. The frame's thickness is
-// known only once the window stands on the screen; showEvent comes back for it.
-void FrmMonitor::FillWorkArea() {
+// known only once the window stands on the screen; showEvent comes back for it. On Wayland only the platform can.
+void FrmMonitor::FillWorkArea(QScreen *on) {
   m_impl->fillsWorkArea = true;
-  const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
-  m_impl->filled = screen()->availableGeometry().marginsRemoved(frame);
-  setGeometry(m_impl->filled);
+  if (OnWayland()) {
+    setWindowState(windowState() | Qt::WindowMaximized);
+  } else {
+    const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
+    m_impl->frame = frame;
+    m_impl->filled = on->availableGeometry().marginsRemoved(frame);
+    if (screen() != on)
+      setScreen(on);
+    setGeometry(m_impl->filled);
+  }
   m_impl->menus->SetMaximised(true);
+  PlaceEdges();
 }
 
-void FrmMonitor::AreaDeTrabalhoMudou() {
-  if (m_impl->fillsWorkArea && geometry() == m_impl->filled)
-    FillWorkArea();
+bool FrmMonitor::FillsWorkArea() const {
+  const Impl &d = *m_impl;
+  if (OnWayland())
+    return isMaximized();
+  return d.fillsWorkArea && geometry() == QRect(d.filled.topLeft(), d.filled.size().expandedTo(minimumSize()));
+}
+
+void FrmMonitor::AnotaTamanho() { m_impl->filledBefore = FillsWorkArea(); }
+
+void FrmMonitor::LevaPara(QScreen *to) {
+  if (OnWayland())
+    return; // the desktop itself takes it along
+  if (m_impl->filledBefore || FillsWorkArea()) {
+    FillWorkArea(to);
+    return;
+  }
+  m_impl->fillsWorkArea = false;
+  // By the part of the window that lies there, since the toolkit may have it counted to that screen already.
+  const QRect seen = frameGeometry() & to->availableGeometry();
+  if (seen.contains(frameGeometry().topLeft()) && seen.width() >= width() / 2 && seen.height() >= height() / 2)
+    return;
+  const QRect normal = RetanguloPadrao(to->geometry()) & to->availableGeometry();
+  setScreen(to);
+  move(normal.topLeft());
+  resize(normal.size().expandedTo(minimumSize()));
 }
 
 void FrmMonitor::AlternaTamanho() {
   const IniStore &store = m_impl->parts.console.store;
-  if (frameGeometry() == screen()->availableGeometry()) {
+  if (OnWayland()) {
+    setWindowState(windowState() ^ Qt::WindowMaximized);
+    m_impl->menus->SetMaximised(isMaximized());
+    return;
+  }
+  if (frameGeometry() == screen()->availableGeometry() || FillsWorkArea()) {
     m_impl->fillsWorkArea = false;
-    const QRect normal = LeRetanguloNormal(store, screen()->geometry());
+    QtMonitors fonte;
+    const clsMonitors monitores(fonte);
+    QRect normal = LeRetanguloNormal(store, screen()->geometry());
+    if (!monitores.AoAlcance(normal)) // it was kept on a monitor that has gone
+      normal = RetanguloPadrao(screen()->geometry());
     move(normal.topLeft());
     resize(normal.size().expandedTo(minimumSize()));
     m_impl->menus->SetMaximised(false);
-    return;
+  } else {
+    GravaRetanguloNormal(store, QRect(pos(), size()));
+    if (isMaximized())
+      showNormal();
+    FillWorkArea(screen());
   }
-  GravaRetanguloNormal(store, QRect(pos(), size()));
-  if (isMaximized())
-    showNormal();
-  FillWorkArea();
+  PlaceEdges();
+  m_impl->parts.console.yielder.Yield(2);
+}
+
+void FrmMonitor::PlaceEdges() {
+  for (ResizeEdge *edge : m_impl->edges)
+    edge->Place();
 }
 
 void FrmMonitor::showEvent(QShowEvent *event) {
   QMainWindow::showEvent(event);
-  if (m_impl->fillsWorkArea)
-    QTimer::singleShot(0, this, [this] {
-      if (m_impl->fillsWorkArea && isVisible())
-        FillWorkArea();
+  for (const int delay : EsperasDaMoldura)
+    QTimer::singleShot(delay, this, [this] {
+      const bool known = windowHandle() && windowHandle()->frameMargins() == m_impl->frame;
+      if (isVisible() && !known && FillsWorkArea())
+        FillWorkArea(screen());
     });
+}
+
+void FrmMonitor::resizeEvent(QResizeEvent *event) {
+  m_impl->FitTo(event->size());
+  QMainWindow::resizeEvent(event);
+  PlaceEdges();
 }
 
 void FrmMonitor::closeEvent(QCloseEvent *event) {
@@ -239,6 +367,7 @@ void FrmMonitor::closeEvent(QCloseEvent *event) {
 
 void FrmMonitor::Atualiza() {
   Impl &d = *m_impl;
+  d.parts.console.descreve();
   d.agenda->Atualiza();
   d.strip->Atualiza();
   d.settings->Atualiza();
@@ -253,6 +382,8 @@ void FrmMonitor::Atualiza() {
 void FrmMonitor::StripMoved() { m_impl->strip->PicAbac2()->StripMoved(); }
 
 void FrmMonitor::AgendaChanged() {
+  m_impl->parts.console.descreve();
+  m_impl->screen->Atualiza(); // the chosen entry is what comes next
   m_impl->agenda->AgendaChanged();
   if (m_impl->windows.agendaChanged)
     m_impl->windows.agendaChanged();

@@ -27,6 +27,7 @@ public:
 
   std::function<bool()> PodeFechar; // asked first; false keeps the window open. May be empty
   std::function<void()> AoFechar; // the window was closed; the program ends
+  std::function<void()> PreviaMudou; // the preview has another size, for a moment already. May be empty
 
   // The windows behind the console's buttons, menus and keys.
   struct Windows {
@@ -36,6 +37,10 @@ public:
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
+    std::function<void(int)> chooseScreen; // for the projection: index into the panel's `telas`
+    std::function<void()> help;
+    std::function<void()> support;
+    std::function<void()> about;
     std::function<void()> agendaChanged; // another agenda is active, or it has another title
   };
   void SetWindows(Windows windows);
@@ -51,7 +56,11 @@ public:
   void TakeKeysOf(QWidget *window); // keys that reach that window count as the console's
 
   void AlternaTamanho(); // Image3: work area or the normal rectangle
-  void AreaDeTrabalhoMudou(); // a console that filled the work area fills it again
+  // The desktop is about to change: whether the console fills its work area is seen now or never.
+  void AnotaTamanho();
+  // After it has: to that screen, filling it if the console filled its own. A console that stands on that screen, of a
+  // size of its own and within reach, stays as it is.
+  void LevaPara(QScreen *screen);
 
   void Atualiza() override;
   void StripMoved() override;
@@ -68,9 +77,12 @@ public:
 protected:
   void closeEvent(QCloseEvent *event) override;
   void showEvent(QShowEvent *event) override;
+  void resizeEvent(QResizeEvent *event) override;
 
 private:
-  void FillWorkArea();
+  void FillWorkArea(QScreen *on);
+  bool FillsWorkArea() const;
+  void PlaceEdges();
   struct Impl;
   std::unique_ptr<Impl> m_impl;
 };

@@ -199,18 +199,18 @@ void BibleLoader::RecarregaVersiculo(bool send) {
   m_console.Atualiza();
 }
 
-void BibleLoader::ReenviaVersiculo() {
+void BibleLoader::ReenviaVersiculo(Alvo alvo) {
   const VersoNoTelao &verso = m_biblia.NoTelao();
   if (m_console.estado.TipoAtual != Biblia || verso.referencia.isEmpty())
     return;
-  m_biblia.ReenviaBiblia(QString::number(Tamanho(verso.texto, verso.referencia, verso.versao)));
+  m_biblia.ReenviaBiblia(QString::number(Tamanho(verso.texto, verso.referencia, verso.versao)), alvo);
 }
 
-void BibleLoader::PaginaVoltou() {
+void BibleLoader::PaginaVoltou(Alvo qual) {
   if (m_console.estado.TipoAtual != Biblia)
     return;
-  m_console.EnviaTamanhoDaFonte();
-  ReenviaVersiculo();
+  m_console.EnviaTamanhoDaFonte(qual);
+  ReenviaVersiculo(qual);
 }
 
 void BibleLoader::CMDProximo_Click(int direction) {

@@ -41,8 +41,8 @@ public:
   bool TrocaVersao(int index);
 
   // Sends the projection's own verse again, without effect: its page was built anew.
-  void ReenviaVersiculo();
-  void PaginaVoltou(); // a page came back after its process died
+  void ReenviaVersiculo(Alvo alvo = Alvo::Ambas);
+  void PaginaVoltou(Alvo qual = Alvo::Ambas); // a page came back after its process died
 
 private:
   struct Passo {

@@ -32,6 +32,7 @@ struct ConsoleContext {
   std::function<Display *()> telao;
   std::function<PageObject *()> previa;
   ConsoleView *view = nullptr;
+  std::function<void()> descreve = {}; // brings painel.situacao up to date
 
   // The projection's size in pixels, the usual one while there is none.
   QSize TelaPx() const {
@@ -49,12 +50,14 @@ struct ConsoleContext {
       view->Atualiza();
   }
   // A page function on the display and then on the preview, as every direct call goes out.
-  void ChamaPaginas(const QString &nome, const QString &a1, const QString &a2 = {}, const QString &a3 = {});
-  void ScriptNasPaginas(const QString &script);
+  void ChamaPaginas(const QString &nome, const QString &a1, const QString &a2 = {}, const QString &a3 = {},
+                    Alvo alvo = Alvo::Ambas);
+  void ScriptNasPaginas(const QString &script, Alvo alvo = Alvo::Ambas);
   // A style property of an element, or of all of a class, on the display as a command and then on the preview.
-  void SetPageStyle(const QString &element, const QString &property, const QString &value);
+  void SetPageStyle(const QString &element, const QString &property, const QString &value, Alvo alvo = Alvo::Ambas);
+  PageObject *Pagina(Alvo qual) const; // one of the two; null while it is not there
   // SetPageStyle("set_text", "font-size", size): the preview gets the size scaled by the ratio of the widths.
-  void EnviaTamanhoDaFonte();
+  void EnviaTamanhoDaFonte(Alvo alvo = Alvo::Ambas);
 };
 
 } // namespace tolmira

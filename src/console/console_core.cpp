@@ -1,5 +1,11 @@
 #include "console/console_core.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "console/projection_status.h"
+#include "display/text_style.h"
+
 namespace tolmira {
 
 ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
@@ -16,21 +22,61 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
       controles(contexto), textos(contexto, loader, leitura), efeitos(contexto, temaControle, loader, leitura),
       formato(contexto, temas, loader, textos), flow(contexto, agenda, loader, leitura, temaControle),
-      teclas(contexto, stepper, flow, agenda, leitura) {}
+      teclas(contexto, stepper, flow, agenda, leitura) {
+  contexto.descreve = [this] {
+    painel.situacao = DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo()});
+  };
+}
 
-void ConsoleCore::PaginaVoltou() {
-  efeitos.PaginaVoltou();
-  loader.PaginaVoltou();
-  leitura.PaginaVoltou();
-  textos.PaginaVoltou();
+void ConsoleCore::PaginaVoltou(Alvo qual) {
+  efeitos.PaginaVoltou(qual);
+  loader.PaginaVoltou(qual);
+  leitura.PaginaVoltou(qual);
+  textos.PaginaVoltou(qual);
+}
+
+void ConsoleCore::PreviaMudou() {
+  if (!estado.TelaPronta || !estado.PaginaDeTexto())
+    return;
+  contexto.EnviaTamanhoDaFonte(Alvo::Previa);
+  leitura.ReenviaVersiculo(Alvo::Previa); // its size stands in the verse itself
+  const int larguraTelao = contexto.TelaPx().width();
+  const int larguraPrevia = contexto.view ? contexto.view->PreviewWidthPx() : 0;
+  if (larguraTelao > 0 && larguraPrevia > 0)
+    CallPageScript(contexto.Pagina(Alvo::Previa), QStringLiteral("ChangeCSS"), QStringLiteral("texto"),
+                   QStringLiteral("text-shadow"),
+                   ContornoTexto(estado.TemaAtual) + u',' +
+                       SombraTexto(estado.TemaAtual, larguraPrevia / static_cast<double>(larguraTelao)));
+}
+
+// While Ctrl is held the frame holds another verse than the projection, and a page that is built anew gets that of the
+// projection.
+int ConsoleCore::VersoNoTelao() const {
+  if (!estado.EhLetra() || estado.EnviarAoTelao)
+    return estado.EstrofeAtual;
+  if (estado.VersoTextoAtual.isEmpty())
+    return -1;
+  return static_cast<int>(estado.TextoEstrofes.indexOf(estado.VersoTextoAtual)) + 1;
 }
 
 void ConsoleCore::TelaMudou() {
   loader.AjustaQuadro();
+  const int noTelao = VersoNoTelao();
+  int noQuadro = std::exchange(estado.EstrofeAtual, noTelao > 0 ? noTelao : -1);
+  const bool adiante = noQuadro != estado.EstrofeAtual;
   loader.RecarregaMusica(false);
   leitura.RecarregaVersiculo(false);
-  paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
-  leitura.ReenviaVersiculo();
+  if (estado.PaginaDeTexto()) {
+    paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
+    leitura.ReenviaVersiculo();
+  }
+  if (adiante) {
+    noQuadro = std::min(noQuadro, estado.TotalEstrofes);
+    estado.EstrofeAtual = noQuadro;
+    if (noQuadro > 0)
+      stepper.PlaceAt(noQuadro);
+    contexto.Atualiza();
+  }
 }
 
 PageBuilder::Hosts ConsoleCore::Hosts(const ConsoleDoors &doors) {

@@ -65,12 +65,15 @@ public:
   PresentationFlow flow;
   KeyTable teclas;
 
-  // A page came back after its process died: it gets what was on it.
-  void PaginaVoltou();
+  // A page came back after its process died: it gets what was on it, and the other one sees nothing.
+  void PaginaVoltou(Alvo qual = Alvo::Ambas);
+  // The preview has another size: text and shadow on it follow.
+  void PreviaMudou();
   // The projection changed its size: the item on show is fitted to it and its page built anew.
   void TelaMudou();
 
 private:
+  int VersoNoTelao() const;
   PageBuilder::Hosts Hosts(const ConsoleDoors &doors);
 };
 

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <vector>
+
 #include "foundation/seams.h"
 
 namespace tolmira {
@@ -34,6 +36,29 @@ struct PainelBiblia {
   bool Adiante = false; // the operator looks ahead: the projection shows something else
 };
 
+// A line of the menu of screens. The first is the automatic choice.
+struct OpcaoDeTela {
+  QString texto;
+  bool marcada = false;
+  bool presente = true; // false: the chosen monitor, which is not there
+  friend bool operator==(const OpcaoDeTela &, const OpcaoDeTela &) = default;
+};
+
+// Whether somebody takes the captions.
+enum class ServidorDeLegendas { Desligado, SemCliente, ComCliente };
+
+// The state of the projection in words. The colours are those of the style sheet: "live", "ready" (live, without text),
+// "held", "off", or empty.
+struct SituacaoDaTela {
+  QString LbEstadoTela; // what the congregation sees, in capitals
+  QString CorDoEstado;
+  QString LbDetalheTela; // which verse, or what brings the text back
+  QString LbProximo;     // what the next key shows
+  QString LbDepois;      // what comes after the item on show; often empty
+  QString LbServidorLegenda;
+  QString CorDasLegendas;
+};
+
 // What the console shows besides its text. The logic writes it and calls ConsoleView::Atualiza; the window only copies
 // it to its controls.
 struct PainelConsole {
@@ -54,6 +79,11 @@ struct PainelConsole {
   bool CommandBtEnabled = false;   // three buttons of text effects, and Command2
   int LBTelaMarcado = 0;           // index of the chosen screen state
   bool SemProjetor = false;        // the monitor of the projection was taken away
+  QString TelaoEm;                 // name of the monitor that the projection is on, or was on when it was taken away
+  std::vector<OpcaoDeTela> telas;  // where the projection can go
+  bool Ensaio = false;             // the projection is a window on the console's own screen
+  ServidorDeLegendas Legendas = ServidorDeLegendas::Desligado; // caption server
+  SituacaoDaTela situacao;         // made of the records whenever the console is brought up to date
 
   PainelBiblia biblia;
   QString LbVersao;                // "Tradução: " and the version's name

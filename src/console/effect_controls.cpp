@@ -1,12 +1,12 @@
 #include "console/effect_controls.h"
 
-#include <algorithm>
-
 #include "console/bible_loader.h"
 #include "console/song_loader.h"
 #include "console/theme_control.h"
 #include "display/effects.h"
 #include "foundation/text_utils.h"
+
+#include <algorithm>
 
 namespace tolmira {
 
@@ -49,11 +49,13 @@ void EffectControls::ComboEfeitoImagemExtra(const QString &variante) {
 }
 
 // One draw for both pages, so that a "Random" shows the operator what the congregation sees.
-void EffectControls::EnviaEfeitoDaImagem() {
+void EffectControls::EnviaEfeitoDaImagem(Alvo alvo) {
   const TemaRecord &tema = m_console.estado.TemaAtual;
   const QString fx = EfeitoCycle(tema.Efeito_Imagem_Fx, tema.Efeito_Imagem_FxExtra, m_console.random);
-  CallPageScript(m_console.previa(), QStringLiteral("ChangeOptions"), QStringLiteral("fx"), fx);
-  m_console.canal.SendToDisplay(u"ChangeOptions|#fx|#" + fx + u"|#");
+  if (alvo != Alvo::Telao)
+    CallPageScript(m_console.previa(), QStringLiteral("ChangeOptions"), QStringLiteral("fx"), fx);
+  if (alvo != Alvo::Previa)
+    m_console.canal.SendToDisplay(u"ChangeOptions|#fx|#" + fx + u"|#");
 }
 
 void EffectControls::ComboEfeitoTexto(const QString &familia) {
@@ -94,9 +96,10 @@ void EffectControls::ImagemDaGaleria(const QString &path, bool move) {
   updateEfeitos2();
 }
 
-void EffectControls::EnviaMovimento() {
+void EffectControls::EnviaMovimento(Alvo alvo) {
   m_console.SetPageStyle(QStringLiteral("img"), QStringLiteral("animation-play-state"),
-                         m_console.estado.TemaAtual.MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"));
+                         m_console.estado.TemaAtual.MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"),
+                         alvo);
 }
 
 void EffectControls::ChkFadeImagem(bool ligado) {
@@ -147,14 +150,15 @@ void EffectControls::slider5(int pixels) {
   updateEfeitos();
 }
 
-void EffectControls::updateEfeitos() {
+void EffectControls::updateEfeitos(Alvo alvo) {
   const TemaRecord &tema = m_console.estado.TemaAtual;
   m_console.ScriptNasPaginas(QStringLiteral("SetAttributeByClass('efeitos','style','filter: blur(%1px) brightness(%2%) "
                                             "contrast(%3%) saturate(%4%)')")
                                  .arg(tema.blur)
                                  .arg(tema.brightness)
                                  .arg(tema.contrast)
-                                 .arg(tema.saturate));
+                                 .arg(tema.saturate),
+                             alvo);
 }
 
 void EffectControls::updateEfeitos2() {
@@ -179,9 +183,9 @@ void EffectControls::SelectColors1() {
   Terminou();
 }
 
-void EffectControls::EnviaCorDeFundo() {
+void EffectControls::EnviaCorDeFundo(Alvo alvo) {
   m_console.ChamaPaginas(QStringLiteral("SetAttribute"), QStringLiteral("wheader"), QStringLiteral("style"),
-                         u"background-color:" + ColorToHex(m_console.estado.TemaAtual.CordeFundo));
+                         u"background-color:" + ColorToHex(m_console.estado.TemaAtual.CordeFundo), alvo);
 }
 
 void EffectControls::ComboFontes(const QString &fonte) {
@@ -198,24 +202,24 @@ void EffectControls::ComboFontes(const QString &fonte) {
 }
 
 // The one property, not the whole style: text that is hidden stays hidden.
-void EffectControls::EnviaFonte() {
+void EffectControls::EnviaFonte(Alvo alvo) {
   m_console.SetPageStyle(QStringLiteral("texto"), QStringLiteral("font-family"),
-                         u'"' + EscapaApostrofos(m_console.estado.TemaAtual.Font_Name) + u'"');
+                         u'"' + EscapaApostrofos(m_console.estado.TemaAtual.Font_Name) + u'"', alvo);
 }
 
-void EffectControls::PaginaVoltou() {
+void EffectControls::PaginaVoltou(Alvo qual) {
   const EstadoConsole &estado = m_console.estado;
   if (!estado.PaginaDeTexto())
     return;
-  EnviaFonte();
-  updateEfeitos();
+  EnviaFonte(qual);
+  updateEfeitos(qual);
   if (estado.TemaAtual.Tipo == u"CorDeFundo")
-    EnviaCorDeFundo();
+    EnviaCorDeFundo(qual);
   if (estado.TemaAtual.Tipo != u"Imagem")
     return;
-  EnviaEfeitoDaImagem();
+  EnviaEfeitoDaImagem(qual);
   if (!estado.ImagensCongeladas)
-    EnviaMovimento();
+    EnviaMovimento(qual);
 }
 
 } // namespace tolmira

@@ -9,14 +9,14 @@ class SongLoader;
 class ThemeControl;
 enum class GrupoEfeito;
 
-// Effects, filters, font and background colour of the theme in force. They are changed for this session only: applying a
-// theme brings back what it says. A value given before the console has loaded is dropped.
+// Effects, filters, font and background colour of the theme in force. They are changed for this session only: applying
+// a theme brings back what it says. A value given before the console has loaded is dropped.
 class EffectControls {
 public:
   EffectControls(ConsoleContext &console, ThemeControl &temas, SongLoader &loader, BibleLoader &leitura);
 
-  // Families and variants by their names in the catalogue. Picture effects reach the pages at once, text effects come with
-  // the next verse. A new family keeps the variant if it has one of that name, else it begins with "Random".
+  // Families and variants by their names in the catalogue. Picture effects reach the pages at once, text effects come
+  // with the next verse. A new family keeps the variant if it has one of that name, else it begins with "Random".
   void ComboEfeitoImagem(const QString &familia);
   void ComboEfeitoImagemExtra(const QString &variante);
   void ComboEfeitoTexto(const QString &familia);
@@ -34,24 +34,24 @@ public:
   void slider3(int porCento); // contrast
   void slider4(int porCento); // saturation
   void slider5(int pixels);   // blur
-  void updateEfeitos();       // the filters go to the pages
+  void updateEfeitos(Alvo alvo = Alvo::Ambas); // the filters go to the pages
   void updateEfeitos2();      // the sliders take the theme's values; nothing is sent
 
   void SelectColors1(); // asks for a colour and makes it the background
   void ComboFontes(const QString &fonte);
 
   // A page came back as it was built: it gets what it was told since.
-  void PaginaVoltou();
+  void PaginaVoltou(Alvo qual);
 
   static constexpr int MaiorFiltro = 200;  // per cent
   static constexpr int MaiorDesfoque = 20; // pixels
 
 private:
   bool Carregado() const { return m_console.estado.ConsoleCarregado; }
-  void EnviaEfeitoDaImagem();
-  void EnviaMovimento();
-  void EnviaCorDeFundo();
-  void EnviaFonte();
+  void EnviaEfeitoDaImagem(Alvo alvo = Alvo::Ambas);
+  void EnviaMovimento(Alvo alvo = Alvo::Ambas);
+  void EnviaCorDeFundo(Alvo alvo = Alvo::Ambas);
+  void EnviaFonte(Alvo alvo = Alvo::Ambas);
   void Terminou(); // what every handler ends with
 
   ConsoleContext &m_console;

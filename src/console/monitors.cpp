@@ -14,6 +14,21 @@ constexpr int Twips = 15;        // to the pixel
 constexpr int LimiteDeTwips = 1'000'000; // far beyond any desktop
 constexpr int TamanhoMinimo = 101; // twips; a smaller stored rectangle is not believed
 
+// The walk over the desktop, and how much of a window's title has to be seen; pixels.
+constexpr int PassoAoLado = 320;
+constexpr int PassoAbaixo = 240;
+constexpr int AlturaDoTitulo = 24;
+constexpr int LarguraParaPegar = 120;
+
+const QString ChaveDoMonitor = QStringLiteral("MonitorDoTelao");
+
+const clsMonitor *ByHandle(const std::vector<clsMonitor> &monitores, quintptr handle) {
+  for (const clsMonitor &monitor : monitores)
+    if (monitor.Handle == handle)
+      return &monitor;
+  return nullptr;
+}
+
 QString Arquivo(const IniStore &store) { return store.App().At(u"\\Data\\FormPositions.dat"); }
 
 void Grava(const IniStore &store, const QString &key, double twips) {
@@ -29,31 +44,123 @@ int Le(const IniStore &store, const QString &key) {
 
 } // namespace
 
-PlacaDoTelao EscolheTela(const MonitorSource &monitores) {
-  const std::vector<clsMonitor> todos = monitores.Monitors();
-  const quintptr console = monitores.ConsoleMonitor();
-  for (const clsMonitor &monitor : todos)
-    if (monitor.Handle != console)
-      return {monitor.Rect(), true};
+clsMonitors::clsMonitors(const MonitorSource &fonte) : m_fonte(fonte) { Refresh(); }
 
-  QRect tela(0, 0, 1280, 720);
-  for (const clsMonitor &monitor : todos)
-    if (monitor.Handle == console)
-      tela = monitor.Rect();
-  const QSize metade = tela.size() / 2;
-  return {QRect(tela.left() + tela.width() / 2 - metade.width() / 2,
-                tela.top() + tela.height() / 2 - metade.height() / 2, metade.width(), metade.height()),
-          false};
+// In steps of at most the size of the smallest monitor that counts.
+void clsMonitors::Refresh() {
+  Monitors.clear();
+  m_todos = m_fonte.Monitors();
+  QRect mesa;
+  for (const clsMonitor &monitor : m_todos)
+    mesa |= monitor.Rect();
+  for (int y = mesa.top(); y <= mesa.bottom(); y += PassoAbaixo)
+    for (int x = mesa.left(); x <= mesa.right(); x += PassoAoLado) {
+      const auto met = std::find_if(m_todos.begin(), m_todos.end(),
+                                    [&](const clsMonitor &monitor) { return monitor.Rect().contains(x, y); });
+      if (met != m_todos.end() && !ByHandle(Monitors, met->Handle))
+        Monitors.push_back(*met);
+    }
 }
 
-PlacaDoTelao PosicionarFrmQuendar(const MonitorSource &monitores, UserPrompt &prompt) {
-  if (monitores.Monitors().size() <= 1)
-    prompt.Message(MessageKind::Critical, QStringLiteral("Tolmira"),
-                   QStringLiteral("The second monitor or projector is not activated, or the screen is set to "
-                                  "'Duplicate' when it should be 'Extended.'\n\n"
-                                  "Before clicking 'OK,' press the 'Windows+P' keys, and in the screen that appears, "
-                                  "click on 'Extend.'"));
-  return EscolheTela(monitores);
+// A console on a monitor that lies behind another stands on that one.
+const clsMonitor *clsMonitors::MonitorFromWindow() const {
+  const quintptr handle = m_fonte.ConsoleMonitor();
+  if (const clsMonitor *met = ByHandle(Monitors, handle))
+    return met;
+  const clsMonitor *hidden = ByHandle(m_todos, handle);
+  return hidden ? GetMonitorFromXYPoint(hidden->Left, hidden->Top) : nullptr;
+}
+
+const clsMonitor *clsMonitors::GetMonitorFromXYPoint(int x, int y) const {
+  for (const clsMonitor &monitor : Monitors)
+    if (monitor.Rect().contains(x, y))
+      return &monitor;
+  return nullptr;
+}
+
+bool clsMonitors::IsFormOnPrimaryMonitor(const QRect &form) const {
+  const clsMonitor *monitor = GetMonitorFromXYPoint(form.center().x(), form.center().y());
+  return monitor && monitor->Handle == m_todos.front().Handle;
+}
+
+bool clsMonitors::AoAlcance(const QRect &form) const {
+  const QRect title(form.topLeft(), QSize(form.width(), std::min(form.height(), AlturaDoTitulo)));
+  return std::any_of(Monitors.begin(), Monitors.end(), [&](const clsMonitor &monitor) {
+    const QRect seen = title & monitor.WorkArea();
+    return seen.height() == title.height() && seen.width() >= std::min(title.width(), LarguraParaPegar);
+  });
+}
+
+EscolhaDeMonitor::EscolhaDeMonitor(const IniStore &store) : m_store(store) {
+  const QString stored = store.ReadConfig(Secao, ChaveDoMonitor, QString());
+  m_edid = stored.section(u'|', 0, 0);
+  m_conector = stored.section(u'|', 1, 1);
+  m_nome = stored.section(u'|', 2, 2);
+}
+
+void EscolhaDeMonitor::Escolhe(const clsMonitor *monitor) {
+  const auto part = [](QString text) { return text.replace(u'|', u' ').simplified(); };
+  m_edid = monitor ? part(monitor->Edid) : QString();
+  m_conector = monitor ? part(monitor->Conector) : QString();
+  m_nome = monitor ? part(monitor->Nome) : QString();
+  m_store.WriteConfig(Secao, ChaveDoMonitor,
+                      Automatica() ? QString() : QString(m_edid + u'|' + m_conector + u'|' + m_nome));
+}
+
+const clsMonitor *EscolhaDeMonitor::Encontra(const std::vector<clsMonitor> &monitores) const {
+  if (Automatica())
+    return nullptr;
+  const clsMonitor *found = nullptr;
+  for (const clsMonitor &monitor : monitores) {
+    if (QString(monitor.Edid).replace(u'|', u' ').simplified() != m_edid)
+      continue;
+    if (monitor.Conector == m_conector)
+      return &monitor;
+    if (!found && !m_edid.isEmpty())
+      found = &monitor;
+  }
+  return found;
+}
+
+PlacaDoTelao EscolheTela(const clsMonitors &monitores, const EscolhaDeMonitor &escolha) {
+  const clsMonitor *console = monitores.MonitorFromWindow();
+  // A monitor that repeats a part of the console's would cover that part.
+  const auto apart = [console](const clsMonitor &monitor) {
+    return !console || (monitor.Handle != console->Handle && !monitor.Rect().intersects(console->Rect()));
+  };
+  const clsMonitor *chosen = escolha.Encontra(monitores.Monitors);
+  if (chosen && apart(*chosen))
+    return {chosen->Rect(), true, true, chosen->Handle, chosen->Nome};
+  if (!chosen)
+    for (const clsMonitor &monitor : monitores.Monitors)
+      if (apart(monitor))
+        return {monitor.Rect(), true, false, monitor.Handle, monitor.Nome};
+
+  const clsMonitor *own = chosen ? chosen : console;
+  if (!own && !monitores.Monitors.empty())
+    own = &monitores.Monitors.front();
+  const QRect tela = own ? own->Rect() : QRect(0, 0, 1280, 720);
+  const QSize metade = tela.size() / 2;
+  PlacaDoTelao placa;
+  placa.tela = QRect(tela.left() + tela.width() / 2 - metade.width() / 2,
+                     tela.top() + tela.height() / 2 - metade.height() / 2, metade.width(), metade.height());
+  placa.escolhida = chosen;
+  if (own) {
+    placa.monitor = own->Handle;
+    placa.nome = own->Nome;
+  }
+  return placa;
+}
+
+void PerguntaPeloProjetor(clsMonitors &monitores, UserPrompt &prompt) {
+  if (monitores.Monitors.size() > 1)
+    return;
+  prompt.Message(MessageKind::Critical, QStringLiteral("Tolmira"),
+                 QStringLiteral("The second monitor or projector is not activated, or the screen is set to "
+                                "'Duplicate' when it should be 'Extended.'\n\n"
+                                "Before clicking 'OK,' press the 'Windows+P' keys, and in the screen that appears, "
+                                "click on 'Extend.'"));
+  monitores.Refresh();
 }
 
 QRect RetanguloPadrao(const QRect &tela) {

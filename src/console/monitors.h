@@ -17,6 +17,9 @@ public:
   int Left = 0, Right = 0, Top = 0, Bottom = 0; // Right and Bottom lie one past the last pixel
   int WorkLeft = 0, WorkRight = 0, WorkTop = 0, WorkBottom = 0;
   int Height = 0, Width = 0;
+  QString Edid;     // maker, model and serial number as the monitor tells them; empty when it tells nothing
+  QString Conector; // where it is plugged in, "HDMI-1"
+  QString Nome;     // for the operator
   QRect Rect() const { return {Left, Top, Width, Height}; }
   QRect WorkArea() const { return {WorkLeft, WorkTop, WorkRight - WorkLeft, WorkBottom - WorkTop}; }
 };
@@ -29,23 +32,66 @@ public:
   virtual quintptr ConsoleMonitor() const = 0;          // handle of the monitor that holds the console
 };
 
-// Where the projection goes.
-struct PlacaDoTelao {
-  QRect tela;              // pixels
-  bool segundoMonitor = false; // false: a window on the console's own screen, for rehearsal
+// The monitors at one moment, in the order in which the choice goes through them: as a walk over the desktop from its
+// upper left corner meets them. Which one is the primary does not count, and a monitor that lies wholly behind another
+// (a mirrored one) is not met.
+class clsMonitors {
+public:
+  explicit clsMonitors(const MonitorSource &fonte);
+  void Refresh();
+
+  std::vector<clsMonitor> Monitors;
+
+  // Pointers into the list; null for none.
+  const clsMonitor *MonitorFromWindow() const; // that of the console
+  const clsMonitor *GetMonitorFromXYPoint(int x, int y) const;
+  bool IsFormOnPrimaryMonitor(const QRect &form) const; // by its middle
+  // Enough of the window's title bar lies on a monitor to drag it by.
+  bool AoAlcance(const QRect &form) const;
+
+private:
+  const MonitorSource &m_fonte;
+  std::vector<clsMonitor> m_todos; // as the platform lists them
 };
 
-// Shows the message about the missing projector when there is one monitor, looks again, and chooses: the first monitor
-// that does not hold the console, else a centred window of half the screen's size.
-PlacaDoTelao PosicionarFrmQuendar(const MonitorSource &monitores, UserPrompt &prompt);
-// The same choice without the message, for changes while the program runs.
-PlacaDoTelao EscolheTela(const MonitorSource &monitores);
+// The operator's choice of a monitor for the projection, kept in Data\Config.dat by what the monitor says of itself and
+// not by its place. Two monitors that say the same are told apart by their connectors.
+class EscolhaDeMonitor {
+public:
+  explicit EscolhaDeMonitor(const IniStore &store);
+  bool Automatica() const { return m_edid.isEmpty() && m_conector.isEmpty(); }
+  void Escolhe(const clsMonitor *monitor); // null for automatic
+  const clsMonitor *Encontra(const std::vector<clsMonitor> &monitores) const; // null when automatic or not there
+  QString Nome() const { return m_nome; }
+
+private:
+  const IniStore &m_store;
+  QString m_edid;
+  QString m_conector;
+  QString m_nome;
+};
+
+// Where the projection goes.
+struct PlacaDoTelao {
+  QRect tela;                  // pixels
+  bool segundoMonitor = false; // false: a window on a screen that is not its own, for rehearsal
+  bool escolhida = false;      // by the operator, not by the rule
+  quintptr monitor = 0;
+  QString nome; // of the monitor
+};
+
+// The monitor that the operator chose, if it is there. Else the first that does not hold the console and shows nothing
+// of the console's monitor. Where that leaves none, or the console's own is chosen: a centred window of half its size.
+PlacaDoTelao EscolheTela(const clsMonitors &monitores, const EscolhaDeMonitor &escolha);
+// With one monitor the message about the missing projector; the monitors are looked at again behind it.
+void PerguntaPeloProjetor(clsMonitors &monitores, UserPrompt &prompt);
 
 // The console's normal rectangle, in pixels; Data\FormPositions.dat keeps it in twips.
 QRect RetanguloPadrao(const QRect &tela);
 void GravaRetanguloPadrao(const IniStore &store, const QRect &tela);
 void GravaRetanguloNormal(const IniStore &store, const QRect &pixels);
-QRect LeRetanguloNormal(const IniStore &store, const QRect &tela); // below 101 twips in a direction: the default
+// Below 101 twips in a direction: the default for that screen.
+QRect LeRetanguloNormal(const IniStore &store, const QRect &tela);
 
 // The preview's panel inside its container, pixels: the projection's aspect, centred.
 QRect AjustaPreview(const QSize &container, const QSize &monitor);

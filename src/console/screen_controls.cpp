@@ -1,8 +1,8 @@
 #include "console/screen_controls.h"
 
-#include <algorithm>
-
 #include "foundation/text_file.h"
+
+#include <algorithm>
 
 namespace tolmira {
 
@@ -29,8 +29,12 @@ const EstadoDaTela &Estado(int index) {
 
 } // namespace
 
-QString ScreenControls::LegendaDoEstado(int index) { return Estado(index).legenda; }
-QString ScreenControls::DicaDoEstado(int index) { return Estado(index).dica; }
+QString ScreenControls::LegendaDoEstado(int index) {
+  return Estado(index).legenda;
+}
+QString ScreenControls::DicaDoEstado(int index) {
+  return Estado(index).dica;
+}
 
 QString ScreenControls::FundoPadrao() const {
   const QString nome = m_console.store.ReadConfig(Config, ChaveDoFundo, QString());
@@ -44,9 +48,9 @@ void ScreenControls::SetScreenState(int index) {
   EstadoConsole &estado = m_console.estado;
   DisplayChannel &canal = m_console.canal;
 
-  // Found out before anything moves: without a picture the state stays as it is, and so does what the congregation sees.
-  // The state is not taken behind the chooser either. It may have stood open for minutes, and what goes out then shall
-  // follow a press on a state and not the end of a dialogue.
+  // Found out before anything moves: without a picture the state stays as it is, and so does what the congregation
+  // sees. The state is not taken behind the chooser either. It may have stood open for minutes, and what goes out then
+  // shall follow a press on a state and not the end of a dialogue.
   const QString fundo = index == 3 ? FundoPadrao() : QString();
   if (index == 3 && fundo.isEmpty()) {
     Image11();

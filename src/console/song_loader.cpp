@@ -34,6 +34,27 @@ QStringList TextoDasEstrofes(const PaginatedSong &paged) {
   return pieces;
 }
 
+int Linhas(const QString &verso) { return static_cast<int>(verso.count(u"<br>")) + 1; }
+
+// Where verse `n` is now. Cut for another frame, a song has its stanzas split at other lines: it is the verse with the line
+// by which that one began. A text that was edited meanwhile keeps the number.
+int MesmoLugar(const QStringList &antes, int n, const QStringList &agora) {
+  const int total = static_cast<int>(agora.size());
+  const QString linhas = QStringLiteral("<br>");
+  if (antes.size() == agora.size() || n > antes.size() ||
+      antes.join(linhas).compare(agora.join(linhas), Qt::CaseInsensitive) != 0)
+    return std::min(n, total);
+  int linha = 0;
+  for (int i = 0; i < n - 1; ++i)
+    linha += Linhas(antes[i]);
+  for (int i = 0; i < total; ++i) {
+    linha -= Linhas(agora[i]);
+    if (linha < 0)
+      return i + 1;
+  }
+  return total;
+}
+
 } // namespace
 
 SongLoader::SongLoader(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas)
@@ -177,9 +198,10 @@ void SongLoader::RecarregaMusica(bool send) {
   if (path.endsWith(u".txt", Qt::CaseInsensitive) && !FileExists(path))
     return;
   const int verso = estado.EstrofeAtual;
+  const QStringList antes = estado.TextoEstrofes;
   PreparaTexto(path);
   if (verso > 0) {
-    estado.EstrofeAtual = std::min(verso, estado.TotalEstrofes);
+    estado.EstrofeAtual = MesmoLugar(antes, verso, estado.TextoEstrofes);
     m_stepper.PlaceAt(estado.EstrofeAtual);
   } else if (estado.ModoMovimento == u"Acima") {
     m_console.faixa.Label1Topo += m_console.faixa.FrameTop - m_stepper.fimdolabel() - TwipsPerPixel;
@@ -200,18 +222,18 @@ void SongLoader::ReenviaVerso() {
     m_console.letras.ReenviaVerso();
 }
 
-void SongLoader::PaginaVoltou() {
+void SongLoader::PaginaVoltou(Alvo qual) {
   EstadoConsole &estado = m_console.estado;
   if (!estado.PaginaDeTexto())
     return;
   const bool oculto = estado.EstadoTela == u"OcultarTexto";
   m_console.ChamaPaginas(QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),
-                         oculto ? QStringLiteral("none") : QStringLiteral("block"));
+                         oculto ? QStringLiteral("none") : QStringLiteral("block"), qual);
   if (!estado.EhLetra())
     return;
-  m_console.EnviaTamanhoDaFonte();
+  m_console.EnviaTamanhoDaFonte(qual);
   // Not the verse in the frame: the operator may be looking ahead.
-  m_console.letras.ReenviaVerso();
+  m_console.letras.ReenviaVerso(qual);
 }
 
 int SongLoader::AlturaDoQuadro() const {

@@ -32,7 +32,7 @@ public:
 
   // A page came back after its process died, as it was when it was built: it gets the text size, the state of the text
   // and the verse on show. On a page that was alive this changes nothing.
-  void PaginaVoltou();
+  void PaginaVoltou(Alvo qual = Alvo::Ambas);
 
   // Fits the frame to the projection's proportions.
   void AjustaQuadro();

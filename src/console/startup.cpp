@@ -20,9 +20,9 @@ int ReadNumber(const Registro &registro, const QString &name, int fallback, int 
 
 ConsoleStartup::ConsoleStartup(ConsoleContext &console, AgendaDesk &agenda, ThemeControl &temas, ThemeStore &loja,
                                ScreenControls &controles, SongLoader &loader, BibleLoader &leitura,
-                               const MonitorSource &monitores, Janelas janelas)
+                               ProjectionPlace &lugar, Janelas janelas)
     : m_console(console), m_agenda(agenda), m_temas(temas), m_loja(loja), m_controles(controles), m_loader(loader),
-      m_leitura(leitura), m_monitores(monitores), m_janelas(std::move(janelas)) {
+      m_leitura(leitura), m_lugar(lugar), m_janelas(std::move(janelas)) {
   m_timerTerminaLoad = console.clock.NewTimer([this] { TimerTerminaLoad(); });
 }
 
@@ -32,10 +32,9 @@ void ConsoleStartup::Load() {
   m_leitura.CarregaLegenda();
   m_janelas.CarregaFontes();
   LeAjustes(m_console);
-  m_placa = PosicionarFrmQuendar(m_monitores, m_console.prompt);
+  m_lugar.PosicionarFrmQuendar();
   if (m_descarregado)
     return; // closed from outside while the message stood
-  m_janelas.PosicionaTelao(m_placa);
   m_janelas.AjustaPreview();
   estado.ConsoleCarregado = true;
   carregaInicio();

@@ -4,8 +4,8 @@
 
 #include "console/agenda_desk.h"
 #include "console/bible_loader.h"
-#include "console/monitors.h"
 #include "console/page_zoom.h"
+#include "console/projection_place.h"
 #include "console/screen_controls.h"
 #include "console/song_loader.h"
 #include "console/theme_control.h"
@@ -17,7 +17,6 @@ class ConsoleStartup {
 public:
   struct Janelas {
     std::function<void()> CarregaFontes;
-    std::function<void(const PlacaDoTelao &)> PosicionaTelao;
     std::function<void()> AjustaPreview;
     std::function<void()> positionInicial;
     std::function<bool()> CriaPrevia;      // the engine on the console's PicWV; false when it cannot start
@@ -30,7 +29,7 @@ public:
   };
 
   ConsoleStartup(ConsoleContext &console, AgendaDesk &agenda, ThemeControl &temas, ThemeStore &loja,
-                 ScreenControls &controles, SongLoader &loader, BibleLoader &leitura, const MonitorSource &monitores,
+                 ScreenControls &controles, SongLoader &loader, BibleLoader &leitura, ProjectionPlace &lugar,
                  Janelas janelas);
 
   void Load();              // the console's load event
@@ -48,10 +47,9 @@ private:
   ScreenControls &m_controles;
   SongLoader &m_loader;
   BibleLoader &m_leitura;
-  const MonitorSource &m_monitores;
+  ProjectionPlace &m_lugar;
   Janelas m_janelas;
   std::unique_ptr<PeriodicTimer> m_timerTerminaLoad;
-  PlacaDoTelao m_placa;
   bool m_initAppRodou = false;
   bool m_descarregado = false;
 };

@@ -1,31 +1,35 @@
 #include "console/text_controls.h"
 
-#include <algorithm>
-
 #include "console/bible_loader.h"
 #include "console/page_zoom.h"
 #include "console/song_loader.h"
 #include "display/text_style.h"
 #include "foundation/text_fields.h"
 
+#include <algorithm>
+
 namespace tolmira {
 
 namespace {
 
 const QString Config = QStringLiteral("Config");
-constexpr int PrimeiroAnimado = 7;   // style of songs
-constexpr int PrimeiroComFaixa = 2;  // style of songs whose band is an element of its own
-constexpr int EstiloQueAlinha = 1;   // the only style of songs that follows Alinhamento
-constexpr int AjusteNeutro = 15;     // the value of sliderFontSizeAjust that leaves the fitted size as it is
+constexpr int PrimeiroAnimado = 7;  // style of songs
+constexpr int PrimeiroComFaixa = 2; // style of songs whose band is an element of its own
+constexpr int EstiloQueAlinha = 1;  // the only style of songs that follows Alinhamento
+constexpr int AjusteNeutro = 15;    // the value of sliderFontSizeAjust that leaves the fitted size as it is
 
 } // namespace
 
 TextControls::TextControls(ConsoleContext &console, SongLoader &loader, BibleLoader &leitura)
     : m_console(console), m_loader(loader), m_leitura(leitura) {}
 
-bool TextControls::LouvorNaTela() const { return m_console.estado.EhLetra() && m_console.faixa.Label1Visible; }
+bool TextControls::LouvorNaTela() const {
+  return m_console.estado.EhLetra() && m_console.faixa.Label1Visible;
+}
 
-void TextControls::Grava(const QString &key, const QString &value) { m_console.store.WriteConfig(Config, key, value); }
+void TextControls::Grava(const QString &key, const QString &value) {
+  m_console.store.WriteConfig(Config, key, value);
+}
 
 void TextControls::SliderExLouvor(int value) {
   AjustesTexto &ajustes = m_console.ajustes;
@@ -81,19 +85,20 @@ void TextControls::SliderFaixa(int value) {
 }
 
 // One blank less than the slider's own call; both are the same colour.
-void TextControls::SliderFaixaUpdate() { DefineFaixa(u"rgb(0, 0, 0,"); }
+void TextControls::SliderFaixaUpdate(Alvo alvo) {
+  DefineFaixa(u"rgb(0, 0, 0,", alvo);
+}
 
-void TextControls::DefineFaixa(QStringView antesDoAlfa) {
+void TextControls::DefineFaixa(QStringView antesDoAlfa, Alvo alvo) {
   const AjustesTexto &ajustes = m_console.ajustes;
   const bool animado = ajustes.EstiloLouvor >= PrimeiroAnimado;
   const QString alfa = AlfaFaixa(ajustes.TransparenciaFaixa);
-  m_console.ChamaPaginas(QStringLiteral("ChangeCSS"),
-                         ajustes.EstiloLouvor >= PrimeiroComFaixa ? QStringLiteral("textbackgroundDiv")
-                                                                  : QStringLiteral("verso"),
-                         QStringLiteral("background-color"),
-                         antesDoAlfa + (animado ? QStringLiteral("0") : alfa) + u')');
+  m_console.ChamaPaginas(
+      QStringLiteral("ChangeCSS"),
+      ajustes.EstiloLouvor >= PrimeiroComFaixa ? QStringLiteral("textbackgroundDiv") : QStringLiteral("verso"),
+      QStringLiteral("background-color"), antesDoAlfa + (animado ? QStringLiteral("0") : alfa) + u')', alvo);
   if (animado)
-    m_console.ScriptNasPaginas(u"ApplyTransparency('" + alfa + u"')");
+    m_console.ScriptNasPaginas(u"ApplyTransparency('" + alfa + u"')", alvo);
 }
 
 void TextControls::DefineZoom(int percent) {
@@ -147,9 +152,10 @@ void TextControls::ApplyVerticalAlign(const QString &value) {
   m_console.Atualiza();
 }
 
-void TextControls::EnviaAlinhamentoVertical() {
+void TextControls::EnviaAlinhamentoVertical(Alvo alvo) {
   m_console.ScriptNasPaginas(u"SetAttributeByClass('textoContainer','style','justify-content: " +
-                             m_console.ajustes.AlinhamentoVertical + u"')");
+                                 m_console.ajustes.AlinhamentoVertical + u"')",
+                             alvo);
 }
 
 void TextControls::ImgBtFontSize(int index) {
@@ -219,12 +225,12 @@ void TextControls::Image5(int alinhamento) {
   m_console.Atualiza();
 }
 
-void TextControls::PaginaVoltou() {
+void TextControls::PaginaVoltou(Alvo qual) {
   if (!m_console.estado.PaginaDeTexto())
     return;
-  EnviaAlinhamentoVertical();
+  EnviaAlinhamentoVertical(qual);
   if (m_console.estado.EhLetra())
-    SliderFaixaUpdate();
+    SliderFaixaUpdate(qual);
 }
 
 void LeAjustes(ConsoleContext &console) {
@@ -239,8 +245,7 @@ void LeAjustes(ConsoleContext &console) {
   ajustes.TransparenciaFaixa = QString::number(number(QStringLiteral("Transparencia_Faixa"), 7, 0, 10));
   ajustes.EscalaBiblia =
       number(QStringLiteral("FontSizeAjusts"), AjusteNeutro, 0, TextControls::MaiorAjusteBiblia) - AjusteNeutro + 100;
-  ajustes.ZoomAjust =
-      number(QStringLiteral("ZoomAjust"), 100, TextControls::MenorZoom, TextControls::MaiorZoom);
+  ajustes.ZoomAjust = number(QStringLiteral("ZoomAjust"), 100, TextControls::MenorZoom, TextControls::MaiorZoom);
   ajustes.ZoomAjustBiblia =
       number(QStringLiteral("ZoomAjustBiblia"), 100, TextControls::MenorZoom, TextControls::MaiorZoom);
   ajustes.SombraVerso = number(QStringLiteral("SombraVerso"), 7, 0, 10);

@@ -26,6 +26,10 @@ bool OnX11() {
   return QGuiApplication::platformName() == u"xcb";
 }
 
+bool OnWayland() {
+  return QGuiApplication::platformName().startsWith(u"wayland");
+}
+
 // A tool window has no entry in the task bar. Only X11 has the notion; elsewhere it would be an ordinary window with a
 // complaint.
 Qt::WindowFlags ProjectionFlags() {
@@ -93,6 +97,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   bool dragged = false;       // the present press became a drag, so its release is no click
   bool withoutScreen = false; // Esconde: not to be shown before it is placed again
   QPointer<QScreen> screen;   // of the projector; null in a rehearsal window
+  QRect lugar;                // of the projector; null in a rehearsal window
   QRect normalRect;           // of the window in normal state
 };
 
@@ -203,7 +208,9 @@ void FrmQuendar::Impl::ToggleState() {
     window.setWindowState(Qt::WindowFullScreen);
   } else {
     window.setWindowState(Qt::WindowNoState);
-    if (normalRect.isValid())
+    if (normalRect.isValid() && OnWayland())
+      window.resize(normalRect.size());
+    else if (normalRect.isValid())
       window.setGeometry(normalRect);
   }
 }
@@ -291,13 +298,19 @@ WebPageHost *FrmQuendar::PicWV() {
 void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
   Impl &d = *m_impl;
   QScreen *target = QGuiApplication::screenAt(pixels.center());
+  if (wholeScreen && isFullScreen() && d.screen && d.screen == target && geometry() == pixels && !d.withoutScreen)
+    return;
   d.screen = wholeScreen ? target : nullptr;
+  d.lugar = wholeScreen ? pixels : QRect();
   // A window that is whole screen already stays where it is, so it becomes a normal one on the way to another screen.
   if (isFullScreen())
     setWindowState(Qt::WindowNoState);
   if (target)
     setScreen(target);
-  setGeometry(pixels);
+  if (OnWayland())
+    resize(pixels.size());
+  else
+    setGeometry(pixels);
   if (wholeScreen) {
     d.normalRect = QRect(pixels.center() - QPoint(pixels.width() / 4, pixels.height() / 4), pixels.size() / 2);
     setWindowState(Qt::WindowFullScreen);
@@ -309,6 +322,11 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
   d.Arrange();
   if (d.alfa < FullAlfa)
     IniciaFade();
+}
+
+bool FrmQuendar::EstaNoLugar() const {
+  const Impl &d = *m_impl;
+  return OnWayland() || d.lugar.isNull() || !isVisible() || !isFullScreen() || geometry() == d.lugar;
 }
 
 void FrmQuendar::IniciaFade() {
@@ -351,11 +369,18 @@ DisplayCommands &FrmQuendar::Commands() {
 
 void FrmQuendar::resizeEvent(QResizeEvent *) {
   m_impl->Arrange();
+  if (OnResize)
+    OnResize();
   // After one turn of the message loop, so that the layers have taken their place before the console asks for it.
   QTimer::singleShot(0, this, [this] {
     if (!m_impl->parts.estado.ConsoleCarregado && PosicaoInicial)
       PosicaoInicial();
   });
+}
+
+void FrmQuendar::moveEvent(QMoveEvent *) {
+  if (OnResize)
+    OnResize();
 }
 
 void FrmQuendar::changeEvent(QEvent *event) {

@@ -36,8 +36,12 @@ public:
   WebPageHost *PicWV();
 
   // Places the window and starts the fade in if it has not run. `wholeScreen` for a projector (`pixels` is then its
-  // whole screen); otherwise a normal window for rehearsal, with its grip. Shows nothing by itself.
+  // whole screen); otherwise a normal window for rehearsal, with its grip. Shows nothing by itself. A projector that the
+  // window fills already sees nothing of it. On Wayland, which takes no places, the screen at `pixels` and the size count.
   void Posiciona(const QRect &pixels, bool wholeScreen);
+  // False for a projector's window that is full screen and does not lie where it was placed: window managers that are
+  // still behind the desktop's change put it on another monitor.
+  bool EstaNoLugar() const;
   void IniciaFade(); // starts TimerFade
   int Alfa() const;  // opacity, 0 to 255; drawn where the desktop can (X11 with a compositor)
   // Takes the window off the desktop until the next Posiciona, whatever the commands say meanwhile. The window does
@@ -53,6 +57,7 @@ public:
   void DefineFundoPadrao(const QString &caminho) override;
 
   std::function<void()> OnRecovered;    // the page came back after its render process died
+  std::function<void()> OnResize;       // the window has another size or place
   std::function<void()> PosicaoInicial; // after each resize while the console is still loading
   // "Fechar" came: the window is hidden, its page and player are gone. The owner deletes the window, not before the
   // call has returned (deleteLater).
@@ -61,6 +66,7 @@ public:
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
+  void moveEvent(QMoveEvent *event) override;
   void changeEvent(QEvent *event) override;
   bool eventFilter(QObject *watched, QEvent *event) override;
 

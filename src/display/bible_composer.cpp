@@ -99,15 +99,15 @@ QString BibleComposer::MontaBiblia(const QString &verso, const QString &referenc
 
 void BibleComposer::ExibeBiblia(const QString &texto, const QString &referencia, const QString &tamanho, bool comEfeito,
                                 bool soPrevia) {
-  Exibe({texto, referencia, m_estado.VersaoBiblia}, tamanho, comEfeito, soPrevia);
+  Exibe({texto, referencia, m_estado.VersaoBiblia}, tamanho, comEfeito, soPrevia ? Alvo::Previa : Alvo::Ambas);
 }
 
-void BibleComposer::ReenviaBiblia(const QString &tamanho) {
+void BibleComposer::ReenviaBiblia(const QString &tamanho, Alvo alvo) {
   if (!m_noTelao.referencia.isEmpty())
-    Exibe(VersoNoTelao(m_noTelao), tamanho, false, false);
+    Exibe(VersoNoTelao(m_noTelao), tamanho, false, alvo);
 }
 
-void BibleComposer::Exibe(const VersoNoTelao &verso, const QString &tamanho, bool comEfeito, bool soPrevia) {
+void BibleComposer::Exibe(const VersoNoTelao &verso, const QString &tamanho, bool comEfeito, Alvo alvo) {
   const QString h0 = MontaBiblia(verso.texto, verso.referencia, verso.versao, m_legenda);
   const QString slot = QStringLiteral("[efeito]");
   const QString semEfeito = QString(h0).remove(slot);
@@ -119,7 +119,7 @@ void BibleComposer::Exibe(const VersoNoTelao &verso, const QString &tamanho, boo
   }
 
   const double tam = NumericPrefix(tamanho);
-  if (!soPrevia) {
+  if (alvo != Alvo::Previa) {
     m_noTelao = verso;
     const QString html = PoeTamanho(h, NumberText(tam), TopoNoTelao);
     const QString plano = QString(verso.texto).remove(QStringLiteral("<br>"), Qt::CaseInsensitive);
@@ -132,7 +132,9 @@ void BibleComposer::Exibe(const VersoNoTelao &verso, const QString &tamanho, boo
   const int larguraPrevia = m_larguraPrevia ? m_larguraPrevia() : 0;
   const double escala = larguraTelao > 0 && larguraPrevia > 0 ? static_cast<double>(larguraPrevia) / larguraTelao : 1;
   const QString tam2 = QString::number(RoundHalfEven(tam * escala));
-  CallPageScript(m_previa ? m_previa() : nullptr, QStringLiteral("UpdateTextHtml"), PoeTamanho(h, tam2, TopoNaPrevia));
+  if (alvo != Alvo::Telao)
+    CallPageScript(m_previa ? m_previa() : nullptr, QStringLiteral("UpdateTextHtml"),
+                   PoeTamanho(h, tam2, TopoNaPrevia));
 
   m_estado.VersoHtmlAtual = PoeTamanho(semEfeito, tam2, TopoNaPrevia);
   m_estado.VersoBibliaAtual = verso.texto;

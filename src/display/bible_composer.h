@@ -34,9 +34,9 @@ public:
   // with the one on show. `soPrevia` leaves the projection alone. The translation is that of the state.
   void ExibeBiblia(const QString &texto, const QString &referencia, const QString &tamanho, bool comEfeito,
                    bool soPrevia);
-  // What the projection shows once more, without effect, on both pages: for pages that were built anew. The operator
-  // may be looking at another verse meanwhile. Nothing when no verse was sent.
-  void ReenviaBiblia(const QString &tamanho);
+  // What the projection shows once more, without effect, for pages that were built anew. The operator may be looking at
+  // another verse meanwhile. Nothing when no verse was sent.
+  void ReenviaBiblia(const QString &tamanho, Alvo alvo = Alvo::Ambas);
   const VersoNoTelao &NoTelao() const { return m_noTelao; } // empty texts for none
   void EsqueceTelao() { m_noTelao = {}; }                   // something else is on show now
 
@@ -45,7 +45,7 @@ public:
                       const LegendaBiblia &legenda) const;
 
 private:
-  void Exibe(const VersoNoTelao &verso, const QString &tamanho, bool comEfeito, bool soPrevia);
+  void Exibe(const VersoNoTelao &verso, const QString &tamanho, bool comEfeito, Alvo alvo);
   EstadoConsole &m_estado;
   const AjustesTexto &m_ajustes;
   const LegendaBiblia &m_legenda;

@@ -7,6 +7,9 @@
 
 namespace tolmira {
 
+// Which of the two pages something is for.
+enum class Alvo { Ambas, Telao, Previa };
+
 // One browser object, the page inside a page host. Scripts that arrive after a Navigate wait for the page and run in
 // order when it has loaded; a newer Navigate and the time-out drop what waited. Nothing here blocks.
 class PageObject {

@@ -87,11 +87,11 @@ void LyricsComposer::ExibeVerso(int posicao, bool comEfeito) {
   m_estado.VersoTextoAtual = verso;
 }
 
-void LyricsComposer::ReenviaVerso() {
+void LyricsComposer::ReenviaVerso(Alvo alvo) {
   if (m_estado.VersoHtmlAtual.isEmpty())
     return;
   QString html = MontaComSlots(m_estado.VersoTextoAtual).remove(SlotEfeito());
-  Envia(html, m_estado.VersoTextoAtual);
+  Envia(html, m_estado.VersoTextoAtual, alvo);
 }
 
 // An apostrophe that the song's author escaped has two backslashes when it comes out of MontaVerso.
@@ -99,9 +99,11 @@ QString LyricsComposer::MontaComSlots(const QString &verso) {
   return MontaVerso(verso).replace(QStringLiteral("\\\\'"), QStringLiteral("\\'"));
 }
 
-void LyricsComposer::Envia(QString &html, const QString &verso) {
-  m_canal.SendToDisplay(u"UpdateText|#" + html + u"|#|#|#" + SemSeparador(verso));
-  CallPageScript(m_previa ? m_previa() : nullptr, QStringLiteral("UpdateTextHtml"), html);
+void LyricsComposer::Envia(QString &html, const QString &verso, Alvo alvo) {
+  if (alvo != Alvo::Previa)
+    m_canal.SendToDisplay(u"UpdateText|#" + html + u"|#|#|#" + SemSeparador(verso));
+  if (alvo != Alvo::Telao)
+    CallPageScript(m_previa ? m_previa() : nullptr, QStringLiteral("UpdateTextHtml"), html);
 }
 
 QString LyricsComposer::MontaVerso(const QString &verso) {

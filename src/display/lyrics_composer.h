@@ -25,8 +25,8 @@ public:
                  RandomSource &random);
 
   void ExibeVerso(int posicao, bool comEfeito); // 1-based; -1 sends nothing
-  // The verse on show once more, at rest; nothing when none is. For a page that lost it.
-  void ReenviaVerso();
+  // The verse on show once more, at rest; nothing when none is. For a page that lost it: the other one sees nothing.
+  void ReenviaVerso(Alvo alvo = Alvo::Ambas);
   // The only place where the layout is chosen. "[efeito]" is left in the result, apostrophes are escaped.
   QString MontaVerso(const QString &verso);
 
@@ -49,7 +49,7 @@ private:
   bool TelaQuatroTerco() const;
   QString MontaAnimado(const QString &texto);
   QString MontaComSlots(const QString &verso);
-  void Envia(QString &html, const QString &verso);
+  void Envia(QString &html, const QString &verso, Alvo alvo = Alvo::Ambas);
   EstadoConsole &m_estado;
   const AjustesTexto &m_ajustes;
   DisplayChannel &m_canal;

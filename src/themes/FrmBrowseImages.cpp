@@ -1,5 +1,12 @@
 #include "themes/FrmBrowseImages.h"
 
+#include "controls/ui/palette.h"
+#include "foundation/real_path.h"
+#include "foundation/text_file.h"
+#include "themes/ui/exibe_miniaturas.h"
+#include "themes/ui/picture_menus.h"
+#include "themes/ui/picture_view.h"
+
 #include <QCheckBox>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -8,13 +15,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include "controls/ui/palette.h"
-#include "foundation/real_path.h"
-#include "foundation/text_file.h"
-#include "themes/ui/exibe_miniaturas.h"
-#include "themes/ui/picture_menus.h"
-#include "themes/ui/picture_view.h"
 
 namespace tolmira {
 
@@ -229,8 +229,7 @@ void FrmBrowseImages::ExibireFechar() {
 }
 
 void FrmBrowseImages::Label17() {
-  const QStringList paths =
-      m_doors.prompt.OpenFiles(tr("Add pictures"), m_galeria.PastaAddImg(), FiltroDeImagens());
+  const QStringList paths = m_doors.prompt.OpenFiles(tr("Add pictures"), m_galeria.PastaAddImg(), FiltroDeImagens());
   if (paths.isEmpty())
     return;
   m_galeria.GuardaPastaAddImg(QFileInfo(paths.first()).absolutePath());
@@ -239,7 +238,7 @@ void FrmBrowseImages::Label17() {
 
 void FrmBrowseImages::Adicionadas(const QStringList &nomes) {
   m_para->hide();
-  m_estado->setText(nomes.isEmpty()       ? QString()
+  m_estado->setText(nomes.isEmpty()     ? QString()
                     : nomes.size() == 1 ? tr("1 picture added")
                                         : tr("%1 pictures added").arg(nomes.size()));
   for (const QString &nome : nomes)

@@ -1,21 +1,27 @@
-#include <QImage>
-#include <QtTest>
-
+#include "console/page_zoom.h"
 #include "console_fixture.h"
 #include "foundation/text_fields.h"
 #include "support/small_bible.h"
 
+#include <QImage>
+#include <QtTest>
+
 using namespace tolmira;
 using namespace tolmira::testing;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 using Call = std::function<void(ConsoleCore &)>;
 
 // The same script on the display and then on the preview.
-QStringList Both(const QString &script) { return {u"display: " + script, u"preview: " + script}; }
+QStringList Both(const QString &script) {
+  return {u"display: " + script, u"preview: " + script};
+}
 
-QStringList Zoom(double factor) { return Both(QStringLiteral("zoom %1").arg(factor)); }
+QStringList Zoom(double factor) {
+  return Both(QStringLiteral("zoom %1").arg(factor));
+}
 
 QStringList Style(const QString &element, const QString &property, const QString &value) {
   return {u"command ChangeCSS|#" + element + u"|#" + property + u"|#" + value,
@@ -92,12 +98,14 @@ private slots:
     row("size, passage", "passage", 4, classe(0), Nothing, "ComboFontSize=0");
 
     const auto faixa = [](int v) { return [v](ConsoleCore &c) { c.textos.SliderFaixa(v); }; };
-    row("band 0", "song", 4, faixa(0), Band("textbackgroundDiv", "0.0"), "Transparencia_Faixa=0");
-    row("band 10", "song", 2, faixa(10), Band("textbackgroundDiv", "1"), "Transparencia_Faixa=10");
-    row("band of plain text", "song", 1, faixa(6), Band("verso", "0.6"), "Transparencia_Faixa=6");
+    row("band 0", "song", 4, faixa(0), Band(u"textbackgroundDiv"_s, u"0.0"_s), "Transparencia_Faixa=0");
+    row("band 10", "song", 2, faixa(10), Band(u"textbackgroundDiv"_s, u"1"_s), "Transparencia_Faixa=10");
+    row("band of plain text", "song", 1, faixa(6), Band(u"verso"_s, u"0.6"_s), "Transparencia_Faixa=6");
     row("band of animated text", "song", 7, faixa(6),
-        Band("textbackgroundDiv", "0") + Both(QStringLiteral("ApplyTransparency('0.6')")), "Transparencia_Faixa=6");
-    row("band of a page that came", "song", 4, [](ConsoleCore &c) { c.textos.SliderFaixaUpdate(); },
+        Band(u"textbackgroundDiv"_s, u"0"_s) + Both(QStringLiteral("ApplyTransparency('0.6')")),
+        "Transparencia_Faixa=6");
+    row(
+        "band of a page that came", "song", 4, [](ConsoleCore &c) { c.textos.SliderFaixaUpdate(); },
         Both(QStringLiteral("ChangeCSS('textbackgroundDiv','background-color','rgb(0, 0, 0,0.7)')")),
         "Transparencia_Faixa=");
 
@@ -105,7 +113,8 @@ private slots:
     row("zoom", "song", 4, zoom(125), Zoom(1.25), "ZoomAjust=125");
     row("zoom below the least", "song", 4, zoom(20), Zoom(0.6), "ZoomAjust=60");
     row("zoom of songs, passage", "passage", 4, zoom(125), Nothing, "ZoomAjust=125");
-    row("zoom of passages", "passage", 4, [](ConsoleCore &c) { c.textos.sliderZoomBiblia(80); }, Zoom(0.8) + Verse,
+    row(
+        "zoom of passages", "passage", 4, [](ConsoleCore &c) { c.textos.sliderZoomBiblia(80); }, Zoom(0.8) + Verse,
         "ZoomAjustBiblia=80");
 
     const auto vertical = [](const char *v) {
@@ -123,16 +132,22 @@ private slots:
     row("middle, nothing", "", 4, vertical("center"), container("center") + Zoom(1), "VerticalAlign=center");
     row("no alignment", "song", 4, vertical("sideways"), Nothing, "VerticalAlign=");
 
-    row("left, style that aligns", "song", 1, [](ConsoleCore &c) { c.textos.Image4(0); }, Verse, "");
-    row("left, another style", "song", 4, [](ConsoleCore &c) { c.textos.Image4(0); }, Nothing, "");
-    row("left, passage", "passage", 4, [](ConsoleCore &c) { c.textos.Image5(2); }, Verse, "");
+    row(
+        "left, style that aligns", "song", 1, [](ConsoleCore &c) { c.textos.Image4(0); }, Verse, "");
+    row(
+        "left, another style", "song", 4, [](ConsoleCore &c) { c.textos.Image4(0); }, Nothing, "");
+    row(
+        "left, passage", "passage", 4, [](ConsoleCore &c) { c.textos.Image5(2); }, Verse, "");
     const auto letra = [](int n) { return [n](ConsoleCore &c) { c.textos.ImgBtFontSize(n); }; };
     row("large console text", "song", 4, letra(2), Size + Verse, "");
     row("large console text, passage", "passage", 4, letra(2), Size, "");
-    row("layout of passages", "passage", 4, [](ConsoleCore &c) { c.textos.SliderExBiblia(3); }, Size + Verse,
+    row(
+        "layout of passages", "passage", 4, [](ConsoleCore &c) { c.textos.SliderExBiblia(3); }, Verse,
         "estiloBiblia=3");
-    row("band of passages", "passage", 4, [](ConsoleCore &c) { c.textos.slider2(2); }, Verse, "SombraVerso=");
-    row("size of passages", "passage", 4, [](ConsoleCore &c) { c.textos.sliderFontSizeAjust(0); }, Size + Verse,
+    row(
+        "band of passages", "passage", 4, [](ConsoleCore &c) { c.textos.slider2(2); }, Verse, "SombraVerso=");
+    row(
+        "size of passages", "passage", 4, [](ConsoleCore &c) { c.textos.sliderFontSizeAjust(0); }, Size + Verse,
         "FontSizeAjusts=0", true);
   }
   void textControls() {
@@ -157,48 +172,59 @@ private slots:
     const auto familia = [](const char *f) {
       return [f](ConsoleCore &c) { c.efeitos.ComboEfeitoImagem(QString::fromLatin1(f)); };
     };
-    row("family without variants", "song", familia("Fade Zoom"), PictureEffect("fadeZoom"), true);
-    row("family with variants begins with Random", "passage", familia("Cover"), PictureEffect("uncover"), false);
+    row("family without variants", "song", familia("Fade Zoom"), PictureEffect(u"fadeZoom"_s), true);
+    row("family with variants begins with Random", "passage", familia("Cover"), PictureEffect(u"uncover"_s), false);
     row("no effect", "", familia("none"), PictureEffect(QString()), false);
-    row("variant", "song",
+    row(
+        "variant", "song",
         [](ConsoleCore &c) {
           c.estado.TemaAtual.Efeito_Imagem_Fx = QStringLiteral("Turn");
           c.efeitos.ComboEfeitoImagemExtra(QStringLiteral("Turn Left"));
         },
-        PictureEffect("turnLeft"), true);
-    row("text family", "song", [](ConsoleCore &c) { c.efeitos.ComboEfeitoTexto(QStringLiteral("FadeIn")); }, Nothing,
+        PictureEffect(u"turnLeft"_s), true);
+    row(
+        "text family", "song", [](ConsoleCore &c) { c.efeitos.ComboEfeitoTexto(QStringLiteral("FadeIn")); }, Nothing,
         true);
 
-    row("moves", "song", [](ConsoleCore &c) { c.efeitos.ChkMoveImagem(true); },
-        Style("img", "animation-play-state", "running"), true);
-    row("no moves", "",
+    row(
+        "moves", "song", [](ConsoleCore &c) { c.efeitos.ChkMoveImagem(true); },
+        Style(u"img"_s, u"animation-play-state"_s, u"running"_s), true);
+    row(
+        "no moves", "",
         [](ConsoleCore &c) {
           c.estado.TemaAtual.MoveImagens = true;
           c.efeitos.ChkMoveImagem(false);
         },
-        Style("img", "animation-play-state", "paused"), false);
-    row("moves that were on", "song",
+        Style(u"img"_s, u"animation-play-state"_s, u"paused"_s), false);
+    row(
+        "moves that were on", "song",
         [](ConsoleCore &c) {
           c.estado.TemaAtual.MoveImagens = true;
           c.efeitos.ChkMoveImagem(true);
         },
         Nothing, true);
-    row("locked moves", "song",
+    row(
+        "locked moves", "song",
         [](ConsoleCore &c) {
           c.estado.ImagensCongeladas = true;
           c.efeitos.ChkMoveImagem(true);
         },
         Nothing, true);
-    row("text that fades as well", "song", [](ConsoleCore &c) { c.efeitos.ChkFadeTexto(true); }, Nothing, true);
+    row(
+        "text that fades as well", "song", [](ConsoleCore &c) { c.efeitos.ChkFadeTexto(true); }, Nothing, true);
 
-    row("brightness", "song", [](ConsoleCore &c) { c.efeitos.slider1(80); },
-        Filter("blur(0px) brightness(80%) contrast(100%) saturate(100%)"), false);
-    row("contrast", "", [](ConsoleCore &c) { c.efeitos.slider3(150); },
-        Filter("blur(0px) brightness(100%) contrast(150%) saturate(100%)"), false);
-    row("saturation", "passage", [](ConsoleCore &c) { c.efeitos.slider4(0); },
-        Filter("blur(0px) brightness(100%) contrast(100%) saturate(0%)"), false);
-    row("blur", "song", [](ConsoleCore &c) { c.efeitos.slider5(7); },
-        Filter("blur(7px) brightness(100%) contrast(100%) saturate(100%)"), false);
+    row(
+        "brightness", "song", [](ConsoleCore &c) { c.efeitos.slider1(80); },
+        Filter(u"blur(0px) brightness(80%) contrast(100%) saturate(100%)"_s), false);
+    row(
+        "contrast", "", [](ConsoleCore &c) { c.efeitos.slider3(150); },
+        Filter(u"blur(0px) brightness(100%) contrast(150%) saturate(100%)"_s), false);
+    row(
+        "saturation", "passage", [](ConsoleCore &c) { c.efeitos.slider4(0); },
+        Filter(u"blur(0px) brightness(100%) contrast(100%) saturate(0%)"_s), false);
+    row(
+        "blur", "song", [](ConsoleCore &c) { c.efeitos.slider5(7); },
+        Filter(u"blur(7px) brightness(100%) contrast(100%) saturate(100%)"_s), false);
   }
   void effectControls() {
     ShowItem();
@@ -330,22 +356,27 @@ private slots:
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("to");
     QTest::addColumn<QStringList>("told");
-    const QStringList block = Style("texto", "display", "block");
+    const QStringList block = Style(u"texto"_s, u"display"_s, u"block"_s);
     const QString path = QStringLiteral("command PadraDeFundo|#");
     QTest::newRow("hidden text") << 0 << 1
-                                 << QStringList{"black off", "picture off"} + Style("texto", "display", "none") +
-                                        QStringList{"command OcultarTexto"};
-    QTest::newRow("hidden text back") << 1 << 0 << block + QStringList{"black off", "picture off", "command Normal"};
-    QTest::newRow("black") << 0 << 2 << QStringList{"picture off", "black on", "command TelaPreta|#true"};
+                                 << QStringList{u"black off"_s, u"picture off"_s} +
+                                        Style(u"texto"_s, u"display"_s, u"none"_s) +
+                                        QStringList{u"command OcultarTexto"_s};
+    QTest::newRow("hidden text back") << 1 << 0
+                                      << block + QStringList{u"black off"_s, u"picture off"_s, u"command Normal"_s};
+    QTest::newRow("black") << 0 << 2 << QStringList{u"picture off"_s, u"black on"_s, u"command TelaPreta|#true"_s};
     // The cover comes first: the text that returns beneath it is never seen.
     QTest::newRow("hidden text to black")
-        << 1 << 2 << QStringList{"black on"} + block + QStringList{"picture off", "black on", "command TelaPreta|#true"};
+        << 1 << 2
+        << QStringList{u"black on"_s} + block +
+               QStringList{u"picture off"_s, u"black on"_s, u"command TelaPreta|#true"_s};
     QTest::newRow("hidden text to the picture")
-        << 1 << 3 << QStringList{"picture on"} + block + QStringList{"black off", "picture on", path};
+        << 1 << 3 << QStringList{u"picture on"_s} + block + QStringList{u"black off"_s, u"picture on"_s, path};
     QTest::newRow("hidden text to nothing")
-        << 1 << 4 << QStringList{"black on"} + block + QStringList{"black off", "picture off", "command Hide"};
-    QTest::newRow("black to the picture") << 2 << 3 << QStringList{"black off", "picture on", path};
-    QTest::newRow("nothing back") << 4 << 0 << QStringList{"black off", "picture off", "command Normal"};
+        << 1 << 4
+        << QStringList{u"black on"_s} + block + QStringList{u"black off"_s, u"picture off"_s, u"command Hide"_s};
+    QTest::newRow("black to the picture") << 2 << 3 << QStringList{u"black off"_s, u"picture on"_s, path};
+    QTest::newRow("nothing back") << 4 << 0 << QStringList{u"black off"_s, u"picture off"_s, u"command Normal"_s};
   }
   void screenStates() {
     const QString picture = MakePicture(QStringLiteral("Images/f.png"));
@@ -424,12 +455,12 @@ private:
   void CheckKept() {
     QFETCH(QString, kept);
     if (!kept.isEmpty())
-      QCOMPARE(m_fixture->Config(kept.section(u'=', 0, 0).toLatin1()), kept.section(u'=', 1));
+      QCOMPARE(m_fixture->Config(kept.section(u'=', 0, 0).toLatin1().constData()), kept.section(u'=', 1));
   }
 
   QString MakePicture(const QString &name) {
     QImage picture(8, 8, QImage::Format_RGB32);
-    picture.fill(qHash(name) | 0xff000000);
+    picture.fill(static_cast<uint>(qHash(name)) | 0xff000000);
     const QString path = m_fixture->folder.filePath(name);
     if (!picture.save(path, "PNG"))
       qFatal("cannot write a picture");

@@ -2,31 +2,11 @@
 
 #include "console/startup.h"
 #include "console_fixture.h"
+#include "support/fixed_monitors.h"
 #include "support/small_bible.h"
 
 using namespace tolmira;
 using namespace tolmira::testing;
-
-namespace {
-
-class FixedMonitors : public MonitorSource {
-public:
-  std::vector<clsMonitor> Monitors() const override { return list; }
-  quintptr ConsoleMonitor() const override { return console; }
-  static clsMonitor At(quintptr handle, QRect rect) {
-    clsMonitor monitor;
-    monitor.Handle = handle;
-    monitor.Left = rect.left();
-    monitor.Top = rect.top();
-    monitor.Width = rect.width();
-    monitor.Height = rect.height();
-    return monitor;
-  }
-  std::vector<clsMonitor> list;
-  quintptr console = 1;
-};
-
-} // namespace
 
 class TestStartup : public QObject {
   Q_OBJECT
@@ -130,39 +110,6 @@ private slots:
     QCOMPARE(Estado().ActiveAgenda, 1);
   }
 
-  void whereTheProjectionGoes_data() {
-    QTest::addColumn<QList<QRect>>("monitors");
-    QTest::addColumn<int>("console"); // index
-    QTest::addColumn<QRect>("place");
-    QTest::addColumn<bool>("second");
-    const QRect desk(0, 0, 1280, 800);
-    QTest::newRow("second monitor") << QList<QRect>{desk, {1280, 0, 1920, 1080}} << 0 << QRect(1280, 0, 1920, 1080)
-                                    << true;
-    QTest::newRow("to the left") << QList<QRect>{desk, {-1024, 32, 1024, 768}} << 0 << QRect(-1024, 32, 1024, 768)
-                                 << true;
-    QTest::newRow("console on the second") << QList<QRect>{desk, {1280, 0, 1920, 1080}} << 1 << desk << true;
-    QTest::newRow("first that is free of three")
-        << QList<QRect>{desk, {1280, 0, 800, 600}, {2080, 0, 640, 480}} << 0 << QRect(1280, 0, 800, 600) << true;
-    QTest::newRow("one monitor") << QList<QRect>{desk} << 0 << QRect(320, 200, 640, 400) << false;
-  }
-  void whereTheProjectionGoes() {
-    QFETCH(QList<QRect>, monitors);
-    m_monitors.list.clear();
-    for (int i = 0; i < monitors.size(); ++i)
-      m_monitors.list.push_back(FixedMonitors::At(static_cast<quintptr>(i) + 1, monitors[i]));
-    QFETCH(int, console);
-    m_monitors.console = static_cast<quintptr>(console) + 1;
-    const PlacaDoTelao placa = PosicionarFrmQuendar(m_monitors, m_fixture->prompt);
-    QTEST(placa.tela, "place");
-    QTEST(placa.segundoMonitor, "second");
-    QCOMPARE(m_fixture->prompt.shown.size(), monitors.size() == 1 ? 1 : 0);
-    if (monitors.size() == 1) {
-      QCOMPARE(m_fixture->prompt.shown.first().kind, MessageKind::Critical);
-      QVERIFY(m_fixture->prompt.shown.first().text.startsWith(
-          QStringLiteral("The second monitor or projector is not activated")));
-    }
-  }
-
   void theConsolesRectangle() {
     const QRect screen(0, 0, 1000, 800);
     QCOMPARE(LeRetanguloNormal(m_fixture->store, screen), QRect(100, 80, 800, 640));
@@ -196,7 +143,6 @@ private:
     const auto step = [this](const char *name) { return [this, name] { m_steps.append(QLatin1String(name)); }; };
     ConsoleStartup::Janelas janelas;
     janelas.CarregaFontes = step("fonts");
-    janelas.PosicionaTelao = [this](const PlacaDoTelao &) { m_steps.append(QStringLiteral("place")); };
     janelas.AjustaPreview = step("preview");
     janelas.positionInicial = step("initial");
     janelas.CriaPrevia = [this] {
@@ -212,8 +158,13 @@ private:
     janelas.CarregaTiles = step("tiles");
     janelas.DescarregaJanelas = step("unload");
     ConsoleCore &core = m_fixture->core;
+    ProjectionPlace::Janelas lugar;
+    lugar.Posiciona = [this](const PlacaDoTelao &) { m_steps.append(QStringLiteral("place")); };
+    lugar.Tamanho = [] { return QSize(1280, 720); };
+    m_startup.reset();
+    m_lugar = std::make_unique<ProjectionPlace>(core.contexto, m_monitors, std::move(lugar));
     m_startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                                 core.controles, core.loader, core.leitura, m_monitors, std::move(janelas));
+                                                 core.controles, core.loader, core.leitura, *m_lugar, std::move(janelas));
     return m_startup.get();
   }
   EstadoConsole &Estado() { return m_fixture->core.estado; }
@@ -222,6 +173,7 @@ private:
   }
 
   std::unique_ptr<ConsoleFixture> m_fixture;
+  std::unique_ptr<ProjectionPlace> m_lugar;
   std::unique_ptr<ConsoleStartup> m_startup; // refers to the fixture
   FixedMonitors m_monitors;
   QStringList m_steps;

@@ -1,11 +1,11 @@
+#include "console/ui/effects_panel.h"
+#include "console_fixture.h"
+#include "support/ui_warnings.h"
+
 #include <QComboBox>
 #include <QPushButton>
 #include <QSlider>
 #include <QtTest>
-
-#include "console/ui/effects_panel.h"
-#include "console_fixture.h"
-#include "support/ui_warnings.h"
 
 using namespace tolmira;
 using namespace tolmira::testing;

@@ -525,43 +525,6 @@ private slots:
     QCOMPARE_GE(text->height(), text->heightForWidth(text->width()));
   }
 
-  void nothingIsCut_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("1280x800 at 125 per cent") << QSize(1024, 640);
-    QTest::newRow("1280x800") << QSize(1280, 800);
-    QTest::newRow("1920x1080") << QSize(1920, 1080);
-  }
-  void nothingIsCut() {
-    QFETCH(QSize, size);
-    Desk desk(size);
-    desk.Fill();
-    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
-    desk.core.agenda.SelectEntry(2, 2);
-    QCOMPARE(desk.frm.size(), size);
-    QStringList cut;
-    const QList<QWidget *> widgets = desk.frm.findChildren<QWidget *>();
-    for (QWidget *widget : widgets) {
-      const bool carriesText = qobject_cast<QLabel *>(widget) || qobject_cast<QPushButton *>(widget) ||
-                               qobject_cast<QCheckBox *>(widget) || qobject_cast<QComboBox *>(widget);
-      if (!widget->isVisible() || !carriesText)
-        continue;
-      const QSize hint = widget->sizeHint();
-      const QRect place(widget->mapTo(&desk.frm, QPoint()), widget->size());
-      const auto *label = qobject_cast<QLabel *>(widget);
-      const bool tooSmall = widget->width() < hint.width() || (widget->height() < hint.height() && !(label && label->wordWrap()));
-      const auto *combo = qobject_cast<QComboBox *>(widget);
-      const bool comboFits = combo && widget->width() >= combo->minimumSizeHint().width();
-      if ((tooSmall && !comboFits) || !desk.frm.rect().contains(place))
-        cut << QStringLiteral("%1 '%2' %3x%4 of %5x%6")
-                   .arg(widget->objectName(), widget->property("text").toString())
-                   .arg(widget->width())
-                   .arg(widget->height())
-                   .arg(hint.width())
-                   .arg(hint.height());
-    }
-    QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
-  }
-
   void aSmallScreenScrollsToWhatTheKeysReach() {
     Desk desk({800, 520});
     desk.core.painel.PicTemaAtual = 16;
@@ -672,6 +635,62 @@ private slots:
     QCOMPARE(LeRetanguloNormal(desk.store, all), own);
     toggle->click();
     QCOMPARE(place(), own);
+  }
+
+  void edgesResizeTheWindow_data() {
+    QTest::addColumn<QString>("edge");
+    QTest::addColumn<QSize>("change");
+    QTest::newRow("right") << QStringLiteral("PicMoveW") << QSize(60, 0);
+    QTest::newRow("lower") << QStringLiteral("PicMoveH") << QSize(0, 40);
+    QTest::newRow("corner") << QStringLiteral("picResize") << QSize(60, 40);
+  }
+  void edgesResizeTheWindow() {
+    QFETCH(QString, edge);
+    QFETCH(QSize, change);
+    Desk desk;
+    int previews = 0;
+    desk.frm.PreviaMudou = [&previews] { ++previews; };
+    QWidget *grip = desk.Find(edge);
+    QVERIFY(desk.frm.childAt(grip->geometry().center()) == grip);
+    const QSize before = desk.frm.size();
+    const QPoint from = grip->rect().center();
+    QTest::mousePress(grip, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, from, grip->mapToGlobal(from + QPoint(60, 40)), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(grip, &move);
+    QTest::mouseRelease(grip, Qt::LeftButton);
+    QCOMPARE(desk.frm.size(), before + change);
+    QVERIFY(desk.frm.rect().contains(grip->geometry()));
+    QTRY_VERIFY(previews == (change.width() > 0 ? 1 : previews));
+  }
+
+  void aRectangleOutOfReachIsNotRestored() {
+    Desk desk;
+    desk.frm.setMinimumSize(100, 100);
+    desk.frm.positionInicial();
+    const QRect all = desk.frm.screen()->geometry();
+    GravaRetanguloNormal(desk.store, QRect(all.right() + 500, 40, 500, 400));
+    desk.Find<QPushButton>(QStringLiteral("Image3"))->click();
+    QCOMPARE(QRect(desk.frm.pos(), desk.frm.size()), RetanguloPadrao(all));
+  }
+
+  void screensAreAMenu() {
+    Desk desk;
+    QList<int> chosen;
+    FrmMonitor::Windows windows;
+    windows.chooseScreen = [&chosen](int index) { chosen << index; };
+    desk.frm.SetWindows(std::move(windows));
+    desk.core.painel.telas = {{QStringLiteral("Automatic"), false, true},
+                              {QStringLiteral("A & B"), true, true},
+                              {QStringLiteral("C, not connected"), false, false}};
+    desk.frm.Atualiza();
+    const auto *menu = desk.frm.findChild<QMenu *>(QStringLiteral("MnProjecao"));
+    QVERIFY(menu);
+    const QList<QAction *> entries = menu->actions();
+    QCOMPARE(entries.size(), 3);
+    QCOMPARE(entries[1]->text(), QStringLiteral("A && B"));
+    QVERIFY(entries[1]->isChecked() && !entries[2]->isEnabled());
+    entries[0]->trigger();
+    QTRY_COMPARE(chosen, QList<int>{0});
   }
 
   void closingTellsTheOwnerOnce() {

@@ -1,7 +1,7 @@
+#include "controls/ui/value_slider.h"
+
 #include <QSignalSpy>
 #include <QtTest>
-
-#include "controls/ui/value_slider.h"
 
 using namespace tolmira;
 

@@ -62,6 +62,7 @@ private slots:
   void videoIsShown();
   void missingVideoLeavesBlack();
   void bandsOfAnimatedLayoutsTakeTheAlpha();
+  void aFadeAndAZoomComeOnTop();
   void noticeRunsAndLeaves();
   void noticeIsTakenAway();
 
@@ -298,6 +299,25 @@ void PagesTest::everyPictureEffectEndsOnTheNextPicture() {
   const QList<QColor> colours{Qt::red, Qt::green, Qt::blue};
   QVERIFY(m_page->WaitForPixel(5, 5, colours.at(after)));
   QVERIFY(m_page->WaitForPixel(1275, 715, colours.at(after)));
+  QCOMPARE(m_page->errors(), QStringList());
+}
+
+// On top of whatever the effect moves, and gone when it is over.
+void PagesTest::aFadeAndAZoomComeOnTop() {
+  const QString moved = QStringLiteral("document.getAnimations().flatMap(a=>a.effect.getKeyframes().flatMap(Object.keys))"
+                                       ".filter(k=>k=='opacity'||k=='transform').sort().join()");
+  QVERIFY(m_page->Load(BackColor));
+  m_page->Eval(QStringLiteral("UpdateTextHtml('<p class=\"animated  faster comFade comZoom\">Paz</p>')"));
+  QCOMPARE(m_page->Eval(moved).toString(), QStringLiteral("opacity,opacity,transform,transform"));
+  QVERIFY(m_page->WaitFor(QStringLiteral("document.getAnimations().length===0")));
+
+  QVERIFY(m_page->Load(Imagem, {{QStringLiteral("listaImages"), PageFixture::PictureList({m_red, m_green})},
+                                {QStringLiteral("fximage"), QStringLiteral("scrollUp")},
+                                {QStringLiteral("fadeimage"), QStringLiteral("1")},
+                                {QStringLiteral("zoomimage"), QStringLiteral("1")}}));
+  m_page->Eval(QStringLiteral("GotoNextImage()"));
+  QCOMPARE(m_page->Eval(moved).toString(), QStringLiteral("opacity,opacity,transform,transform"));
+  QVERIFY(m_page->WaitForPixel(640, 360, Qt::green));
   QCOMPARE(m_page->errors(), QStringList());
 }
 

@@ -36,6 +36,8 @@ bool RemoteProgram::StartOnly(int screens) {
   file.close();
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QString(u"offscreen:configfile=" + file.fileName()));
+  for (auto variable = m_desktop.cbegin(); variable != m_desktop.cend(); ++variable)
+    environment.insert(variable.key(), variable.value());
   environment.insert(QStringLiteral("TOLMIRA_AO"), QStringLiteral("null"));
   environment.insert(QStringLiteral("TEMP"), m_scratch.path());
   environment.remove(QStringLiteral("QTWEBENGINE_CHROMIUM_FLAGS"));
@@ -124,6 +126,13 @@ QImage RemoteProgram::Grab(const QString &window) {
   const QString path = m_scratch.filePath(QStringLiteral("grab.png"));
   Do(QStringLiteral("grab"), {{QStringLiteral("window"), window}, {QStringLiteral("path"), path}});
   return QImage(path);
+}
+
+QJsonObject RemoteProgram::Window(const QString &name) {
+  for (const QJsonValue &window : Do(QStringLiteral("windows")).value(QStringLiteral("windows")).toArray())
+    if (window[QStringLiteral("name")].toString() == name)
+      return window.toObject();
+  return {};
 }
 
 QStringList RemoteProgram::OpenBoxes() {

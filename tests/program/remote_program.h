@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLocalSocket>
+#include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -12,6 +13,9 @@ class RemoteProgram {
 public:
   explicit RemoteProgram(const QString &appFolder);
   ~RemoteProgram();
+
+  // Another desktop than the one without hardware: the variables that name it.
+  void UseDesktop(const QMap<QString, QString> &environment) { m_desktop = environment; }
 
   // Starts it and waits until the projection is ready. `screens` is 1 or 2.
   bool Start(int screens = 2);
@@ -26,6 +30,8 @@ public:
   QString Eval(const QString &page, const QString &script);
   bool WaitForText(const QString &page, const QString &text, int ms = 15000); // the text on the page, blanks folded
   QImage Grab(const QString &window);
+  // As `windows` tells it; empty when there is no such window.
+  QJsonObject Window(const QString &name);
   // Windows other than the console and the projection that are open.
   QStringList OpenBoxes();
 
@@ -39,6 +45,7 @@ private:
   QLocalSocket m_socket;
   QTemporaryDir m_scratch;
   QString m_app;
+  QMap<QString, QString> m_desktop;
   QByteArray m_pending;
   QByteArray m_output;
   int m_nextId = 1;

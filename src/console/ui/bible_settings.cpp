@@ -1,16 +1,15 @@
 #include "console/ui/bible_settings.h"
 
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/value_slider.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
-
 #include <functional>
-
-#include "controls/ui/desk_icon.h"
-#include "controls/ui/palette.h"
-#include "controls/ui/value_slider.h"
 
 namespace tolmira {
 
@@ -24,7 +23,7 @@ BibleSettings::BibleSettings(ConsoleParts parts, QWidget *parent) : QWidget(pare
   setObjectName(QStringLiteral("Picture7"));
   auto *grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setHorizontalSpacing(medidas::Step);
   grid->setVerticalSpacing(medidas::Step);
 
   const auto caption = [this, grid](int row, int column, const QString &text) {
@@ -71,8 +70,8 @@ BibleSettings::BibleSettings(ConsoleParts parts, QWidget *parent) : QWidget(pare
 
   grid->setColumnMinimumWidth(3, medidas::Gap);
   caption(0, 4, tr("Zoom"));
-  m_sliderZoomBiblia =
-      slider(0, 4, "sliderZoomBiblia", TextControls::MenorZoom, MaiorZoom, tr("Zoom of the page while Bible text is on show"));
+  m_sliderZoomBiblia = slider(0, 4, "sliderZoomBiblia", TextControls::MenorZoom, MaiorZoom,
+                              tr("Zoom of the page while Bible text is on show"));
   m_valorZoom = value(0, 4, "ValorZoomBiblia", QStringLiteral("150%"));
   connect(m_sliderZoomBiblia, &ValueSlider::Changed, this, [&controles](int v) { controles.sliderZoomBiblia(v); });
 
@@ -123,10 +122,12 @@ BibleSettings::BibleSettings(ConsoleParts parts, QWidget *parent) : QWidget(pare
                                  [&controles] { controles.ImgAlinhamentoVertical(); });
   m_alinhamentoVertical->setCheckable(false);
   lower->addWidget(m_alinhamentoVertical);
-  m_imgBtFontSize[0] = button(QStringLiteral("ImgBtFontSizeBiblia1"), "text-small",
-                              tr("Passage on the console in its normal size"), [&controles] { controles.ImgBtFontSize(1); });
-  m_imgBtFontSize[1] = button(QStringLiteral("ImgBtFontSizeBiblia2"), "text-large",
-                              tr("Passage on the console in its large size"), [&controles] { controles.ImgBtFontSize(2); });
+  m_imgBtFontSize[0] =
+      button(QStringLiteral("ImgBtFontSizeBiblia1"), "text-small", tr("Passage on the console in its normal size"),
+             [&controles] { controles.ImgBtFontSize(1); });
+  m_imgBtFontSize[1] =
+      button(QStringLiteral("ImgBtFontSizeBiblia2"), "text-large", tr("Passage on the console in its large size"),
+             [&controles] { controles.ImgBtFontSize(2); });
   lower->addWidget(m_imgBtFontSize[0]);
   lower->addWidget(m_imgBtFontSize[1]);
   grid->addLayout(lower, 1, 8);

@@ -1,5 +1,10 @@
 #include "console/ui/effects_panel.h"
 
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/value_slider.h"
+#include "display/effects.h"
+
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QGridLayout>
@@ -8,11 +13,6 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
-
-#include "controls/ui/desk_icon.h"
-#include "controls/ui/palette.h"
-#include "controls/ui/value_slider.h"
-#include "display/effects.h"
 
 namespace tolmira {
 
@@ -52,9 +52,8 @@ QGridLayout *EffectsPanel::MakeCombos() {
   EffectControls &efeitos = m_parts.efeitos;
   QLabel *title = Caption(tr("Effects and filters"), "caps");
   title->setMinimumHeight(medidas::Heading);
-  m_fontes = MakeCombo("ComboFontes", tr("Font of the text"), [&efeitos](const QString &fonte) {
-    efeitos.ComboFontes(fonte);
-  });
+  m_fontes = MakeCombo("ComboFontes", tr("Font of the text"),
+                       [&efeitos](const QString &fonte) { efeitos.ComboFontes(fonte); });
   m_cor = new QPushButton(this);
   m_cor->setObjectName(QStringLiteral("SelectColors1"));
   m_cor->setProperty("look", QStringLiteral("icon"));
@@ -63,22 +62,18 @@ QGridLayout *EffectsPanel::MakeCombos() {
   m_cor->setToolTip(tr("Background colour: it takes the place of the theme's picture or video"));
   connect(m_cor, &QPushButton::clicked, this, [&efeitos] { efeitos.SelectColors1(); });
 
-  m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"), [&efeitos](const QString &familia) {
-    efeitos.ComboEfeitoImagem(familia);
-  });
+  m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"),
+                       [&efeitos](const QString &familia) { efeitos.ComboEfeitoImagem(familia); });
   m_imagemExtra = MakeCombo("ComboEfeitoImagemExtra", tr("Variant of the picture effect"),
                             [&efeitos](const QString &variante) { efeitos.ComboEfeitoImagemExtra(variante); });
-  m_move = MakeBox("ChkMoveImagem", "move", tr("Pictures move slowly"),
-                   [&efeitos](bool on) { efeitos.ChkMoveImagem(on); });
-  QPushButton *fadeImagem =
-      MakeBox("ChkFadeImagem", "fade", tr("Pictures fade in as well, from the next page on"),
-              [&efeitos](bool on) { efeitos.ChkFadeImagem(on); });
-  QPushButton *zoomImagem =
-      MakeBox("ChkZoomImagem", "zoom", tr("Pictures zoom as well, from the next page on"),
-              [&efeitos](bool on) { efeitos.ChkZoomImagem(on); });
-  m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect of the text"), [&efeitos](const QString &familia) {
-    efeitos.ComboEfeitoTexto(familia);
-  });
+  m_move =
+      MakeBox("ChkMoveImagem", "move", tr("Pictures move slowly"), [&efeitos](bool on) { efeitos.ChkMoveImagem(on); });
+  QPushButton *fadeImagem = MakeBox("ChkFadeImagem", "fade", tr("Pictures fade in as well, from the next page on"),
+                                    [&efeitos](bool on) { efeitos.ChkFadeImagem(on); });
+  QPushButton *zoomImagem = MakeBox("ChkZoomImagem", "zoom", tr("Pictures zoom as well, from the next page on"),
+                                    [&efeitos](bool on) { efeitos.ChkZoomImagem(on); });
+  m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect of the text"),
+                      [&efeitos](const QString &familia) { efeitos.ComboEfeitoTexto(familia); });
   m_textoExtra = MakeCombo("ComboEfeitoTextoExtra", tr("Variant of the text effect"),
                            [&efeitos](const QString &variante) { efeitos.ComboEfeitoTextoExtra(variante); });
   QPushButton *fadeTexto = MakeBox("ChkFadeTexto", "fade", tr("Text fades in as well, from the next verse on"),
@@ -90,20 +85,27 @@ QGridLayout *EffectsPanel::MakeCombos() {
 
   auto *head = new QHBoxLayout;
   head->addWidget(title, 1);
-  head->addWidget(Caption(tr("Font"), "quiet"));
+  QLabel *font = Caption(tr("Font"), "quiet");
+  font->setBuddy(m_fontes);
+  head->addWidget(font);
   auto *combos = new QGridLayout;
   combos->setHorizontalSpacing(medidas::Step);
   combos->setVerticalSpacing(medidas::Step);
   combos->addLayout(head, 0, 0, 1, 2);
   combos->addWidget(m_fontes, 0, 2, 1, 3);
   combos->addWidget(m_cor, 0, 5);
-  combos->addWidget(Caption(tr("Picture"), "quiet"), 1, 0);
+  const auto named = [this, combos](const QString &text, QComboBox *box, int row) {
+    QLabel *label = Caption(text, "quiet");
+    label->setBuddy(box); // a screen reader takes the name of a box from the label that belongs to it
+    combos->addWidget(label, row, 0);
+  };
+  named(tr("Picture"), m_imagem, 1);
   combos->addWidget(m_imagem, 1, 1);
   combos->addWidget(m_imagemExtra, 1, 2);
   combos->addWidget(m_move, 1, 3);
   combos->addWidget(fadeImagem, 1, 4);
   combos->addWidget(zoomImagem, 1, 5);
-  combos->addWidget(Caption(tr("Text"), "quiet"), 2, 0);
+  named(tr("Text"), m_texto, 2);
   combos->addWidget(m_texto, 2, 1);
   combos->addWidget(m_textoExtra, 2, 2);
   combos->addWidget(fadeTexto, 2, 4);

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QWidget>
-
-#include <functional>
-
 #include "console/ui/console_parts.h"
+
+#include <QWidget>
+#include <functional>
 
 class QComboBox;
 class QGridLayout;
@@ -42,8 +41,7 @@ private:
   QPushButton *MakeBox(const char *name, const char *drawing, const QString &tip,
                        const std::function<void(bool)> &tick);
   QLabel *Caption(const QString &text, const char *look);
-  Filter MakeFilter(QGridLayout *grid, const Scale &scale, int row, int column,
-                    const std::function<void(int)> &move);
+  Filter MakeFilter(QGridLayout *grid, const Scale &scale, int row, int column, const std::function<void(int)> &move);
   void ShowFont();
   void ShowColour();
 

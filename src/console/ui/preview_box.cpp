@@ -37,8 +37,11 @@ void PreviewBox::AjustaPreview() {
   // Room beyond the projection's proportions would only be an empty margin.
   if (!m_monitor.isEmpty())
     setMaximumHeight(std::max(minimumHeight(), (width() - 2) * m_monitor.height() / m_monitor.width() + 2));
+  const QSize before = m_picWV->size();
   m_picWV->setGeometry(tolmira::AjustaPreview(size(), m_monitor));
   FitMirror();
+  if (m_picWV->size() != before && OnResize)
+    OnResize();
 }
 
 void PreviewBox::FitMirror() {

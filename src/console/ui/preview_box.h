@@ -3,6 +3,8 @@
 #include <QFrame>
 #include <QSize>
 
+#include <functional>
+
 #include "display/display_seams.h"
 #include "display/ui/page_profile.h"
 
@@ -22,6 +24,7 @@ public:
   void DefineMonitor(const QSize &monitor); // the projection's size in pixels, for the aspect
   void AjustaPreview();
   WebPageHost *PicWV() { return m_picWV; }
+  std::function<void()> OnResize; // the panel's size changed. May be empty
 
   void FitMirror() override;
   void ShowMirrorBlack(bool visible) override;

@@ -2,14 +2,22 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-
-#include <algorithm>
+#include <QStringList>
 
 namespace tolmira {
 
 namespace {
 
 quintptr HandleOf(const QScreen *screen) { return reinterpret_cast<quintptr>(screen); }
+
+// Without the blanks and placeholders by which a screen says that it does not know.
+QString Joined(const QStringList &parts) {
+  QStringList known;
+  for (const QString &part : parts)
+    if (const QString text = part.simplified(); !text.isEmpty() && text != u"none" && text.toLower() != u"unknown")
+      known.append(text);
+  return known.join(u' ');
+}
 
 } // namespace
 
@@ -18,10 +26,7 @@ std::vector<clsMonitor> QtMonitors::Monitors() const {
   for (const QScreen *screen : QGuiApplication::screens()) {
     const QRect whole = screen->geometry();
     const QRect work = screen->availableGeometry();
-    // A mirrored projector is a second screen at the same place: one monitor, as far as windows go.
-    const bool mirrored = std::any_of(monitors.begin(), monitors.end(),
-                                      [&](const clsMonitor &other) { return other.Rect() == whole; });
-    if (mirrored || whole.isEmpty())
+    if (whole.isEmpty())
       continue;
     clsMonitor monitor;
     monitor.Handle = HandleOf(screen);
@@ -35,18 +40,24 @@ std::vector<clsMonitor> QtMonitors::Monitors() const {
     monitor.WorkTop = work.top();
     monitor.WorkRight = work.left() + work.width();
     monitor.WorkBottom = work.top() + work.height();
+    monitor.Conector = screen->name();
+    monitor.Edid = Joined({screen->manufacturer(), screen->model(), screen->serialNumber()});
+    monitor.Nome = Joined({screen->manufacturer(), screen->model()});
+    monitor.Nome = monitor.Nome.isEmpty() ? monitor.Conector : QString(monitor.Nome + u" (" + monitor.Conector + u')');
     monitors.push_back(monitor);
   }
   return monitors;
 }
 
 quintptr QtMonitors::ConsoleMonitor() const {
-  const QScreen *screen = m_console && m_console->isVisible() ? m_console->screen() : QGuiApplication::primaryScreen();
-  // The console may stand on the second of two mirrored screens; the first of them stands for both in the list.
-  for (const QScreen *candidate : QGuiApplication::screens())
-    if (screen && candidate->geometry() == screen->geometry())
-      return HandleOf(candidate);
-  return HandleOf(screen);
+  return HandleOf(m_console && m_console->isVisible() ? m_console->screen() : QGuiApplication::primaryScreen());
+}
+
+QScreen *QtMonitors::Screen(quintptr handle) {
+  for (QScreen *screen : QGuiApplication::screens())
+    if (HandleOf(screen) == handle)
+      return screen;
+  return nullptr;
 }
 
 } // namespace tolmira

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QScreen>
 #include <QWidget>
 
 #include "console/monitors.h"
@@ -14,6 +15,7 @@ public:
   void SetConsole(QWidget *console) { m_console = console; }
   std::vector<clsMonitor> Monitors() const override;
   quintptr ConsoleMonitor() const override;
+  static QScreen *Screen(quintptr handle); // null when it has gone
 
 private:
   QPointer<QWidget> m_console;

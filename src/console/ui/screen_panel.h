@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QWidget>
-
-#include <array>
-
 #include "console/ui/console_parts.h"
+
+#include <QWidget>
+#include <array>
 
 class QGridLayout;
 class QLabel;
@@ -17,8 +16,8 @@ class PreviewBox;
 class ReferenceBox;
 class StateButton;
 
-// What is out: the preview, the banner that can be read from across the room, and the five screen states. Under them the
-// quick box for Bible references, with the version that they are read from.
+// What is out: the preview, the banner that can be read from across the room, and the five screen states. Under them
+// the quick box for Bible references, with the version that they are read from.
 class ScreenPanel : public QWidget {
   Q_OBJECT
 
@@ -28,12 +27,16 @@ public:
   ReferenceBox *Text2() { return m_text2; }
   void SetVersionMenu(QMenu *menu) { m_mnIb = menu; }
   void Image9(); // opens the version menu
+  // The states side by side, without their captions: for a window that is not high.
+  void SetCompact(bool compact);
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
 
 private:
-  QGridLayout *MakeStates();
+  QWidget *MakeLines();
+  void MakeStates();
+  void PlaceStates();
   void MoveMarker();
   QWidget *MakeReferenceRow();
   void SubmitReference();
@@ -44,6 +47,11 @@ private:
   QLabel *m_lbVersao = nullptr;
   QMenu *m_mnIb = nullptr;
   QLabel *m_banner;
+  bool m_compact = false;
+  int m_aviso = 0; // least height of the banner, px
+  QLabel *m_detalhe = nullptr;
+  QLabel *m_proximo = nullptr;
+  QLabel *m_depois = nullptr;
   std::array<StateButton *, 5> m_lbTela{};
   QGridLayout *m_states = nullptr;
   QLabel *m_imgCombo = nullptr;     // stands beside the chosen state

@@ -1,16 +1,15 @@
 #include "console/ui/text_settings.h"
 
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/value_slider.h"
+
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
-
 #include <functional>
-
-#include "controls/ui/desk_icon.h"
-#include "controls/ui/palette.h"
-#include "controls/ui/value_slider.h"
 
 namespace tolmira {
 
@@ -40,7 +39,7 @@ TextSettings::TextSettings(ConsoleParts parts, QWidget *parent) : QWidget(parent
   MakeButtons();
   auto *grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setHorizontalSpacing(medidas::Step);
   grid->setVerticalSpacing(medidas::Step);
   const auto row = [grid](int line, int column, QWidget *caption, QWidget *control, QWidget *value) {
     grid->addWidget(caption, line, column);
@@ -105,6 +104,7 @@ void TextSettings::MakeSliders() {
       {QStringLiteral("Small Fonts"), QStringLiteral("Medium Fonts"), QStringLiteral("Large Fonts")});
   m_comboFontSize->setToolTip(tr("Size of songs that stand in the middle of the screen"));
   connect(m_comboFontSize, &QComboBox::activated, this, [&textos](int index) { textos.ComboFontSize(index); });
+  m_lbTamanho->setBuddy(m_comboFontSize);
   KeepPlace(m_comboFontSize);
 }
 
@@ -134,21 +134,22 @@ void TextSettings::MakeButtons() {
     return made;
   };
   TextControls &textos = m_parts.textos;
-  m_image4[0] = button(QStringLiteral("Image40"), "align-left", tr("Align songs left"), 0, 0,
-                       [&textos] { textos.Image4(0); });
-  m_image4[2] = button(QStringLiteral("Image42"), "align-center", tr("Centre songs"), 0, 1,
-                       [&textos] { textos.Image4(2); });
-  m_image4[1] = button(QStringLiteral("Image41"), "align-right", tr("Align songs right"), 0, 2,
-                       [&textos] { textos.Image4(1); });
-  m_alinhamentoVertical =
-      button(QStringLiteral("ImgAlinhamentoVertical"), "valign-middle",
-             tr("Where the text stands on the screen: middle, top, bottom"), 1, 0,
-             [&textos] { textos.ImgAlinhamentoVertical(); });
+  m_image4[0] =
+      button(QStringLiteral("Image40"), "align-left", tr("Align songs left"), 0, 0, [&textos] { textos.Image4(0); });
+  m_image4[2] =
+      button(QStringLiteral("Image42"), "align-center", tr("Centre songs"), 0, 1, [&textos] { textos.Image4(2); });
+  m_image4[1] =
+      button(QStringLiteral("Image41"), "align-right", tr("Align songs right"), 0, 2, [&textos] { textos.Image4(1); });
+  m_alinhamentoVertical = button(QStringLiteral("ImgAlinhamentoVertical"), "valign-middle",
+                                 tr("Where the text stands on the screen: middle, top, bottom"), 1, 0,
+                                 [&textos] { textos.ImgAlinhamentoVertical(); });
   m_alinhamentoVertical->setCheckable(false);
-  m_imgBtFontSize[0] = button(QStringLiteral("ImgBtFontSize1"), "text-small", tr("Text of the console in its normal size"),
-                              1, 1, [&textos] { textos.ImgBtFontSize(1); });
-  m_imgBtFontSize[1] = button(QStringLiteral("ImgBtFontSize2"), "text-large", tr("Text of the console in its large size"),
-                              1, 2, [&textos] { textos.ImgBtFontSize(2); });
+  m_imgBtFontSize[0] =
+      button(QStringLiteral("ImgBtFontSize1"), "text-small", tr("Text of the console in its normal size"), 1, 1,
+             [&textos] { textos.ImgBtFontSize(1); });
+  m_imgBtFontSize[1] =
+      button(QStringLiteral("ImgBtFontSize2"), "text-large", tr("Text of the console in its large size"), 1, 2,
+             [&textos] { textos.ImgBtFontSize(2); });
 }
 
 void TextSettings::Atualiza() {
@@ -168,11 +169,11 @@ void TextSettings::Atualiza() {
   for (QWidget *widget : {static_cast<QWidget *>(m_lbEstilo), static_cast<QWidget *>(m_sliderExLouvor),
                           static_cast<QWidget *>(m_valorEstilo)})
     widget->setVisible(painel.SliderExLouvorVisible);
-  for (QWidget *widget : {static_cast<QWidget *>(m_lbFaixa), static_cast<QWidget *>(m_sliderFaixa),
-                          static_cast<QWidget *>(m_valorFaixa)})
+  for (QWidget *widget :
+       {static_cast<QWidget *>(m_lbFaixa), static_cast<QWidget *>(m_sliderFaixa), static_cast<QWidget *>(m_valorFaixa)})
     widget->setVisible(painel.LbFaixaVisible);
-  for (QWidget *widget : {static_cast<QWidget *>(m_label31), static_cast<QWidget *>(m_sliderZoom),
-                          static_cast<QWidget *>(m_valorZoom)})
+  for (QWidget *widget :
+       {static_cast<QWidget *>(m_label31), static_cast<QWidget *>(m_sliderZoom), static_cast<QWidget *>(m_valorZoom)})
     widget->setVisible(painel.SliderZoomVisible);
   m_comboFontSize->setVisible(painel.ComboFontSizeVisible);
   m_lbTamanho->setVisible(painel.ComboFontSizeVisible);

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QWidget>
-
-#include <array>
-
 #include "console/ui/console_parts.h"
+
+#include <QWidget>
+#include <array>
 
 class QComboBox;
 class QLabel;

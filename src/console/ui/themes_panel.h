@@ -1,12 +1,11 @@
 #pragma once
 
+#include "console/ui/console_parts.h"
+
 #include <QThreadPool>
 #include <QWidget>
-
 #include <array>
 #include <deque>
-
-#include "console/ui/console_parts.h"
 
 class QCheckBox;
 class QMenu;
@@ -28,6 +27,7 @@ public:
   void ThemesChanged(); // tiles whose theme changed are drawn anew, the ticks are copied
   // Reads all tiles, one by one when the loop is idle. A thumbnail that is missing is made beside the interface thread.
   void CarregaTiles();
+  void SetCompact(bool compact); // lower tiles
   bool TilesPending() const { return !m_waiting.empty() || m_making > 0; }
 
   static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
@@ -40,6 +40,7 @@ private:
   void LoadNext();
   void MakeThumbnailOf(int n, TemaTile tile);
   void ShowTile(int n, const TemaTile &tile);
+  void FitTiles();
 
   ConsoleParts m_parts;
   QCheckBox *m_altera;
@@ -52,6 +53,7 @@ private:
   int m_menuTile = 0;
   TabelaTemas m_shown; // the themes that the tiles show
   bool m_loaded = false;
+  bool m_compact = false;
   std::deque<int> m_waiting;
   QTimer *m_loader;
   int m_making = 0;

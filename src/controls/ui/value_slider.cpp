@@ -25,18 +25,18 @@ void ValueSlider::Take(int value) {
   m_waiting = isSliderDown() && m_frame.isActive();
   if (m_waiting)
     return;
-  if (isSliderDown())
-    m_frame.start();
   emit Changed(value);
+  if (isSliderDown())
+    m_frame.start(); // behind it, so that keys and paints get their turn however long it took
 }
 
 void ValueSlider::TakeWaiting() {
   if (!m_waiting)
     return;
   m_waiting = false;
+  emit Changed(value());
   if (isSliderDown())
     m_frame.start();
-  emit Changed(value());
 }
 
 void ValueSlider::wheelEvent(QWheelEvent *event) {

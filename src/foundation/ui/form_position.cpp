@@ -33,4 +33,17 @@ void FormPositions::RestoreFormPosition(QWidget &form, bool useTag, int fixedTop
   m_yielder.Yield(2);
 }
 
+void FormPositions::TrazDeVolta(QWidget &form, const QRect &covered) const {
+  const QPoint middle = form.frameGeometry().center();
+  if (QGuiApplication::screenAt(middle) && !covered.contains(middle))
+    return;
+  const QScreen *screen = m_console ? m_console->screen() : QGuiApplication::primaryScreen();
+  if (!screen)
+    return;
+  const QRect room = screen->availableGeometry();
+  const QSize size = form.frameGeometry().size();
+  form.move(room.left() + qMax(0, (room.width() - size.width()) / 2),
+            room.top() + qMax(0, (room.height() - size.height()) / 2));
+}
+
 } // namespace tolmira

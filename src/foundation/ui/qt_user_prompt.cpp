@@ -2,9 +2,11 @@
 
 #include "foundation/real_path.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -98,6 +100,11 @@ std::optional<qint32> QtUserPrompt::PickColour(const QString &title, qint32 now)
   dialog->setObjectName(QStringLiteral("ColorDialog"));
   dialog->setWindowTitle(title);
   dialog->setOption(QColorDialog::DontUseNativeDialog);
+  // The one field that takes a colour as a text; the others belong to spin boxes.
+  const QList<QLineEdit *> fields = dialog->findChildren<QLineEdit *>();
+  for (QLineEdit *field : fields)
+    if (!qobject_cast<QAbstractSpinBox *>(field->parentWidget()))
+      field->setObjectName(QStringLiteral("Html"));
   const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
   const QColor colour = chosen ? dialog->selectedColor() : QColor();
   delete dialog.data();

@@ -8,8 +8,8 @@
 namespace tolmira {
 
 // Boxes of the toolkit, never the desktop's own, so that they look alike everywhere and remote control can reach them:
-// a box has the object name "MessageBox", a file dialogue "FileDialog", a colour dialogue "ColorDialog". They open over the active window, or over
-// `parent` when the program has none.
+// a box has the object name "MessageBox", a file dialogue "FileDialog", a colour dialogue "ColorDialog" with the field
+// "Html". They open over the active window, or over `parent` when the program has none.
 class QtUserPrompt : public UserPrompt {
 public:
   explicit QtUserPrompt(QWidget *parent = nullptr) : m_parent(parent) {}

@@ -1,5 +1,10 @@
 #include "themes/ui/exibe_miniaturas.h"
 
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+#include "themes/small_copy.h"
+#include "themes/small_copy_loader.h"
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMimeData>
@@ -9,11 +14,6 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QUrl>
-
-#include "controls/ui/desk_icon.h"
-#include "controls/ui/palette.h"
-#include "themes/small_copy.h"
-#include "themes/small_copy_loader.h"
 
 namespace tolmira {
 
@@ -176,16 +176,22 @@ void cExibeMiniaturas::SetIndexSelecionado(int index) {
   scrollTo(row);
 }
 
-QString cExibeMiniaturas::NomeArquivo() const { return m_modelo->Nomes().value(IndexSelecionado()); }
+QString cExibeMiniaturas::NomeArquivo() const {
+  return m_modelo->Nomes().value(IndexSelecionado());
+}
 
 QString cExibeMiniaturas::ItemSelecionado() const {
   const QString nome = NomeArquivo();
   return nome.isEmpty() ? QString() : m_galeria.Caminho(nome);
 }
 
-int cExibeMiniaturas::GetTotal() const { return m_modelo->rowCount(); }
+int cExibeMiniaturas::GetTotal() const {
+  return m_modelo->rowCount();
+}
 
-void cExibeMiniaturas::carregaImagens() { Carrega(m_galeria.Lista(m_pattern)); }
+void cExibeMiniaturas::carregaImagens() {
+  Carrega(m_galeria.Lista(m_pattern));
+}
 
 void cExibeMiniaturas::carregaImagensPorData() {
   QStringList nomes;
@@ -201,7 +207,9 @@ void cExibeMiniaturas::Carrega(const QStringList &nomes) {
   emit Mudou();
 }
 
-void cExibeMiniaturas::RemovePics() { Carrega({}); }
+void cExibeMiniaturas::RemovePics() {
+  Carrega({});
+}
 
 void cExibeMiniaturas::Retira(int index) {
   m_modelo->Remove(index);
@@ -218,7 +226,9 @@ void cExibeMiniaturas::MoveScroll(int linhas) {
   verticalScrollBar()->setValue(verticalScrollBar()->value() + linhas * gridSize().height());
 }
 
-int cExibeMiniaturas::LinhasPorPagina() const { return qMax(1, viewport()->height() / qMax(1, gridSize().height())); }
+int cExibeMiniaturas::LinhasPorPagina() const {
+  return qMax(1, viewport()->height() / qMax(1, gridSize().height()));
+}
 
 // What is in sight first, then the page that comes next, then the one before: so a page that is turned is there.
 void cExibeMiniaturas::PedeVisiveis() {

@@ -30,6 +30,7 @@
 #include "foundation/ui/qt_user_prompt.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
+#include "themes/ui/theme_windows.h"
 
 namespace tolmira {
 
@@ -55,6 +56,7 @@ struct Program::Impl {
   void MakeWindows();
   void AbreSobre();
   void MakeSongEditors();
+  void MakeThemeWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -95,6 +97,7 @@ struct Program::Impl {
   std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
+  std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -130,9 +133,11 @@ void Program::Impl::MakeWindows() {
                 [this](const QString &path) { return editors->Edita(path, songs.get()); },
                 [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
+  MakeThemeWindows();
   FrmMonitor::Windows windows;
   windows.newSong = [this] { editors->Novo(songs.get()); };
   windows.addSong = [this] { songs->OpenAdd(); };
+  windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
@@ -180,6 +185,15 @@ void Program::Impl::MakeSongEditors() {
                       [this](const TextFormat &format) { return core.formato.Aplica(format); }});
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
+}
+
+void Program::Impl::MakeThemeWindows() {
+  themes = std::make_unique<ThemeWindows>(
+      ThemeDoors{app, store, positions, prompt, console.get(),
+                 [this](const QString &path) { core.controles.trocarFundoPadrao(path); },
+                 [this](const QString &path, bool move) { core.efeitos.ImagemDaGaleria(path, move); },
+                 [this] { return core.estado.TemaAtual.MoveImagens; }});
+  core.controles.AbreGaleria = [this] { themes->AbreGaleriaDoFundo(); };
 }
 
 void Program::Impl::MakeDisplay() {
@@ -367,6 +381,8 @@ Program::~Program() {
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();
+  m_impl->core.controles.AbreGaleria = nullptr;
+  m_impl->themes.reset();
   m_impl->sobre.reset();
   m_impl->console.reset();
 }

@@ -1,5 +1,10 @@
 #include "console/ui/themes_panel.h"
 
+#include "controls/ui/frame_mark.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/theme_tile.h"
+#include "foundation/real_path.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QImageReader>
@@ -8,13 +13,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QVBoxLayout>
-
 #include <algorithm>
-
-#include "controls/ui/frame_mark.h"
-#include "controls/ui/palette.h"
-#include "controls/ui/theme_tile.h"
-#include "foundation/real_path.h"
 
 namespace tolmira {
 
@@ -77,6 +76,7 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   configure->setEnabled(false);
   configure->setToolTip(AindaNao());
 
+  m_maker.setMaxThreadCount(1);
   m_loader = new QTimer(this);
   m_loader->setInterval(0);
   connect(m_loader, &QTimer::timeout, this, &ThemesPanel::LoadNext);
@@ -174,7 +174,28 @@ void ThemesPanel::LoadNext() {
   const int n = m_waiting.front();
   m_waiting.pop_front();
   m_shown[static_cast<size_t>(n)] = m_parts.temas.Temas()[static_cast<size_t>(n)];
-  const TemaTile tile = m_parts.loja.CarregaTile(n, TamanhoDoTile);
+  const TemaTile tile = m_parts.loja.CarregaTile(n);
+  ShowTile(n, tile);
+  if (!tile.imagemAFazer.isEmpty())
+    MakeThumbnailOf(n, tile);
+}
+
+void ThemesPanel::MakeThumbnailOf(int n, TemaTile tile) {
+  ++m_making;
+  m_maker.start([this, n, tile, tema = m_shown[static_cast<size_t>(n)]]() mutable {
+    const bool made = FazMiniatura(tile, TamanhoDoTile);
+    QMetaObject::invokeMethod(
+        this,
+        [this, n, tile, tema, made] {
+          --m_making;
+          if (made && tema == m_shown[static_cast<size_t>(n)]) // else it has changed meanwhile
+            ShowTile(n, tile);
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+void ThemesPanel::ShowTile(int n, const TemaTile &tile) {
   ThemeTile::Content content;
   if (!tile.miniatura.isEmpty()) {
     QImageReader reader(MapStoredPath(tile.miniatura).text());

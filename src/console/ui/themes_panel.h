@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include "console/ui/console_parts.h"
 
+#include <QThreadPool>
+#include <QWidget>
 #include <array>
 #include <deque>
-
-#include "console/ui/console_parts.h"
 
 class QCheckBox;
 class QMenu;
@@ -25,10 +25,10 @@ public:
 
   void Atualiza();      // frames and boxes
   void ThemesChanged(); // tiles whose theme changed are drawn anew, the ticks are copied
-  // Reads all tiles. A tile that is not ready on the disk costs a decode, so they come one by one when the loop is idle.
+  // Reads all tiles, one by one when the loop is idle. A thumbnail that is missing is made beside the interface thread.
   void CarregaTiles();
   void SetCompact(bool compact); // lower tiles
-  bool TilesPending() const { return !m_waiting.empty(); }
+  bool TilesPending() const { return !m_waiting.empty() || m_making > 0; }
 
   static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
 
@@ -38,6 +38,8 @@ protected:
 private:
   void MakeTile(int n, QWidget *panel);
   void LoadNext();
+  void MakeThumbnailOf(int n, TemaTile tile);
+  void ShowTile(int n, const TemaTile &tile);
   void FitTiles();
 
   ConsoleParts m_parts;
@@ -54,6 +56,8 @@ private:
   bool m_compact = false;
   std::deque<int> m_waiting;
   QTimer *m_loader;
+  int m_making = 0;
+  QThreadPool m_maker; // last: it waits for what is under way before anything else goes
 };
 
 } // namespace tolmira

@@ -1,0 +1,73 @@
+#include "themes/small_copy.h"
+
+#include "foundation/real_path.h"
+#include "foundation/text_file.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+
+namespace tolmira {
+
+namespace {
+
+constexpr int Quality = 50;
+
+struct Copy {
+  Copy(const AppFolder &app, const QString &nome)
+      : picture(MapStoredPath(app.At(u"\\Images\\") + nome).text()), stored(app.At(u"\\Images\\Mini\\") + nome) {}
+  QString Small() const { return MapStoredPath(stored).text(); }
+
+  QString picture; // real path
+  QString stored;  // of the small copy
+};
+
+PictureImage ReadAtSmallSize(const QString &picture) {
+  return ReadPicture(picture, [](const QSize &) { return SmallCopySize; });
+}
+
+// With the picture's date, so that the order of the gallery does not depend on which copies were made first.
+bool Write(const Copy &copy, const QImage &image) {
+  if (!SalvaJpeg(image, copy.stored, Quality, DiskWait::DontWait))
+    return false;
+  if (QFile file(copy.Small()); file.open(QIODevice::ReadWrite))
+    file.setFileTime(QFileInfo(copy.picture).lastModified(), QFileDevice::FileModificationTime);
+  return true;
+}
+
+QImage ReadFresh(const Copy &copy) {
+  const QFileInfo picture(copy.picture);
+  const QFileInfo small(copy.Small());
+  if (!small.isFile() || small.lastModified() < picture.lastModified())
+    return {};
+  return ReadAtSmallSize(copy.Small()).image;
+}
+
+} // namespace
+
+bool CriaMiniatura(const AppFolder &app, const QString &nome, bool refazer) {
+  const Copy copy(app, nome);
+  if (!refazer && FileExists(copy.stored))
+    return true;
+  const PictureImage read = ReadAtSmallSize(copy.picture);
+  if (!read.image.isNull())
+    Write(copy, read.image);
+  return FileExists(copy.stored);
+}
+
+PictureImage TrazMiniatura(const AppFolder &app, const QString &nome) {
+  const Copy copy(app, nome);
+  PictureImage result;
+  result.image = ReadFresh(copy);
+  if (!result.image.isNull()) {
+    result.size = PictureSize(copy.picture);
+    return result;
+  }
+  result = ReadAtSmallSize(copy.picture);
+  if (!result.image.isNull())
+    Write(copy, result.image);
+  return result;
+}
+
+} // namespace tolmira

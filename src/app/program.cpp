@@ -148,6 +148,8 @@ void Program::Impl::MakeWindows() {
   windows.help = [this] { help->AbreAjuda(); };
   windows.support = [this] { help->AbreSuporte(); };
   windows.about = [this] { AbreSobre(); };
+  windows.restorePosition = [this](QWidget &form) { positions.RestoreFormPosition(form, false); };
+  windows.savePosition = [this](QWidget &form) { positions.SaveFormPosition(form, false); };
   windows.agendaChanged = [this] {
     if (songs)
       songs->AgendaChanged();
@@ -167,7 +169,11 @@ void Program::Impl::AbreSobre() {
         MotorDoPrograma{QString::fromLatin1(qVersion()), versions.webEngine, versions.chromium, versions.mpv,
                         qgetenv("QT_QUICK_BACKEND") == "software" ? QObject::tr("by the processor") : QStringLiteral("OpenGL")},
         console.get());
+    QObject::connect(sobre.get(), &QDialog::finished, sobre.get(),
+                     [this] { positions.SaveFormPosition(*sobre, false); });
   }
+  if (!sobre->isVisible())
+    positions.RestoreFormPosition(*sobre, false);
   sobre->show();
   sobre->raise();
   sobre->activateWindow();

@@ -201,8 +201,15 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   ways.support = [&d, open] { open(d.windows.support); };
   ways.about = [&d, open] { open(d.windows.about); };
   ways.keySheet = [this, &d] {
-    if (!d.sheet)
+    if (!d.sheet) {
       d.sheet = new FrmAtalhos(this);
+      connect(d.sheet, &QDialog::finished, this, [&d] {
+        if (d.windows.savePosition)
+          d.windows.savePosition(*d.sheet);
+      });
+    }
+    if (!d.sheet->isVisible() && d.windows.restorePosition)
+      d.windows.restorePosition(*d.sheet);
     d.sheet->Open();
   };
   d.menus = new ConsoleMenus(parts, std::move(ways), this);

@@ -41,6 +41,8 @@ public:
     std::function<void()> help;
     std::function<void()> support;
     std::function<void()> about;
+    std::function<void(QWidget &form)> restorePosition; // of a window of the console's own, before it is shown
+    std::function<void(QWidget &form)> savePosition;    // when it was closed
     std::function<void()> agendaChanged; // another agenda is active, or it has another title
   };
   void SetWindows(Windows windows);

@@ -154,7 +154,7 @@ void BibleLoader::CarregaLeitura(const QString &reference, const QString &text, 
   painel.biblia = {true, text, reference, estado.VersaoBiblia, m_console.ajustes.AlinhamentoBiblia, !NoTelao()};
 
   // A page that stands is told the new size with the verse: what it shows until then must not change its size.
-  const bool stands = estado.PaginaDeTexto() && !estado.FundoPreso && !firstItem && !newTheme;
+  const bool stands = estado.PaginaDeTexto() && (walking || !estado.FundoPreso) && !firstItem && !newTheme;
   if (show && !stands)
     m_console.paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
   ApplyZoom(m_console);

@@ -61,8 +61,13 @@ void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
         estado.EhLetra() && estado.EstrofeAtual > 0
             ? QObject::tr("Verse %1 of %2").arg(estado.EstrofeAtual).arg(estado.TotalEstrofes)
             : estado.TipoAtual == u"Bíblia" ? estado.ReferenciaAtual : QString());
-  if (olhar.painel.Ensaio)
-    dita.LbDetalheTela = QObject::tr("Rehearsal window: there is no second monitor");
+  if (olhar.painel.Ensaio) {
+    const std::vector<OpcaoDeTela> &telas = olhar.painel.telas;
+    const bool porEscolha = !telas.empty() && !telas.front().marcada;
+    const QString nota = porEscolha ? QObject::tr("Rehearsal window on your own screen")
+                                    : QObject::tr("Rehearsal window: there is no second monitor");
+    dita.LbDetalheTela = dita.LbDetalheTela.isEmpty() ? nota : QString(dita.LbDetalheTela + u" · " + nota);
+  }
 }
 
 QString ProximoDaMusica(const OlharDaTela &olhar, bool preso) {

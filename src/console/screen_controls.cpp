@@ -62,6 +62,9 @@ void ScreenControls::SetScreenState(int index) {
     CobreTexto(index, fundo);
     m_console.SetPageStyle(QStringLiteral("texto"), QStringLiteral("display"), QStringLiteral("block"));
   }
+  // From something that covers the page to hidden text: hidden before the cover goes, or the text would flash up.
+  if (index == 1 && estado.EstadoTela != u"Normal" && estado.EstadoTela != u"OcultarTexto")
+    m_console.SetPageStyle(QStringLiteral("texto"), QStringLiteral("display"), QStringLiteral("none"));
   m_console.painel.LBTelaMarcado = index;
   m_console.yielder.Yield(1);
 
@@ -124,7 +127,7 @@ void ScreenControls::trocarFundoPadrao(const QString &path) {
   QString nome = path;
   nome = nome.replace(u'\\', u'/').section(u'/', -1);
   m_console.store.WriteConfig(Config, ChaveDoFundo, nome);
-  if (m_console.estado.EstadoTela != u"PadraoDeFundo")
+  if (m_console.estado.EstadoTela != u"PadraoDeFundo" || FundoPadrao().isEmpty())
     return;
   m_console.estado.EstadoTela.clear();
   SetScreenState(3);

@@ -77,6 +77,9 @@ bool SongLoader::ListMusicasDuploClique(const QString &caption, const QString &f
   m_console.estado.ModoMovimento = QStringLiteral("Normal");
   painel.PicAviso2 = painel.PicDica2 = painel.PicDica3 = painel.PicDica4 = painel.PicDicaAgenda = false;
   CarregaLouvor(path, applyTheme, show);
+  // A queued theme was for this item, also where a picture that stands kept it from being taken.
+  if (applyTheme)
+    m_temas.ClearQueue();
   painel.PicAviso = true;
   m_console.Atualiza();
   return true;

@@ -39,9 +39,13 @@ void ConsoleStartup::Load() {
   estado.ConsoleCarregado = true;
   carregaInicio();
   m_console.yielder.Yield(4);
+  if (m_descarregado)
+    return; // and so after each turn of the loop
   m_janelas.positionInicial();
   initApp();
   m_console.yielder.Yield(2);
+  if (m_descarregado)
+    return;
   ApplyZoom(m_console);
   m_timerTerminaLoad->Start(EsperaDoFimDoLoad);
 }
@@ -61,6 +65,7 @@ void ConsoleStartup::carregaInicio() {
   ajustes.FonteGrande = ReadNumber(registro, QStringLiteral("FonteGrande"), 1, 1, 2) == 2;
   m_console.faixa.Alinhamento = ajustes.Alinhamento;
   m_console.painel.biblia.Alinhamento = ajustes.AlinhamentoBiblia;
+  m_lido = true;
   m_console.Atualiza();
 }
 
@@ -86,6 +91,8 @@ void ConsoleStartup::TimerTerminaLoad() {
   m_timerTerminaLoad->Stop();
   EstadoConsole &estado = m_console.estado;
   m_console.yielder.Yield(2);
+  if (m_descarregado)
+    return;
   m_janelas.CriaTelao();
   m_janelas.MostraTelao();
   estado.TelaPronta = true;
@@ -109,6 +116,14 @@ void ConsoleStartup::Unload() {
   m_temas.StopRotation();
   estado.EnviarAoTelao = false;
   estado.TelaPronta = false;
+  if (m_lido)
+    Guarda();
+  m_janelas.DescarregaJanelas();
+}
+
+// Not before it was read: a console that is closed in the middle of its start would write defaults over it.
+void ConsoleStartup::Guarda() {
+  const EstadoConsole &estado = m_console.estado;
   const Registro registro(m_console.store);
   const AjustesTexto &ajustes = m_console.ajustes;
   registro.WriteValue(QStringLiteral("FonteGrande"),
@@ -119,7 +134,6 @@ void ConsoleStartup::Unload() {
   if (estado.ActiveAgenda > 0)
     m_agenda.salvaListTarefas(estado.ActiveAgenda);
   m_temas.SalvaEscolhas(registro);
-  m_janelas.DescarregaJanelas();
 }
 
 } // namespace tolmira

@@ -40,6 +40,8 @@ public:
   bool Descarregado() const { return m_descarregado; } // the console was closed, perhaps in the middle of the start
 
 private:
+  void Guarda();
+
   ConsoleContext &m_console;
   AgendaDesk &m_agenda;
   ThemeControl &m_temas;
@@ -51,6 +53,7 @@ private:
   Janelas m_janelas;
   std::unique_ptr<PeriodicTimer> m_timerTerminaLoad;
   bool m_initAppRodou = false;
+  bool m_lido = false; // carregaInicio has read what Unload keeps
   bool m_descarregado = false;
 };
 

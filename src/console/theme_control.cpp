@@ -1,6 +1,7 @@
 #include "console/theme_control.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "display/effects.h"
 
@@ -54,7 +55,18 @@ void ThemeControl::aplicaTema(int n, bool &forcar) {
 
 // The builder sends a song again by itself, but of a Bible verse it only tells the preview.
 void ThemeControl::MontaPagina(int posicao) {
-  m_console.paginas.MontaPagina(m_console.estado.TemaAtual, posicao, 0);
+  EstadoConsole &estado = m_console.estado;
+  // While Ctrl holds the projection back, the verse in the frame is only looked at: the page gets the one that is out.
+  const bool preso = estado.EhLetra() && estado.TelaPronta && !estado.EnviarAoTelao;
+  const int noQuadro = preso ? std::exchange(estado.EstrofeAtual, -1) : estado.EstrofeAtual;
+  m_console.paginas.MontaPagina(estado.TemaAtual, posicao, 0);
+  if (preso) {
+    estado.EstrofeAtual = noQuadro;
+    if (estado.EnviarAoTelao) // let go meanwhile
+      m_console.letras.ExibeVerso(noQuadro, true);
+    else
+      m_console.letras.ReenviaVerso();
+  }
   if (ReenviaVersiculo)
     ReenviaVersiculo();
 }

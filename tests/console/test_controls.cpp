@@ -74,6 +74,23 @@ private slots:
         .Write(m_fixture->folder.path(), QStringLiteral("AAA"));
   }
 
+  void aThemeBehindCtrlKeepsTheVerseThatIsOut() {
+    ConsoleFixture &f = *m_fixture;
+    f.Show(QStringLiteral("Song"));
+    f.core.stepper.TeclaEstrofe(1);
+    f.EndGlide();
+    f.core.stepper.CtrlDown();
+    f.core.stepper.TeclaEstrofe(1);
+    f.EndGlide();
+    f.Forget();
+    bool forcar = true;
+    f.core.temaControle.aplicaTema(3, forcar);
+    const QString sent = f.display.commands.join(u'\n') + f.display.page.scripts.join(u'\n');
+    QVERIFY(sent.contains(QStringLiteral("Primeira linha")));
+    QVERIFY(!sent.contains(QStringLiteral("Terceira linha")));
+    QCOMPARE(f.core.estado.EstrofeAtual, 2);
+  }
+
   void textControls_data() {
     QTest::addColumn<QString>("onShow");
     QTest::addColumn<int>("style"); // of songs, before

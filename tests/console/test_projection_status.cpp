@@ -46,7 +46,7 @@ private slots:
     const auto row = [](const char *name, const char *estado, const char *change, const char *banner,
                         const char *colour, const char *detail) {
       QTest::newRow(name) << QString::fromLatin1(estado) << QString::fromLatin1(change) << QString::fromLatin1(banner)
-                          << QString::fromLatin1(colour) << QString::fromLatin1(detail);
+                          << QString::fromLatin1(colour) << QString::fromUtf8(detail);
     };
     row("a verse is out", "Normal", "", "LIVE", "live", "Verse 2 of 3");
     row("no verse yet", "Normal", "no text", "LIVE, NO TEXT", "ready", "");
@@ -62,9 +62,10 @@ private slots:
         "F5 brings the text back");
     row("without a monitor nothing else counts", "TelaPreta", "no monitor, held", "NO PROJECTOR", "off",
         "The second monitor is missing: nothing is shown");
-    row("rehearsal", "Normal", "rehearsal", "LIVE", "live", "Rehearsal window: there is no second monitor");
+    row("rehearsal", "Normal", "rehearsal", "LIVE", "live",
+        "Verse 2 of 3 · Rehearsal window: there is no second monitor");
     row("rehearsal, black", "TelaPreta", "rehearsal", "BLACK SCREEN", "off",
-        "Rehearsal window: there is no second monitor");
+        "F5 brings the picture back · Rehearsal window: there is no second monitor");
     row("starting", "Normal", "starting", "STARTING", "", "");
   }
   void whatIsOut() {

@@ -96,6 +96,14 @@ private slots:
     QVERIFY(m_fixture->core.ajustes.FonteGrande);
   }
 
+  void aConsoleClosedBeforeItReadItsStoreLeavesItAlone() {
+    const Registro registro(m_fixture->store);
+    registro.WriteValue(QStringLiteral("Alinhamento"), QStringLiteral("0"));
+    Startup()->Unload();
+    QCOMPARE(registro.ReadValue(QStringLiteral("Alinhamento"), QString()), QStringLiteral("0"));
+    QCOMPARE(registro.ReadValue(QStringLiteral("chkim3"), QString()), QString());
+  }
+
   void aStoreFullOfNonsenseGivesDefaults() {
     m_fixture->Write(QStringLiteral("Data/Config.dat"),
                      "[Config]\r\nestiloLouvor=abc\r\nTransparencia_Faixa=900\r\nComboFontSize=-4\r\n"

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <functional>
+#include <algorithm>
 
 namespace tolmira {
 
@@ -148,6 +149,10 @@ void BibleSettings::Atualiza() {
   const auto percent = [](double value) -> QString { return QString::number(value) + u'%'; };
   setValue(m_sliderExBiblia, m_valorEstilo, ajustes.EstiloBiblia, QString::number(ajustes.EstiloBiblia));
   setValue(m_slider2, m_valorFaixa, ajustes.SombraVerso, QString::number(ajustes.SombraVerso));
+  {
+    const QSignalBlocker quiet(m_sliderZoomBiblia);
+    m_sliderZoomBiblia->setMaximum(std::max(MaiorZoom, painel.SliderZoom)); // a stored zoom may lie beyond
+  }
   setValue(m_sliderZoomBiblia, m_valorZoom, painel.SliderZoom, percent(painel.SliderZoom));
   setValue(m_sliderFontSizeAjust, m_valorTamanho, TextControls::ValorDeEscala(ajustes.EscalaBiblia),
            percent(ajustes.EscalaBiblia));

@@ -1,5 +1,6 @@
 #include "console/ui/effects_panel.h"
 
+#include "controls/ui/calm_combo.h"
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/value_slider.h"
@@ -137,7 +138,7 @@ QGridLayout *EffectsPanel::MakeFilters() {
 
 QComboBox *EffectsPanel::MakeCombo(const char *name, const QString &spoken,
                                    const std::function<void(const QString &)> &choose) {
-  auto *combo = new QComboBox(this);
+  auto *combo = new CalmCombo(this);
   combo->setObjectName(QLatin1String(name));
   combo->setAccessibleName(spoken);
   combo->setToolTip(spoken);

@@ -1,5 +1,6 @@
 #include "console/ui/text_settings.h"
 
+#include "controls/ui/calm_combo.h"
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/value_slider.h"
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <functional>
 
 namespace tolmira {
@@ -97,7 +99,7 @@ void TextSettings::MakeSliders() {
   connect(m_sliderZoom, &ValueSlider::Changed, this, [&textos](int v) { textos.SliderZoom(v); });
   m_valorZoom = value("ValorZoom", QStringLiteral("150%"));
   m_lbTamanho = Caption(tr("Size"), "LbTamanho", this);
-  m_comboFontSize = new QComboBox(this);
+  m_comboFontSize = new CalmCombo(this);
   m_comboFontSize->setObjectName(QStringLiteral("ComboFontSize"));
   m_comboFontSize->setAccessibleName(tr("Font size"));
   m_comboFontSize->addItems(
@@ -163,6 +165,10 @@ void TextSettings::Atualiza() {
   };
   setValue(m_sliderExLouvor, m_valorEstilo, ajustes.EstiloLouvor);
   setValue(m_sliderFaixa, m_valorFaixa, ajustes.TransparenciaFaixa.toInt());
+  {
+    const QSignalBlocker quiet(m_sliderZoom);
+    m_sliderZoom->setMaximum(std::max(MaiorZoom, painel.SliderZoom)); // a stored zoom may lie beyond
+  }
   setValue(m_sliderZoom, m_valorZoom, painel.SliderZoom, QStringLiteral("%"));
   m_comboFontSize->setCurrentIndex(ajustes.FontSizeClass);
 

@@ -2,6 +2,7 @@
 
 #include "foundation/real_path.h"
 
+#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 
@@ -19,7 +20,12 @@ PictureLayer::PictureLayer(QWidget *parent) : QWidget(parent) {
 }
 
 bool PictureLayer::Load(const QString &storedPath) {
-  QImageReader reader(MapStoredPath(storedPath).text());
+  const QString path = MapStoredPath(storedPath).text();
+  const QFileInfo file(path);
+  // One change of the screen's state names the picture more than once, and a camera's takes its time.
+  if (path == m_path && file.lastModified() == m_changed && file.size() == m_bytes)
+    return true;
+  QImageReader reader(path);
   reader.setAutoTransform(true);
   reader.setDecideFormatFromContent(true);
   const QSize size = reader.size();
@@ -29,6 +35,9 @@ bool PictureLayer::Load(const QString &storedPath) {
   if (picture.isNull())
     return false;
   m_picture = picture;
+  m_path = path;
+  m_changed = file.lastModified();
+  m_bytes = file.size();
   m_scaled = {};
   update();
   return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QPixmap>
 #include <QWidget>
 
@@ -19,6 +20,9 @@ protected:
 
 private:
   QImage m_picture;
+  QString m_path; // of m_picture, with what its file was when it was read
+  QDateTime m_changed;
+  qint64 m_bytes = 0;
   QPixmap m_scaled; // for the present size; null until it is painted
 };
 

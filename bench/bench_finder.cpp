@@ -81,6 +81,7 @@ class NoPrompt : public UserPrompt {
   void Message(MessageKind, const QString &, const QString &) override {}
   int Ask(const QString &, const QString &, const QStringList &) override { return -1; }
   QString OpenFile(const QString &, const QString &, const QString &) override { return {}; }
+  QStringList OpenFiles(const QString &, const QString &, const QString &) override { return {}; }
 };
 
 class Paints : public QObject {

@@ -48,6 +48,11 @@ QString ObservedPrompt::OpenFile(const QString &title, const QString &folder, co
   return m_prompt.OpenFile(title, folder, filter);
 }
 
+QStringList ObservedPrompt::OpenFiles(const QString &title, const QString &folder, const QString &filter) {
+  m_events.OnMessage(title, filter, {});
+  return m_prompt.OpenFiles(title, folder, filter);
+}
+
 std::optional<qint32> ObservedPrompt::PickColour(const QString &title, qint32 now) {
   m_events.OnMessage(title, QString(), {});
   return m_prompt.PickColour(title, now);

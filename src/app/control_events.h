@@ -32,6 +32,7 @@ public:
   void Message(MessageKind kind, const QString &title, const QString &text) override;
   int Ask(const QString &title, const QString &text, const QStringList &buttons) override;
   QString OpenFile(const QString &title, const QString &folder, const QString &filter) override;
+  QStringList OpenFiles(const QString &title, const QString &folder, const QString &filter) override;
   std::optional<qint32> PickColour(const QString &title, qint32 now) override;
 
 private:

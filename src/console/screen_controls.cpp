@@ -1,7 +1,7 @@
 #include "console/screen_controls.h"
 
-#include "console/picture_folder.h"
 #include "foundation/text_file.h"
+#include "themes/picture_folder.h"
 
 #include <algorithm>
 

@@ -54,6 +54,8 @@ public:
   virtual int Ask(const QString &title, const QString &text, const QStringList &buttons) = 0;
   // The chosen path; empty when the user gave up. `filter` in the toolkit's form ("Pictures (*.png *.jpg)").
   virtual QString OpenFile(const QString &title, const QString &folder, const QString &filter) = 0;
+  // The same for several files of one folder.
+  virtual QStringList OpenFiles(const QString &title, const QString &folder, const QString &filter) = 0;
   // The chosen colour as the stores write it (0x00BBGGRR), beginning at `now`; nothing when the user gave up.
   virtual std::optional<qint32> PickColour(const QString &title, qint32 now) = 0;
 };

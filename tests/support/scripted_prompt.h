@@ -39,6 +39,11 @@ public:
     return files.isEmpty() ? QString() : files.takeFirst();
   }
 
+  QStringList OpenFiles(const QString &title, const QString &folder, const QString &filter) override {
+    fileQuestions.append({title, folder, filter});
+    return std::exchange(files, {});
+  }
+
   std::optional<qint32> PickColour(const QString &title, qint32 now) override {
     colourQuestions.append({title, now});
     return colours.isEmpty() ? std::nullopt : std::optional<qint32>(colours.takeFirst());

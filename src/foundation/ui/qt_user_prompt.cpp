@@ -36,6 +36,18 @@ void Prepare(QMessageBox &box, MessageKind kind, const QString &title, const QSt
   box.setText(text);
 }
 
+QStringList ChooseFiles(QWidget *parent, const QString &title, const QString &folder, const QString &filter,
+                        QFileDialog::FileMode mode) {
+  const QPointer<QFileDialog> dialog = new QFileDialog(parent, title, MapStoredPath(folder).text(), filter);
+  dialog->setObjectName(QStringLiteral("FileDialog"));
+  dialog->setOption(QFileDialog::DontUseNativeDialog);
+  dialog->setFileMode(mode);
+  const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
+  const QStringList paths = chosen ? dialog->selectedFiles() : QStringList();
+  delete dialog.data();
+  return paths;
+}
+
 } // namespace
 
 QWidget *QtUserPrompt::ParentNow() const {
@@ -75,14 +87,11 @@ int QtUserPrompt::Ask(const QString &title, const QString &text, const QStringLi
 }
 
 QString QtUserPrompt::OpenFile(const QString &title, const QString &folder, const QString &filter) {
-  const QPointer<QFileDialog> dialog = new QFileDialog(ParentNow(), title, MapStoredPath(folder).text(), filter);
-  dialog->setObjectName(QStringLiteral("FileDialog"));
-  dialog->setOption(QFileDialog::DontUseNativeDialog);
-  dialog->setFileMode(QFileDialog::ExistingFile);
-  const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
-  const QString path = chosen ? dialog->selectedFiles().value(0) : QString();
-  delete dialog.data();
-  return path;
+  return ChooseFiles(ParentNow(), title, folder, filter, QFileDialog::ExistingFile).value(0);
+}
+
+QStringList QtUserPrompt::OpenFiles(const QString &title, const QString &folder, const QString &filter) {
+  return ChooseFiles(ParentNow(), title, folder, filter, QFileDialog::ExistingFiles);
 }
 
 std::optional<qint32> QtUserPrompt::PickColour(const QString &title, qint32 now) {

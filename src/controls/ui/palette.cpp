@@ -68,6 +68,7 @@ QFrame[look="hint"] { background: @raised; border: 1px solid @line; border-radiu
 QLabel[look="title"] { font-size: 13pt; font-weight: 600; }
 QLabel[look="empty-title"] { font-size: 13pt; color: @quiet; }
 QLabel[look="quiet"] { color: @quiet; }
+QLabel[look="warning"] { color: @held; }
 QLabel[look="caps"] { color: @quiet; font-weight: 600; }
 QLabel:disabled { color: @faint; }
 

@@ -17,6 +17,8 @@ AssetPlaces PlacesUnder(const QString &root) {
   places.html = FolderOrNothing(dir.filePath(QStringLiteral("html")));
   places.sample = FolderOrNothing(dir.filePath(QStringLiteral("sample")));
   places.sampleMedia = FolderOrNothing(dir.filePath(QStringLiteral("sample-media")));
+  places.bibles = FolderOrNothing(dir.filePath(QStringLiteral("bibles")));
+  places.help = FolderOrNothing(dir.filePath(QStringLiteral("help")));
   return places;
 }
 
@@ -37,6 +39,7 @@ AssetPlaces FindAssets(const QString &wish, const QString &executableFolder) {
   build.sample = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_SAMPLE));
   build.sampleMedia = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_MEDIA));
   build.bibles = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_BIBLES));
+  build.help = FolderOrNothing(QStringLiteral(TOLMIRA_BUILD_HELP));
   return build;
 }
 

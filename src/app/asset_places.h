@@ -13,12 +13,13 @@ struct AssetPlaces {
   QString sample;      // the starter service, for <app>
   QString sampleMedia; // its pictures and videos ("Images", "Videos"), for <app>
   QString bibles;      // Bible versions, for <app>/Bible
+  QString help = {};   // the help pages, read where they lie
   bool Found() const { return !html.isEmpty(); }
 };
 
 // The first of: `wish` (option --assets), the environment variable TOLMIRA_ASSETS, ../share/tolmira seen from the
 // executable, the folders of the build tree. Each of the first three holds html/ (with html/lib/), sample/,
-// sample-media/ and bibles/. A wish that holds no html/ finds nothing; it is not replaced by another place.
+// sample-media/, bibles/ and help/. A wish that holds no html/ finds nothing; it is not replaced by another place.
 AssetPlaces FindAssets(const QString &wish, const QString &executableFolder);
 
 } // namespace tolmira

@@ -12,13 +12,16 @@
 #include "app/single_instance.h"
 #include "bible/ui/bible_windows.h"
 #include "console/FrmMonitor.h"
+#include "console/FrmSobre.h"
 #include "console/console_core.h"
+#include "console/help_desk.h"
 #include "console/page_zoom.h"
 #include "console/projection_place.h"
 #include "console/startup.h"
 #include "console/ui/qt_monitors.h"
 #include "console/ui/screen_repair.h"
 #include "display/FrmQuendar.h"
+#include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
 #include "display/ui/page_profile.h"
 #include "display/ui/web_page_host.h"
@@ -34,6 +37,7 @@ namespace {
 
 constexpr int EsperaDasTelas = 300;  // ms: a changed desktop announces its screens one by one
 constexpr int EsperaDoTamanho = 150; // ms: a window on its way has many sizes
+constexpr int CalmaDoInicio = 700;   // ms: until the first pages and previews are drawn
 constexpr int TentativasDeLugar = 10;
 
 } // namespace
@@ -49,6 +53,7 @@ struct Program::Impl {
   }
 
   void MakeWindows();
+  void AbreSobre();
   void MakeSongEditors();
   void MakeDisplay();
   void RemakeDisplay();
@@ -74,6 +79,8 @@ struct Program::Impl {
   LoopYielder yielder;
   FontTextMeasure measure;
   ScreenRepair screenRepair;
+  SystemOpener opener;
+  std::unique_ptr<HelpDesk> help;
   QtMonitors monitors;
   FormPositions positions;
   QTimer screenTimer;
@@ -88,6 +95,7 @@ struct Program::Impl {
   std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
+  std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
   std::unique_ptr<ConsoleStartup> startup;
@@ -132,6 +140,9 @@ void Program::Impl::MakeWindows() {
     if (core.estado.TelaPronta)
       lugar->EscolheTela(opcao);
   };
+  windows.help = [this] { help->AbreAjuda(); };
+  windows.support = [this] { help->AbreSuporte(); };
+  windows.about = [this] { AbreSobre(); };
   windows.agendaChanged = [this] {
     if (songs)
       songs->AgendaChanged();
@@ -142,6 +153,19 @@ void Program::Impl::MakeWindows() {
   monitors.SetConsole(console.get());
   MakeDisplay();
   core.canal.CriaTelao = [this] { RemakeDisplay(); };
+}
+
+void Program::Impl::AbreSobre() {
+  if (!sobre) {
+    const EngineVersions versions = ReadEngineVersions();
+    sobre = std::make_unique<FrmSobre>(
+        MotorDoPrograma{QString::fromLatin1(qVersion()), versions.webEngine, versions.chromium, versions.mpv,
+                        qgetenv("QT_QUICK_BACKEND") == "software" ? QObject::tr("by the processor") : QStringLiteral("OpenGL")},
+        console.get());
+  }
+  sobre->show();
+  sobre->raise();
+  sobre->activateWindow();
 }
 
 void Program::Impl::MakeSongEditors() {
@@ -188,6 +212,7 @@ void Program::Impl::RemakeDisplay() {
 }
 
 void Program::Impl::PlaceDisplay(const PlacaDoTelao &placa) {
+  core.painel.Ensaio = !placa.segundoMonitor;
   console->DefineTelao(placa.tela.size());
   if (quendar)
     quendar->Posiciona(placa.tela, placa.segundoMonitor);
@@ -242,6 +267,7 @@ void Program::Impl::MakeStartup() {
   // A box must not stand inside the timer that ends the start.
   janelas.InicioTerminou = [this] {
     QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(songs.get()); });
+    QTimer::singleShot(CalmaDoInicio, console.get(), [this] { songs->PrepareAdd(); });
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
                                              core.controles, core.loader, core.leitura, *lugar, std::move(janelas));
@@ -341,6 +367,7 @@ Program::~Program() {
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();
+  m_impl->sobre.reset();
   m_impl->console.reset();
 }
 
@@ -348,8 +375,9 @@ std::optional<int> Program::Start() {
   Impl &p = *m_impl;
   // First, so that what the start has to say can be answered from outside.
   p.ListenForControl();
-  const FillResult filled =
-      FillProgramFolder(p.app.path(), FindAssets(p.line.assets, QCoreApplication::applicationDirPath()));
+  const AssetPlaces assets = FindAssets(p.line.assets, QCoreApplication::applicationDirPath());
+  p.help = std::make_unique<HelpDesk>(p.store, p.prompt, p.opener, assets.help);
+  const FillResult filled = FillProgramFolder(p.app.path(), assets);
   if (!filled.problem.isEmpty())
     p.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), filled.problem);
   if (!p.instance.Start(p.prompt))

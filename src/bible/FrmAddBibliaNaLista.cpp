@@ -35,6 +35,7 @@ FrmAddBibliaNaLista::FrmAddBibliaNaLista(BibleDoors doors)
   m_text2->setObjectName(QStringLiteral("Text2"));
   m_text2->setPlaceholderText(tr("Book, chapter and verse: joh 3 16"));
   m_text2->setAccessibleName(tr("Bible reference"));
+  m_text2->setToolTip(tr("A few letters of the book, chapter and verse"));
   column->addWidget(m_text2);
 
   m_verse = new QLabel(this);

@@ -59,6 +59,7 @@ FrmBibleBrowser::FrmBibleBrowser(BibleDoors doors)
   m_filter->setObjectName(QStringLiteral("TxtFiltro"));
   m_filter->setPlaceholderText(tr("Type to narrow: joh 3 16"));
   m_filter->setAccessibleName(tr("Narrow to book, chapter and verse"));
+  m_filter->setToolTip(tr("Letters narrow the books, numbers choose chapter and verse"));
   m_filter->setClearButtonEnabled(true);
   m_filter->installEventFilter(this);
   column->addWidget(m_filter);
@@ -89,6 +90,7 @@ void FrmBibleBrowser::MakeColumns() {
     auto *made = new QListWidget(this);
     made->setObjectName(QLatin1String(name));
     made->setAccessibleName(spoken);
+    made->setToolTip(tr("%1: Left and Right go from column to column").arg(spoken));
     made->setProperty("look", QStringLiteral("column"));
     made->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     made->setTextElideMode(Qt::ElideRight);

@@ -37,6 +37,7 @@ FrmBibleSearch::FrmBibleSearch(BibleDoors doors)
   m_query->setObjectName(QStringLiteral("TxtBusca"));
   m_query->setPlaceholderText(tr("Words of the verse; put a phrase in double quotes"));
   m_query->setAccessibleName(tr("Words to search for"));
+  m_query->setToolTip(tr("Verses that hold all these words"));
   m_query->setClearButtonEnabled(true);
   m_query->installEventFilter(this);
   column->addWidget(m_query);
@@ -50,6 +51,7 @@ FrmBibleSearch::FrmBibleSearch(BibleDoors doors)
   m_list = new QTreeView(this);
   m_list->setObjectName(QStringLiteral("ListResultados"));
   m_list->setAccessibleName(tr("Verses found"));
+  m_list->setToolTip(tr("Enter shows the verse, Ctrl+Enter adds it to the agenda"));
   m_list->setProperty("look", QStringLiteral("column"));
   m_list->setModel(m_hits);
   m_list->setRootIsDecorated(false);

@@ -11,7 +11,9 @@
 #include <QWindow>
 
 #include <array>
+#include <utility>
 
+#include "console/FrmAtalhos.h"
 #include "console/monitors.h"
 #include "console/ui/add_bar.h"
 #include "bible/ui/reference_box.h"
@@ -38,9 +40,14 @@ namespace {
 constexpr QSize TamanhoMinimo{640, 400}; // below the room that the desk needs it scrolls
 // Shares of the width, agenda to text to screen.
 constexpr int PartesDaMesa[] = {23, 47, 30};
+constexpr int PartesDaMesaLarga[] = {17, 40, 43};
+constexpr int LarguraDaMesaLarga = 2400; // px, from where the preview is worth more than a longer list
+constexpr int AlturaFolgada = 780;       // px, below which the desk is laid out tightly
 constexpr int PartesDosTemas[] = {68, 32};
 constexpr int LarguraDaAgenda = 340; // least, px: five tabs with their default titles
 constexpr int EsperaDaPrevia = 120;  // ms without another change of its size
+// ms after which a window that was shown may have got its frame; nothing tells of it.
+constexpr int EsperasDaMoldura[] = {0, 100, 400, 1500};
 
 // There a window has no place that it could know or choose.
 bool OnWayland() { return QGuiApplication::platformName().startsWith(u"wayland"); }
@@ -62,14 +69,42 @@ struct FrmMonitor::Impl {
   ThemesPanel *themes = nullptr;
   EffectsPanel *effects = nullptr;
   AddBar *addBar = nullptr;
+  FrmAtalhos *sheet = nullptr; // once it was asked for
   Windows windows;
   ConsoleKeys *keys = nullptr;
+  QHBoxLayout *desk = nullptr;
+  QVBoxLayout *rows = nullptr;
+  QHBoxLayout *lower = nullptr;
+  QVBoxLayout *middle = nullptr;
+  void FitTo(const QSize &size);
+  bool compact = false;
+  bool wide = false;
   bool fillsWorkArea = false;
   bool filledBefore = false; // AnotaTamanho
+  QMargins frame; // with which it was filled
   QRect filled; // the rectangle that filled it, without the frame
   std::array<ResizeEdge *, 3> edges{};
   QTimer previewTimer;
 };
+
+// The same controls in the same places; a window that is not high gets them closer together.
+void FrmMonitor::Impl::FitTo(const QSize &size) {
+  if (const bool now = size.height() < AlturaFolgada; now != std::exchange(compact, now)) {
+    const int gap = compact ? medidas::Gap : medidas::Margin;
+    rows->setContentsMargins(gap, compact ? 0 : medidas::Step, gap, gap);
+    rows->setSpacing(gap);
+    desk->setSpacing(gap);
+    lower->setSpacing(compact ? medidas::Margin : 2 * medidas::Margin);
+    middle->setSpacing(compact ? medidas::Step : medidas::Gap);
+    agenda->SetCompact(compact);
+    screen->SetCompact(compact);
+    addBar->SetCompact(compact);
+    themes->SetCompact(compact);
+  }
+  if (const bool now = size.width() >= LarguraDaMesaLarga; now != std::exchange(wide, now))
+    for (int i = 0; i < 3; ++i)
+      desk->setStretch(i, (wide ? PartesDaMesaLarga : PartesDaMesa)[i]);
+}
 
 FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_unique<Impl>(parts)) {
   setObjectName(QStringLiteral("FrmMonitor"));
@@ -83,17 +118,17 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   desktop->setFocusPolicy(Qt::NoFocus);
   desktop->setWidgetResizable(true);
   auto *body = new QWidget;
-  auto *rows = new QVBoxLayout(body);
+  auto *rows = d.rows = new QVBoxLayout(body);
   rows->setContentsMargins(medidas::Margin, medidas::Step, medidas::Margin, medidas::Margin);
   rows->setSpacing(medidas::Margin);
 
   // Made in the order in which Tab goes through them.
-  auto *desk = new QHBoxLayout;
+  auto *desk = d.desk = new QHBoxLayout;
   desk->setSpacing(medidas::Margin);
   d.agenda = new AgendaPanel(parts, body);
   d.agenda->setMinimumWidth(LarguraDaAgenda);
   desk->addWidget(d.agenda, PartesDaMesa[0]);
-  auto *middle = new QVBoxLayout;
+  auto *middle = d.middle = new QVBoxLayout;
   middle->setSpacing(medidas::Gap);
   d.strip = new StripPanel(parts, body);
   d.settings = new TextSettings(parts, body);
@@ -114,7 +149,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.addBar = new AddBar(body);
   rows->addWidget(d.addBar);
 
-  auto *lower = new QHBoxLayout;
+  auto *lower = d.lower = new QHBoxLayout;
   lower->setSpacing(2 * medidas::Margin);
   d.themes = new ThemesPanel(parts, body);
   d.effects = new EffectsPanel(parts, body);
@@ -161,6 +196,14 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   ways.addBible = [&d, open] { open(d.windows.addBible); };
   ways.browseBible = [&d, open] { open(d.windows.browseBible); };
   ways.searchBible = [&d, open] { open(d.windows.searchBible); };
+  ways.help = [&d, open] { open(d.windows.help); };
+  ways.support = [&d, open] { open(d.windows.support); };
+  ways.about = [&d, open] { open(d.windows.about); };
+  ways.keySheet = [this, &d] {
+    if (!d.sheet)
+      d.sheet = new FrmAtalhos(this);
+    d.sheet->Open();
+  };
   d.menus = new ConsoleMenus(parts, std::move(ways), this);
   setMenuBar(d.menus);
   d.screen->SetVersionMenu(d.menus->Versoes());
@@ -226,6 +269,7 @@ void FrmMonitor::FillWorkArea(QScreen *on) {
     setWindowState(windowState() | Qt::WindowMaximized);
   } else {
     const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
+    m_impl->frame = frame;
     m_impl->filled = on->availableGeometry().marginsRemoved(frame);
     if (screen() != on)
       setScreen(on);
@@ -301,11 +345,17 @@ void FrmMonitor::resizeEvent(QResizeEvent *event) {
 
 void FrmMonitor::showEvent(QShowEvent *event) {
   QMainWindow::showEvent(event);
-  if (m_impl->fillsWorkArea)
-    QTimer::singleShot(0, this, [this] {
-      if (m_impl->fillsWorkArea && isVisible())
+  for (const int delay : EsperasDaMoldura)
+    QTimer::singleShot(delay, this, [this] {
+      const bool known = windowHandle() && windowHandle()->frameMargins() == m_impl->frame;
+      if (isVisible() && !known && FillsWorkArea())
         FillWorkArea(screen());
     });
+}
+
+void FrmMonitor::resizeEvent(QResizeEvent *event) {
+  m_impl->FitTo(event->size());
+  QMainWindow::resizeEvent(event);
 }
 
 void FrmMonitor::closeEvent(QCloseEvent *event) {
@@ -320,6 +370,7 @@ void FrmMonitor::closeEvent(QCloseEvent *event) {
 
 void FrmMonitor::Atualiza() {
   Impl &d = *m_impl;
+  d.parts.console.descreve();
   d.agenda->Atualiza();
   d.strip->Atualiza();
   d.settings->Atualiza();
@@ -334,6 +385,8 @@ void FrmMonitor::Atualiza() {
 void FrmMonitor::StripMoved() { m_impl->strip->PicAbac2()->StripMoved(); }
 
 void FrmMonitor::AgendaChanged() {
+  m_impl->parts.console.descreve();
+  m_impl->screen->Atualiza(); // the chosen entry is what comes next
   m_impl->agenda->AgendaChanged();
   if (m_impl->windows.agendaChanged)
     m_impl->windows.agendaChanged();

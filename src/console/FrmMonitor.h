@@ -37,6 +37,9 @@ public:
     std::function<void()> browseBible;
     std::function<void()> searchBible;
     std::function<void(int)> chooseScreen; // for the projection: index into the panel's `telas`
+    std::function<void()> help;
+    std::function<void()> support;
+    std::function<void()> about;
     std::function<void()> agendaChanged; // another agenda is active, or it has another title
   };
   void SetWindows(Windows windows);

@@ -32,6 +32,7 @@ struct ConsoleContext {
   std::function<Display *()> telao;
   std::function<PageObject *()> previa;
   ConsoleView *view = nullptr;
+  std::function<void()> descreve = {}; // brings painel.situacao up to date
 
   // The projection's size in pixels, the usual one while there is none.
   QSize TelaPx() const {

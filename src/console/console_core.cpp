@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "console/projection_status.h"
 #include "display/text_style.h"
 
 namespace tolmira {
@@ -21,7 +22,11 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
       controles(contexto), textos(contexto, loader, leitura), efeitos(contexto, temaControle, loader, leitura),
       formato(contexto, temas, loader, textos), flow(contexto, agenda, loader, leitura, temaControle),
-      teclas(contexto, stepper, flow, agenda, leitura) {}
+      teclas(contexto, stepper, flow, agenda, leitura) {
+  contexto.descreve = [this] {
+    painel.situacao = DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo()});
+  };
+}
 
 void ConsoleCore::PaginaVoltou(Alvo qual) {
   efeitos.PaginaVoltou(qual);

@@ -44,6 +44,21 @@ struct OpcaoDeTela {
   friend bool operator==(const OpcaoDeTela &, const OpcaoDeTela &) = default;
 };
 
+// Whether somebody takes the captions.
+enum class ServidorDeLegendas { Desligado, SemCliente, ComCliente };
+
+// The state of the projection in words. The colours are those of the style sheet: "live", "ready" (live, without text),
+// "held", "off", or empty.
+struct SituacaoDaTela {
+  QString LbEstadoTela; // what the congregation sees, in capitals
+  QString CorDoEstado;
+  QString LbDetalheTela; // which verse, or what brings the text back
+  QString LbProximo;     // what the next key shows
+  QString LbDepois;      // what comes after the item on show; often empty
+  QString LbServidorLegenda;
+  QString CorDasLegendas;
+};
+
 // What the console shows besides its text. The logic writes it and calls ConsoleView::Atualiza; the window only copies
 // it to its controls.
 struct PainelConsole {
@@ -66,6 +81,9 @@ struct PainelConsole {
   bool SemProjetor = false;        // the monitor of the projection was taken away
   QString TelaoEm;                 // name of the monitor that the projection is on, or was on when it was taken away
   std::vector<OpcaoDeTela> telas;  // where the projection can go
+  bool Ensaio = false;             // the projection is a window on the console's own screen
+  ServidorDeLegendas Legendas = ServidorDeLegendas::Desligado; // caption server
+  SituacaoDaTela situacao;         // made of the records whenever the console is brought up to date
 
   PainelBiblia biblia;
   QString LbVersao;                // "Tradução: " and the version's name

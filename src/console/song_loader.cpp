@@ -225,10 +225,8 @@ void SongLoader::PaginaVoltou(Alvo qual) {
   if (!estado.PaginaDeTexto())
     return;
   const bool oculto = estado.EstadoTela == u"OcultarTexto";
-  for (const Alvo cada : {Alvo::Telao, Alvo::Previa})
-    if (qual == cada || qual == Alvo::Ambas)
-      CallPageScript(m_console.Pagina(cada), QStringLiteral("ChangeCSS"), QStringLiteral("texto"),
-                     QStringLiteral("display"), oculto ? QStringLiteral("none") : QStringLiteral("block"));
+  m_console.ChamaPaginas(QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),
+                         oculto ? QStringLiteral("none") : QStringLiteral("block"), qual);
   if (!estado.EhLetra())
     return;
   m_console.EnviaTamanhoDaFonte(qual);

@@ -85,8 +85,8 @@ void TextControls::SliderFaixa(int value) {
 }
 
 // One blank less than the slider's own call; both are the same colour.
-void TextControls::SliderFaixaUpdate() {
-  DefineFaixa(u"rgb(0, 0, 0,");
+void TextControls::SliderFaixaUpdate(Alvo alvo) {
+  DefineFaixa(u"rgb(0, 0, 0,", alvo);
 }
 
 void TextControls::DefineFaixa(QStringView antesDoAlfa, Alvo alvo) {

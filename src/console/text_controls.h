@@ -21,7 +21,7 @@ public:
   void SliderExLouvor(int value); // the style, 0 to 8. A move into or out of the animated styles lays the song out anew
   void ComboFontSize(int index);  // 0 small, 1 medium, 2 large
   void SliderFaixa(int value);    // the band, 0 to 10
-  void SliderFaixaUpdate(Alvo alvo = Alvo::Ambas);       // the same for a page that has just come
+  void SliderFaixaUpdate(Alvo alvo = Alvo::Ambas); // the same for a page that has just come
   void SliderZoom(int percent);   // 60 upward
   void Image4(int alinhamento);   // 0 left, 1 right, 2 centre; kept at exit
 

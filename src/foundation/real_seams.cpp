@@ -1,5 +1,6 @@
 #include "foundation/real_seams.h"
 
+#include <QDesktopServices>
 #include <QCoreApplication>
 #include <QRandomGenerator>
 #include <QTimer>
@@ -77,5 +78,7 @@ void LoopYielder::Yield(int times) {
 double SystemRandom::Draw() {
   return QRandomGenerator::global()->generateDouble();
 }
+
+bool SystemOpener::Open(const QUrl &address) { return QDesktopServices::openUrl(address); }
 
 } // namespace tolmira

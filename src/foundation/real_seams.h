@@ -27,6 +27,11 @@ private:
   int m_depth = 0;
 };
 
+class SystemOpener : public DesktopOpener {
+public:
+  bool Open(const QUrl &address) override;
+};
+
 // Measures without hinting at a large reference size and scales, so that the result agrees with the page's layout at
 // any size. A missing family is measured as "Arial". Remembers fonts and lines; not for use from two threads.
 class FontTextMeasure : public TextMeasure {

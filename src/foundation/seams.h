@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <functional>
 #include <memory>
@@ -58,6 +59,13 @@ public:
   virtual QStringList OpenFiles(const QString &title, const QString &folder, const QString &filter) = 0;
   // The chosen colour as the stores write it (0x00BBGGRR), beginning at `now`; nothing when the user gave up.
   virtual std::optional<qint32> PickColour(const QString &title, qint32 now) = 0;
+};
+
+// Hands an address to the program that the desktop keeps for it.
+class DesktopOpener {
+public:
+  virtual ~DesktopOpener() = default;
+  virtual bool Open(const QUrl &address) = 0; // false when nobody took it
 };
 
 // The width and height of text as the page lays it out (96 pixels to the inch).

@@ -64,6 +64,7 @@ FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors) : QWidget(doors.dono, 
   m_text1->setObjectName(QStringLiteral("Text1"));
   m_text1->setPlaceholderText(tr("A part of the title, or words of the song"));
   m_text1->setAccessibleName(tr("Find a song"));
+  m_text1->setToolTip(tr("Words narrow the list while they are typed"));
   m_text1->setClearButtonEnabled(true);
   m_text1->installEventFilter(this);
   top->addWidget(m_text1, 1);
@@ -90,6 +91,7 @@ FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors) : QWidget(doors.dono, 
   m_list = new ListMusicas(m_doors.app, m_doors.clock, halves);
   m_list->setObjectName(QStringLiteral("ListMusicas1"));
   m_list->setAccessibleName(tr("Songs"));
+  m_list->setToolTip(tr("Enter adds the song, Ctrl+Enter shows it; it can be dragged to the agenda"));
   m_list->setMinimumWidth(200);
 
   auto *reading = new QWidget(halves);
@@ -104,6 +106,7 @@ FrmAddMusicaNaLista::FrmAddMusicaNaLista(SongDoors doors) : QWidget(doors.dono, 
   m_leitura = new ReadingPane(reading);
   m_leitura->setObjectName(QStringLiteral("TxtLeitura"));
   m_leitura->setAccessibleName(tr("Words of the selected song"));
+  m_leitura->setToolTip(tr("Words of the selected song"));
   lines->addWidget(m_leitura, 1);
   reading->setMinimumWidth(200);
   halves->setStretchFactor(0, 5);
@@ -188,6 +191,11 @@ void FrmAddMusicaNaLista::MakeList() {
     text.isEmpty() ? m_text1->backspace() : m_text1->insert(text);
   });
   m_list->OnDrag = [this] { return Arrasta(); };
+}
+
+void FrmAddMusicaNaLista::Prepare() {
+  ensurePolished();
+  m_list->Finder().CarregaTudo(true);
 }
 
 void FrmAddMusicaNaLista::Open() {

@@ -24,6 +24,8 @@ public:
   explicit FrmAddMusicaNaLista(SongDoors doors);
   ~FrmAddMusicaNaLista() override;
 
+  // Lists and reads the songs while the window is not shown; Open then looks only at what has changed since.
+  void Prepare();
   void Open();
   // Reads the songs again and selects the one of that name (without extension). Where the present term does not find
   // it, the whole collection is listed.

@@ -126,14 +126,17 @@ void FrmEditar::MakeBoxes(QVBoxLayout *column) {
   };
   m_text1 = box("Text1", tr("&Title"), 0);
   m_text1->setAccessibleName(tr("Title"));
+  m_text1->setToolTip(tr("Title of the song; title and author are the file's name"));
   m_text3 = box("Text3", tr("&Author"), 1);
   m_text3->setAccessibleName(tr("Author"));
+  m_text3->setToolTip(tr("Author of the song; may be empty"));
   grid->setColumnStretch(0, 3);
   grid->setColumnStretch(1, 2);
   column->addLayout(grid);
   m_text2 = new LyricsEdit(m_spelling, this);
   m_text2->setObjectName(QStringLiteral("Text2"));
   m_text2->setAccessibleName(tr("Lyrics"));
+  m_text2->setToolTip(tr("The lyrics, with an empty line between two stanzas"));
   m_text2->setPlaceholderText(tr("The lyrics, with an empty line between two stanzas.\n"
                                  "A line that holds only \"-\" is an empty line inside a stanza."));
   m_find = new FindBar(m_text2, this);

@@ -30,13 +30,19 @@ public:
   SearchedText() = default;
   explicit SearchedText(QByteArrayView fileBytes);
 
-  bool Holds(const SearchTerm &term) const;
+  bool Holds(const SearchTerm &term);
+  // For a term that begins with the one that was found last: it cannot stand before that one's place.
+  bool HoldsLonger(const SearchTerm &term);
+  void ForgetPlace() { m_place = 0; }
   qsizetype Size() const { return m_bytes.size(); }
   void Prefetch() const { __builtin_prefetch(m_bytes.constData()); } // Holds() is to be asked soon
 
 private:
+  qsizetype Find(const SearchTerm &term, qsizetype from) const;
+
   QByteArray m_bytes;
   bool m_isUtf8 = false;
+  int m_place = 0; // of the term that was found last
 };
 
 } // namespace tolmira

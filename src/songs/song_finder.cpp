@@ -136,9 +136,10 @@ void SongFinder::ListaArquivos(const QString &term, bool keepRows) {
                          m_termoAtual.size() > m_rowsTerm->size() && m_termoAtual.startsWith(*m_rowsTerm);
   if (narrowing && m_rows.empty())
     return Lista({}, m_termoAtual);
+  const bool longer = narrowing && m_rowsRound == Folder().Round();
   // What the system has not reported of a file comes to light here: whenever the dialog opens.
   Folder().Observe(m_path, keepRows);
-  m_search.emplace(Folder(), m_termoAtual, narrowing ? std::optional(m_rows) : std::nullopt);
+  m_search.emplace(Folder(), m_termoAtual, narrowing ? std::optional(m_rows) : std::nullopt, longer);
   m_keepRows = keepRows;
   m_gastoMs = 0;
   if (AoBuscar)
@@ -170,6 +171,7 @@ void SongFinder::Lista(SongRows rows, std::optional<QString> term) {
   m_rows = std::move(rows);
   m_rowsPath = m_path;
   m_rowsTerm = std::move(term);
+  m_rowsRound = Folder().Round();
   if (AoListar)
     AoListar();
 }

@@ -66,6 +66,7 @@ private:
   QString m_rowsPath; // of the folder that the rows are from: another one until a search in m_path has ended
   SongRows m_rows;
   std::optional<QString> m_rowsTerm; // the rows are all that this term finds in the folder
+  quint32 m_rowsRound = 0;           // the folder's search that found them
   QString m_termoBusca;
   QString m_termoAtual;
   int m_intervaloBusca = 30;

@@ -78,7 +78,7 @@ QString SortingKey(const QString &lower) {
 }
 
 // One byte a character, in the order of the keys. From a character on that no byte holds, the bytes tell nothing.
-quint64 FirstEight(const QString &key) {
+quint64 FirstEight(QStringView key) {
   constexpr char16_t Beyond = 0xFF;
   quint64 eight = 0;
   bool told = true;
@@ -93,14 +93,18 @@ quint64 FirstEight(const QString &key) {
 } // namespace
 
 SongFile::SongFile(const QByteArray &real, bool shared)
-    : m_real(real), m_arquivo(ReadableName(real)), m_minusculo(m_arquivo.toLower()), m_temCaminho(IsSpeltByAPath(real)),
-      m_shared(shared), m_chave(SortingKey(m_minusculo.chopped(4))), m_inicioDaChave(FirstEight(m_chave)) {}
+    : m_shared(shared), m_temCaminho(IsSpeltByAPath(real)), m_arquivo(ReadableName(real)), m_real(real) {
+  m_minusculo = m_arquivo.toLower();
+  m_parelho = m_minusculo.size() == m_arquivo.size();
+  m_chave = SortingKey(m_minusculo);
+  m_inicioDaChave = FirstEight(Chave());
+}
 
-bool ComesBefore(const SongFile *a, const SongFile *b) {
-  if (a->m_inicioDaChave != b->m_inicioDaChave)
-    return a->m_inicioDaChave < b->m_inicioDaChave;
-  const int order = a->m_chave.compare(b->m_chave);
-  return order != 0 ? order < 0 : a->m_real < b->m_real;
+bool SongFile::ComesBefore(const SongFile &other) const {
+  if (m_inicioDaChave != other.m_inicioDaChave)
+    return m_inicioDaChave < other.m_inicioDaChave;
+  const int order = Chave().compare(other.Chave());
+  return order != 0 ? order < 0 : m_real < other.m_real;
 }
 
 SongFolder::~SongFolder() {
@@ -179,14 +183,16 @@ void SongFolder::List() {
   }
   m_listed &= errno == 0; // or the reading broke off
   closedir(folder);
-  std::sort(m_files.begin(), m_files.end(), ComesBefore);
+  std::sort(m_files.begin(), m_files.end(), [](const SongFile *a, const SongFile *b) { return a->ComesBefore(*b); });
+  for (size_t place = 0; place < m_files.size(); ++place)
+    m_files[place]->m_lugar = place;
 }
 
 bool SongFolder::IsCertain(const SongFile &file) const {
   return file.m_read && file.m_seen >= (file.m_shared || !m_watch.IsWatching() ? m_round : m_trusted);
 }
 
-bool SongFolder::Holds(SongFile &file, const SearchTerm &term) {
+bool SongFolder::Holds(SongFile &file, const SearchTerm &term, bool longer) {
   if (!IsCertain(file)) {
     struct stat status {};
     const bool same = file.m_read && file.m_stamp.size >= 0 &&
@@ -195,7 +201,7 @@ bool SongFolder::Holds(SongFile &file, const SearchTerm &term) {
       Read(file);
     file.m_seen = m_round;
   }
-  return file.m_text.Holds(term);
+  return longer ? file.m_text.HoldsLonger(term) : file.m_text.Holds(term);
 }
 
 SongFile::Stamp SongFolder::StampOf(const struct stat &status) {
@@ -213,7 +219,7 @@ void SongFolder::Read(SongFile &file) {
     return;
   struct stat status {};
   const bool known = fstat(opened, &status) == 0;
-  const qsizetype size = known && S_ISREG(status.st_mode) ? ReadAll(opened) : 0;
+  const qsizetype size = known && S_ISREG(status.st_mode) ? ReadAll(opened, status.st_size) : 0;
   file.m_read = known && size >= 0;
   if (file.m_read && S_ISREG(status.st_mode)) {
     file.m_text = SearchedText(QByteArrayView(m_buffer.constData(), size));
@@ -224,8 +230,9 @@ void SongFolder::Read(SongFile &file) {
   close(opened);
 }
 
-// Into the buffer, up to the end of the file; how much that is. Nothing of a file beyond the limit.
-qsizetype SongFolder::ReadAll(int file) {
+// Into the buffer, up to the end of the file; how much that is. Nothing of a file beyond the limit. A file that had `size`
+// bytes when its stamp was taken ends there for that stamp, and is not asked whether more follows.
+qsizetype SongFolder::ReadAll(int file, qint64 size) {
   if (m_buffer.isEmpty())
     m_buffer.resize(FirstRead);
   qsizetype filled = 0;
@@ -237,7 +244,7 @@ qsizetype SongFolder::ReadAll(int file) {
     if (got < 0)
       return -1;
     filled += got;
-    if (got == 0)
+    if (got == 0 || (filled == size && got < room))
       return filled;
     if (got == room) {
       if (filled >= TextFileLimit)

@@ -13,17 +13,25 @@ struct stat;
 
 namespace tolmira {
 
-// One song of a folder's list. Its folder keeps it for as long as the folder lives, also when the file goes.
-class SongFile {
+// One song of a folder's list. Its folder keeps it for as long as the folder lives, also when the file goes. What a
+// search asks of every song comes first and fills one line of the processor's cache.
+class alignas(64) SongFile {
 public:
   SongFile(const QByteArray &real, bool shared);
 
   const QString &Arquivo() const { return m_arquivo; }     // file name with its extension
   const QString &Minusculo() const { return m_minusculo; } // the same in lower case
   QString Linha() const { return m_arquivo.chopped(4); }   // the list row
+  bool Parelho() const { return m_parelho; } // every letter stands at the same place in both
   // False for a name that no stored path can spell: with a line end, a backslash, or bytes that are no UTF-8. Such a
   // song is listed and searched, and nothing else can be done with it.
   bool TemCaminho() const { return m_temCaminho; }
+
+  // Where it stood when its folder was last listed.
+  size_t Lugar() const { return m_lugar; }
+
+  // A search has found the song by its name, and not looked at the text.
+  void FoundByName() { m_text.ForgetPlace(); }
 
   // A search is about to look at the song.
   void Prefetch() const {
@@ -33,7 +41,6 @@ public:
 
 private:
   friend class SongFolder;
-  friend bool ComesBefore(const SongFile *a, const SongFile *b);
   struct Stamp {
     qint64 size = -1; // -1: no stamp can vouch for the text
     qint64 modifiedNs = 0;
@@ -42,23 +49,26 @@ private:
     friend bool operator==(const Stamp &, const Stamp &) = default;
   };
 
-  QByteArray m_real; // as the disk spells it
-  QString m_arquivo;
+  // Sorts without regard to case and accents, and equal ones by their plain names, so that the order is always the same.
+  bool ComesBefore(const SongFile &other) const;
+  QStringView Chave() const { return QStringView(m_chave).chopped(4); }
+
   QString m_minusculo;
   SearchedText m_text;
   quint32 m_seen = 0; // the round in which the text was last known to be the file's
   bool m_read = false;
+  bool m_shared; // it has other names, through which it changes unseen
+  bool m_parelho;
   bool m_temCaminho;
-  bool m_shared;           // it has other names, through which it changes unseen
-  QString m_chave;         // to sort by
+  QString m_arquivo;
+  QByteArray m_real;       // as the disk spells it
+  QString m_chave;         // to sort by, but for the extension; shared with m_minusculo where that has no accents
   quint64 m_inicioDaChave; // its first characters, for a quick comparison
+  size_t m_lugar = 0;
   Stamp m_stamp;
 };
 
 using SongRows = std::vector<SongFile *>;
-
-// Sorts without regard to case and accents, and equal ones by their plain names, so that the order is always the same.
-bool ComesBefore(const SongFile *a, const SongFile *b);
 
 // The songs of one folder with their texts, kept in memory from one search to the next. Every answer is the one that
 // the files themselves would give after the last call of Observe.
@@ -82,12 +92,14 @@ public:
   const SongRows &Files();
 
   // Whether the song's text holds the term. Reads the file when its text is not known or may have changed; a file that
-  // cannot be read holds nothing, and the next search tries it again.
-  bool Holds(SongFile &file, const SearchTerm &term);
+  // cannot be read holds nothing, and the next search tries it again. `longer`: the search before this one found the song
+  // by the term's beginning.
+  bool Holds(SongFile &file, const SearchTerm &term, bool longer = false);
 
   // The search is over: nothing of the folder is held open, so that its disk can be taken out.
   void Rest();
 
+  quint32 Round() const { return m_round; } // counts the searches
   qint64 TextBytes() const;
   int Reads() const { return m_reads; } // files that were opened so far
 
@@ -96,7 +108,7 @@ private:
   void List();
   void Read(SongFile &file);
   int Folder();
-  qsizetype ReadAll(int file); // -1 when the disk fails
+  qsizetype ReadAll(int file, qint64 size); // -1 when the disk fails
   static SongFile::Stamp StampOf(const struct stat &status);
 
   Trust m_trust;

@@ -9,18 +9,16 @@ namespace {
 constexpr size_t SongsBetweenLooks = 64; // some microseconds
 constexpr size_t SongsAhead = 4;
 
-bool BeginsWith(const SongFile &file, const QString &term) {
-  const QString &name = file.Arquivo();
-  // The start of the name is taken before it is lowered; a letter that becomes two shifts the rest.
-  if (name.size() == file.Minusculo().size())
-    return file.Minusculo().startsWith(term);
-  return name.left(term.size()).toLower() == term;
+// The start of the name is taken before it is lowered, which tells where a letter becomes two and shifts the rest.
+bool BeginsWith(const SongFile &file, qsizetype place, const QString &term) {
+  return file.Parelho() ? place == 0 : file.Arquivo().left(term.size()).toLower() == term;
 }
 
 } // namespace
 
-SongSearch::SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates)
-    : m_folder(folder), m_term(term), m_candidates(candidates ? *std::move(candidates) : folder.Files()) {}
+SongSearch::SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates, bool longer)
+    : m_folder(folder), m_term(term), m_candidates(candidates ? *std::move(candidates) : folder.Files()),
+      m_longer(longer) {}
 
 SongSearch::~SongSearch() {
   m_folder.Rest();
@@ -28,12 +26,14 @@ SongSearch::~SongSearch() {
 
 void SongSearch::Look(SongFile *file) {
   auto &[inicio, meio, letra] = m_found;
-  if (BeginsWith(*file, m_term.Text()))
-    inicio.push_back(file);
-  else if (file->Minusculo().contains(m_term.Text()))
-    meio.push_back(file);
-  else if (m_folder.Holds(*file, m_term))
+  const qsizetype place = file->Minusculo().indexOf(m_term.Text());
+  const bool begins = BeginsWith(*file, place, m_term.Text());
+  if (begins || place >= 0) {
+    file->FoundByName();
+    (begins ? inicio : meio).push_back(file);
+  } else if (m_folder.Holds(*file, m_term, m_longer)) {
     letra.push_back(file);
+  }
 }
 
 bool SongSearch::Next(const std::function<bool()> &enough) {
@@ -56,8 +56,9 @@ SongRows SongSearch::TakeRows() {
   rows.reserve(m_found[0].size() + m_found[1].size() + m_found[2].size());
   for (SongRows &group : m_found) {
     // Rows of an earlier search come in the order of that search.
-    if (!std::is_sorted(group.begin(), group.end(), ComesBefore))
-      std::stable_sort(group.begin(), group.end(), ComesBefore);
+    const auto before = [](const SongFile *a, const SongFile *b) { return a->Lugar() < b->Lugar(); };
+    if (!std::is_sorted(group.begin(), group.end(), before))
+      std::sort(group.begin(), group.end(), before);
     rows.insert(rows.end(), group.begin(), group.end());
   }
   return rows;

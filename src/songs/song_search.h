@@ -13,8 +13,9 @@ namespace tolmira {
 // observed for it and outlives it.
 class SongSearch {
 public:
-  // Over the whole folder, or over rows that an earlier search left.
-  SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates);
+  // Over the whole folder, or over rows that an earlier search left. `longer`: that was the search before this one, and
+  // the term begins with its term.
+  SongSearch(SongFolder &folder, const QString &term, std::optional<SongRows> candidates, bool longer = false);
   ~SongSearch();
   SongSearch(const SongSearch &) = delete;
   SongSearch &operator=(const SongSearch &) = delete;
@@ -33,6 +34,7 @@ private:
   SongFolder &m_folder;
   SearchTerm m_term;
   SongRows m_candidates;
+  bool m_longer;
   size_t m_next = 0;
   std::array<SongRows, 3> m_found; // Inicio, Meio, Letra
 };

@@ -42,7 +42,8 @@ int KindOf(const QString &tipo) { return tipo == TipoImagem ? Pictures : tipo ==
 QLabel *Sentence(const char *name, QWidget *parent) {
   auto *label = new QLabel(parent);
   label->setObjectName(QLatin1String(name));
-  label->setProperty("look", QStringLiteral("warning"));
+  label->setProperty("look", QStringLiteral("quiet"));
+  label->setProperty("state", QStringLiteral("held"));
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->hide();

@@ -13,40 +13,10 @@
 #include <memory>
 
 #include "app/control_server.h"
-#include "console/presentation.h"
 #include "support/recording_page.h"
+#include "support/recording_presentation.h"
 
 namespace tolmira::testing {
-
-// Keeps the calls as lines.
-class RecordingPresentation : public Presentation {
-public:
-  explicit RecordingPresentation(QStringList &calls) : m_calls(calls) {}
-  std::function<void()> onShow;
-
-  void ShowEntry(int kind, int index, const QString &caption, const QString &name) override {
-    m_calls << QStringLiteral("ShowEntry %1 %2 %3 %4").arg(kind).arg(index).arg(caption, name);
-    if (onShow)
-      onShow();
-  }
-  void PorNaLista(const QString &label, int kind, const QString &target, QString &message) override {
-    m_calls << QStringLiteral("PorNaLista %1 %2 %3").arg(label).arg(kind).arg(target);
-    message = QStringLiteral("Added");
-  }
-  void exibirAgora(const QString &) override {}
-  void exibirSelecinado() override {}
-  void exibirPassagem(const QString &) override {}
-  void cancelaWMP() override {}
-  void editarSelecionado() override {}
-  void removerSelecionadodaLista() override {}
-  void RemoveFromAgendas(int, const QString &) override {}
-  void RenameInAgendas(const QString &, const QString &, int) override {}
-  void ProcessaEditar(const QString &, const QString &) override {}
-  void ProcessaEditarSlide(const QString &, const QString &) override {}
-
-private:
-  QStringList &m_calls;
-};
 
 // One client of a control server, in the same process.
 class ControlClient {
@@ -115,7 +85,7 @@ inline bool FromElsewhere(const QString &path, const std::function<void(DistantC
 
 // A server before doubles of the whole program.
 struct ControlFixture {
-  ControlFixture() : page(nullptr), presentation(calls) {
+  ControlFixture() : page(nullptr) {
     path = temp.filePath(QStringLiteral("control"));
     server = std::make_unique<ControlServer>(Doors(), events);
     error = server->Listen(path);
@@ -141,13 +111,13 @@ struct ControlFixture {
   }
 
   QTemporaryDir temp;
-  QStringList calls;
+  RecordingPresentation presentation;
+  QStringList &calls = presentation.calls; // what the doors were asked for, in order
   EstadoConsole estado;
   std::vector<EntradaAgenda> agenda;
   bool displayVisivel = false;
   bool cedendo = false;
   RecordingPage page;
-  RecordingPresentation presentation;
   ControlEvents events;
   QString path;
   QString error;

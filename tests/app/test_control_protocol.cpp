@@ -78,7 +78,7 @@ private slots:
                           << "ShowEntry 2 0 Lamp Lamp 2";
     QTest::newRow("show without target") << QByteArray(R"({"do":"show","kind":3,"label":"Rocha"})")
                                          << "ShowEntry 3 0 Rocha Rocha";
-    QTest::newRow("add") << QByteArray(R"({"do":"add","kind":2,"label":"Pão","target":""})") << "PorNaLista Pão 2 ";
+    QTest::newRow("add") << QByteArray(R"({"do":"add","kind":2,"label":"Pão","target":""})") << "PorNaLista 2 Pão ";
     QTest::newRow("agenda") << QByteArray(R"({"do":"agenda","n":5})") << "SelectTab 5";
     QTest::newRow("screen") << QByteArray(R"({"do":"screen","index":4})") << "SetScreenState 4";
     QTest::newRow("theme") << QByteArray(R"({"do":"theme","slot":16})") << "PressTile 16";
@@ -93,7 +93,7 @@ private slots:
     QCOMPARE(Error(answer), QString());
     QTRY_COMPARE(m->calls, QStringList(call));
     QCOMPARE(answer.value(QStringLiteral("message")).toString(),
-             call.startsWith(u"PorNaLista") ? QStringLiteral("Added") : QString());
+             call.startsWith(u"PorNaLista") ? QStringLiteral("Added Pão") : QString());
   }
 
   void mistakes_data() {

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app/program_folder.h"
+#include "support/files.h"
 #include "support/full_disk.h"
 
 using namespace tolmira;
@@ -18,33 +19,23 @@ class TestProgramFolder : public QObject {
 
   QString Temp(const QString &name) const { return m_temp->filePath(name); }
 
-  static void Write(const QString &path, const QByteArray &bytes) {
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-  }
-  static QByteArray Read(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-  }
-  QByteArray InApp(const QString &name) const { return Read(m_app + u'/' + name); }
+  QByteArray InApp(const QString &name) const { return ReadBytes(m_app + u'/' + name); }
 
 private slots:
   void init() {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_temp = std::make_unique<QTemporaryDir>();
     m_app = Temp(QStringLiteral("app"));
-    Write(Temp(QStringLiteral("assets/html/imagem.html")), "page 1");
-    Write(Temp(QStringLiteral("libs/jquery.min.js")), "library 1");
-    Write(Temp(QStringLiteral("assets/sample/Data/agenda1.dat")), "2|#|Lamp|#|Lamp\r\n");
-    Write(Temp(QStringLiteral("assets/sample/Lyrics/Lamp.txt")), "Lamp\r\n");
-    Write(Temp(QStringLiteral("media/Images/hills.jpg")), "picture");
-    Write(Temp(QStringLiteral("media/made")), "");
+    WriteBytes(Temp(QStringLiteral("assets/html/imagem.html")), "page 1");
+    WriteBytes(Temp(QStringLiteral("libs/jquery.min.js")), "library 1");
+    WriteBytes(Temp(QStringLiteral("assets/sample/Data/agenda1.dat")), "2|#|Lamp|#|Lamp\r\n");
+    WriteBytes(Temp(QStringLiteral("assets/sample/Lyrics/Lamp.txt")), "Lamp\r\n");
+    WriteBytes(Temp(QStringLiteral("media/Images/hills.jpg")), "picture");
+    WriteBytes(Temp(QStringLiteral("media/made")), "");
     m_assets = {Temp(QStringLiteral("assets/html")), Temp(QStringLiteral("libs")),
                 Temp(QStringLiteral("assets/sample")), Temp(QStringLiteral("media")), Temp(QStringLiteral("bibles"))};
-    Write(Temp(QStringLiteral("bibles/OLD_KJV.txt")), "old");
-    Write(Temp(QStringLiteral("bibles/NEW_KJV.txt")), "new");
+    WriteBytes(Temp(QStringLiteral("bibles/OLD_KJV.txt")), "old");
+    WriteBytes(Temp(QStringLiteral("bibles/NEW_KJV.txt")), "new");
   }
 
   void newFolderGetsEverything_data() {
@@ -72,32 +63,32 @@ private slots:
   }
 
   void usedFolderGetsNoStarterService() {
-    Write(m_app + QStringLiteral("/Lyrics/Mine.txt"), "mine");
+    WriteBytes(m_app + QStringLiteral("/Lyrics/Mine.txt"), "mine");
     const FillResult result = FillProgramFolder(m_app, m_assets);
     QVERIFY(!result.isNew);
-    QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "<none>");
-    QCOMPARE(InApp(QStringLiteral("Data/agenda1.dat")), "<none>");
+    QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "<missing>");
+    QCOMPARE(InApp(QStringLiteral("Data/agenda1.dat")), "<missing>");
     QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "page 1");
     QVERIFY(QFileInfo(m_app + QStringLiteral("/Data/mini")).isDir());
   }
 
   void usedFolderGetsBiblesOnlyWithoutOne() {
-    Write(m_app + QStringLiteral("/Bible/old_mine.txt"), "mine");
+    WriteBytes(m_app + QStringLiteral("/Bible/old_mine.txt"), "mine");
     FillProgramFolder(m_app, m_assets);
-    QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "<none>");
+    QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "<missing>");
     QVERIFY(QFile::remove(m_app + QStringLiteral("/Bible/old_mine.txt")));
     QVERIFY(!FillProgramFolder(m_app, m_assets).isNew);
     QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "old");
     QCOMPARE(InApp(QStringLiteral("Bible/NEW_KJV.txt")), "new");
     // A version that the operator takes out stays out while there is another.
-    Write(m_app + QStringLiteral("/Bible/OLD_OTHER.txt"), "other");
+    WriteBytes(m_app + QStringLiteral("/Bible/OLD_OTHER.txt"), "other");
     QVERIFY(QFile::remove(m_app + QStringLiteral("/Bible/OLD_KJV.txt")));
     FillProgramFolder(m_app, m_assets);
-    QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "<none>");
+    QCOMPARE(InApp(QStringLiteral("Bible/OLD_KJV.txt")), "<missing>");
   }
 
   void namesInAnotherCaseAreTheSameNames() {
-    Write(m_app + QStringLiteral("/HTML/Imagem.HTML"), "mine");
+    WriteBytes(m_app + QStringLiteral("/HTML/Imagem.HTML"), "mine");
     QVERIFY(QDir().mkpath(m_app + QStringLiteral("/data")));
     FillProgramFolder(m_app, m_assets);
     QCOMPARE(InApp(QStringLiteral("HTML/Imagem.HTML")), "mine");
@@ -107,15 +98,15 @@ private slots:
   }
 
   void upgradeReplacesOnlyWhatNobodyChanged() {
-    Write(Temp(QStringLiteral("assets/html/video.html")), "video 1");
-    Write(Temp(QStringLiteral("assets/html/backcolor.html")), "back 1");
+    WriteBytes(Temp(QStringLiteral("assets/html/video.html")), "video 1");
+    WriteBytes(Temp(QStringLiteral("assets/html/backcolor.html")), "back 1");
     FillProgramFolder(m_app, m_assets);
-    Write(m_app + QStringLiteral("/html/video.html"), "changed by hand");
+    WriteBytes(m_app + QStringLiteral("/html/video.html"), "changed by hand");
     QVERIFY(QFile::remove(m_app + QStringLiteral("/html/backcolor.html")));
-    Write(m_app + QStringLiteral("/Lyrics/Lamp.txt"), "sung otherwise");
+    WriteBytes(m_app + QStringLiteral("/Lyrics/Lamp.txt"), "sung otherwise");
     for (const char *name : {"imagem.html", "video.html", "backcolor.html"})
-      Write(Temp(QStringLiteral("assets/html/") + QLatin1String(name)), "version 2");
-    Write(Temp(QStringLiteral("assets/sample/Lyrics/Lamp.txt")), "version 2");
+      WriteBytes(Temp(QStringLiteral("assets/html/") + QLatin1String(name)), "version 2");
+    WriteBytes(Temp(QStringLiteral("assets/sample/Lyrics/Lamp.txt")), "version 2");
 
     const FillResult result = FillProgramFolder(m_app, m_assets);
     QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "version 2");
@@ -127,7 +118,7 @@ private slots:
   }
 
   void templateOfUnknownOriginIsLeftAlone() {
-    Write(m_app + QStringLiteral("/html/imagem.html"), "older, from somewhere");
+    WriteBytes(m_app + QStringLiteral("/html/imagem.html"), "older, from somewhere");
     FillProgramFolder(m_app, m_assets);
     QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "older, from somewhere");
   }
@@ -135,8 +126,8 @@ private slots:
   void fillingThatWasCutOffGoesOn() {
     FillProgramFolder(m_app, m_assets);
     QVERIFY(QFile::remove(m_app + QStringLiteral("/Lyrics/Lamp.txt")));
-    Write(m_app + QStringLiteral("/Data/agenda1.dat"), "mine");
-    Write(m_app + QStringLiteral("/.filling"), "");
+    WriteBytes(m_app + QStringLiteral("/Data/agenda1.dat"), "mine");
+    WriteBytes(m_app + QStringLiteral("/.filling"), "");
     QVERIFY(FillProgramFolder(m_app, m_assets).isNew);
     QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "Lamp\r\n");
     QCOMPARE(InApp(QStringLiteral("Data/agenda1.dat")), "mine");
@@ -144,14 +135,14 @@ private slots:
   }
 
   void whatAFullDiskLeftOutIsAddedLater() {
-    Write(Temp(QStringLiteral("assets/html/imagem.html")), QByteArray(6000, 'p'));
+    WriteBytes(Temp(QStringLiteral("assets/html/imagem.html")), QByteArray(6000, 'p'));
     {
       const tolmira::testing::FullDisk disk(4096);
       const FillResult result = FillProgramFolder(m_app, m_assets);
       QVERIFY2(result.problem.contains(QStringLiteral("html/imagem.html could not be written")),
                qPrintable(result.problem));
     }
-    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "<none>");
+    QCOMPARE(InApp(QStringLiteral("html/imagem.html")), "<missing>");
     QCOMPARE(FillProgramFolder(m_app, m_assets).problem, QString());
     QCOMPARE(InApp(QStringLiteral("html/imagem.html")), QByteArray(6000, 'p'));
     QVERIFY(!QFileInfo::exists(m_app + QStringLiteral("/.filling")));
@@ -159,7 +150,7 @@ private slots:
 
   void failuresAreToldAndSurvived() {
     // A file stands where a folder should be.
-    Write(m_app + QStringLiteral("/html"), "not a folder");
+    WriteBytes(m_app + QStringLiteral("/html"), "not a folder");
     const FillResult result = FillProgramFolder(m_app, m_assets);
     QVERIFY(result.usable);
     QVERIFY2(result.problem.contains(QStringLiteral("the folder html could not be made")), qPrintable(result.problem));
@@ -168,11 +159,11 @@ private slots:
   }
 
   void fileInPlaceOfTheFolder() {
-    Write(m_app, "a file");
+    WriteBytes(m_app, "a file");
     const FillResult result = FillProgramFolder(m_app, m_assets);
     QVERIFY(!result.usable);
     QVERIFY(result.problem.contains(QStringLiteral("it is a file")));
-    QCOMPARE(Read(m_app), "a file");
+    QCOMPARE(ReadBytes(m_app), "a file");
   }
 
   void missingAssetsAreTold() {
@@ -193,7 +184,7 @@ private slots:
   void assetsAreFound() {
     QCOMPARE(FindAssets(Temp(QStringLiteral("assets")), QString()).sample, m_assets.sample);
     QVERIFY(!FindAssets(Temp(QStringLiteral("nowhere")), QString()).Found());
-    Write(Temp(QStringLiteral("usr/share/tolmira/html/imagem.html")), "installed");
+    WriteBytes(Temp(QStringLiteral("usr/share/tolmira/html/imagem.html")), "installed");
     QCOMPARE(FindAssets(QString(), Temp(QStringLiteral("usr/bin"))).html, Temp(QStringLiteral("usr/share/tolmira/html")));
     qputenv("TOLMIRA_ASSETS", Temp(QStringLiteral("assets")).toLocal8Bit());
     QCOMPARE(FindAssets(QString(), Temp(QStringLiteral("usr/bin"))).html, m_assets.html);

@@ -7,6 +7,7 @@
 #include "console/console_core.h"
 #include "support/counting_yielder.h"
 #include "support/fake_clock.h"
+#include "support/files.h"
 #include "support/fixed_measure.h"
 #include "support/recording_display.h"
 #include "support/scripted_prompt.h"
@@ -51,15 +52,8 @@ public:
     Forget();
   }
 
-  void Write(const QString &name, const QByteArray &bytes) {
-    QFile file(folder.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-      qFatal("cannot write a test file");
-  }
-  QByteArray Read(const QString &name) const {
-    QFile file(folder.filePath(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-  }
+  void Write(const QString &name, const QByteArray &bytes) { WriteBytes(folder.filePath(name), bytes); }
+  QByteArray Read(const QString &name) const { return ReadBytes(folder.filePath(name)); }
 
   void Forget() {
     display.commands.clear();

@@ -6,6 +6,7 @@
 #include "console/startup.h"
 #include "console_fixture.h"
 #include "controls/ui/palette.h"
+#include "support/fixed_monitors.h"
 #include "support/small_bible.h"
 #include "support/ui_warnings.h"
 
@@ -24,7 +25,8 @@ QList<Entry> EveryEntry() {
   QList<Entry> entries;
   for (const char *key :
        {"ZoomAjust", "ZoomAjustBiblia", "VerticalAlign", "Transparencia_Faixa", "estiloLouvor", "estiloBiblia",
-        "FontSizeAjusts", "SombraVerso", "ComboFontSize", "padraodefundo", "ctrlenter", "WV2_error", "JImpConfig"})
+        "FontSizeAjusts", "SombraVerso", "ComboFontSize", "padraodefundo", "ctrlenter", "MonitorDoTelao", "WV2_error",
+        "JImpConfig"})
     entries.append({"Config", QLatin1String(key)});
   for (const char *key : {"LastIndexListMusicas", "Alinhamento", "AlinhamentoBiblia", "FonteGrande",
                           "CheckAlteraTemaAleatorio", "chkim1", "chkim16", "WebView2error"})
@@ -44,22 +46,6 @@ const QList<QPair<const char *, QByteArray>> BadValues = {
     {"not a number", "\xE7'\"<b>%s|#nan"},
 };
 
-class TwoMonitors : public MonitorSource {
-public:
-  std::vector<clsMonitor> Monitors() const override { return {At(1, 0), At(2, 1280)}; }
-  quintptr ConsoleMonitor() const override { return 1; }
-
-private:
-  static clsMonitor At(quintptr handle, int left) {
-    clsMonitor monitor;
-    monitor.Handle = handle;
-    monitor.Left = left;
-    monitor.Width = 1280;
-    monitor.Height = 720;
-    return monitor;
-  }
-};
-
 // A start of the console over that Config.dat, up to the first verse of a song and a Bible verse.
 class Service : public ConsoleFixture {
 public:
@@ -70,14 +56,20 @@ public:
     core.estado = EstadoConsole();
     core.ajustes = AjustesTexto();
     frm = std::make_unique<FrmMonitor>(ConsoleParts::Of(core));
+    monitors.list = {FixedMonitors::At(1, {0, 0, 1280, 720}), FixedMonitors::At(2, {1280, 0, 1280, 720})};
+    ProjectionPlace::Janelas lugar;
+    lugar.Posiciona = [this](const PlacaDoTelao &placa) { frm->DefineTelao(placa.tela.size()); };
+    lugar.Tamanho = [] { return QSize(1280, 720); };
+    place = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(lugar));
     startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                               core.controles, core.loader, core.leitura, monitors, Windows());
+                                               core.controles, core.loader, core.leitura, *place, Windows());
     startup->Load();
     clock.Advance(100);
   }
   ~Service() { core.contexto.view = nullptr; }
 
-  TwoMonitors monitors;
+  FixedMonitors monitors;
+  std::unique_ptr<ProjectionPlace> place;
   std::unique_ptr<FrmMonitor> frm;
   std::unique_ptr<ConsoleStartup> startup;
 
@@ -86,7 +78,6 @@ private:
     const auto nothing = [] {};
     ConsoleStartup::Janelas janelas;
     janelas.CarregaFontes = [this] { frm->CarregaFontes(); };
-    janelas.PosicionaTelao = [this](const PlacaDoTelao &placa) { frm->DefineTelao(placa.tela.size()); };
     janelas.AjustaPreview = [this] { frm->AjustaPreview(); };
     janelas.positionInicial = [this] { frm->positionInicial(); };
     janelas.CriaPrevia = [] { return true; };

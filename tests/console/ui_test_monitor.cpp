@@ -525,43 +525,6 @@ private slots:
     QCOMPARE_GE(text->height(), text->heightForWidth(text->width()));
   }
 
-  void nothingIsCut_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("1280x800 at 125 per cent") << QSize(1024, 640);
-    QTest::newRow("1280x800") << QSize(1280, 800);
-    QTest::newRow("1920x1080") << QSize(1920, 1080);
-  }
-  void nothingIsCut() {
-    QFETCH(QSize, size);
-    Desk desk(size);
-    desk.Fill();
-    desk.DoubleClick(QStringLiteral("Rocha Eterna"));
-    desk.core.agenda.SelectEntry(2, 2);
-    QCOMPARE(desk.frm.size(), size);
-    QStringList cut;
-    const QList<QWidget *> widgets = desk.frm.findChildren<QWidget *>();
-    for (QWidget *widget : widgets) {
-      const bool carriesText = qobject_cast<QLabel *>(widget) || qobject_cast<QPushButton *>(widget) ||
-                               qobject_cast<QCheckBox *>(widget) || qobject_cast<QComboBox *>(widget);
-      if (!widget->isVisible() || !carriesText)
-        continue;
-      const QSize hint = widget->sizeHint();
-      const QRect place(widget->mapTo(&desk.frm, QPoint()), widget->size());
-      const auto *label = qobject_cast<QLabel *>(widget);
-      const bool tooSmall = widget->width() < hint.width() || (widget->height() < hint.height() && !(label && label->wordWrap()));
-      const auto *combo = qobject_cast<QComboBox *>(widget);
-      const bool comboFits = combo && widget->width() >= combo->minimumSizeHint().width();
-      if ((tooSmall && !comboFits) || !desk.frm.rect().contains(place))
-        cut << QStringLiteral("%1 '%2' %3x%4 of %5x%6")
-                   .arg(widget->objectName(), widget->property("text").toString())
-                   .arg(widget->width())
-                   .arg(widget->height())
-                   .arg(hint.width())
-                   .arg(hint.height());
-    }
-    QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
-  }
-
   void aSmallScreenScrollsToWhatTheKeysReach() {
     Desk desk({800, 520});
     desk.core.painel.PicTemaAtual = 16;

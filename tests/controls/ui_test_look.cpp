@@ -61,6 +61,22 @@ private slots:
       QTest::addRow("text on %s", name) << cores::Text << ground;
       QTest::addRow("quiet on %s", name) << cores::Quiet << ground;
     }
+    QTest::addRow("text on hover") << cores::Text << cores::Hover;
+    QTest::addRow("quiet on hover") << cores::Quiet << cores::Hover;
+    QTest::addRow("keys of the sheet") << cores::Accent << cores::Desk;
+    QTest::addRow("no text yet") << cores::Live << cores::Desk;
+    QTest::addRow("captions without a client") << cores::Held << cores::Desk;
+    QTest::addRow("outside the frame") << QColor(cores::Faint).lighter(125).rgb() << cores::Panel;
+    for (const auto &[name, colour] : {std::pair{"live", cores::Live}, std::pair{"held", cores::Held},
+                                       std::pair{"off", cores::Off}}) {
+      // A chosen state lies on a tint of its colour.
+      const auto mixed = [colour = colour](int (*channel)(QRgb)) {
+        return (channel(colour) * 46 + channel(cores::Desk) * 209) / 255;
+      };
+      const QRgb tint = qRgb(mixed(qRed), mixed(qGreen), mixed(qBlue));
+      QTest::addRow("chosen state, %s", name) << cores::Text << tint;
+      QTest::addRow("key of the chosen state, %s", name) << cores::Quiet << tint;
+    }
     QTest::addRow("text on selection") << cores::Text << cores::Selection;
     QTest::addRow("desk on accent") << cores::Desk << cores::Accent;
     QTest::addRow("desk on live") << cores::Desk << cores::Live;
@@ -90,6 +106,14 @@ private slots:
       const QString name = QFileInfo(file.fileName()).completeBaseName();
       const QImage image = DeskIcon(QLatin1String(name.toLatin1()), cores::Text).pixmap(24, 24).toImage();
       QVERIFY2(Brightest(image, image.rect()) > 0 || name == u"indicator-check", qPrintable(name));
+      if (!name.startsWith(u"indicator-")) { // those are drawn much smaller
+        QFile again(file.fileName());
+        QVERIFY(again.open(QIODevice::ReadOnly));
+        const QByteArray drawing = again.readAll();
+        QVERIFY2(drawing.contains("viewBox=\"0 0 24 24\"") && drawing.count("stroke-width=") == 1 &&
+                     drawing.contains("stroke-width=\"1.75\""),
+                 qPrintable(name));
+      }
       ++drawings;
     }
     QCOMPARE_GT(drawings, 20);

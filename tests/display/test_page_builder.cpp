@@ -6,6 +6,7 @@
 
 #include "display/page_builder.h"
 #include "support/counting_yielder.h"
+#include "support/files.h"
 #include "support/fixed_measure.h"
 #include "support/recording_display.h"
 #include "support/scripted_random.h"
@@ -82,14 +83,9 @@ struct Desk {
     return text;
   }
   void WriteTemplate(const QString &name, const QByteArray &bytes) {
-    QFile file(app.path() + QStringLiteral("/html/") + name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    WriteBytes(app.path() + QStringLiteral("/html/") + name, bytes);
   }
-  QByteArray Page(const QString &name) const {
-    QFile file(TempPath() + u'/' + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such page");
-  }
+  QByteArray Page(const QString &name) const { return ReadBytes(TempPath() + u'/' + name); }
   QByteArray DisplayPage() const { return Page(QStringLiteral("temp.html")); }
   QByteArray PreviewPage() const { return Page(QStringLiteral("temp-pv.html")); }
   static QString Value(const QByteArray &page, const QString &name) {
@@ -162,13 +158,13 @@ void TestPageBuilder::displayThenPreview() {
 void TestPageBuilder::oneTargetAlone() {
   Desk desk;
   desk.paginas.MontaPagina(desk.estado.TemaAtual, 0, 1);
-  QCOMPARE(desk.PreviewPage(), QByteArray("no such page"));
+  QCOMPARE(desk.PreviewPage(), QByteArray("<missing>"));
   QVERIFY(desk.preview.urls.isEmpty());
   QCOMPARE(desk.yielder.Total(), 4);
 
   Desk other;
   other.paginas.MontaPagina(other.estado.TemaAtual, 0, 2);
-  QCOMPARE(other.DisplayPage(), QByteArray("no such page"));
+  QCOMPARE(other.DisplayPage(), QByteArray("<missing>"));
   QVERIFY(other.display.commands.isEmpty());
   QCOMPARE(other.preview.urls.size(), 1);
   QCOMPARE(other.yielder.Total(), 8);

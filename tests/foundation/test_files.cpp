@@ -1,6 +1,7 @@
 #include "foundation/app_folder.h"
 #include "foundation/real_path.h"
 #include "foundation/text_file.h"
+#include "support/files.h"
 #include "support/full_disk.h"
 
 #include <QBuffer>
@@ -42,17 +43,8 @@ class TestFiles : public QObject {
   std::unique_ptr<QTemporaryDir> m_dir;
 
   QString At(const QString &literal) const { return m_dir->path() + literal; }
-  void Put(const QString &name, const QByteArray &bytes = "x") const {
-    const QString path = At(u'/' + name);
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-  }
-  QByteArray Get(const QString &name) const {
-    QFile file(At(u'/' + name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-  }
+  void Put(const QString &name, const QByteArray &bytes = "x") const { testing::WriteBytes(At(u'/' + name), bytes); }
+  QByteArray Get(const QString &name) const { return testing::ReadBytes(At(u'/' + name)); }
 
 private slots:
   void init() {

@@ -1,4 +1,5 @@
 #include "foundation/ini_store.h"
+#include "support/files.h"
 #include "support/full_disk.h"
 
 #include <QtTest>
@@ -12,15 +13,8 @@ class TestIniStore : public QObject {
   std::unique_ptr<IniStore> m_store;
 
   QString Path() const { return m_dir->path() + QStringLiteral("/Data/Config.dat"); }
-  void Put(const QByteArray &bytes) const {
-    QFile file(Path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-  }
-  QByteArray Get() const {
-    QFile file(Path());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-  }
+  void Put(const QByteArray &bytes) const { testing::WriteBytes(Path(), bytes); }
+  QByteArray Get() const { return testing::ReadBytes(Path()); }
   QString Read(const QString &section, const QString &key) const {
     const QString value = m_store->ReadConfig(section, key, QStringLiteral("fallback"));
     // A snapshot of the file has to follow the same rules.

@@ -1,4 +1,5 @@
 #include "foundation/window_position.h"
+#include "support/files.h"
 
 #include <QtTest>
 
@@ -11,11 +12,7 @@ class TestWindowPosition : public QObject {
   std::unique_ptr<IniStore> m_store;
 
   QString Path() const { return m_dir->path() + QStringLiteral("/Data/FormPositions.dat"); }
-  void Put(const QByteArray &bytes) const {
-    QFile file(Path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-  }
+  void Put(const QByteArray &bytes) const { testing::WriteBytes(Path(), bytes); }
   // A dialogue of 200 x 100 on a screen of 1000 x 800 that the console fills.
   static WindowPlacement Dialogue() {
     WindowPlacement placement;
@@ -35,9 +32,7 @@ private slots:
 
   void SavedInTwips() {
     SaveFormPosition(*m_store, QStringLiteral("FrmSlides2"), QPoint(-7, 40));
-    QFile file(Path());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), "[FrmSlides2]\r\nTOP=600\r\nLEFT=-105\r\n");
+    QCOMPARE(testing::ReadBytes(Path()), "[FrmSlides2]\r\nTOP=600\r\nLEFT=-105\r\n");
   }
 
   void Restoring_data() {

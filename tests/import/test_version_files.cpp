@@ -1,6 +1,7 @@
 #include "bible/bible_store.h"
 #include "bible/books.h"
 #include "import/version_files.h"
+#include "support/files.h"
 #include "support/full_disk.h"
 
 #include <QDir>
@@ -17,10 +18,7 @@ class TestVersionFiles : public QObject {
   std::unique_ptr<QTemporaryDir> m_app;
 
   QString Folder() const { return m_app->filePath(QStringLiteral("Bible")); }
-  QByteArray File(const QString &name) const {
-    QFile file(Folder() + u'/' + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-  }
+  QByteArray File(const QString &name) const { return testing::ReadBytes(Folder() + u'/' + name); }
   void Write(const ImportedBible &bible, int &filler) const {
     QCOMPARE(WriteVersion(bible, QStringLiteral("X"), Folder(), filler), QString());
   }

@@ -3,6 +3,7 @@
 #include <csignal>
 
 #include "remote_program.h"
+#include "support/files.h"
 
 // The operator's main job on the real program and the real engine, and what a bad day does to it.
 class TestProgram : public QObject {
@@ -54,11 +55,7 @@ private slots:
 
   void aKilledRenderProcessComesBackWithItsVerse() {
     RemoteProgram program(m_folder->path());
-    QVERIFY(program.Start());
-    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
-    Show(program, QStringLiteral("Teste"));
-    Key(program, QStringLiteral("Down"));
-    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
+    StartOnFirstVerse(program);
     for (int round = 0; round < 2; ++round) {
       const QList<qint64> renderers = program.Renderers();
       QVERIFY(!renderers.isEmpty());
@@ -108,11 +105,7 @@ private slots:
 
   void aClosedProjectionComesBackWithTheNextCommand() {
     RemoteProgram program(m_folder->path());
-    QVERIFY(program.Start());
-    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
-    Show(program, QStringLiteral("Teste"));
-    Key(program, QStringLiteral("Down"));
-    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
+    StartOnFirstVerse(program);
     const QImage before = program.Grab(QStringLiteral("FrmQuendar"));
     program.Do(QStringLiteral("send"), {{QStringLiteral("comando"), QStringLiteral("Fechar")}});
     QVERIFY(!program.State().value(QStringLiteral("DisplayVisivel")).toBool());
@@ -260,19 +253,22 @@ private slots:
 
 private:
   void Write(const QString &name, const QByteArray &bytes) {
-    QFile file(m_folder->filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    tolmira::testing::WriteBytes(m_folder->filePath(name), bytes);
   }
-  QByteArray Read(const QString &name) {
-    QFile file(m_folder->filePath(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-  }
+  QByteArray Read(const QString &name) { return tolmira::testing::ReadBytes(m_folder->filePath(name)); }
   static void Show(RemoteProgram &program, const QString &song) {
     program.Do(QStringLiteral("show"), {{QStringLiteral("kind"), 2},
                                         {QStringLiteral("label"), song},
                                         {QStringLiteral("target"), song}});
     QVERIFY(program.WaitFor(QStringLiteral("TituloAtual"), song, 30000));
+  }
+  // Of a song of two: "1 2 3" and "4 5 6".
+  void StartOnFirstVerse(RemoteProgram &program) {
+    QVERIFY(program.Start());
+    Write(QStringLiteral("Lyrics/Teste.txt"), "1 2 3\r\n\r\n4 5 6");
+    Show(program, QStringLiteral("Teste"));
+    Key(program, QStringLiteral("Down"));
+    QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3")));
   }
   static void Key(RemoteProgram &program, const QString &key) {
     QVERIFY(program.Do(QStringLiteral("key"), {{QStringLiteral("key"), key}}).value(QStringLiteral("ok")).toBool());

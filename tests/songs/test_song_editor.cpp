@@ -2,6 +2,7 @@
 #include "songs/song_drafts.h"
 #include "songs/song_editor.h"
 #include "support/fake_clock.h"
+#include "support/files.h"
 #include "support/fixed_measure.h"
 #include "support/full_disk.h"
 #include "support/scripted_prompt.h"
@@ -35,15 +36,8 @@ private:
         QDir(folder.path()).mkdir(QLatin1String(sub));
     }
     QString Real(const QString &name) const { return folder.path() + u'/' + name; }
-    void Write(const QString &name, const QByteArray &bytes) {
-      QFile file(Real(name));
-      QVERIFY(file.open(QIODevice::WriteOnly));
-      file.write(bytes);
-    }
-    QByteArray Read(const QString &name) const {
-      QFile file(Real(name));
-      return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<no such file>");
-    }
+    void Write(const QString &name, const QByteArray &bytes) { WriteBytes(Real(name), bytes); }
+    QByteArray Read(const QString &name) const { return ReadBytes(Real(name)); }
     QStringList Songs() const { return QDir(Real(QStringLiteral("Lyrics"))).entryList(QDir::Files, QDir::Name); }
     bool Open(const QString &name) { return editor.SetDados(ModoEditar, app.path() + u'\\' + name); }
     SongEditor::Outcome Save(const QString &title, const QString &author, const QString &text) {

@@ -3,6 +3,7 @@
 #include "foundation/text_file.h"
 #include "songs/song_finder.h"
 #include "support/fake_clock.h"
+#include "support/files.h"
 #include "support/no_file_handles.h"
 
 #include <QDirIterator>
@@ -37,11 +38,7 @@ struct Room {
       QDir(folder.path()).mkdir(QLatin1String(name));
   }
   QString On(const QString &name) const { return folder.filePath(name); }
-  void Write(const QString &name, const QByteArray &bytes) const {
-    QFile file(On(name));
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(name));
-    file.write(bytes);
-  }
+  void Write(const QString &name, const QByteArray &bytes) const { WriteBytes(On(name), bytes); }
   QStringList Rows() const {
     QStringList rows;
     for (const auto &file : finder.List1())
@@ -272,6 +269,31 @@ private slots:
     room.clock.Advance(1000);
     QVERIFY(!room.finder.Buscando());
     QCOMPARE(room.Rows().size(), 51);
+  }
+
+  // A longer term is looked for from the place of the shorter one: in the text, of this search, as the file is now.
+  void NarrowingLooksAtNoPlaceOfAnotherSearch() {
+    Room room;
+    const auto writeAll = [&room] {
+      for (int i = 0; i < 50; ++i)
+        room.Write(QStringLiteral("Lyrics/%1.txt").arg(i), "amor e am");
+    };
+    writeAll();
+    room.Write(QStringLiteral("Lyrics/Am.txt"), "amor e am");
+    QCOMPARE(room.Search(QStringLiteral("e am")).size(), 51);
+    QCOMPARE(room.Search(QStringLiteral("am")).size(), 51); // one of them by its name
+    QCOMPARE(room.Search(QStringLiteral("amor")).size(), 51);
+
+    QCOMPARE(room.Search(QStringLiteral("e am")).size(), 51);
+    QCOMPARE(room.Search(QStringLiteral("am")).size(), 51);
+    writeAll(); // each has to be read again, so that the search can be stopped halfway
+    room.clock.busy = true;
+    room.finder.SetTermoBusca(QStringLiteral("e am"));
+    room.clock.Advance(room.finder.IntervaloBusca());
+    QVERIFY(room.finder.Buscando());
+    room.finder.CancelaBusca();
+    room.clock.busy = false;
+    QCOMPARE(room.Search(QStringLiteral("amor")).size(), 51);
   }
 
   void KeysDelayAndStopASearch() {

@@ -1,4 +1,5 @@
 #include "songs/song_text.h"
+#include "support/files.h"
 #include "support/full_disk.h"
 
 #include <QDir>
@@ -9,16 +10,12 @@
 #include <QTest>
 
 using namespace tolmira;
+using testing::ReadBytes;
 
 namespace {
 
 QString SamplesFolder() {
   return qEnvironmentVariable("TOLMIRA_SOURCE_DIR") + QStringLiteral("/tests/data/songs");
-}
-
-QByteArray BytesOf(const QString &path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<no such file>");
 }
 
 QString Lines(const char *text) {
@@ -59,9 +56,9 @@ private slots:
 
     const PreparedSong song = PrepareSongText(*m_app, Stored(sample), false);
 
-    QCOMPARE(song.text, QString::fromUtf8(BytesOf(expected + u".shown.txt")));
+    QCOMPARE(song.text, QString::fromUtf8(ReadBytes(expected + u".shown.txt")));
     const QString changed = expected + u".file.txt";
-    QCOMPARE(BytesOf(opened), BytesOf(QFileInfo::exists(changed) ? changed : source));
+    QCOMPARE(ReadBytes(opened), ReadBytes(QFileInfo::exists(changed) ? changed : source));
     QCOMPARE(song.fileName, sample.section(u'/', -1));
     QCOMPARE(song.tipo == TipoLouvor::Louvor, sample.startsWith(u"Lyrics"));
 
@@ -105,7 +102,7 @@ private slots:
     const QString name = QString(251, u'x') + u".txt";
     const QString path = Write(QStringLiteral("Lyrics/") + name, "Um\r\ndois");
     QCOMPARE(ReadSongFile(*m_app, m_app->At(u"\\Lyrics\\") + name), QStringLiteral("Um dois"));
-    const QByteArray after = BytesOf(path);
+    const QByteArray after = ReadBytes(path);
     QVERIFY2(after == "Um\r\ndois" || after == "Um dois", after.constData());
   }
 
@@ -118,7 +115,7 @@ private slots:
       shown = ReadSongFile(*m_app, m_app->At(u"\\Lyrics\\a.txt"));
     }
     QVERIFY(shown.startsWith(QStringLiteral("Um\r\nUm\r\n")));
-    QCOMPARE(BytesOf(path), before);
+    QCOMPARE(ReadBytes(path), before);
   }
 
   void theKindComesFromThePath_data() {

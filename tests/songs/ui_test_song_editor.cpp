@@ -10,6 +10,7 @@
 #include "songs/ui/stanza_preview.h"
 #include "support/counting_yielder.h"
 #include "support/fake_clock.h"
+#include "support/files.h"
 #include "support/fixed_measure.h"
 #include "support/recording_presentation.h"
 #include "support/scripted_prompt.h"
@@ -84,15 +85,8 @@ private:
                                                                 return true;
                                                               }});
     }
-    void Write(const QString &name, const QByteArray &bytes) {
-      QFile file(app.path() + u"/Lyrics/" + name);
-      QVERIFY(file.open(QIODevice::WriteOnly));
-      file.write(bytes);
-    }
-    QByteArray Read(const QString &name) const {
-      QFile file(app.path() + u"/Lyrics/" + name);
-      return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<no such file>");
-    }
+    void Write(const QString &name, const QByteArray &bytes) { WriteBytes(app.path() + u"/Lyrics/" + name, bytes); }
+    QByteArray Read(const QString &name) const { return ReadBytes(app.path() + u"/Lyrics/" + name); }
     QString PathOf(const QString &name) const { return app.path() + u"\\Lyrics\\" + name; }
     qsizetype Drafts() const { return SongDrafts(app).All().size(); }
 
@@ -222,7 +216,7 @@ private slots:
     window->close();
     QVERIFY(!Opened<FrmEditar>(room));
     QCOMPARE(room.Read(QStringLiteral("New (Me).txt")), QByteArray("Two One\r\n"));
-    QCOMPARE(room.Read(QStringLiteral("Song (Me).txt")), QByteArray("<no such file>"));
+    QCOMPARE(room.Read(QStringLiteral("Song (Me).txt")), QByteArray("<missing>"));
     QCOMPARE(room.console.calls.last(), QStringLiteral("ProcessaEditar Song (Me).txt New (Me).txt"));
     QCOMPARE(room.Drafts(), 0);
   }
@@ -432,9 +426,7 @@ private slots:
   void WrongWordsAreUnderlined() {
     QTemporaryDir folder;
     const auto write = [&](const QString &name, const QByteArray &bytes) {
-      QFile file(folder.filePath(name));
-      QVERIFY(file.open(QIODevice::WriteOnly));
-      file.write(bytes);
+      WriteBytes(folder.filePath(name), bytes);
     };
     write(QStringLiteral("en_US.aff"), "SET UTF-8\nTRY esianrtolcdugmphbyfvkwz\n");
     write(QStringLiteral("en_US.dic"), "4\namazing\ngrace\nhow\nsweet\n");

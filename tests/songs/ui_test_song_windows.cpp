@@ -5,6 +5,7 @@
 #include "songs/ui/song_windows.h"
 #include "support/counting_yielder.h"
 #include "support/fake_clock.h"
+#include "support/files.h"
 #include "support/recording_presentation.h"
 #include "support/scripted_prompt.h"
 #include "support/window_warnings.h"
@@ -37,11 +38,7 @@ private:
       Write(QStringLiteral("Lyrics/Vazio.txt"), " \r\n\r\n ");
       Write(QStringLiteral("Harpa/301 Luz.txt"), "1. Luz");
     }
-    void Write(const QString &name, const QByteArray &bytes) const {
-      QFile file(folder.filePath(name));
-      QVERIFY(file.open(QIODevice::WriteOnly));
-      file.write(bytes);
-    }
+    void Write(const QString &name, const QByteArray &bytes) const { WriteBytes(folder.filePath(name), bytes); }
     bool Exists(const QString &name) const { return QFile::exists(folder.filePath(name)); }
     void Open() {
       dialog = std::make_unique<FrmAddMusicaNaLista>(SongDoors{
@@ -114,7 +111,7 @@ private slots:
     QTest::keyClick(room.list, Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(room.console.TakeCalls(),
              QStringList({QStringLiteral("cancelaWMP"),
-                          QStringLiteral("ShowEntry 2 Rio & Mar ") + room.app.At(u"\\Lyrics\\Rio & Mar")}));
+                          QStringLiteral("ShowEntry 2 0 Rio & Mar ") + room.app.At(u"\\Lyrics\\Rio & Mar")}));
     QTest::keyClicks(room.list, QStringLiteral("h301")); // typed over the old word
     QCOMPARE(room.box->text(), QStringLiteral("h301"));
     room.clock.Advance(5000);
@@ -264,9 +261,8 @@ private slots:
     for (const auto &mark : pane->extraSelections())
       marked.append(mark.cursor.selectedText());
     QCOMPARE(marked, QStringList({QStringLiteral("casa"), QStringLiteral("casa")}));
-    QFile file(room.folder.filePath(QStringLiteral("Lyrics/Casa.txt")));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("Porta da casa\r\nSenhor da casa\r\n"));
+    QCOMPARE(ReadBytes(room.folder.filePath(QStringLiteral("Lyrics/Casa.txt"))),
+             QByteArray("Porta da casa\r\nSenhor da casa\r\n"));
   }
 
   void TheAddButtonNamesTheAgenda() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QStringList>
+#include <functional>
+#include <utility>
 
 #include "console/presentation.h"
 
@@ -9,8 +11,10 @@ namespace tolmira::testing {
 // What dialogs asked of the console, in order.
 class RecordingPresentation : public Presentation {
 public:
-  void ShowEntry(int kind, int, const QString &caption, const QString &name) override {
-    calls.append(QStringLiteral("ShowEntry %1 %2 %3").arg(kind).arg(caption, name));
+  void ShowEntry(int kind, int index, const QString &caption, const QString &name) override {
+    calls.append(QStringLiteral("ShowEntry %1 %2 %3 %4").arg(kind).arg(index).arg(caption, name));
+    if (onShow)
+      onShow();
   }
   void PorNaLista(const QString &label, int kind, const QString &target, QString &message) override {
     calls.append(QStringLiteral("PorNaLista %1 %2 %3").arg(kind).arg(label, target));
@@ -40,6 +44,7 @@ public:
   QStringList TakeCalls() { return std::exchange(calls, {}); }
 
   QStringList calls;
+  std::function<void()> onShow; // inside ShowEntry
 };
 
 } // namespace tolmira::testing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/ui/web_page_host.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,9 +12,7 @@
 namespace tolmira::testing {
 
 inline void WriteText(const QString &path, const QString &text) {
-  QFile file(path);
-  QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-  file.write(text.toUtf8());
+  WriteBytes(path, text.toUtf8());
 }
 
 // The value of an expression on the page, as JSON; "(no answer)" when none came.

@@ -1,3 +1,4 @@
+#include "support/files.h"
 #include "support/scripted_random.h"
 #include "themes/theme_store.h"
 
@@ -280,14 +281,9 @@ private:
     return QDir(m_dir->filePath(QStringLiteral("Data/mini"))).entryList(QDir::Files, QDir::Name);
   }
   void Write(const char *relative, const QByteArray &bytes) const {
-    QFile file(m_dir->filePath(QLatin1String(relative)));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    testing::WriteBytes(m_dir->filePath(QLatin1String(relative)), bytes);
   }
-  QByteArray Read(const char *relative) const {
-    QFile file(m_dir->filePath(QLatin1String(relative)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
+  QByteArray Read(const char *relative) const { return testing::ReadBytes(m_dir->filePath(QLatin1String(relative))); }
 
   std::unique_ptr<QTemporaryDir> m_dir;
   std::unique_ptr<AppFolder> m_app;

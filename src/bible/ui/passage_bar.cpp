@@ -30,15 +30,18 @@ PassageBar::PassageBar(const BibleDoors &doors, QWidget *window) : QWidget(windo
 
   auto *row = new QHBoxLayout;
   row->setSpacing(medidas::Gap);
-  const auto button = [this, row](const char *name, const QString &text) {
+  const auto button = [this, row](const char *name, const QString &text, const QString &tip) {
     auto *made = new QPushButton(text, this);
     made->setObjectName(QLatin1String(name));
     made->setAutoDefault(false);
+    made->setToolTip(tip);
     row->addWidget(made);
     return made;
   };
-  connect(button("Command1", tr("&Add to the agenda")), &QPushButton::clicked, this, &PassageBar::AddWanted);
-  connect(button("Command3", tr("&Show")), &QPushButton::clicked, this, &PassageBar::ShowWanted);
+  connect(button("Command1", tr("&Add to the agenda"), tr("Puts the verse into the agenda")), &QPushButton::clicked, this,
+          &PassageBar::AddWanted);
+  connect(button("Command3", tr("&Show"), tr("Shows the verse on the projection")), &QPushButton::clicked, this,
+          &PassageBar::ShowWanted);
   m_message = new QLabel(this);
   m_message->setObjectName(QStringLiteral("Label2"));
   m_message->setTextFormat(Qt::PlainText);

@@ -42,6 +42,11 @@ void AddBar::SetWindow(int index, const QString &tip, std::function<void()> open
   connect(button, &FlatButton::clicked, this, std::move(open));
 }
 
+void AddBar::SetCompact(bool compact) {
+  for (FlatButton *button : m_buttons)
+    button->setMinimumHeight(compact ? medidas::Control : medidas::Control + 6);
+}
+
 void AddBar::Press(int index) { m_buttons.at(static_cast<size_t>(index))->click(); }
 
 } // namespace tolmira

@@ -18,6 +18,7 @@ public:
 
   // Buttons have no window behind them until they are given one.
   void SetWindow(int index, const QString &tip, std::function<void()> open);
+  void SetCompact(bool compact);
   void Press(int index); // nothing where there is no window
 
 private:

@@ -40,6 +40,17 @@ int KindOf(const QString &tipo) {
   return tipo == u"SlideShow" ? 6 : 0;
 }
 
+QString DicaDeEditar() { return QObject::tr("Opens the chosen entry in its editor"); }
+
+// What a screen reader says: the caption as it is read.
+void Name(QAbstractButton *button) {
+  const QString mark = QStringLiteral("&&");
+  QString name = button->text();
+  name.replace(mark, QString(QChar::Null)).remove(u'&').replace(QChar::Null, u'&');
+  if (button->accessibleName() != name)
+    button->setAccessibleName(name);
+}
+
 QString Caption(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
 
 } // namespace
@@ -109,11 +120,11 @@ void AgendaPanel::MakeBar() {
   const Face faces[] = {
       {"clear", m_parts.agenda.ClearCaption(), tr("Takes every entry off this agenda")},
       {"remove", tr("&Remove"), tr("Takes the chosen entry off this agenda")},
-      {"edit", tr("&Edit"), tr("Opens the chosen entry in its editor")},
+      {"edit", tr("&Edit"), DicaDeEditar()},
       {"show", tr("&Show"), tr("Shows the chosen entry (Enter)")},
   };
-  auto *grid = new QGridLayout;
-  grid->setSpacing(medidas::Gap);
+  m_barGrid = new QGridLayout;
+  m_barGrid->setSpacing(medidas::Gap);
   for (int n = 1; n <= 4; ++n) {
     const Face &face = faces[n - 1];
     auto *button = new FlatButton(Caption(QString()), this);
@@ -124,17 +135,22 @@ void AgendaPanel::MakeBar() {
     button->setIcon(DeskIcon(QLatin1String(face.drawing), n == 4 ? cores::Desk : cores::Quiet));
     if (n == 4)
       button->setProperty("look", QStringLiteral("main"));
-    button->setAccessibleName(face.tip);
-    grid->addWidget(button, (n - 1) / 2, (n - 1) % 2);
+    Name(button);
+    m_barGrid->addWidget(button, (n - 1) / 2, (n - 1) % 2);
     m_bar[static_cast<size_t>(n)] = button;
   }
-  grid->setColumnStretch(0, 1);
-  grid->setColumnStretch(1, 1);
-  static_cast<QVBoxLayout *>(layout())->addLayout(grid);
+  m_barGrid->setColumnStretch(0, 1);
+  m_barGrid->setColumnStretch(1, 1);
+  static_cast<QVBoxLayout *>(layout())->addLayout(m_barGrid);
   connect(m_bar[1], &FlatButton::clicked, this, [this] { m_parts.agenda.ClearList(); });
   connect(m_bar[2], &FlatButton::clicked, this, [this] { m_parts.agenda.RemoveSelected(); });
   connect(m_bar[3], &FlatButton::clicked, this, [this] { m_parts.agenda.EditSelected(); });
   connect(m_bar[4], &FlatButton::clicked, this, [this] { m_parts.fluxo.exibirSelecinado(); });
+}
+
+void AgendaPanel::SetCompact(bool compact) {
+  layout()->setSpacing(compact ? medidas::Step : medidas::Gap);
+  m_barGrid->setSpacing(compact ? medidas::Step : medidas::Gap);
 }
 
 void AgendaPanel::AgendaChanged() {
@@ -156,10 +172,11 @@ void AgendaPanel::AgendaChanged() {
     m_lista->scrollToTop();
   m_lista->SetChosen(lista.SelectedKind(), lista.SelectedIndex());
   m_bar[1]->setText(Caption(agenda.ClearCaption()));
+  Name(m_bar[1]);
   m_bar[1]->setEnabled(agenda.CanClear());
   m_bar[2]->setEnabled(agenda.CanRemove());
   m_bar[3]->setEnabled(agenda.CanEdit());
-  m_bar[3]->setToolTip(agenda.CanEdit() || !lista.HasSelection() ? m_bar[3]->accessibleName() : AindaNao());
+  m_bar[3]->setToolTip(agenda.CanEdit() || !lista.HasSelection() ? DicaDeEditar() : AindaNao());
   m_bar[4]->setEnabled(agenda.CanShow());
   Atualiza();
 }

@@ -6,6 +6,7 @@
 
 #include "console/ui/console_parts.h"
 
+class QGridLayout;
 class QMenu;
 
 namespace tolmira {
@@ -27,6 +28,7 @@ public:
   void SelectNeighbour(int delta); // the next or previous entry of the list, which gets the focus
   void MoveSelected(int delta);    // inside its group
   GroupList *Lista() { return m_lista; }
+  void SetCompact(bool compact);
 
 private:
   void FillList();
@@ -38,6 +40,7 @@ private:
   std::array<TabButton *, NumeroDeAgendas + 1> m_tab{};
   GroupList *m_lista;
   std::array<FlatButton *, 5> m_bar{}; // from 1
+  QGridLayout *m_barGrid = nullptr;
   ListTarefas m_shown;                 // what the list holds, so that a new selection fills nothing again
   int m_shownAgenda = 0;               // whose list that is
   QMenu *m_menu;

@@ -23,7 +23,7 @@ BibleSettings::BibleSettings(ConsoleParts parts, QWidget *parent) : QWidget(pare
   setObjectName(QStringLiteral("Picture7"));
   auto *grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setHorizontalSpacing(medidas::Step);
   grid->setVerticalSpacing(medidas::Step);
 
   const auto caption = [this, grid](int row, int column, const QString &text) {

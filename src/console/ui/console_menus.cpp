@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QResizeEvent>
 
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/palette.h"
@@ -23,6 +24,14 @@ ConsoleMenus::ConsoleMenus(ConsoleParts parts, Ways ways, QWidget *parent)
   MakeCorner();
 }
 
+// An entry of the sheet of keys, with its text and key.
+QAction *ConsoleMenus::Entry(QMenu *menu, Comando comando, std::function<void()> way) {
+  const Atalho &atalho = AtalhoDe(comando);
+  QAction *action = menu->addAction(atalho.texto, this, std::move(way));
+  action->setShortcut(atalho.tecla);
+  return action;
+}
+
 QMenu *ConsoleMenus::Menu(const char *name, const QString &title) {
   QMenu *menu = addMenu(title);
   menu->setObjectName(QLatin1String(name));
@@ -39,10 +48,8 @@ void ConsoleMenus::Later(QMenu *menu, const QString &text) {
 void ConsoleMenus::MakeFile() {
   QMenu *menu = Menu("MnArquivo", tr("&File"));
   Later(menu, QStringLiteral("Download lyrics from the internet"));
-  QAction *newSong = menu->addAction(QStringLiteral("Type or paste the lyrics manually"), this,
-                                     [this] { m_ways.newSong(); });
+  QAction *newSong = Entry(menu, Comando::NovaLetra, [this] { m_ways.newSong(); });
   newSong->setObjectName(QStringLiteral("MnNovaLetra"));
-  newSong->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
   newSong->setAutoRepeat(false);
   menu->addSeparator();
   // No key of its own: a slip of the hand must not end a service.
@@ -61,17 +68,15 @@ void ConsoleMenus::MakeScreen() {
   QMenu *menu = Menu("MnTela", tr("S&creen"));
   m_states = new QActionGroup(this);
   for (int i = 0; i < 5; ++i) {
-    QAction *state = menu->addAction(ScreenControls::LegendaDoEstado(i).trimmed());
-    state->setObjectName(QStringLiteral("MnTela%1").arg(i));
-    state->setCheckable(true);
-    state->setShortcut(QKeySequence(Qt::Key_F5 + i));
-    state->setAutoRepeat(false);
-    state->setToolTip(ScreenControls::DicaDoEstado(i));
-    m_states->addAction(state);
-    connect(state, &QAction::triggered, this, [this, i] {
+    QAction *state = Entry(menu, static_cast<Comando>(static_cast<int>(Comando::Estado0) + i), [this, i] {
       m_parts.controles.SetScreenState(i);
       Atualiza(); // a state that was refused must not stay ticked
     });
+    state->setObjectName(QStringLiteral("MnTela%1").arg(i));
+    state->setCheckable(true);
+    state->setAutoRepeat(false);
+    state->setToolTip(ScreenControls::DicaDoEstado(i));
+    m_states->addAction(state);
   }
   menu->addSeparator();
   m_mnProjecao = menu->addMenu(tr("&Projection on"));
@@ -105,15 +110,10 @@ void ConsoleMenus::MakeBible() {
   m_mnIb->setObjectName(QStringLiteral("mn_ib"));
   m_mnIb->setToolTipsVisible(true);
   menu->addSeparator();
-  const auto entry = [this, menu](const QString &text, const QKeySequence &key, const std::function<void()> &way) {
-    QAction *action = menu->addAction(text, this, way);
-    action->setShortcut(key);
-    action->setAutoRepeat(false);
-  };
-  entry(tr("&Type a reference"), QKeySequence(Qt::Key_F10), [this] { m_ways.toReference(); });
-  entry(tr("&Add a passage to the agenda…"), {}, [this] { m_ways.addBible(); });
-  entry(tr("&Browse…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [this] { m_ways.browseBible(); });
-  entry(tr("&Search by words…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { m_ways.searchBible(); });
+  Entry(menu, Comando::Referencia, [this] { m_ways.toReference(); })->setAutoRepeat(false);
+  menu->addAction(tr("&Add a passage to the agenda…"), this, [this] { m_ways.addBible(); });
+  Entry(menu, Comando::NavegaBiblia, [this] { m_ways.browseBible(); })->setAutoRepeat(false);
+  Entry(menu, Comando::ProcuraBiblia, [this] { m_ways.searchBible(); })->setAutoRepeat(false);
   FillVersions();
 }
 
@@ -140,32 +140,35 @@ void ConsoleMenus::FillVersions() {
 
 void ConsoleMenus::MakeGo() {
   QMenu *menu = Menu("MnIr", tr("&Go"));
-  const auto entry = [this, menu](const QString &text, QKeySequence key, std::function<void()> way) {
-    QAction *action = menu->addAction(text, this, std::move(way));
-    action->setShortcut(key);
-  };
-  entry(tr("Next entry of the agenda"), QKeySequence(Qt::ALT | Qt::Key_Down), [this] { m_ways.choose(1); });
-  entry(tr("Previous entry of the agenda"), QKeySequence(Qt::ALT | Qt::Key_Up), [this] { m_ways.choose(-1); });
-  entry(tr("Move the entry down"), QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_Down), [this] { m_ways.move(1); });
-  entry(tr("Move the entry up"), QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_Up), [this] { m_ways.move(-1); });
+  Entry(menu, Comando::ProximaEntrada, [this] { m_ways.choose(1); });
+  Entry(menu, Comando::EntradaAnterior, [this] { m_ways.choose(-1); });
+  Entry(menu, Comando::DesceEntrada, [this] { m_ways.move(1); });
+  Entry(menu, Comando::SobeEntrada, [this] { m_ways.move(-1); });
   menu->addSeparator();
   for (int n = 1; n <= NumeroDeAgendas; ++n)
-    entry(tr("Agenda tab &%1").arg(n), QKeySequence(Qt::ALT | (Qt::Key_0 + n)),
-          [this, n] { m_parts.agenda.SelectTab(n); });
+    Entry(menu, static_cast<Comando>(static_cast<int>(Comando::Aba1) + n - 1), [this, n] { m_parts.agenda.SelectTab(n); });
   menu->addSeparator();
-  entry(tr("To the agenda"), QKeySequence(Qt::Key_F3), [this] { m_ways.toAgenda(); });
-  entry(tr("To the text"), QKeySequence(Qt::Key_F4), [this] { m_ways.toStrip(); });
-  entry(tr("To the screen states"), QKeySequence(Qt::Key_F11), [this] { m_ways.toScreenStates(); });
-  entry(tr("To the themes"), QKeySequence(Qt::Key_F12), [this] { m_ways.toThemes(); });
+  Entry(menu, Comando::Agenda, [this] { m_ways.toAgenda(); });
+  Entry(menu, Comando::Texto, [this] { m_ways.toStrip(); });
+  Entry(menu, Comando::Estados, [this] { m_ways.toScreenStates(); });
+  Entry(menu, Comando::Temas, [this] { m_ways.toThemes(); });
 }
 
 void ConsoleMenus::MakeHelp() {
   QMenu *menu = Menu("MnAjuda", tr("&Help"));
-  Later(menu, QStringLiteral("Quendar Vaelis Help"));
-  Later(menu, QStringLiteral("Technical Support"));
+  const auto entry = [this, menu](const QString &text, const QString &tip, std::function<void()> way) {
+    menu->addAction(text, this, std::move(way))->setToolTip(tip);
+  };
+  entry(QStringLiteral("Quendar Vaelis Help"), tr("First steps, keys and files, in the browser"),
+        [this] { m_ways.help(); });
+  entry(QStringLiteral("Technical Support"), tr("Opens the support page in the browser"), [this] { m_ways.support(); });
   Later(menu, QStringLiteral("Check for Updates"));
   menu->addSeparator();
-  Later(menu, QStringLiteral("About Quendar Vaelis"));
+  QAction *sheet = Entry(menu, Comando::Folha, [this] { m_ways.keySheet(); });
+  sheet->setObjectName(QStringLiteral("MnAtalhos"));
+  sheet->setAutoRepeat(false);
+  menu->addSeparator();
+  entry(QStringLiteral("About Quendar Vaelis"), tr("Version, engine and licences"), [this] { m_ways.about(); });
 }
 
 void ConsoleMenus::MakeCorner() {
@@ -179,10 +182,11 @@ void ConsoleMenus::MakeCorner() {
     label->setProperty("look", QStringLiteral("quiet"));
     label->setToolTip(tip);
     row->addWidget(label);
+    return label;
   };
   quiet("Label15", tr("Version %1").arg(QStringLiteral(TOLMIRA_VERSION)), tr("Version of the program"));
   row->addSpacing(medidas::Gap);
-  quiet("LbServidorLegenda", tr("Captions off"), tr("Caption server"));
+  m_lbServidorLegenda = quiet("LbServidorLegenda", QString(), tr("Whether a broadcast tool takes the captions"));
   m_image3 = new QPushButton(corner);
   m_image3->setObjectName(QStringLiteral("Image3"));
   m_image3->setProperty("look", QStringLiteral("flat"));
@@ -203,6 +207,15 @@ void ConsoleMenus::SetMaximised(bool maximised) {
 }
 
 void ConsoleMenus::Atualiza() {
+  const SituacaoDaTela &situacao = m_parts.console.painel.situacao;
+  if (m_lbServidorLegenda->text() != situacao.LbServidorLegenda) {
+    m_lbServidorLegenda->setText(situacao.LbServidorLegenda);
+    SetLook(m_lbServidorLegenda, "state", situacao.CorDasLegendas);
+    // A menu bar asks its corner for its size only when it is laid out anew.
+    cornerWidget()->adjustSize();
+    QResizeEvent again(size(), size());
+    resizeEvent(&again);
+  }
   const QList<QAction *> states = m_states->actions();
   const int chosen = m_parts.console.painel.LBTelaMarcado;
   if (chosen >= 0 && chosen < states.size())

@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "console/key_sheet.h"
 #include "console/ui/console_parts.h"
 
 class QActionGroup;
@@ -32,6 +33,10 @@ public:
     std::function<void()> browseBible;
     std::function<void()> searchBible;
     std::function<void(int index)> chooseScreen; // of the panel's `telas`
+    std::function<void()> keySheet;
+    std::function<void()> help;
+    std::function<void()> support;
+    std::function<void()> about;
     std::function<void(int delta)> choose; // the next or previous entry of the agenda
     std::function<void(int delta)> move;   // the chosen entry inside its group
   };
@@ -51,6 +56,7 @@ private:
   void MakeGo();
   void MakeHelp();
   void MakeCorner();
+  QAction *Entry(QMenu *menu, Comando comando, std::function<void()> way);
   QMenu *Menu(const char *name, const QString &title);
   static void Later(QMenu *menu, const QString &text);
 
@@ -62,6 +68,7 @@ private:
   QMenu *m_mnIb = nullptr;
   QActionGroup *m_versoes = nullptr;
   QStringList m_legendas; // of the versions that the menu was made for
+  QLabel *m_lbServidorLegenda = nullptr;
   QPushButton *m_image3 = nullptr;
 };
 

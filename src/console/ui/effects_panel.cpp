@@ -85,20 +85,27 @@ QGridLayout *EffectsPanel::MakeCombos() {
 
   auto *head = new QHBoxLayout;
   head->addWidget(title, 1);
-  head->addWidget(Caption(tr("Font"), "quiet"));
+  QLabel *font = Caption(tr("Font"), "quiet");
+  font->setBuddy(m_fontes);
+  head->addWidget(font);
   auto *combos = new QGridLayout;
   combos->setHorizontalSpacing(medidas::Step);
   combos->setVerticalSpacing(medidas::Step);
   combos->addLayout(head, 0, 0, 1, 2);
   combos->addWidget(m_fontes, 0, 2, 1, 3);
   combos->addWidget(m_cor, 0, 5);
-  combos->addWidget(Caption(tr("Picture"), "quiet"), 1, 0);
+  const auto named = [this, combos](const QString &text, QComboBox *box, int row) {
+    QLabel *label = Caption(text, "quiet");
+    label->setBuddy(box); // a screen reader takes the name of a box from the label that belongs to it
+    combos->addWidget(label, row, 0);
+  };
+  named(tr("Picture"), m_imagem, 1);
   combos->addWidget(m_imagem, 1, 1);
   combos->addWidget(m_imagemExtra, 1, 2);
   combos->addWidget(m_move, 1, 3);
   combos->addWidget(fadeImagem, 1, 4);
   combos->addWidget(zoomImagem, 1, 5);
-  combos->addWidget(Caption(tr("Text"), "quiet"), 2, 0);
+  named(tr("Text"), m_texto, 2);
   combos->addWidget(m_texto, 2, 1);
   combos->addWidget(m_textoExtra, 2, 2);
   combos->addWidget(fadeTexto, 2, 4);

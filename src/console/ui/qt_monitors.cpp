@@ -14,7 +14,7 @@ quintptr HandleOf(const QScreen *screen) { return reinterpret_cast<quintptr>(scr
 QString Joined(const QStringList &parts) {
   QStringList known;
   for (const QString &part : parts)
-    if (const QString text = part.simplified(); !text.isEmpty() && text.compare(u"unknown", Qt::CaseInsensitive) != 0)
+    if (const QString text = part.simplified(); !text.isEmpty() && text != u"none" && text.toLower() != u"unknown")
       known.append(text);
   return known.join(u' ');
 }

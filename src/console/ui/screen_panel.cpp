@@ -30,33 +30,9 @@ constexpr Face Faces[] = {{"screen", cores::Live, "F5"},
                           {"background", cores::Held, "F8"},
                           {"screen-off", cores::Off, "F9"}};
 
-struct Banner {
-  QString text;
-  QString state; // selects the colours
-};
-
 constexpr int AlturaDoAviso = 44; // px
-
-// What the congregation sees, in as few words as can be.
-Banner BannerOf(const EstadoConsole &estado, bool semProjetor) {
-  const QString held = QStringLiteral("held");
-  const QString off = QStringLiteral("off");
-  if (!estado.TelaPronta)
-    return {QObject::tr("STARTING"), QString()};
-  if (semProjetor)
-    return {QObject::tr("NO PROJECTOR"), off};
-  if (estado.EstadoTela == u"OcultarTexto")
-    return {QObject::tr("TEXT HIDDEN"), held};
-  if (estado.EstadoTela == u"TelaPreta")
-    return {QObject::tr("BLACK SCREEN"), off};
-  if (estado.EstadoTela == u"PadraoDeFundo")
-    return {QObject::tr("BACKGROUND ONLY"), held};
-  if (estado.EstadoTela == u"Hide")
-    return {QObject::tr("NO PROJECTION"), off};
-  if (estado.VersoHtmlAtual.isEmpty())
-    return {QObject::tr("LIVE, NO TEXT"), QStringLiteral("ready")};
-  return {QObject::tr("LIVE"), QStringLiteral("live")};
-}
+constexpr int AlturaDoAvisoApertado = 34;
+constexpr int MaiorAviso = 180;
 
 } // namespace
 
@@ -71,23 +47,25 @@ ScreenPanel::ScreenPanel(ConsoleParts parts, PreviewBox *preview, QWidget *paren
   m_banner->setObjectName(QStringLiteral("LbEstadoTela"));
   m_banner->setProperty("look", QStringLiteral("banner"));
   m_banner->setAlignment(Qt::AlignCenter);
-  m_banner->setMinimumHeight(AlturaDoAviso);
-  m_banner->setMaximumHeight(2 * AlturaDoAviso);
+  m_banner->setMinimumHeight(m_aviso = AlturaDoAviso);
+  m_banner->setMaximumHeight(MaiorAviso);
   m_banner->setAccessibleName(tr("State of the projection"));
   m_banner->setToolTip(tr("What the projection shows now"));
   column->addWidget(m_banner, 2);
+  column->addWidget(MakeLines());
 
-  m_states = MakeStates();
+  m_states = new QGridLayout;
+  m_states->setHorizontalSpacing(medidas::Step);
+  m_states->setVerticalSpacing(medidas::Step);
+  MakeStates();
+  PlaceStates();
   column->addLayout(m_states, 5);
 
   column->addStretch(1);
   column->addWidget(MakeReferenceRow());
 }
 
-QGridLayout *ScreenPanel::MakeStates() {
-  auto *states = new QGridLayout;
-  states->setHorizontalSpacing(medidas::Step);
-  states->setVerticalSpacing(medidas::Step);
+void ScreenPanel::MakeStates() {
   for (int i = 0; i < 5; ++i) {
     const Face &face = Faces[i];
     auto *state = new StateButton(ScreenControls::LegendaDoEstado(i), QLatin1String(face.drawing), face.colour, this);
@@ -95,7 +73,6 @@ QGridLayout *ScreenPanel::MakeStates() {
     state->setToolTip(ScreenControls::DicaDoEstado(i));
     state->SetKeyHint(QLatin1String(face.key));
     connect(state, &StateButton::clicked, this, [this, i] { m_parts.controles.SetScreenState(i); });
-    states->addWidget(state, i, 1);
     m_lbTela[static_cast<size_t>(i)] = state;
   }
   m_imgCombo = new QLabel(this);
@@ -109,18 +86,62 @@ QGridLayout *ScreenPanel::MakeStates() {
   m_image11->setAccessibleName(tr("Change the default background"));
   m_image11->setToolTip(tr("Chooses the picture that \"Background\" shows"));
   connect(m_image11, &QPushButton::clicked, this, [this] { m_parts.controles.Image11(); });
-  states->setColumnMinimumWidth(0, m_imgCombo->sizeHint().width());
-  states->setColumnMinimumWidth(2, m_image11->sizeHint().width());
-  states->setColumnStretch(1, 1);
-  return states;
+}
+
+// One under the other, with the marker and the chooser beside the chosen one; on a desk without the height for that, all
+// in one row with the chooser at its end.
+void ScreenPanel::PlaceStates() {
+  for (int i = 0; i < 5; ++i) { // whatever is added goes out of the place where it stands
+    m_states->addWidget(m_lbTela[static_cast<size_t>(i)], m_compact ? 0 : i, m_compact ? i : 1);
+    m_states->setColumnStretch(i, m_compact || i == 1 ? 1 : 0);
+  }
+  m_states->setColumnMinimumWidth(0, m_compact ? 0 : m_imgCombo->sizeHint().width());
+  m_states->setColumnMinimumWidth(2, m_compact ? 0 : m_image11->sizeHint().width());
+  m_imgCombo->setVisible(!m_compact);
+  MoveMarker();
 }
 
 void ScreenPanel::MoveMarker() {
   const int row = qBound(0, m_parts.console.painel.LBTelaMarcado, 4);
-  if (m_states->itemAtPosition(row, 2))
+  const QLayoutItem *there = m_states->itemAtPosition(m_compact ? 0 : row, m_compact ? 5 : 2);
+  if (there && there->widget() == m_image11)
     return;
-  m_states->addWidget(m_imgCombo, row, 0); // takes them out of the row where they stand
-  m_states->addWidget(m_image11, row, 2);
+  m_states->addWidget(m_image11, m_compact ? 0 : row, m_compact ? 5 : 2);
+  if (!m_compact)
+    m_states->addWidget(m_imgCombo, row, 0);
+  else
+    m_states->removeWidget(m_imgCombo);
+}
+
+// Under the banner: which verse is out, what the next key brings, what comes after it.
+QWidget *ScreenPanel::MakeLines() {
+  auto *block = new QWidget(this);
+  auto *lines = new QVBoxLayout(block);
+  lines->setContentsMargins(0, 0, 0, 0);
+  lines->setSpacing(0);
+  const auto line = [block, lines](const char *name, const QString &spoken) {
+    auto *label = new ElidedLabel(block);
+    label->setObjectName(QLatin1String(name));
+    label->setProperty("look", QStringLiteral("quiet"));
+    label->setAccessibleName(spoken);
+    lines->addWidget(label);
+    return label;
+  };
+  m_detalhe = line("LbDetalheTela", tr("About the state of the projection"));
+  m_proximo = line("LbProximo", tr("What comes next"));
+  m_proximo->setProperty("look", QString());
+  m_depois = line("LbDepois", tr("What comes after it"));
+  return block;
+}
+
+void ScreenPanel::SetCompact(bool compact) {
+  m_aviso = compact ? AlturaDoAvisoApertado : AlturaDoAviso;
+  m_banner->setMinimumHeight(m_aviso);
+  layout()->setSpacing(compact ? 6 : medidas::Gap);
+  m_compact = compact;
+  PlaceStates();
+  for (StateButton *state : m_lbTela)
+    state->SetCompact(compact);
 }
 
 QWidget *ScreenPanel::MakeReferenceRow() {
@@ -178,14 +199,25 @@ void ScreenPanel::Image9() {
 void ScreenPanel::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
   layout()->activate();
-  SetLook(m_banner, "scale", m_banner->height() > 3 * AlturaDoAviso / 2 ? QStringLiteral("large") : QString());
+  const int height = m_banner->height();
+  SetLook(m_banner, "scale", height > 3 * AlturaDoAviso  ? QStringLiteral("huge")
+                             : height > 3 * AlturaDoAviso / 2 ? QStringLiteral("large")
+                                                          : QString());
 }
 
 void ScreenPanel::Atualiza() {
-  const Banner banner = BannerOf(m_parts.console.estado, m_parts.console.painel.SemProjetor);
-  m_banner->setText(banner.text);
-  SetLook(m_banner, "state", banner.state);
-  m_lbVersao->setText(m_parts.console.painel.LbVersao);
+  const SituacaoDaTela &situacao = m_parts.console.painel.situacao;
+  m_banner->setText(situacao.LbEstadoTela);
+  SetLook(m_banner, "state", situacao.CorDoEstado);
+  m_banner->setAccessibleDescription(situacao.LbDetalheTela);
+  const auto line = [](QLabel *label, const QString &text) {
+    label->setText(text);
+    label->setToolTip(text);
+  };
+  line(m_detalhe, situacao.LbDetalheTela);
+  line(m_proximo, situacao.LbProximo);
+  line(m_depois, situacao.LbDepois);
+  line(m_lbVersao, m_parts.console.painel.LbVersao);
   for (int i = 0; i < 5; ++i)
     m_lbTela[static_cast<size_t>(i)]->setChecked(i == m_parts.console.painel.LBTelaMarcado);
   MoveMarker();

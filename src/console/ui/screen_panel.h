@@ -27,12 +27,16 @@ public:
   ReferenceBox *Text2() { return m_text2; }
   void SetVersionMenu(QMenu *menu) { m_mnIb = menu; }
   void Image9(); // opens the version menu
+  // The states side by side, without their captions: for a window that is not high.
+  void SetCompact(bool compact);
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
 
 private:
-  QGridLayout *MakeStates();
+  QWidget *MakeLines();
+  void MakeStates();
+  void PlaceStates();
   void MoveMarker();
   QWidget *MakeReferenceRow();
   void SubmitReference();
@@ -43,6 +47,11 @@ private:
   QLabel *m_lbVersao = nullptr;
   QMenu *m_mnIb = nullptr;
   QLabel *m_banner;
+  bool m_compact = false;
+  int m_aviso = 0; // least height of the banner, px
+  QLabel *m_detalhe = nullptr;
+  QLabel *m_proximo = nullptr;
+  QLabel *m_depois = nullptr;
   std::array<StateButton *, 5> m_lbTela{};
   QGridLayout *m_states = nullptr;
   QLabel *m_imgCombo = nullptr;     // stands beside the chosen state

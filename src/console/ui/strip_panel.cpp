@@ -9,6 +9,7 @@
 #include "controls/ui/hint_label.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/passage_card.h"
+#include "controls/ui/spoken_role.h"
 #include "controls/ui/text_strip.h"
 #include "display/page_builder.h"
 
@@ -41,8 +42,10 @@ Qt::Alignment AlignmentOf(int alinhamento) {
 
 StripArea::StripArea(ConsoleParts parts, QWidget *parent)
     : QFrame(parent), m_parts(parts), m_label1(new TextStrip(this)), m_passagem(new PassageCard(this)) {
+  SetSpokenRole(this, QAccessible::StaticText);
   setObjectName(QStringLiteral("PicAbac2"));
   setAccessibleName(tr("Text of the item on show"));
+  setToolTip(tr("The text on the console; what stands in the frame is on show"));
   setProperty("look", QStringLiteral("panel"));
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(320, 160);
@@ -110,8 +113,7 @@ void StripArea::Atualiza() {
     content.left = faixa.Label1Esquerda / Twips;
     content.width = faixa.Label1Largura / Twips;
     m_label1->SetContent(content);
-    if (m_label1->accessibleDescription() != faixa.VersoAtual)
-      m_label1->setAccessibleDescription(faixa.VersoAtual);
+    Speak(m_label1, faixa.VersoAtual);
   }
   m_label1->SetFrame(FrameRect());
   m_label1->setVisible(faixa.Label1Visible);
@@ -157,8 +159,15 @@ void StripArea::ShowPassage() {
   content.mark = biblia.Adiante ? QColor(cores::Held) : QColor(StateColour(m_parts.console.estado.EstadoTela));
   m_passagem->SetContent(content);
   m_passagem->SetFrame(FrameRect());
-  if (const QString spoken = biblia.Referencia + u". " + biblia.Texto; m_passagem->accessibleDescription() != spoken)
-    m_passagem->setAccessibleDescription(spoken);
+  Speak(m_passagem, biblia.Referencia + u". " + biblia.Texto);
+}
+
+// Of the text and of the area that holds it, which has the focus.
+void StripArea::Speak(QWidget *text, const QString &verse) {
+  if (text->accessibleDescription() == verse)
+    return;
+  text->setAccessibleDescription(verse);
+  setAccessibleDescription(verse);
 }
 
 void StripArea::StripMoved() { m_label1->SetTop(m_parts.console.faixa.Label1Topo / Twips); }

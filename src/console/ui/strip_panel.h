@@ -31,6 +31,7 @@ protected:
 private:
   void MakeHints();
   void ShowHints();
+  void Speak(QWidget *text, const QString &verse);
   void MarkVerse();
   void ShowPassage();
   QRectF FrameRect() const;

@@ -39,7 +39,7 @@ TextSettings::TextSettings(ConsoleParts parts, QWidget *parent) : QWidget(parent
   MakeButtons();
   auto *grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setHorizontalSpacing(medidas::Step);
   grid->setVerticalSpacing(medidas::Step);
   const auto row = [grid](int line, int column, QWidget *caption, QWidget *control, QWidget *value) {
     grid->addWidget(caption, line, column);
@@ -104,6 +104,7 @@ void TextSettings::MakeSliders() {
       {QStringLiteral("Small Fonts"), QStringLiteral("Medium Fonts"), QStringLiteral("Large Fonts")});
   m_comboFontSize->setToolTip(tr("Size of songs that stand in the middle of the screen"));
   connect(m_comboFontSize, &QComboBox::activated, this, [&textos](int index) { textos.ComboFontSize(index); });
+  m_lbTamanho->setBuddy(m_comboFontSize);
   KeepPlace(m_comboFontSize);
 }
 

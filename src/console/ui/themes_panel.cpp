@@ -21,6 +21,10 @@ namespace tolmira {
 namespace {
 
 constexpr int Columns = 8;
+// Heights of a tile, px.
+constexpr int MenorTile = 56;
+constexpr int MenorTileApertado = 44;
+constexpr int MaiorTile = 150;
 constexpr int MarkMargin = 3; // px that a frame stands out of its tile
 
 QColor FromStored(qint32 colour) { // 0x00BBGGRR
@@ -78,11 +82,20 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   connect(m_loader, &QTimer::timeout, this, &ThemesPanel::LoadNext);
 }
 
-// The tiles keep the proportions of a screen, within what reads and what leaves room for the desk.
 void ThemesPanel::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
+  FitTiles();
+}
+
+void ThemesPanel::SetCompact(bool compact) {
+  m_compact = compact;
+  FitTiles();
+}
+
+// The tiles keep the proportions of a screen, within what reads and what leaves room for the desk.
+void ThemesPanel::FitTiles() {
   const int tileWidth = (width() - 2 * MarkMargin - (Columns - 1) * medidas::Gap) / Columns;
-  const int tileHeight = std::clamp(tileWidth * 9 / 16, 56, 120);
+  const int tileHeight = std::clamp(tileWidth * 9 / 16, m_compact ? MenorTileApertado : MenorTile, MaiorTile);
   const int rows = NumeroDeTemas / Columns;
   m_panel->setFixedHeight(rows * tileHeight + (rows - 1) * medidas::Gap + 2 * MarkMargin);
 }

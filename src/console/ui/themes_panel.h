@@ -27,6 +27,7 @@ public:
   void ThemesChanged(); // tiles whose theme changed are drawn anew, the ticks are copied
   // Reads all tiles. A tile that is not ready on the disk costs a decode, so they come one by one when the loop is idle.
   void CarregaTiles();
+  void SetCompact(bool compact); // lower tiles
   bool TilesPending() const { return !m_waiting.empty(); }
 
   static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
@@ -37,6 +38,7 @@ protected:
 private:
   void MakeTile(int n, QWidget *panel);
   void LoadNext();
+  void FitTiles();
 
   ConsoleParts m_parts;
   QCheckBox *m_altera;
@@ -49,6 +51,7 @@ private:
   int m_menuTile = 0;
   TabelaTemas m_shown; // the themes that the tiles show
   bool m_loaded = false;
+  bool m_compact = false;
   std::deque<int> m_waiting;
   QTimer *m_loader;
 };

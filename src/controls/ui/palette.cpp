@@ -68,13 +68,16 @@ QFrame[look="hint"] { background: @raised; border: 1px solid @line; border-radiu
 QLabel[look="title"] { font-size: 13pt; font-weight: 600; }
 QLabel[look="empty-title"] { font-size: 13pt; color: @quiet; }
 QLabel[look="quiet"] { color: @quiet; }
-QLabel[look="warning"] { color: @held; }
+QLabel[look="quiet"][state="live"] { color: @live; }
+QLabel[look="quiet"][state="held"] { color: @held; }
+QLabel[look="key"] { color: @accent; }
 QLabel[look="caps"] { color: @quiet; font-weight: 600; }
 QLabel:disabled { color: @faint; }
 
 QLabel[look="banner"] { border-radius: 6px; border: 2px solid @line; background: @panel; color: @quiet;
   font-size: 15pt; font-weight: 700; padding: 0 8px; }
 QLabel[look="banner"][scale="large"] { font-size: 22pt; }
+QLabel[look="banner"][scale="huge"] { font-size: 44pt; }
 QLabel[look="banner"][state="live"] { background: @live; border-color: @live; color: @desk; }
 QLabel[look="banner"][state="ready"] { background: @desk; border-color: @live; color: @live; }
 QLabel[look="banner"][state="held"] { background: @held; border-color: @held; color: @desk; }

@@ -23,7 +23,15 @@ void StateButton::SetKeyHint(const QString &hint) {
   updateGeometry();
 }
 
+void StateButton::SetCompact(bool compact) {
+  m_compact = compact;
+  updateGeometry();
+  update();
+}
+
 QSize StateButton::sizeHint() const {
+  if (m_compact)
+    return {medidas::Icon + 2 * medidas::Margin, medidas::Icon + fontMetrics().height() + medidas::Gap};
   return {60 + fontMetrics().horizontalAdvance(text()) + fontMetrics().horizontalAdvance(m_hint), medidas::Control};
 }
 
@@ -48,6 +56,14 @@ void StateButton::paintEvent(QPaintEvent *) {
   painter.setPen(QPen(edge, 1));
   painter.setBrush(fill);
   painter.drawRoundedRect(face, medidas::Corner, medidas::Corner);
+  if (m_compact) {
+    const int used = medidas::Icon + fontMetrics().height();
+    const QRect icon((width() - medidas::Icon) / 2, (height() - used) / 2, medidas::Icon, medidas::Icon);
+    (isChecked() ? m_iconChosen : m_icon).paint(&painter, icon);
+    painter.setPen(QColor(isChecked() ? cores::Text : cores::Quiet));
+    painter.drawText(QRect(0, icon.bottom() + 1, width(), fontMetrics().height()), Qt::AlignCenter, m_hint);
+    return;
+  }
   if (isChecked()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_colour);

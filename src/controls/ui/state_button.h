@@ -14,6 +14,7 @@ class StateButton : public QAbstractButton {
 public:
   StateButton(const QString &caption, QLatin1String drawing, QRgb colour, QWidget *parent);
   void SetKeyHint(const QString &hint);
+  void SetCompact(bool compact); // icon and key only, for a row of states
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -28,6 +29,7 @@ private:
   QIcon m_icon;
   QIcon m_iconChosen;
   QString m_hint;
+  bool m_compact = false;
 };
 
 } // namespace tolmira

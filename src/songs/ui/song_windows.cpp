@@ -7,6 +7,13 @@ namespace tolmira {
 SongWindows::SongWindows(SongDoors doors) : m_doors(std::move(doors)) {}
 SongWindows::~SongWindows() = default;
 
+void SongWindows::PrepareAdd() {
+  if (m_add)
+    return;
+  m_add = std::make_unique<FrmAddMusicaNaLista>(m_doors);
+  m_add->Prepare();
+}
+
 void SongWindows::OpenAdd() {
   if (!m_add)
     m_add = std::make_unique<FrmAddMusicaNaLista>(m_doors);

@@ -1,0 +1,148 @@
+#include "console/projection_status.h"
+
+#include <QObject>
+
+#include "bible/bible_store.h"
+
+namespace tolmira {
+
+namespace {
+
+const QString Live = QStringLiteral("live");
+const QString Ready = QStringLiteral("ready");
+const QString Held = QStringLiteral("held");
+const QString Off = QStringLiteral("off");
+
+bool TextoNoConsole(const OlharDaTela &olhar) { return olhar.faixa.Label1Visible || olhar.painel.biblia.Visible; }
+
+// Ctrl is down: the console walks ahead and the projection stands.
+bool Preso(const OlharDaTela &olhar) {
+  return olhar.estado.TelaPronta && !olhar.estado.EnviarAoTelao && TextoNoConsole(olhar);
+}
+
+// What runs without verses of its own.
+bool SemVersos(const QString &tipo) {
+  return tipo == u"Slides" || tipo == u"SlideShow" || tipo == u"Video" || tipo == u"Youtube";
+}
+
+QString PrimeiraLinha(const EstadoConsole &estado, int verso) {
+  const QString texto = estado.TextoEstrofes.value(verso - 1);
+  for (const QString &linha : texto.split(QStringLiteral("<br>")))
+    if (!linha.trimmed().isEmpty())
+      return linha.trimmed();
+  return {};
+}
+
+void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
+  const EstadoConsole &estado = olhar.estado;
+  const auto diz = [&dita](const QString &aviso, const QString &cor, const QString &detalhe) {
+    dita.LbEstadoTela = aviso;
+    dita.CorDoEstado = cor;
+    dita.LbDetalheTela = detalhe;
+  };
+  if (!estado.TelaPronta)
+    return diz(QObject::tr("STARTING"), QString(), QString());
+  if (olhar.painel.SemProjetor)
+    return diz(QObject::tr("NO PROJECTOR"), Off, QObject::tr("The second monitor is missing: nothing is shown"));
+  if (estado.EstadoTela == u"OcultarTexto")
+    diz(QObject::tr("TEXT HIDDEN"), Held, QObject::tr("F5 brings the text back"));
+  else if (estado.EstadoTela == u"TelaPreta")
+    diz(QObject::tr("BLACK SCREEN"), Off, QObject::tr("F5 brings the picture back"));
+  else if (estado.EstadoTela == u"PadraoDeFundo")
+    diz(QObject::tr("BACKGROUND ONLY"), Held, QObject::tr("F5 brings the text back"));
+  else if (estado.EstadoTela == u"Hide")
+    diz(QObject::tr("NO PROJECTION"), Off, QObject::tr("F5 brings the projection back"));
+  else if (Preso(olhar))
+    diz(QObject::tr("HELD"), Held, QObject::tr("The projection stands until Ctrl is released"));
+  else if (estado.VersoHtmlAtual.isEmpty() && !SemVersos(estado.TipoAtual))
+    diz(QObject::tr("LIVE, NO TEXT"), Ready, QString());
+  else
+    diz(QObject::tr("LIVE"), Live,
+        estado.EhLetra() && estado.EstrofeAtual > 0
+            ? QObject::tr("Verse %1 of %2").arg(estado.EstrofeAtual).arg(estado.TotalEstrofes)
+            : estado.TipoAtual == u"Bíblia" ? estado.ReferenciaAtual : QString());
+  if (olhar.painel.Ensaio)
+    dita.LbDetalheTela = QObject::tr("Rehearsal window: there is no second monitor");
+}
+
+QString ProximoDaMusica(const OlharDaTela &olhar, bool preso) {
+  const EstadoConsole &estado = olhar.estado;
+  if (preso) {
+    const QString linha = PrimeiraLinha(estado, estado.EstrofeAtual);
+    return linha.isEmpty() ? QObject::tr("On release: no text") : QObject::tr("On release: %1").arg(linha);
+  }
+  for (int verso = qMax(estado.EstrofeAtual, 0) + 1; verso <= estado.TotalEstrofes; ++verso)
+    if (const QString linha = PrimeiraLinha(estado, verso); !linha.isEmpty())
+      return QObject::tr("Next: %1").arg(linha);
+  return QObject::tr("Last verse");
+}
+
+QString ProximoDaPassagem(const OlharDaTela &olhar, bool preso) {
+  const PainelBiblia &biblia = olhar.painel.biblia;
+  if (preso)
+    return QObject::tr("On release: %1").arg(biblia.Referencia);
+  const qsizetype doisPontos = biblia.Referencia.lastIndexOf(u':');
+  const int verso = QStringView(biblia.Referencia).mid(doisPontos + 1).toInt();
+  for (int n = verso + 1; n < olhar.capitulo.size(); ++n)
+    if (const QString texto = TextoDoVersiculo(olhar.capitulo[n]); !texto.trimmed().isEmpty())
+      return QObject::tr("Next: verse %1, %2").arg(QString::number(n), texto.simplified());
+  return QObject::tr("Last verse of the chapter");
+}
+
+// The chosen entry is what stands on the console, or the passage that the operator walked on from.
+bool EstaNoConsole(const OlharDaTela &olhar) {
+  const ListTarefas &lista = olhar.lista;
+  if (lista.SelectedName() == olhar.painel.Label9)
+    return true;
+  const auto capitulo = [](const QString &referencia) { return referencia.section(u':', 0, 0); };
+  return olhar.painel.biblia.Visible && lista.SelectedKind() == 1 &&
+         capitulo(lista.SelectedCaption()) == capitulo(olhar.painel.biblia.Referencia);
+}
+
+void DizOQueVem(const OlharDaTela &olhar, SituacaoDaTela &dita) {
+  const bool preso = Preso(olhar);
+  const ListTarefas &lista = olhar.lista;
+  const QString escolhida = lista.HasSelection() ? lista.SelectedName() : QString();
+  const bool item = !olhar.painel.Label9.isEmpty();
+  QStringList depois;
+  if (olhar.painel.biblia.Visible)
+    dita.LbProximo = ProximoDaPassagem(olhar, preso);
+  else if (olhar.faixa.Label1Visible && olhar.estado.TotalEstrofes > 0)
+    dita.LbProximo = ProximoDaMusica(olhar, preso);
+  else if (!item)
+    dita.LbProximo =
+        escolhida.isEmpty() ? QObject::tr("Nothing is chosen") : QObject::tr("Enter shows: %1").arg(escolhida);
+  if (item && !escolhida.isEmpty() && !EstaNoConsole(olhar))
+    depois << QObject::tr("Then: %1").arg(escolhida);
+  if (olhar.estado.ProximoTema > 0)
+    depois << QObject::tr("Theme %1 with the next item").arg(olhar.estado.ProximoTema);
+  dita.LbDepois = depois.join(QStringLiteral(" · "));
+}
+
+void DizQuemOuve(const OlharDaTela &olhar, SituacaoDaTela &dita) {
+  switch (olhar.painel.Legendas) {
+  case ServidorDeLegendas::Desligado:
+    dita.LbServidorLegenda = QObject::tr("Captions off");
+    break;
+  case ServidorDeLegendas::SemCliente:
+    dita.LbServidorLegenda = QObject::tr("Captions: no client");
+    dita.CorDasLegendas = Held;
+    break;
+  case ServidorDeLegendas::ComCliente:
+    dita.LbServidorLegenda = QObject::tr("Captions: client");
+    dita.CorDasLegendas = Live;
+    break;
+  }
+}
+
+} // namespace
+
+SituacaoDaTela DescreveSituacao(const OlharDaTela &olhar) {
+  SituacaoDaTela dita;
+  DizOQueSaiu(olhar, dita);
+  DizOQueVem(olhar, dita);
+  DizQuemOuve(olhar, dita);
+  return dita;
+}
+
+} // namespace tolmira

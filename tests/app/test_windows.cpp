@@ -1,0 +1,352 @@
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QtTest>
+
+#include "bible/FrmAddBibliaNaLista.h"
+#include "bible/FrmBibleBrowser.h"
+#include "bible/FrmBibleSearch.h"
+#include "console/FrmAtalhos.h"
+#include "console/FrmMonitor.h"
+#include "console/FrmSobre.h"
+#include "console/console_fixture.h"
+#include "console/key_sheet.h"
+#include "controls/ui/palette.h"
+#include "display/ui/engine_versions.h"
+#include "display/ui/web_page_host.h"
+#include "foundation/ui/form_position.h"
+#include "songs/FrmAddMusicaNaLista.h"
+#include "songs/FrmSobregravar.h"
+#include "songs/ui/song_editors.h"
+#include "support/recording_presentation.h"
+#include "support/small_bible.h"
+#include "support/web_fixture.h"
+#include "support/window_walker.h"
+#include "support/window_warnings.h"
+
+using namespace tolmira;
+using namespace tolmira::testing;
+
+namespace {
+
+// A console with something in its agenda and a small Bible.
+class House : public ConsoleFixture {
+public:
+  House() : positions(store, yielder) {
+    Write(QStringLiteral("Lyrics/Canto.txt"), TresEstrofes);
+    Write(QStringLiteral("Lyrics/A name that is far too long for any list on any desk in any hall of this world.txt"),
+          "Uma linha");
+    const QStringList verses{QStringLiteral("A lamp is lit."), QStringLiteral("Light of the lamp.")};
+    SmallBible().Chapter(1, 1, verses).Chapter(43, 3, verses).Write(folder.path(), QStringLiteral("KJV"));
+    core.leitura.CarregaVersoes();
+    core.agenda.SelectTab(1);
+    core.leitura.MostraVersao();
+    QString message;
+    for (const char *name :
+         {"Canto", "A name that is far too long for any list on any desk in any hall of this world"})
+      core.agenda.PorNaLista(QLatin1String(name), 2, QString(), message);
+    positions.SetConsole(&desk);
+  }
+
+  FormPositions positions;
+  RecordingPresentation console;
+  QWidget desk;
+};
+
+// Shows `content` as an operator would: nothing, a song, a passage, or a song while Ctrl is held.
+void Fill(House &house, const QString &content) {
+  if (content == u"song" || content == u"held") {
+    house.core.flow.ShowEntry(2, 1, QStringLiteral("Canto"), QStringLiteral("Canto"));
+    house.core.agenda.SelectEntry(2, 2);
+    house.core.stepper.TeclaEstrofe(1);
+  } else if (content == u"passage") {
+    house.core.flow.exibirPassagem(QStringLiteral("John 3:1"));
+    QVERIFY(house.core.painel.biblia.Visible);
+  }
+  if (content == u"held") {
+    house.core.stepper.CtrlDown();
+    house.core.stepper.TeclaEstrofe(1);
+  }
+  house.EndGlide();
+}
+
+bool ScrollsSomewhere(const FrmMonitor &frm) {
+  const auto *area = qobject_cast<QScrollArea *>(frm.centralWidget());
+  return area->verticalScrollBar()->isVisible() || area->horizontalScrollBar()->isVisible();
+}
+
+} // namespace
+
+// What every window has to be: whole at its least size, and told by name to who cannot see it.
+class TestWindows : public QObject {
+  Q_OBJECT
+
+private:
+  // Opens that window, hands it to `look`, and closes it.
+  static void With(const QString &name, House &house, const std::function<void(QWidget *)> &look) {
+    const BibleDoors bible{house.core.lojaBiblia, house.store, house.console, house.positions,
+                           house.clock,           &house.desk, [] { return QString(); }};
+    std::unique_ptr<QWidget> window;
+    std::unique_ptr<SongEditors> editors;
+    QWidget *shown = nullptr;
+    if (name == u"FrmAddBibliaNaLista") {
+      auto form = std::make_unique<FrmAddBibliaNaLista>(bible);
+      form->Open();
+      window = std::move(form);
+    } else if (name == u"FrmBibleBrowser") {
+      auto form = std::make_unique<FrmBibleBrowser>(bible);
+      form->Open();
+      window = std::move(form);
+    } else if (name == u"FrmBibleSearch") {
+      auto form = std::make_unique<FrmBibleSearch>(bible);
+      form->Open();
+      window = std::move(form);
+    } else if (name == u"FrmAddMusicaNaLista") {
+      auto form = std::make_unique<FrmAddMusicaNaLista>(
+          SongDoors{house.app, house.console, house.positions, house.clock, house.prompt, &house.desk,
+                    [] { return QStringLiteral("Agenda 1"); }, {}, [](const QString &) { return false; }});
+      form->Open();
+      house.clock.Advance(1000);
+      window = std::move(form);
+    } else if (name == u"FrmSobregravar") {
+      window = std::make_unique<FrmSobregravar>(QStringLiteral("Canto (Autor).txt"), &house.desk);
+      window->show();
+    } else if (name == u"FrmSobre") {
+      const EngineVersions versions = ReadEngineVersions();
+      window = std::make_unique<FrmSobre>(MotorDoPrograma{QString::fromLatin1(qVersion()), versions.webEngine,
+                                                          versions.chromium, versions.mpv, QStringLiteral("OpenGL")},
+                                          &house.desk);
+      window->show();
+    } else if (name == u"FrmAtalhos") {
+      auto form = std::make_unique<FrmAtalhos>(&house.desk);
+      form->Open();
+      window = std::move(form);
+    } else {
+      editors = std::make_unique<SongEditors>(
+          SongEditorDoors{house.store, house.prompt, house.clock, house.random, house.yielder, house.measure,
+                          house.console, house.positions, house.core.estado, house.core.ajustes,
+                          [] { return nullptr; },
+                          [](const QString &, const AjustesTexto &) {
+                            SongRoom room;
+                            room.pagina.font.sizePt = 15;
+                            room.pagina.limitTwips = 3600;
+                            room.tamanhoBase = 40;
+                            return room;
+                          },
+                          {}, &house.desk},
+          TextFormatDoors{[] { return TextFormat(); }, [](const TextFormat &) { return true; }});
+      name == u"FrmEditar" ? editors->Novo() : editors->AbreFormato();
+    }
+    for (QWidget *top : QApplication::topLevelWidgets())
+      if (top->objectName() == name && top->isVisible())
+        shown = top;
+    QVERIFY2(shown, qPrintable(name));
+    QVERIFY(QTest::qWaitForWindowExposed(shown));
+    look(shown);
+    shown->close();
+  }
+
+  static void EveryWindow() {
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"FrmAddBibliaNaLista", "FrmBibleBrowser", "FrmBibleSearch", "FrmAddMusicaNaLista",
+                             "FrmSobregravar", "FrmSobre", "FrmAtalhos", "FrmEditar", "FrmConfigFormatTexto"})
+      QTest::newRow(name) << QString::fromLatin1(name);
+  }
+
+private slots:
+  void initTestCase() {
+    ApplyLook(*qApp);
+    WebPageHost first(QStringLiteral("first"), nullptr); // what the engine says of itself when it starts
+    first.CriaBrowser();
+    first.show();
+    Eval(first.WV(), QStringLiteral("1"));
+  }
+  void init() { FailOnWindowWarnings(); }
+
+  void theDeskIsWhole_data() {
+    QTest::addColumn<QSize>("size"); // logical pixels
+    QTest::addColumn<QString>("content");
+    const QSize sizes[] = {{1024, 600}, {1024, 640}, {1093, 614},  {1280, 720},  {1280, 800}, {1366, 768},
+                           {1536, 864}, {1920, 1080}, {2560, 1440}, {3840, 2160}};
+    for (const QSize &size : sizes)
+      for (const char *content : {"nothing", "song", "held", "passage"})
+        QTest::addRow("%dx%d, %s", size.width(), size.height(), content) << size << QString::fromLatin1(content);
+  }
+  void theDeskIsWhole() {
+    QFETCH(QSize, size);
+    QFETCH(QString, content);
+    House house;
+    FrmMonitor frm(ConsoleParts::Of(house.core));
+    frm.DefineTelao({1280, 720});
+    frm.resize(size);
+    frm.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    Fill(house, content);
+    house.core.painel.Legendas = ServidorDeLegendas::SemCliente; // the longest of its texts
+    frm.Atualiza();
+    QCoreApplication::processEvents();
+    QCOMPARE(frm.size(), size);
+    QVERIFY(!ScrollsSomewhere(frm));
+    const QStringList faults = LayoutFaults(&frm);
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+  }
+
+  // 1280x800 at 200 per cent: not all of it can be seen at once, and all of it can be reached.
+  void aVerySmallDeskScrolls() {
+    House house;
+    FrmMonitor frm(ConsoleParts::Of(house.core));
+    frm.DefineTelao({1280, 720});
+    frm.resize(640, 400);
+    frm.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    QCOMPARE(frm.size(), QSize(640, 400));
+    QVERIFY(ScrollsSomewhere(frm));
+    const QStringList faults = LayoutFaults(&frm, true);
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+  }
+
+  void nothingMovesWhenAPassageFollowsASong() {
+    House house;
+    FrmMonitor frm(ConsoleParts::Of(house.core));
+    frm.DefineTelao({1280, 720});
+    frm.resize(1024, 600);
+    frm.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    const auto places = [&frm] {
+      QList<QRect> all;
+      for (const char *name : {"PicAbac2", "PicContainerPreview", "LbEstadoTela", "LBTela0", "Text2", "PicImgFundoB1"})
+        all << frm.findChild<QWidget *>(QLatin1String(name))->geometry();
+      return all;
+    };
+    const QList<QRect> before = places();
+    for (const char *content : {"song", "held", "passage"}) {
+      Fill(house, QLatin1String(content));
+      QCoreApplication::processEvents();
+      QCOMPARE(places(), before);
+      house.core.stepper.CtrlUp();
+    }
+  }
+
+  void windowsAreWholeAtTheirLeastSize_data() { EveryWindow(); }
+  void windowsAreWholeAtTheirLeastSize() {
+    QFETCH(QString, name);
+    House house;
+    With(name, house, [](QWidget *window) {
+      window->resize(window->minimumSizeHint().expandedTo(window->minimumSize()));
+      QCoreApplication::processEvents();
+      const QStringList faults = LayoutFaults(window, true);
+      QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+    });
+  }
+
+  void everythingHasANameAndARole_data() { EveryWindow(); }
+  void everythingHasANameAndARole() {
+    QFETCH(QString, name);
+    House house;
+    With(name, house, [](QWidget *window) {
+      const QStringList faults = SpeechFaults(window);
+      QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+      QVERIFY(!window->windowTitle().isEmpty());
+    });
+  }
+
+  void theDeskIsToldByNameAndRole() {
+    House house;
+    house.core.temaControle.SetCheckAlteraTemaAleatorio(true);
+    FrmMonitor frm(ConsoleParts::Of(house.core));
+    frm.CarregaFontes();
+    frm.resize(1280, 800);
+    frm.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    for (const char *content : {"nothing", "song", "passage"}) {
+      Fill(house, QLatin1String(content));
+      const QStringList faults = SpeechFaults(&frm, {QStringLiteral("LBTela3")}); // it has none by design
+      QVERIFY2(faults.isEmpty(), qPrintable(QLatin1String(content) + u": " + faults.join(u'\n')));
+    }
+    QWidget *strip = frm.findChild<QWidget *>(QStringLiteral("PicAbac2"));
+    const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(strip);
+    QCOMPARE(spoken->role(), QAccessible::StaticText);
+    QVERIFY(spoken->text(QAccessible::Description).contains(u"A lamp is lit."));
+    for (const QMenu *menu : frm.findChildren<QMenu *>())
+      for (const QAction *action : menu->actions())
+        QVERIFY2(action->isSeparator() || !action->text().isEmpty(), qPrintable(menu->objectName()));
+  }
+
+  void theHelpMenuHasItsEntries() {
+    House house;
+    FrmMonitor frm(ConsoleParts::Of(house.core));
+    QStringList pressed;
+    FrmMonitor::Windows windows;
+    windows.help = [&pressed] { pressed << QStringLiteral("help"); };
+    windows.support = [&pressed] { pressed << QStringLiteral("support"); };
+    windows.about = [&pressed] { pressed << QStringLiteral("about"); };
+    frm.SetWindows(windows);
+    QMap<QString, QAction *> entries;
+    for (QAction *action : frm.findChild<QMenu *>(QStringLiteral("MnAjuda"))->actions())
+      entries.insert(action->text(), action);
+    for (const char *text : {"Quendar Vaelis Help", "Technical Support", "About Quendar Vaelis"}) {
+      QVERIFY2(entries.contains(QLatin1String(text)), text);
+      entries[QLatin1String(text)]->trigger();
+    }
+    QCOMPARE(pressed, QStringList({QStringLiteral("help"), QStringLiteral("support"), QStringLiteral("about")}));
+    QVERIFY(entries.contains(QStringLiteral("Check for Updates")));
+    QVERIFY(!entries[QStringLiteral("Check for Updates")]->isEnabled());
+  }
+
+  // F1, a look, Esc: the arrow keys go on stepping as if nothing had been.
+  void theSheetGivesTheKeysBack() {
+    House house;
+    FrmMonitor frm(ConsoleParts::Of(house.core));
+    frm.resize(1280, 800);
+    frm.show();
+    frm.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&frm));
+    Fill(house, QStringLiteral("song"));
+    QWidget *strip = QApplication::focusWidget();
+    QCOMPARE(strip->objectName(), QStringLiteral("PicAbac2"));
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_F1}) {
+      QTest::keyClick(strip, Qt::Key_F1);
+      auto *sheet = frm.findChild<FrmAtalhos *>();
+      QVERIFY(sheet && sheet->isVisible());
+      QVERIFY(QTest::qWaitForWindowActive(sheet));
+      QTest::keyClick(sheet, key);
+      QVERIFY(!sheet->isVisible());
+      QVERIFY(QTest::qWaitForWindowActive(&frm));
+      QCOMPARE(QApplication::focusWidget(), strip);
+    }
+    const int before = house.core.estado.EstrofeAtual;
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QCOMPARE(house.core.estado.EstrofeAtual, before + 1);
+  }
+
+  void tabGoesAsTheEyeGoes() {
+    House house;
+    FrmMonitor frm(ConsoleParts::Of(house.core));
+    frm.resize(1280, 800);
+    frm.show();
+    frm.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&frm));
+    Fill(house, QStringLiteral("song"));
+    QStringList order;
+    QWidget *first = QApplication::focusWidget();
+    do {
+      order << QApplication::focusWidget()->objectName();
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      QVERIFY2(order.size() < 200, qPrintable(order.join(u' ')));
+    } while (QApplication::focusWidget() != first);
+    // The panels in the order in which the eye meets them; the strip was first.
+    qsizetype last = -1;
+    for (const char *name : {"PicAbac2", "SliderExLouvor", "LBTela0", "LBTela4", "Text2", "Image9", "BarraAdicionar0",
+                             "PicImgFundoB1", "PicImgFundoB16", "BotaoFlat51", "ListTarefas"}) {
+      const qsizetype place = order.indexOf(QLatin1String(name));
+      QVERIFY2(place > last, name);
+      last = place;
+    }
+  }
+};
+
+QTEST_MAIN(TestWindows)
+#include "test_windows.moc"

@@ -20,6 +20,7 @@
 #include "console/startup.h"
 #include "console/ui/qt_monitors.h"
 #include "console/ui/screen_repair.h"
+#include "console/ui/themes_panel.h"
 #include "display/FrmQuendar.h"
 #include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
@@ -30,6 +31,7 @@
 #include "foundation/ui/qt_user_prompt.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
+#include "themes/ui/theme_editors.h"
 
 namespace tolmira {
 
@@ -55,6 +57,7 @@ struct Program::Impl {
   void MakeWindows();
   void AbreSobre();
   void MakeSongEditors();
+  void MakeThemeEditors();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -95,6 +98,7 @@ struct Program::Impl {
   std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
+  std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -107,6 +111,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return quendar ? quendar->WV() : nullptr;
   if (name == u"preview" || name == u"FrmMonitor")
     return console ? console->PicWV()->WV() : nullptr;
+  if (name == u"FrmConfigTema")
+    return themeEditors ? themeEditors->WV() : nullptr;
   return nullptr;
 }
 
@@ -130,7 +136,9 @@ void Program::Impl::MakeWindows() {
                 [this](const QString &path) { return editors->Edita(path, songs.get()); },
                 [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
+  MakeThemeEditors();
   FrmMonitor::Windows windows;
+  windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
   windows.addSong = [this] { songs->OpenAdd(); };
   windows.addBible = [this] { bible->OpenAdd(); };
@@ -148,7 +156,7 @@ void Program::Impl::MakeWindows() {
       songs->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
-  console->PodeFechar = [this] { return editors->FechaTodos(); };
+  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -180,6 +188,16 @@ void Program::Impl::MakeSongEditors() {
                       [this](const TextFormat &format) { return core.formato.Aplica(format); }});
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
+}
+
+void Program::Impl::MakeThemeEditors() {
+  const auto salvo = [this](int n) {
+    console->RecarregaTile(n);
+    core.temaControle.TemaSalvo();
+  };
+  themeEditors = std::make_unique<ThemeEditors>(ThemeEditorDoors{
+      store, core.loja, core.temas, prompt, clock, random, yielder, measure, positions, ThemesPanel::TamanhoDoTile,
+      [this]() -> Display * { return quendar.get(); }, {}, salvo, profile, console.get()});
 }
 
 void Program::Impl::MakeDisplay() {
@@ -364,6 +382,7 @@ Program::~Program() {
   m_impl->core.flow.FechaAddBiblia = nullptr;
   m_impl->core.agenda.editorDeMusicas = {};
   m_impl->editors.reset();
+  m_impl->themeEditors.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();

@@ -1,10 +1,11 @@
 #include "themes/contrast.h"
 
+#include "foundation/text_fields.h"
+
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 #include <vector>
-
-#include "foundation/text_fields.h"
 
 namespace tolmira {
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <deque>
+#include <functional>
 
 #include "console/ui/console_parts.h"
 
@@ -28,6 +29,8 @@ public:
   // Reads all tiles. A tile that is not ready on the disk costs a decode, so they come one by one when the loop is idle.
   void CarregaTiles();
   void SetCompact(bool compact); // lower tiles
+  void RecarregaTile(int n); // its picture on the disk is another one
+  std::function<void(int n)> AbreConfigTema; // the theme's editor; may be empty
   bool TilesPending() const { return !m_waiting.empty(); }
 
   static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
@@ -37,6 +40,7 @@ protected:
 
 private:
   void MakeTile(int n, QWidget *panel);
+  void Configura(int n);
   void LoadNext();
   void FitTiles();
 

@@ -1,6 +1,8 @@
 #include "themes/ui/theme_editors.h"
 
+#include "display/ui/web_page_host.h"
 #include "themes/FrmConfigTema.h"
+#include "themes/ui/theme_preview.h"
 
 #include <algorithm>
 
@@ -34,6 +36,10 @@ void ThemeEditors::AbreConfigTema(int n) {
   });
   editor->SetIndex(n);
   editor->Open();
+}
+
+PageObject *ThemeEditors::WV() const {
+  return m_editors.empty() ? nullptr : m_editors.back()->Preview()->PicWV()->WV();
 }
 
 bool ThemeEditors::FechaTodos() {

@@ -17,6 +17,7 @@ public:
 
   // Opens the editor on theme n, or brings the one that stands on it to the front.
   void AbreConfigTema(int n);
+  PageObject *WV() const; // of the editor that was opened last; null when none stands open
   // Closes all of them, as the operator would; false when one of them stays.
   bool FechaTodos();
 

@@ -32,6 +32,7 @@
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
 #include "themes/ui/theme_editors.h"
+#include "themes/ui/theme_windows.h"
 
 namespace tolmira {
 
@@ -57,6 +58,7 @@ struct Program::Impl {
   void MakeWindows();
   void AbreSobre();
   void MakeSongEditors();
+  void MakeThemeWindows();
   void MakeThemeEditors();
   void MakeDisplay();
   void RemakeDisplay();
@@ -100,6 +102,7 @@ struct Program::Impl {
   std::unique_ptr<SongWindows> songs;
   std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<FrmSobre> sobre;
+  std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
   std::unique_ptr<ConsoleStartup> startup;
@@ -136,11 +139,13 @@ void Program::Impl::MakeWindows() {
                 [this](const QString &path) { return editors->Edita(path, songs.get()); },
                 [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
+  MakeThemeWindows();
   MakeThemeEditors();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
   windows.addSong = [this] { songs->OpenAdd(); };
+  windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
@@ -190,14 +195,26 @@ void Program::Impl::MakeSongEditors() {
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
 }
 
+void Program::Impl::MakeThemeWindows() {
+  themes = std::make_unique<ThemeWindows>(
+      ThemeDoors{app, store, positions, prompt, console.get(),
+                 [this](const QString &path) { core.controles.trocarFundoPadrao(path); },
+                 [this](const QString &path, bool move) { core.efeitos.ImagemDaGaleria(path, move); },
+                 [this] { return core.estado.TemaAtual.MoveImagens; }});
+  core.controles.AbreGaleria = [this] { themes->AbreGaleriaDoFundo(); };
+}
+
 void Program::Impl::MakeThemeEditors() {
   const auto salvo = [this](int n) {
     console->RecarregaTile(n);
     core.temaControle.TemaSalvo();
   };
+  const auto galeria = [this](int tema, QWidget *dono, const std::function<void(const QString &)> &usa) {
+    themes->AbreGaleria({QStringLiteral("FrmConfigTema"), tema, usa, dono});
+  };
   themeEditors = std::make_unique<ThemeEditors>(ThemeEditorDoors{
       store, core.loja, core.temas, prompt, clock, random, yielder, measure, positions, ThemesPanel::TamanhoDoTile,
-      [this]() -> Display * { return quendar.get(); }, {}, salvo, profile, console.get()});
+      [this]() -> Display * { return quendar.get(); }, galeria, salvo, profile, console.get()});
 }
 
 void Program::Impl::MakeDisplay() {
@@ -387,6 +404,8 @@ Program::~Program() {
   m_impl->bible.reset();
   m_impl->songs.reset();
   m_impl->sobre.reset();
+  m_impl->core.controles.AbreGaleria = nullptr;
+  m_impl->themes.reset();
   m_impl->console.reset();
 }
 

@@ -193,6 +193,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
       d.windows.chooseScreen(index);
   };
   ways.newSong = [&d, open] { open(d.windows.newSong); };
+  ways.pictureOnScreen = [&d, open] { open(d.windows.pictureOnScreen); };
   ways.addBible = [&d, open] { open(d.windows.addBible); };
   ways.browseBible = [&d, open] { open(d.windows.browseBible); };
   ways.searchBible = [&d, open] { open(d.windows.searchBible); };

@@ -32,6 +32,7 @@ public:
   // The windows behind the console's buttons, menus and keys.
   struct Windows {
     std::function<void()> newSong;
+    std::function<void()> pictureOnScreen;
     std::function<void()> addSong;
     std::function<void()> addBible;
     std::function<void()> browseBible;

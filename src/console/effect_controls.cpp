@@ -86,6 +86,16 @@ void EffectControls::ChkMoveImagem(bool ligado) {
   Terminou();
 }
 
+void EffectControls::ImagemDaGaleria(const QString &path, bool move) {
+  EstadoConsole &estado = m_console.estado;
+  if (!Carregado())
+    return;
+  estado.FundoPreso = true;
+  ChkMoveImagem(move);
+  m_temas.ExibirImagem(path, true);
+  updateEfeitos2();
+}
+
 void EffectControls::EnviaMovimento(Alvo alvo) {
   m_console.SetPageStyle(QStringLiteral("img"), QStringLiteral("animation-play-state"),
                          m_console.estado.TemaAtual.MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"),

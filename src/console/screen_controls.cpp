@@ -1,7 +1,6 @@
 #include "console/screen_controls.h"
 
 #include "foundation/text_file.h"
-#include "themes/picture_folder.h"
 
 #include <algorithm>
 
@@ -115,17 +114,8 @@ void ScreenControls::CobreTexto(int index, const QString &fundo) {
 }
 
 void ScreenControls::Image11() {
-  const QString path = m_console.prompt.OpenFile(QStringLiteral("Change Background Default"),
-                                                 m_console.app.At(u"\\Images"), FiltroDeImagens());
-  if (path.isEmpty())
-    return;
-  const QString nome = TrazParaImagens(m_console.app, path);
-  if (nome.isEmpty()) {
-    m_console.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"),
-                             QStringLiteral("This file cannot be used as a picture."));
-    return;
-  }
-  trocarFundoPadrao(m_console.app.At(u"\\Images\\") + nome);
+  if (AbreGaleria)
+    AbreGaleria();
 }
 
 void ScreenControls::trocarFundoPadrao(const QString &path) {

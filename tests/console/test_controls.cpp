@@ -392,15 +392,15 @@ private slots:
     QCOMPARE(m_fixture->core.painel.LBTelaMarcado, to);
   }
 
-  void withoutADefaultBackgroundThePictureIsAskedForAndNothingChanges() {
+  void withoutADefaultBackgroundTheGalleryOpensAndNothingChanges() {
     ScreenControls &controles = m_fixture->core.controles;
+    int opened = 0;
+    controles.AbreGaleria = [&opened] { ++opened; };
     controles.SetScreenState(1);
     m_fixture->Forget();
-    m_fixture->prompt.files = {MakePicture(QStringLiteral("Images/Cross.png"))};
     controles.SetScreenState(3);
-    QCOMPARE(m_fixture->prompt.fileQuestions.size(), 1);
-    QCOMPARE(m_fixture->prompt.fileQuestions.first().title, QStringLiteral("Change Background Default"));
-    QCOMPARE(m_fixture->prompt.fileQuestions.first().folder, m_fixture->app.At(u"\\Images"));
+    QCOMPARE(opened, 1);
+    controles.trocarFundoPadrao(MakePicture(QStringLiteral("Images/Cross.png")));
     QCOMPARE(m_fixture->Config("padraodefundo"), QStringLiteral("Cross.png"));
     QCOMPARE(m_fixture->core.estado.EstadoTela, QStringLiteral("OcultarTexto"));
     QCOMPARE(m_fixture->core.painel.LBTelaMarcado, 1);
@@ -408,48 +408,30 @@ private slots:
 
     controles.SetScreenState(3);
     QCOMPARE(m_fixture->core.estado.EstadoTela, QStringLiteral("PadraoDeFundo"));
-    m_fixture->prompt.files = {MakePicture(QStringLiteral("Images/Dove.png"))};
-    m_fixture->Forget();
-    controles.Image11(); // while it is on show: at once
+    QCOMPARE(opened, 1);
+    controles.trocarFundoPadrao(MakePicture(QStringLiteral("Images/Dove.png"))); // while it is on show: at once
     QCOMPARE(m_fixture->core.estado.EstadoTela, QStringLiteral("PadraoDeFundo"));
     QCOMPARE(m_fixture->display.fundoPadrao, m_fixture->app.At(u"\\Images\\Dove.png"));
     m_fixture->Forget();
-    controles.Image11(); // given up
     controles.trocarFundoPadrao(m_fixture->app.At(u"\\Images\\missing.png"));
     QVERIFY(m_fixture->journal.isEmpty());
   }
 
-  void aPictureFromElsewhereIsCopiedInAndReplacesNothing_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("taken"); // another picture has that name
-    QTest::addColumn<QString>("kept");
-    QTest::newRow("free") << QStringLiteral("Hall.png") << false << QStringLiteral("Hall.png");
-    QTest::newRow("taken") << QStringLiteral("Hall.png") << true << QStringLiteral("Hall (2).png");
-    QTest::newRow("a mark of lists") << QStringLiteral("a|b\\c.png") << false << QStringLiteral("a_b_c.png");
-    QTest::newRow("blanks") << QStringLiteral(" Hall.png ") << false << QStringLiteral("Hall.png");
-  }
-  void aPictureFromElsewhereIsCopiedInAndReplacesNothing() {
-    QDir(m_fixture->folder.path()).mkdir(QStringLiteral("Elsewhere"));
-    QFETCH(QString, name);
-    QFETCH(QString, kept);
-    QFETCH(bool, taken);
-    const QString from = MakePicture(u"Elsewhere/" + name);
-    if (taken)
-      m_fixture->Write(u"Images/" + name.toLower(), "another picture"); // case does not count
-    for (int i = 0; i < 2; ++i) {                                       // the second time it lies there already
-      m_fixture->prompt.files = {from};
-      m_fixture->core.controles.Image11();
-      QCOMPARE(m_fixture->Config("padraodefundo"), kept);
-      QCOMPARE(m_fixture->Read(u"Images/" + kept), m_fixture->Read(u"Elsewhere/" + name));
-    }
-    if (taken)
-      QCOMPARE(m_fixture->Read(u"Images/" + name.toLower()), QByteArray("another picture"));
-
-    m_fixture->Write(QStringLiteral("Elsewhere/letter.png"), "no picture");
-    m_fixture->prompt.files = {m_fixture->folder.filePath(QStringLiteral("Elsewhere/letter.png"))};
-    m_fixture->core.controles.Image11();
-    QCOMPARE(m_fixture->prompt.shown.last().text, QStringLiteral("This file cannot be used as a picture."));
-    QCOMPARE(m_fixture->Config("padraodefundo"), kept);
+  void aPictureFromTheGalleryStaysUntilTheTextMoves() {
+    ConsoleCore &core = m_fixture->core;
+    core.temaControle.SetCheckAlteraTemaAleatorio(true);
+    m_fixture->Show(QStringLiteral("Song"));
+    m_fixture->Forget();
+    const QString path = MakePicture(QStringLiteral("Images/Cross.png"));
+    core.efeitos.ImagemDaGaleria(path, true);
+    const auto placed = [&] { return core.estado.TemaAtual.Imagem == QString(path + u'|' + path + u'|'); };
+    QVERIFY(core.estado.FundoPreso && core.estado.TemaAtual.MoveImagens && placed());
+    QCOMPARE(m_fixture->display.commands.filter(QStringLiteral("CarregaTema|#")).size(), 1);
+    m_fixture->Show(QStringLiteral("Song")); // a new item keeps it
+    QVERIFY(placed());
+    core.stepper.TeclaEstrofe(1);
+    m_fixture->EndGlide();
+    QVERIFY(!core.estado.FundoPreso);
   }
 
 private:

@@ -29,6 +29,7 @@ public:
     std::function<void()> toThemes;
     std::function<void()> toReference; // the quick box
     std::function<void()> newSong;
+    std::function<void()> pictureOnScreen;
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QWidget>
+
+#include "themes/picture_adder.h"
+#include "themes/picture_gallery.h"
+#include "themes/small_copy_loader.h"
+#include "themes/ui/theme_doors.h"
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+
+namespace tolmira {
+
+class cExibeMiniaturas;
+class PictureView;
+enum class MarcaDeImagem;
+
+// The gallery of all pictures. It hands the chosen one to whoever opened it.
+class FrmBrowseImages : public QWidget {
+  Q_OBJECT
+
+public:
+  explicit FrmBrowseImages(const ThemeDoors &doors);
+  ~FrmBrowseImages() override;
+
+  // Modal over its client. A gallery that stands open goes over to the new client.
+  void Open(const PedidoDeImagem &pedido);
+
+protected:
+  void keyPressEvent(QKeyEvent *event) override;
+  void resizeEvent(QResizeEvent *event) override;
+  void hideEvent(QHideEvent *event) override;
+
+private:
+  void MakeTop();
+  void MakeGrid();
+  void MakeBottom();
+  void ExibireFechar();
+  bool Usa(); // hands the selected picture to the client; false when there is none to hand
+  void Label17();
+  void Adicionadas(const QStringList &nomes);
+  void AbreMenu(int index, const QPoint &global);
+  void Faz(MarcaDeImagem marca);
+  void Preview();
+  void AmpliaSelecionada();
+  void FechaPreview();
+  void Exclui();
+  void AtualizaTitulo();
+  void AtualizaBotoes();
+  QString Primeira() const; // the first entry of the menus, where the client gives it another text
+  QString Acao() const;     // the action label
+
+  ThemeDoors m_doors;
+  PictureGallery m_galeria;
+  SmallCopyLoader m_loader;
+  PictureAdder m_adder;
+  PedidoDeImagem m_pedido;
+  QLabel *m_titulo = nullptr;
+  QPushButton *m_label17 = nullptr;
+  cExibeMiniaturas *m_grade = nullptr;
+  PictureView *m_preview = nullptr;
+  QLabel *m_estado = nullptr;
+  QPushButton *m_para = nullptr;
+  QCheckBox *m_chkMoveImagem = nullptr;
+  QPushButton *m_ampliar = nullptr;
+  QPushButton *m_excluir = nullptr;
+  QPushButton *m_acao = nullptr;
+};
+
+} // namespace tolmira

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+#include "foundation/app_folder.h"
+#include "foundation/ini_store.h"
+#include "foundation/seams.h"
+#include "foundation/ui/form_position.h"
+
+class QWidget;
+
+namespace tolmira {
+
+// What the windows of the themes work with. All of it outlives them.
+struct ThemeDoors {
+  const AppFolder &app;
+  const IniStore &store;
+  FormPositions &posicoes;
+  UserPrompt &prompt;
+  QWidget *dono = nullptr; // the console's window, which they stand over
+  std::function<void(const QString &path)> trocarFundoPadrao;
+  // Puts the picture over the theme at once; `move`: with slow movement.
+  std::function<void(const QString &path, bool move)> exibeImagem;
+  std::function<bool()> moveImagens; // whether pictures move now
+};
+
+// Who opens the gallery, and what becomes of the picture.
+struct PedidoDeImagem {
+  QString modo;   // "FrmConfigTema", "FrmSlides", "FundoPadrao" or "FrmMonitor"
+  int numero = 0; // of the theme or slide
+  std::function<void(const QString &path)> usa; // with the stored path, which lies in <app>\Images\.
+  QWidget *dono = nullptr;                      // the window to stand over; the console when it is null
+};
+
+} // namespace tolmira

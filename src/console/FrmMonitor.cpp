@@ -343,11 +343,6 @@ void FrmMonitor::PlaceEdges() {
     edge->Place();
 }
 
-void FrmMonitor::resizeEvent(QResizeEvent *event) {
-  QMainWindow::resizeEvent(event);
-  PlaceEdges();
-}
-
 void FrmMonitor::showEvent(QShowEvent *event) {
   QMainWindow::showEvent(event);
   for (const int delay : EsperasDaMoldura)
@@ -361,6 +356,7 @@ void FrmMonitor::showEvent(QShowEvent *event) {
 void FrmMonitor::resizeEvent(QResizeEvent *event) {
   m_impl->FitTo(event->size());
   QMainWindow::resizeEvent(event);
+  PlaceEdges();
 }
 
 void FrmMonitor::closeEvent(QCloseEvent *event) {

@@ -36,11 +36,13 @@ QStringList TextoDasEstrofes(const PaginatedSong &paged) {
 
 int Linhas(const QString &verso) { return static_cast<int>(verso.count(u"<br>")) + 1; }
 
-// The verse that begins nearest before the line by which verse `n` began: cut for another frame, a song has its stanzas
-// split at other lines.
+// Where verse `n` is now. Cut for another frame, a song has its stanzas split at other lines: it is the verse with the line
+// by which that one began. A text that was edited meanwhile keeps the number.
 int MesmoLugar(const QStringList &antes, int n, const QStringList &agora) {
   const int total = static_cast<int>(agora.size());
-  if (antes.size() == agora.size() || n > antes.size())
+  const QString linhas = QStringLiteral("<br>");
+  if (antes.size() == agora.size() || n > antes.size() ||
+      antes.join(linhas).compare(agora.join(linhas), Qt::CaseInsensitive) != 0)
     return std::min(n, total);
   int linha = 0;
   for (int i = 0; i < n - 1; ++i)

@@ -9,6 +9,7 @@
 #include "support/full_disk.h"
 
 using namespace tolmira;
+using namespace tolmira::testing;
 
 class TestProgramFolder : public QObject {
   Q_OBJECT

@@ -304,7 +304,7 @@ private slots:
     desktop.Forget();
     desktop.core.PaginaVoltou(Alvo::Previa);
     QVERIFY(desktop.display.commands.isEmpty() && desktop.display.page.scripts.isEmpty());
-    QVERIFY(desktop.preview.scripts.last().startsWith(u"UpdateTextHtml("));
+    QCOMPARE(desktop.preview.scripts.filter(QStringLiteral("UpdateTextHtml(")).size(), 1);
     desktop.Forget();
     desktop.core.PaginaVoltou(Alvo::Telao);
     QVERIFY(desktop.preview.scripts.isEmpty());

@@ -7,6 +7,7 @@
 #include "support/fixed_measure.h"
 #include "support/scripted_prompt.h"
 #include "support/scripted_random.h"
+#include "support/web_fixture.h"
 #include "support/window_walker.h"
 #include "support/window_warnings.h"
 #include "themes/FrmConfigTema.h"
@@ -106,7 +107,7 @@ private slots:
                  QStringLiteral("\"VAELIS\""));
     const auto text = [](const char *colour, const char *word) {
       return QStringLiteral("UpdateTextHtml('<div class=\\'\\' style=\\'font-family:&quot;Liberation Sans&quot;; color:%1; "
-                            "text-shadow:#161717 0px 1px 2px , 0px 0px 0px ;\\'>%2</div>')")
+                            "text-shadow:#161817 0px 1px 2px , 0px 0px 0px ;\\'>%2</div>')")
           .arg(QLatin1String(colour), QLatin1String(word));
     };
     room.heard.Take();

@@ -47,7 +47,11 @@ FrmBrowseImages::FrmBrowseImages(const ThemeDoors &doors)
   connect(&m_adder, &PictureAdder::Terminou, this, &FrmBrowseImages::Adicionadas);
 }
 
-FrmBrowseImages::~FrmBrowseImages() = default;
+// The parts that stand on the loader go before it does.
+FrmBrowseImages::~FrmBrowseImages() {
+  delete m_preview;
+  delete m_grade;
+}
 
 void FrmBrowseImages::MakeTop() {
   auto *row = new QHBoxLayout;

@@ -9,6 +9,7 @@
 #include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
+#include <QSaveFile>
 #include <QtEndian>
 #include <memory>
 
@@ -68,7 +69,7 @@ class OpenPicture {
   QBuffer m_bytes;
 
 public:
-  explicit OpenPicture(const QString &storedPath) : m_file(MapStoredPath(storedPath).text()) {
+  explicit OpenPicture(const QString &realPath) : m_file(realPath) {
     if (QFileInfo(m_file.fileName()).isFile() && m_file.open(QIODevice::ReadOnly))
       facts.problem = LookAtHeader();
   }
@@ -116,18 +117,18 @@ private:
 
 } // namespace
 
-PictureFacts ExaminePicture(const QString &storedPath) {
-  OpenPicture picture(storedPath);
+PictureFacts ExaminePicture(const QString &realPath) {
+  OpenPicture picture(realPath);
   picture.LookAtEnd();
   return picture.facts;
 }
 
-QSize PictureSize(const QString &storedPath) {
-  return OpenPicture(storedPath).facts.size;
+QSize PictureSize(const QString &realPath) {
+  return OpenPicture(realPath).facts.size;
 }
 
-PictureImage ReadPicture(const QString &storedPath, const std::function<QSize(const QSize &)> &wanted) {
-  OpenPicture picture(storedPath);
+PictureImage ReadPicture(const QString &realPath, const std::function<QSize(const QSize &)> &wanted) {
+  OpenPicture picture(realPath);
   picture.LookAtEnd();
   PictureImage result{{}, picture.facts.size, picture.facts.problem};
   if (result.problem != PictureProblem::None)
@@ -164,13 +165,21 @@ QImage RedimensionaFoto(const QImage &picture, int largura, int altura) {
   return picture.scaled(largura, altura, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-bool SalvaJpeg(const QImage &picture, const QString &storedPath, int qualidade) {
+bool SalvaJpeg(const QImage &picture, const QString &storedPath, int qualidade, DiskWait wait) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   QImageWriter writer(&buffer, "jpg");
   writer.setQuality(qualidade);
-  return !picture.isNull() && writer.write(WithoutTransparency(picture)) && WriteFileAtomically(storedPath, bytes);
+  if (picture.isNull() || !writer.write(WithoutTransparency(picture)))
+    return false;
+  if (wait == DiskWait::Wait)
+    return WriteFileAtomically(storedPath, bytes);
+  QSaveFile file(MapStoredPath(storedPath).text());
+  // commit() would take a cut-off file for whole, where the rest only fails at the flush.
+  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+    return false;
+  return file.commit();
 }
 
 } // namespace tolmira

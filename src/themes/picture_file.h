@@ -8,6 +8,8 @@
 
 namespace tolmira {
 
+// Pictures are read by their real paths, which is how file dialogues and the desktop name them; SalvaJpeg takes a stored one.
+
 enum class PictureProblem {
   None,
   Missing,   // no file of that name
@@ -22,8 +24,8 @@ struct PictureFacts {
   QByteArray format; // as the reader names it: "jpeg", "png", "webp" ...; of the content, whatever the name says
   QSize size;        // px, upright: orientation tags are honoured
 };
-PictureFacts ExaminePicture(const QString &storedPath);
-QSize PictureSize(const QString &storedPath); // of the header alone, px, upright; empty when there is none
+PictureFacts ExaminePicture(const QString &realPath);
+QSize PictureSize(const QString &realPath); // of the header alone, px, upright; empty when there is none
 
 struct PictureImage {
   QImage image; // null when there is a problem
@@ -33,7 +35,7 @@ struct PictureImage {
 
 // The picture upright at the size that `wanted` makes of its own. JPEG is decoded at reduced scale, which saves most of
 // the work. An animation gives its first picture. Can be called from any thread.
-PictureImage ReadPicture(const QString &storedPath, const std::function<QSize(const QSize &)> &wanted);
+PictureImage ReadPicture(const QString &realPath, const std::function<QSize(const QSize &)> &wanted);
 
 // The picture on black, for files and places that know no transparency.
 QImage WithoutTransparency(const QImage &picture);
@@ -42,7 +44,9 @@ QImage WithoutTransparency(const QImage &picture);
 // kept. The null image when both are 0 or the picture is null.
 QImage RedimensionaFoto(const QImage &picture, int largura, int altura);
 
-// Writes a JPEG as one step; transparent parts become black. `qualidade` 0 to 100. False when nothing was written.
-bool SalvaJpeg(const QImage &picture, const QString &storedPath, int qualidade);
+// Writes a JPEG as one step; transparent parts become black. `qualidade` 0 to 100. False when nothing was written. What
+// can be made again at any time need not wait for the disk.
+enum class DiskWait { Wait, DontWait };
+bool SalvaJpeg(const QImage &picture, const QString &storedPath, int qualidade, DiskWait wait = DiskWait::Wait);
 
 } // namespace tolmira

@@ -16,9 +16,11 @@ constexpr int Quality = 50;
 
 struct Copy {
   Copy(const AppFolder &app, const QString &nome)
-      : picture(app.At(u"\\Images\\") + nome), small(app.At(u"\\Images\\Mini\\") + nome) {}
-  QString picture;
-  QString small;
+      : picture(MapStoredPath(app.At(u"\\Images\\") + nome).text()), stored(app.At(u"\\Images\\Mini\\") + nome) {}
+  QString Small() const { return MapStoredPath(stored).text(); }
+
+  QString picture; // real path
+  QString stored;  // of the small copy
 };
 
 PictureImage ReadAtSmallSize(const QString &picture) {
@@ -27,31 +29,31 @@ PictureImage ReadAtSmallSize(const QString &picture) {
 
 // With the picture's date, so that the order of the gallery does not depend on which copies were made first.
 bool Write(const Copy &copy, const QImage &image) {
-  if (!SalvaJpeg(image, copy.small, Quality))
+  if (!SalvaJpeg(image, copy.stored, Quality, DiskWait::DontWait))
     return false;
-  if (QFile file(MapStoredPath(copy.small).text()); file.open(QIODevice::ReadWrite))
-    file.setFileTime(QFileInfo(MapStoredPath(copy.picture).text()).lastModified(), QFileDevice::FileModificationTime);
+  if (QFile file(copy.Small()); file.open(QIODevice::ReadWrite))
+    file.setFileTime(QFileInfo(copy.picture).lastModified(), QFileDevice::FileModificationTime);
   return true;
 }
 
 QImage ReadFresh(const Copy &copy) {
-  const QFileInfo picture(MapStoredPath(copy.picture).text());
-  const QFileInfo small(MapStoredPath(copy.small).text());
+  const QFileInfo picture(copy.picture);
+  const QFileInfo small(copy.Small());
   if (!small.isFile() || small.lastModified() < picture.lastModified())
     return {};
-  return ReadAtSmallSize(copy.small).image;
+  return ReadAtSmallSize(copy.Small()).image;
 }
 
 } // namespace
 
 bool CriaMiniatura(const AppFolder &app, const QString &nome, bool refazer) {
   const Copy copy(app, nome);
-  if (!refazer && FileExists(copy.small))
+  if (!refazer && FileExists(copy.stored))
     return true;
   const PictureImage read = ReadAtSmallSize(copy.picture);
   if (!read.image.isNull())
     Write(copy, read.image);
-  return FileExists(copy.small);
+  return FileExists(copy.stored);
 }
 
 PictureImage TrazMiniatura(const AppFolder &app, const QString &nome) {

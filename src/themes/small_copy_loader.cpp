@@ -1,5 +1,6 @@
 #include "themes/small_copy_loader.h"
 
+#include "foundation/real_path.h"
 #include "themes/small_copy.h"
 
 #include <QThread>
@@ -85,7 +86,7 @@ void SmallCopyLoader::Trabalha() {
         const bool fits = size.width() <= area.width() && size.height() <= area.height();
         return fits ? size : size.scaled(area, Qt::KeepAspectRatio);
       };
-      const PictureImage imagem = ReadPicture(m_app.At(u"\\Images\\") + nome, inside);
+      const PictureImage imagem = ReadPicture(MapStoredPath(m_app.At(u"\\Images\\") + nome).text(), inside);
       QMetaObject::invokeMethod(this, [this, nome, imagem] { emit Ampliada(nome, imagem); }, Qt::QueuedConnection);
       continue;
     }

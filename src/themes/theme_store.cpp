@@ -173,7 +173,14 @@ QString ThemeStore::ImagensExistentes(const QString &nomes) const {
   return paths;
 }
 
-TemaTile ThemeStore::CarregaTile(int n, const QSize &tilePx) {
+bool FazMiniatura(TemaTile &tile, const QSize &tilePx) {
+  if (tile.imagemAFazer.isEmpty() || !MakeThumbnail(tile.imagemAFazer, tile.destino, tilePx))
+    return false;
+  tile.miniatura = tile.destino;
+  return true;
+}
+
+TemaTile ThemeStore::CarregaTile(int n) const {
   TemaTile tile;
   if (!EhNumeroDeTema(n))
     return tile;
@@ -184,8 +191,12 @@ TemaTile ThemeStore::CarregaTile(int n, const QSize &tilePx) {
     if (count > 1)
       tile.contagem = QStringLiteral("%1 Imagens").arg(count);
     const QString picture = PrimeiroDaLista(tema.Imagem);
-    if (FileExists(miniatura) || (FileExists(picture) && MakeThumbnail(picture, miniatura, tilePx)))
+    if (FileExists(miniatura)) {
       tile.miniatura = miniatura;
+    } else if (FileExists(picture)) {
+      tile.imagemAFazer = picture;
+      tile.destino = miniatura;
+    }
   } else if (tema.Tipo == u"Video") {
     tile.emblemaVideo = true;
     if (FileExists(miniatura))

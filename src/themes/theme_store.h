@@ -15,6 +15,8 @@ struct TemaTile {
   qint32 corDeFundo = 0; // 0x00BBGGRR, for a tile without a picture of Tipo "CorDeFundo"
   QString contagem;      // "3 Imagens"; empty for none
   bool emblemaVideo = false;
+  QString imagemAFazer; // the picture that a missing thumbnail is to be made of; stored path
+  QString destino;      // and where to
 };
 
 // Reads <app>\Data\Themes.ini. Missing files and keys give defaults, never an error.
@@ -25,8 +27,8 @@ public:
   // 0: all sixteen; any other number that is no theme's does nothing. Fills the table, drops outdated thumbnails. What
   // the file does not keep (Efeito_Imagem_FxOut, Font_Size) stays as it was in the table.
   void LoadTemas(int n);
-  // The tile of theme n; makes a missing thumbnail of a picture theme at `tilePx` (JPEG, quality 90).
-  TemaTile CarregaTile(int n, const QSize &tilePx);
+  // The tile of theme n as it is on the disk. Where the thumbnail of a picture theme is missing it says what to make it of.
+  TemaTile CarregaTile(int n) const;
 
   static QString ChaveMiniatura(const TemaRecord &tema); // "<length>_<font>_<tipo>_<sombra>_<borda>"
   QString CaminhoMiniatura(int n) const;
@@ -39,6 +41,10 @@ private:
   const AppFolder m_app;
   TabelaTemas &m_temas;
 };
+
+// Makes the thumbnail that the tile lacks, at `tilePx` (JPEG, quality 90), and names it; does nothing for any other tile.
+// Can be called from any thread. True when it was made.
+bool FazMiniatura(TemaTile &tile, const QSize &tilePx);
 
 // The next theme for automatic rotation: the queued one, else a draw among the ticked slots. `ticked` has index 1 to
 // 16; when the queued slot is not ticked, or the draw finds no ticked one, slot 1 is ticked and taken. Slot 16 is never

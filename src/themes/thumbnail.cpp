@@ -1,5 +1,6 @@
 #include "themes/thumbnail.h"
 
+#include "foundation/real_path.h"
 #include "themes/picture_file.h"
 
 #include <QPainter>
@@ -24,7 +25,7 @@ bool MakeThumbnail(const QString &picture, const QString &target, const QSize &s
   if (sizePx.isEmpty())
     return false;
   const QImage image =
-      ReadPicture(picture, [&sizePx](const QSize &whole) { return CoveringSize(whole, sizePx); }).image;
+      ReadPicture(MapStoredPath(picture).text(), [&sizePx](const QSize &whole) { return CoveringSize(whole, sizePx); }).image;
   if (image.isNull())
     return false;
 
@@ -35,7 +36,7 @@ bool MakeThumbnail(const QString &picture, const QString &target, const QSize &s
   QPainter painter(&tile);
   painter.drawImage((sizePx.width() - image.width()) / 2, (sizePx.height() - image.height()) / 2, image);
   painter.end();
-  return SalvaJpeg(tile, target, Quality);
+  return SalvaJpeg(tile, target, Quality, DiskWait::DontWait);
 }
 
 } // namespace tolmira

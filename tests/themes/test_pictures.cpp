@@ -1,3 +1,4 @@
+#include <QImageReader>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -147,7 +148,7 @@ private slots:
     QTest::addColumn<QList<int>>("answers");
     QTest::addColumn<QStringList>("said");
     QTest::addColumn<QStringList>("arrived");
-    const auto mine = [](const char *name) { return QStringLiteral("mine/") + QString::fromUtf8(name); };
+    const auto mine = [](const char *name) -> QString { return QStringLiteral("mine/") + QString::fromUtf8(name); };
     const QStringList none;
     QTest::newRow("new") << QStringList{mine("new.png")} << QList<int>{} << none << QStringList{QStringLiteral("new.png")};
     QTest::newRow("own") << QStringList{QStringLiteral("app/Images/old.png"), mine("new.png")} << QList<int>{}

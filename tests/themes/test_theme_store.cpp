@@ -125,7 +125,7 @@ private slots:
     QCOMPARE(Tema(1).Tipo, QStringLiteral("Video"));
     QCOMPARE(Tema(1).Video, m_app->At(u"\\Images\\v.mp4|"));
     QCOMPARE(Tema(1).Efeito_Imagem_timeout, QStringLiteral("-1"));
-    QVERIFY(m_store->CarregaTile(1, QSize(80, 45)).emblemaVideo);
+    QVERIFY(Tile(1, QSize(80, 45)).emblemaVideo);
   }
 
   void whatTheFileDoesNotKeepOutlivesALoad() {
@@ -139,7 +139,7 @@ private slots:
   void numbersOutsideTheTableDoNothing() {
     for (const int n : {-1, 17, 1000}) {
       m_store->LoadTemas(n);
-      QCOMPARE(m_store->CarregaTile(n, QSize(10, 10)).miniatura, QString());
+      QCOMPARE(Tile(n, QSize(10, 10)).miniatura, QString());
       m_store->excluiMiniInvalidos(n);
     }
   }
@@ -171,7 +171,7 @@ private slots:
     Write("Images/b.png", "x");
     Write("Data/Themes.ini", "[Tema-2]\r\nTipo=Imagem\r\nimg=a.png|b.png|\r\n");
     m_store->LoadTemas(0);
-    const TemaTile tile = m_store->CarregaTile(2, QSize(96, 54));
+    const TemaTile tile = Tile(2, QSize(96, 54));
     QCOMPARE(tile.contagem, QStringLiteral("2 Imagens"));
     QCOMPARE(tile.miniatura, m_app->At(u"\\Data\\mini\\tema2-5_MyriadPro_Imagem_1_1.jpg"));
     const QImage made(m_dir->filePath(QStringLiteral("Data/mini/tema2-5_MyriadPro_Imagem_1_1.jpg")), "jpg");
@@ -184,13 +184,13 @@ private slots:
     Write("Images/a.png", "no picture at all");
     Write("Data/Themes.ini", "[Tema-1]\r\nTipo=Imagem\r\nimg=a.png|\r\n");
     m_store->LoadTemas(0);
-    TemaTile tile = m_store->CarregaTile(1, QSize(96, 54));
+    TemaTile tile = Tile(1, QSize(96, 54));
     QCOMPARE(tile.miniatura, QString());
     QCOMPARE(tile.contagem, QString());
     QVERIFY(Mini().isEmpty());
 
     Write("Data/mini/tema1-5_MyriadPro_Imagem_1_1.jpg", "old");
-    tile = m_store->CarregaTile(1, QSize(96, 54));
+    tile = Tile(1, QSize(96, 54));
     QCOMPARE(tile.miniatura, m_store->CaminhoMiniatura(1));
     QCOMPARE(Read("Data/mini/tema1-5_MyriadPro_Imagem_1_1.jpg"), QByteArray("old"));
   }
@@ -200,7 +200,7 @@ private slots:
     QVERIFY(QImage(10, 10, QImage::Format_RGB32).save(m_dir->filePath(QStringLiteral("Images/a.png"))));
     Write("Data/Themes.ini", "[Tema-1]\r\nTipo=Imagem\r\nimg=a.png|\r\n");
     m_store->LoadTemas(0);
-    QCOMPARE(m_store->CarregaTile(1, QSize(96, 54)).miniatura, QString());
+    QCOMPARE(Tile(1, QSize(96, 54)).miniatura, QString());
     QVERIFY(!QDir(m_dir->path()).exists(QStringLiteral("Data/mini")));
   }
 
@@ -210,7 +210,7 @@ private slots:
     QVERIFY(clear.save(m_dir->filePath(QStringLiteral("Images/a.png"))));
     Write("Data/Themes.ini", "[Tema-1]\r\nTipo=Imagem\r\nimg=a.png|\r\n");
     m_store->LoadTemas(1);
-    QVERIFY(!m_store->CarregaTile(1, QSize(16, 9)).miniatura.isEmpty());
+    QVERIFY(!Tile(1, QSize(16, 9)).miniatura.isEmpty());
     QCOMPARE(QImage(m_dir->filePath(QStringLiteral("Data/mini/") + Mini().first())).pixelColor(8, 4),
              QColor(Qt::black));
   }
@@ -228,7 +228,7 @@ private slots:
   void aPlainColourTileHasItsColour() {
     Write("Data/Themes.ini", "[Tema-1]\r\nCordeFundo=255\r\n");
     m_store->LoadTemas(1);
-    const TemaTile tile = m_store->CarregaTile(1, QSize(96, 54));
+    const TemaTile tile = Tile(1, QSize(96, 54));
     QCOMPARE(tile.corDeFundo, 255);
     QVERIFY(tile.miniatura.isEmpty() && tile.contagem.isEmpty() && !tile.emblemaVideo);
   }
@@ -276,6 +276,13 @@ private slots:
   }
 
 private:
+  // With the thumbnail that it lacks.
+  TemaTile Tile(int n, const QSize &px) const {
+    TemaTile tile = m_store->CarregaTile(n);
+    FazMiniatura(tile, px);
+    return tile;
+  }
+
   const TemaRecord &Tema(int n) const { return m_temas[static_cast<std::size_t>(n)]; }
   QStringList Mini() const {
     return QDir(m_dir->filePath(QStringLiteral("Data/mini"))).entryList(QDir::Files, QDir::Name);

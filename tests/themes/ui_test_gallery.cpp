@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyleHints>
 #include <QUrl>
 #include <QtTest>
 

@@ -76,6 +76,7 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   m_mntrocar->addAction(QStringLiteral("Apply Theme"), this, [this] { m_parts.temas.MenuAplicar(m_menuTile); });
   m_mntrocar->addAction(QStringLiteral("Configure Theme\tF2"), this, [this] { Configura(m_menuTile); });
 
+  m_maker.setMaxThreadCount(1);
   m_loader = new QTimer(this);
   m_loader->setInterval(0);
   connect(m_loader, &QTimer::timeout, this, &ThemesPanel::LoadNext);
@@ -187,7 +188,28 @@ void ThemesPanel::LoadNext() {
   const int n = m_waiting.front();
   m_waiting.pop_front();
   m_shown[static_cast<size_t>(n)] = m_parts.temas.Temas()[static_cast<size_t>(n)];
-  const TemaTile tile = m_parts.loja.CarregaTile(n, TamanhoDoTile);
+  const TemaTile tile = m_parts.loja.CarregaTile(n);
+  ShowTile(n, tile);
+  if (!tile.imagemAFazer.isEmpty())
+    MakeThumbnailOf(n, tile);
+}
+
+void ThemesPanel::MakeThumbnailOf(int n, TemaTile tile) {
+  ++m_making;
+  m_maker.start([this, n, tile, tema = m_shown[static_cast<size_t>(n)]]() mutable {
+    const bool made = FazMiniatura(tile, TamanhoDoTile);
+    QMetaObject::invokeMethod(
+        this,
+        [this, n, tile, tema, made] {
+          --m_making;
+          if (made && tema == m_shown[static_cast<size_t>(n)]) // else it has changed meanwhile
+            ShowTile(n, tile);
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+void ThemesPanel::ShowTile(int n, const TemaTile &tile) {
   ThemeTile::Content content;
   if (!tile.miniatura.isEmpty()) {
     QImageReader reader(MapStoredPath(tile.miniatura).text());

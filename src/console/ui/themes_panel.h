@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QThreadPool>
 #include <QWidget>
 
 #include <array>
@@ -26,12 +27,12 @@ public:
 
   void Atualiza();      // frames and boxes
   void ThemesChanged(); // tiles whose theme changed are drawn anew, the ticks are copied
-  // Reads all tiles. A tile that is not ready on the disk costs a decode, so they come one by one when the loop is idle.
+  // Reads all tiles, one by one when the loop is idle. A thumbnail that is missing is made beside the interface thread.
   void CarregaTiles();
   void SetCompact(bool compact); // lower tiles
   void RecarregaTile(int n); // its picture on the disk is another one
   std::function<void(int n)> AbreConfigTema; // the theme's editor; may be empty
-  bool TilesPending() const { return !m_waiting.empty(); }
+  bool TilesPending() const { return !m_waiting.empty() || m_making > 0; }
 
   static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
 
@@ -43,6 +44,8 @@ private:
   void Configura(int n);
   void LoadNext();
   void FitTiles();
+  void MakeThumbnailOf(int n, TemaTile tile);
+  void ShowTile(int n, const TemaTile &tile);
 
   ConsoleParts m_parts;
   QCheckBox *m_altera;
@@ -58,6 +61,8 @@ private:
   bool m_compact = false;
   std::deque<int> m_waiting;
   QTimer *m_loader;
+  int m_making = 0;
+  QThreadPool m_maker; // last: it waits for what is under way before anything else goes
 };
 
 } // namespace tolmira

@@ -154,6 +154,7 @@ QWidget *FrmConfigTema::MakeColourPage() {
   auto *page = new QWidget(this);
   auto *row = new QHBoxLayout(page);
   row->setContentsMargins(0, 0, 0, 0);
+  row->setAlignment(Qt::AlignTop);
   m_cor = new ColourButton("SelectColorsBack", tr("Background colour"), page);
   row->addWidget(m_cor);
   row->addWidget(new QLabel(tr("Background colour"), page));
@@ -239,6 +240,7 @@ QWidget *FrmConfigTema::MakeVideoPage() {
   auto *row = new QHBoxLayout(page);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(medidas::Step);
+  row->setAlignment(Qt::AlignTop);
   m_textVideo = new QLineEdit(page);
   m_textVideo->setObjectName(QStringLiteral("TextVideo"));
   m_textVideo->setAccessibleName(tr("Path of the video"));
@@ -323,8 +325,10 @@ void FrmConfigTema::LoadForm() {
 }
 
 void FrmConfigTema::Open() {
-  if (!isVisible())
+  if (!isVisible()) {
     m_doors.posicoes.RestoreFormPosition(*this, false);
+    m_checkTipo[KindOf(m_editor.tema.Tipo)]->setFocus();
+  }
   show();
   raise();
   activateWindow();

@@ -1,6 +1,8 @@
 #include "themes/ui/picture_strip.h"
 
+#include <QHash>
 #include <QKeyEvent>
+#include <QPixmap>
 #include <QSignalBlocker>
 
 namespace tolmira {
@@ -62,7 +64,9 @@ void PictureStrip::Escolhe(int posicao) {
 void PictureStrip::SetPicture(const QString &nome, const QImage &imagem) {
   if (imagem.isNull())
     return;
-  const QIcon icon(QPixmap::fromImage(imagem.scaled(Picture, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
+  const QPixmap picture = QPixmap::fromImage(imagem.scaled(Picture, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  QIcon icon(picture);
+  icon.addPixmap(picture, QIcon::Selected); // the chosen one keeps its colours
   for (int i = 0; i < count(); ++i)
     if (item(i)->toolTip() == nome)
       item(i)->setIcon(icon);

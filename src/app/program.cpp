@@ -100,9 +100,9 @@ struct Program::Impl {
   std::unique_ptr<BibleWindows> bible;
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
+  std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<FrmSobre> sobre;
-  std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
   std::unique_ptr<ConsoleStartup> startup;
@@ -403,9 +403,9 @@ Program::~Program() {
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();
-  m_impl->sobre.reset();
   m_impl->core.controles.AbreGaleria = nullptr;
   m_impl->themes.reset();
+  m_impl->sobre.reset();
   m_impl->console.reset();
 }
 

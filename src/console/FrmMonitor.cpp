@@ -42,7 +42,7 @@ constexpr QSize TamanhoMinimo{640, 400}; // below the room that the desk needs i
 constexpr int PartesDaMesa[] = {23, 47, 30};
 constexpr int PartesDaMesaLarga[] = {17, 40, 43};
 constexpr int LarguraDaMesaLarga = 2400; // px, from where the preview is worth more than a longer list
-constexpr int AlturaFolgada = 780;       // px, below which the desk is laid out tightly
+constexpr int AlturaFolgada = 700;       // px, below which the desk is laid out tightly
 constexpr int PartesDosTemas[] = {68, 32};
 constexpr int LarguraDaAgenda = 340; // least, px: five tabs with their default titles
 constexpr int EsperaDaPrevia = 120;  // ms without another change of its size

@@ -1,5 +1,12 @@
 #include "themes/FrmBrowseImages.h"
 
+#include "controls/ui/palette.h"
+#include "foundation/real_path.h"
+#include "foundation/text_file.h"
+#include "themes/ui/exibe_miniaturas.h"
+#include "themes/ui/picture_menus.h"
+#include "themes/ui/picture_view.h"
+
 #include <QCheckBox>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -8,13 +15,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include "controls/ui/palette.h"
-#include "foundation/real_path.h"
-#include "foundation/text_file.h"
-#include "themes/ui/exibe_miniaturas.h"
-#include "themes/ui/picture_menus.h"
-#include "themes/ui/picture_view.h"
 
 namespace tolmira {
 
@@ -29,7 +29,7 @@ FrmBrowseImages::FrmBrowseImages(const ThemeDoors &doors)
     : QWidget(doors.dono, Qt::Dialog), m_doors(doors), m_galeria(doors.app, doors.store), m_loader(doors.app),
       m_adder(doors.app, doors.prompt) {
   setObjectName(QStringLiteral("FrmBrowseImages"));
-  setMinimumSize(480, 360);
+  setMinimumHeight(360); // the width is that of the bottom row
   auto *column = new QVBoxLayout(this);
   column->setContentsMargins(medidas::Margin, medidas::Margin, medidas::Margin, medidas::Margin);
   column->setSpacing(medidas::Gap);
@@ -167,6 +167,8 @@ void FrmBrowseImages::Open(const PedidoDeImagem &pedido) {
   m_chkMoveImagem->setVisible(pedido.modo == u"FrmMonitor");
   m_chkMoveImagem->setChecked(m_doors.moveImagens && m_doors.moveImagens());
   FechaPreview();
+  if (!m_adder.Trabalhando())
+    m_estado->clear();
   m_grade->carregaImagensPorData();
   if (m_grade->IndexSelecionado() < 0)
     m_grade->scrollToTop();
@@ -227,8 +229,7 @@ void FrmBrowseImages::ExibireFechar() {
 }
 
 void FrmBrowseImages::Label17() {
-  const QStringList paths =
-      m_doors.prompt.OpenFiles(tr("Add pictures"), m_galeria.PastaAddImg(), FiltroDeImagens());
+  const QStringList paths = m_doors.prompt.OpenFiles(tr("Add pictures"), m_galeria.PastaAddImg(), FiltroDeImagens());
   if (paths.isEmpty())
     return;
   m_galeria.GuardaPastaAddImg(QFileInfo(paths.first()).absolutePath());
@@ -237,14 +238,16 @@ void FrmBrowseImages::Label17() {
 
 void FrmBrowseImages::Adicionadas(const QStringList &nomes) {
   m_para->hide();
-  m_estado->setText(nomes.isEmpty()       ? QString()
+  m_estado->setText(nomes.isEmpty()     ? QString()
                     : nomes.size() == 1 ? tr("1 picture added")
                                         : tr("%1 pictures added").arg(nomes.size()));
   for (const QString &nome : nomes)
     m_grade->Esquece(nome);
   m_grade->carregaImagensPorData();
-  if (!nomes.isEmpty() && !m_preview->isVisible())
+  if (!nomes.isEmpty() && !m_preview->isVisible()) {
     m_grade->SetIndexSelecionado(m_grade->Modelo().LinhaDe(nomes.last()));
+    m_grade->setFocus(); // so that Enter uses it
+  }
   AtualizaTitulo();
 }
 

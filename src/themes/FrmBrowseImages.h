@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QWidget>
-
 #include "themes/picture_adder.h"
 #include "themes/picture_gallery.h"
 #include "themes/small_copy_loader.h"
 #include "themes/ui/theme_doors.h"
+
+#include <QWidget>
 
 class QCheckBox;
 class QLabel;

@@ -27,7 +27,9 @@ PictureAdder::PictureAdder(const AppFolder &app, UserPrompt &prompt, QObject *pa
   m_pool.setMaxThreadCount(1);
 }
 
-PictureAdder::~PictureAdder() { m_pool.waitForDone(); }
+PictureAdder::~PictureAdder() {
+  m_pool.waitForDone();
+}
 
 void PictureAdder::Adiciona(const QStringList &paths) {
   m_fila += paths;
@@ -38,7 +40,9 @@ void PictureAdder::Adiciona(const QStringList &paths) {
   Proximo();
 }
 
-void PictureAdder::Para() { m_fila.clear(); }
+void PictureAdder::Para() {
+  m_fila.clear();
+}
 
 void PictureAdder::Proximo() {
   emit Andou(m_feitos, m_total);
@@ -53,7 +57,8 @@ void PictureAdder::Proximo() {
     }
     m_pool.start([this, path] {
       const NomeDeImagem nome = NomeEmImagens(path);
-      QMetaObject::invokeMethod(this, [this, path, nome] { Examinou(path, nome); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(
+          this, [this, path, nome] { Examinou(path, nome); }, Qt::QueuedConnection);
     });
     return;
   }
@@ -69,10 +74,11 @@ void PictureAdder::Examinou(const QString &path, const NomeDeImagem &nome) {
   }
   if (FileExists(m_app.At(u"\\Images\\") + nome.nome)) {
     const QPointer<PictureAdder> alive(this);
-    const int answer = m_prompt.Ask(Titulo,
-                                    QStringLiteral("A file with this name already exists in the Tolmira images folder.\n"
-                                                   "Do you want to overwrite?"),
-                                    {QStringLiteral("Yes"), QStringLiteral("No")});
+    const int answer =
+        m_prompt.Ask(Titulo,
+                     QStringLiteral("A file with this name already exists in the Tolmira images folder.\n"
+                                    "Do you want to overwrite?"),
+                     {QStringLiteral("Yes"), QStringLiteral("No")});
     if (!alive)
       return;
     if (answer != 0) {
@@ -84,7 +90,8 @@ void PictureAdder::Examinou(const QString &path, const NomeDeImagem &nome) {
     const bool chegou = CopiaParaImagens(m_app, path, nome.nome);
     if (chegou)
       CriaMiniatura(m_app, nome.nome, true);
-    QMetaObject::invokeMethod(this, [this, nome, chegou] { Copiou(nome, chegou); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, nome, chegou] { Copiou(nome, chegou); }, Qt::QueuedConnection);
   });
 }
 
@@ -122,6 +129,8 @@ void PictureAdder::Acaba() {
     emit Terminou(chegaram);
 }
 
-void PictureAdder::Diz(MessageKind kind, const QString &text) { m_prompt.Message(kind, Titulo, text); }
+void PictureAdder::Diz(MessageKind kind, const QString &text) {
+  m_prompt.Message(kind, Titulo, text);
+}
 
 } // namespace tolmira

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "foundation/app_folder.h"
+#include "foundation/seams.h"
+#include "themes/picture_folder.h"
+
 #include <QObject>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QThreadPool>
-
-#include "foundation/app_folder.h"
-#include "foundation/seams.h"
-#include "themes/picture_folder.h"
 
 namespace tolmira {
 

@@ -8,7 +8,8 @@
 
 namespace tolmira {
 
-// Pictures are read by their real paths, which is how file dialogues and the desktop name them; SalvaJpeg takes a stored one.
+// Pictures are read by their real paths, which is how file dialogues and the desktop name them; SalvaJpeg takes a
+// stored one.
 
 enum class PictureProblem {
   None,

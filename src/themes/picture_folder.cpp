@@ -1,23 +1,23 @@
 #include "themes/picture_folder.h"
 
+#include "foundation/real_path.h"
+#include "foundation/text_file.h"
+#include "themes/picture_file.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <functional>
 
-#include "foundation/real_path.h"
-#include "foundation/text_file.h"
-#include "themes/picture_file.h"
-
 namespace tolmira {
 
 namespace {
 
-constexpr int NomesDemais = 1000;     // pictures of one name
+constexpr int NomesDemais = 1000;       // pictures of one name
 constexpr int QualidadeConvertida = 90; // of a picture that becomes a JPEG
 
-// "\" would be a folder, "|" a second picture, and quotation marks and blanks at the ends are taken off when a setting is
-// read.
+// "\" would be a folder, "|" a second picture, and quotation marks and blanks at the ends are taken off when a setting
+// is read.
 QString NomeSeguro(const QString &nome) {
   QString limpo = nome;
   for (QChar &c : limpo)
@@ -29,7 +29,9 @@ QString NomeSeguro(const QString &nome) {
   return limpo.isEmpty() ? QStringLiteral("picture") : limpo;
 }
 
-bool FicaComoEsta(const QByteArray &format) { return format == "jpeg" || format == "png" || format == "bmp"; }
+bool FicaComoEsta(const QByteArray &format) {
+  return format == "jpeg" || format == "png" || format == "bmp";
+}
 
 // The extensions of the gallery's pattern; what a page makes of a picture goes by its content.
 bool TemExtensaoListada(const QString &nome) {
@@ -75,7 +77,8 @@ bool CopiaInteiro(const QString &from, const QString &to) {
   return CommitWhole(target);
 }
 
-// Brings a picture in under the first of the names that `candidato` gives for 1, 2, ... that is free or holds it already.
+// Brings a picture in under the first of the names that `candidato` gives for 1, 2, ... that is free or holds it
+// already.
 QString Traz(const AppFolder &app, const QString &path, const std::function<QString(const QString &, int)> &candidato) {
   const QString nome = NomeEmImagens(path).nome;
   if (nome.isEmpty())
@@ -120,10 +123,10 @@ bool CopiaParaImagens(const AppFolder &app, const QString &path, const QString &
   const PictureFacts facts = ExaminePicture(path);
   if (facts.problem != PictureProblem::None)
     return false;
-  const bool posto = FicaComoEsta(facts.format)
-                         ? CopiaInteiro(path, MapStoredPath(destino).text())
-                         : SalvaJpeg(ReadPicture(path, [](const QSize &size) { return size; }).image, destino,
-                                     QualidadeConvertida);
+  const bool posto =
+      FicaComoEsta(facts.format)
+          ? CopiaInteiro(path, MapStoredPath(destino).text())
+          : SalvaJpeg(ReadPicture(path, [](const QSize &size) { return size; }).image, destino, QualidadeConvertida);
   if (posto)
     QFile::remove(MapStoredPath(app.At(u"\\Images\\Mini\\") + nome).text());
   return posto;

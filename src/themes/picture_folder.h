@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include "foundation/app_folder.h"
+
+#include <QString>
 
 namespace tolmira {
 

@@ -31,13 +31,19 @@ QFileInfoList Arquivos(const AppFolder &app, QStringView pasta, const QString &p
 }
 
 // A name with a "\" in it cannot be spelt as a stored path.
-bool TemCaminho(const QString &nome) { return !nome.contains(u'\\'); }
+bool TemCaminho(const QString &nome) {
+  return !nome.contains(u'\\');
+}
 
-QString Traduz(const char *texto) { return QCoreApplication::translate("PictureGallery", texto); }
+QString Traduz(const char *texto) {
+  return QCoreApplication::translate("PictureGallery", texto);
+}
 
 } // namespace
 
-QString TextoDaData(const QDateTime &data) { return data.toString(QStringLiteral("yyyy-MM-dd-h-m")); }
+QString TextoDaData(const QDateTime &data) {
+  return data.toString(QStringLiteral("yyyy-MM-dd-h-m"));
+}
 
 QString NomeDaEntrada(const QString &entrada) {
   const qsizetype at = entrada.indexOf(Separador);
@@ -67,9 +73,8 @@ QStringList PictureGallery::ListaPorData(const QString &padrao) const {
       entradas.push_back({file.fileName(), pequenas.value(file.fileName().toLower(), file.lastModified())});
   // Hours and minutes stand in the texts without leading zeros, so the order is that of the dates behind them: ten
   // o'clock comes after nine. It also goes on where the texts end, at the minute.
-  std::sort(entradas.begin(), entradas.end(), [](const Entrada &a, const Entrada &b) {
-    return a.data != b.data ? a.data > b.data : a.nome < b.nome;
-  });
+  std::sort(entradas.begin(), entradas.end(),
+            [](const Entrada &a, const Entrada &b) { return a.data != b.data ? a.data > b.data : a.nome < b.nome; });
 
   QStringList textos;
   for (const Entrada &entrada : entradas)
@@ -87,8 +92,7 @@ QString PictureGallery::Uso(const QString &nome) const {
     if (std::any_of(imagens.begin(), imagens.end(), eEla))
       temas.append(QString::number(n));
   }
-  const bool fundo =
-      eEla(m_store.ReadConfig(QStringLiteral("Config"), QStringLiteral("padraodefundo"), QString()));
+  const bool fundo = eEla(m_store.ReadConfig(QStringLiteral("Config"), QStringLiteral("padraodefundo"), QString()));
   QStringList usos;
   if (!temas.isEmpty())
     usos.append((temas.size() == 1 ? Traduz("theme %1") : Traduz("the themes %1")).arg(temas.join(u", ")));
@@ -104,8 +108,8 @@ bool PictureGallery::Exclui(const QString &nome, UserPrompt &prompt) const {
   if (!uso.isEmpty() && prompt.Ask(Titulo, uso + u'\n' + Traduz("Do you want to delete it all the same?"), simNao) != 0)
     return false;
   if (QFileInfo(path).isFile() && !QFile::moveToTrash(path)) {
-    const QString question = Traduz("“%1” cannot be moved to the trash.").arg(nome) + u'\n' +
-                             Traduz("Do you want to delete it for good?");
+    const QString question =
+        Traduz("“%1” cannot be moved to the trash.").arg(nome) + u'\n' + Traduz("Do you want to delete it for good?");
     if (prompt.Ask(Titulo, question, simNao) != 0)
       return false;
     if (!QFile::remove(path) && QFileInfo::exists(path)) {

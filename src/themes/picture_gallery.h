@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QDateTime>
-#include <QString>
-#include <QStringList>
-
 #include "foundation/app_folder.h"
 #include "foundation/ini_store.h"
 #include "foundation/seams.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
 
 namespace tolmira {
 
@@ -32,8 +32,8 @@ public:
 
   // A sentence that says which themes, and whether the default background, use the picture; empty when nothing does.
   QString Uso(const QString &nome) const;
-  // Moves the picture to the desktop's trash and removes its small copy. Asks first when something uses the picture, and
-  // before it is removed for good where there is no trash. True when the picture is gone.
+  // Moves the picture to the desktop's trash and removes its small copy. Asks first when something uses the picture,
+  // and before it is removed for good where there is no trash. True when the picture is gone.
   bool Exclui(const QString &nome, UserPrompt &prompt) const;
 
   // `pastaAddImg`: the folder last used for adding, a real path; at first the user's pictures folder.

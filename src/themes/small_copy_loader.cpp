@@ -87,7 +87,8 @@ void SmallCopyLoader::Trabalha() {
         return fits ? size : size.scaled(area, Qt::KeepAspectRatio);
       };
       const PictureImage imagem = ReadPicture(MapStoredPath(m_app.At(u"\\Images\\") + nome).text(), inside);
-      QMetaObject::invokeMethod(this, [this, nome, imagem] { emit Ampliada(nome, imagem); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(
+          this, [this, nome, imagem] { emit Ampliada(nome, imagem); }, Qt::QueuedConnection);
       continue;
     }
     const PictureImage imagem = TrazMiniatura(m_app, nome);

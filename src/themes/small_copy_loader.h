@@ -1,5 +1,8 @@
 #pragma once
 
+#include "foundation/app_folder.h"
+#include "themes/picture_file.h"
+
 #include <QHash>
 #include <QObject>
 #include <QSet>
@@ -7,9 +10,6 @@
 #include <QThreadPool>
 #include <mutex>
 #include <optional>
-
-#include "foundation/app_folder.h"
-#include "themes/picture_file.h"
 
 namespace tolmira {
 

@@ -27,7 +27,8 @@ public:
   // 0: all sixteen; any other number that is no theme's does nothing. Fills the table, drops outdated thumbnails. What
   // the file does not keep (Efeito_Imagem_FxOut, Font_Size) stays as it was in the table.
   void LoadTemas(int n);
-  // The tile of theme n as it is on the disk. Where the thumbnail of a picture theme is missing it says what to make it of.
+  // The tile of theme n as it is on the disk. Where the thumbnail of a picture theme is missing it says what to make it
+  // of.
   TemaTile CarregaTile(int n) const;
 
   static QString ChaveMiniatura(const TemaRecord &tema); // "<length>_<font>_<tipo>_<sombra>_<borda>"
@@ -42,8 +43,8 @@ private:
   TabelaTemas &m_temas;
 };
 
-// Makes the thumbnail that the tile lacks, at `tilePx` (JPEG, quality 90), and names it; does nothing for any other tile.
-// Can be called from any thread. True when it was made.
+// Makes the thumbnail that the tile lacks, at `tilePx` (JPEG, quality 90), and names it; does nothing for any other
+// tile. Can be called from any thread. True when it was made.
 bool FazMiniatura(TemaTile &tile, const QSize &tilePx);
 
 // The next theme for automatic rotation: the queued one, else a draw among the ticked slots. `ticked` has index 1 to

@@ -24,8 +24,9 @@ QSize CoveringSize(const QSize &picture, const QSize &tile) {
 bool MakeThumbnail(const QString &picture, const QString &target, const QSize &sizePx) {
   if (sizePx.isEmpty())
     return false;
-  const QImage image =
-      ReadPicture(MapStoredPath(picture).text(), [&sizePx](const QSize &whole) { return CoveringSize(whole, sizePx); }).image;
+  const QImage image = ReadPicture(MapStoredPath(picture).text(), [&sizePx](const QSize &whole) {
+                         return CoveringSize(whole, sizePx);
+                       }).image;
   if (image.isNull())
     return false;
 

@@ -61,7 +61,9 @@ inline QByteArray PngThatClaims(const QSize &size) {
   return bytes;
 }
 
-inline QByteArray HalfOf(const QByteArray &bytes) { return bytes.left(bytes.size() / 2); }
+inline QByteArray HalfOf(const QByteArray &bytes) {
+  return bytes.left(bytes.size() / 2);
+}
 
 // A JPEG with enough in it that half of it still has a header.
 inline QByteArray NoisyJpeg(const QSize &size) {

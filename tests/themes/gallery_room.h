@@ -1,14 +1,15 @@
 #pragma once
 
+#include "foundation/ini_store.h"
+#include "support/files.h"
+#include "support/scripted_prompt.h"
+#include "support/test_pictures.h"
+#include "themes/picture_gallery.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-
-#include "foundation/ini_store.h"
-#include "support/scripted_prompt.h"
-#include "support/test_pictures.h"
-#include "themes/picture_gallery.h"
 
 namespace tolmira::testing {
 
@@ -23,15 +24,10 @@ public:
 
   QString Path(const QString &name) const { return folder.filePath(name); }
   QString Write(const QString &name, const QByteArray &bytes) const {
-    QFile file(Path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-      qFatal("cannot write a test file");
+    WriteBytes(Path(name), bytes);
     return Path(name);
   }
-  QByteArray Read(const QString &name) const {
-    QFile file(Path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-  }
+  QByteArray Read(const QString &name) const { return ReadBytes(Path(name)); }
   QString Picture(const QString &name) const { return Write(u"app/Images/" + name, PictureBytes({16, 9}, "png")); }
   void SetDate(const QString &name, const QDateTime &date) const {
     QFile file(Path(name));

@@ -1,13 +1,13 @@
-#include <QImageReader>
-#include <QSignalSpy>
-#include <QtTest>
-
 #include "gallery_room.h"
 #include "support/full_disk.h"
 #include "themes/picture_adder.h"
 #include "themes/picture_folder.h"
 #include "themes/small_copy.h"
 #include "themes/small_copy_loader.h"
+
+#include <QImageReader>
+#include <QSignalSpy>
+#include <QtTest>
 
 using namespace tolmira;
 using namespace tolmira::testing;
@@ -22,7 +22,9 @@ const QString Taken = QStringLiteral("A file with this name already exists in th
                                      "Do you want to overwrite?");
 const QString NotCopied = QStringLiteral("Could not copy the image to the images folder.");
 
-QByteArray Webp() { return PictureBytes({40, 30}, "webp", QColor(255, 255, 255, 0)); }
+QByteArray Webp() {
+  return PictureBytes({40, 30}, "webp", QColor(255, 255, 255, 0));
+}
 
 } // namespace
 
@@ -135,9 +137,9 @@ private slots:
     room.Write(QStringLiteral("app/Images/Mini/with copy.bmp"), "x");
     room.SetDate(QStringLiteral("app/Images/Mini/with copy.bmp"), QDateTime(day, QTime(8, 0)));
     const QStringList entries = room.gallery.ListaPorData(PadraoDaGaleria);
-    QCOMPARE(entries, QStringList({QStringLiteral("2024-03-09-10-30 (-) TEN.PNG"),
-                                   QStringLiteral("2024-03-09-9-5 (-) nine.jpg"),
-                                   QStringLiteral("2024-03-09-8-0 (-) with copy.bmp")}));
+    QCOMPARE(entries,
+             QStringList({QStringLiteral("2024-03-09-10-30 (-) TEN.PNG"), QStringLiteral("2024-03-09-9-5 (-) nine.jpg"),
+                          QStringLiteral("2024-03-09-8-0 (-) with copy.bmp")}));
     QCOMPARE(NomeDaEntrada(entries.last()), QStringLiteral("with copy.bmp"));
     QCOMPARE(room.gallery.Lista(PadraoDaGaleria),
              QStringList({QStringLiteral("nine.jpg"), QStringLiteral("TEN.PNG"), QStringLiteral("with copy.bmp")}));
@@ -150,7 +152,8 @@ private slots:
     QTest::addColumn<QStringList>("arrived");
     const auto mine = [](const char *name) -> QString { return QStringLiteral("mine/") + QString::fromUtf8(name); };
     const QStringList none;
-    QTest::newRow("new") << QStringList{mine("new.png")} << QList<int>{} << none << QStringList{QStringLiteral("new.png")};
+    QTest::newRow("new") << QStringList{mine("new.png")} << QList<int>{} << none
+                         << QStringList{QStringLiteral("new.png")};
     QTest::newRow("own") << QStringList{QStringLiteral("app/Images/old.png"), mine("new.png")} << QList<int>{}
                          << QStringList{Own} << QStringList{QStringLiteral("new.png")};
     QTest::newRow("overwritten") << QStringList{mine("old.png")} << QList<int>{0} << QStringList{Taken}
@@ -158,10 +161,10 @@ private slots:
     QTest::newRow("kept") << QStringList{mine("old.png"), mine("new.png")} << QList<int>{1} << QStringList{Taken}
                           << QStringList{QStringLiteral("new.png")};
     QTest::newRow("no answer") << QStringList{mine("old.png")} << QList<int>{} << QStringList{Taken} << none;
-    QTest::newRow("converted")
-        << QStringList{mine("a.webp")} << QList<int>{}
-        << QStringList{QStringLiteral("Pictures of this kind are kept as JPEG in the program.\na.jpg")}
-        << QStringList{QStringLiteral("a.jpg")};
+    QTest::newRow("converted") << QStringList{mine("a.webp")} << QList<int>{}
+                               << QStringList{QStringLiteral(
+                                      "Pictures of this kind are kept as JPEG in the program.\na.jpg")}
+                               << QStringList{QStringLiteral("a.jpg")};
     QTest::newRow("other name of a JPEG")
         << QStringList{mine("b.JPEG")} << QList<int>{} << none << QStringList{QStringLiteral("b.jpg")};
     QTest::newRow("names") << QStringList{mine("ç d'água #1 100%.png"), mine("a|b.png")} << QList<int>{} << none
@@ -220,7 +223,7 @@ private slots:
 
   void bringingAPictureIn_data() {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("theme"); // 0: for the default background
+    QTest::addColumn<int>("theme");  // 0: for the default background
     QTest::addColumn<bool>("taken"); // another picture has that name
     QTest::addColumn<QString>("kept");
     const QString hall = QStringLiteral("Hall.png");
@@ -243,7 +246,7 @@ private slots:
     const QString from = room.Write(u"mine/" + name, PictureBytes({8, 8}, "png"));
     if (taken)
       room.Write(u"app/Images/" + name.toLower(), "another picture"); // case does not count
-    for (int i = 0; i < 2; ++i) { // the second time it lies there already
+    for (int i = 0; i < 2; ++i) {                                     // the second time it lies there already
       QCOMPARE(bring(from), kept);
       QCOMPARE(room.Read(u"app/Images/" + kept), room.Read(u"mine/" + name));
     }

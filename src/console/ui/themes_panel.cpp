@@ -1,5 +1,10 @@
 #include "console/ui/themes_panel.h"
 
+#include "controls/ui/frame_mark.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/theme_tile.h"
+#include "foundation/real_path.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QImageReader>
@@ -9,13 +14,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QVBoxLayout>
-
 #include <algorithm>
-
-#include "controls/ui/frame_mark.h"
-#include "controls/ui/palette.h"
-#include "controls/ui/theme_tile.h"
-#include "foundation/real_path.h"
 
 namespace tolmira {
 

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "console/ui/console_parts.h"
+
 #include <QThreadPool>
 #include <QWidget>
-
 #include <array>
 #include <deque>
 #include <functional>
-
-#include "console/ui/console_parts.h"
 
 class QCheckBox;
 class QMenu;
@@ -43,9 +42,9 @@ private:
   void MakeTile(int n, QWidget *panel);
   void Configura(int n);
   void LoadNext();
-  void FitTiles();
   void MakeThumbnailOf(int n, TemaTile tile);
   void ShowTile(int n, const TemaTile &tile);
+  void FitTiles();
 
   ConsoleParts m_parts;
   QCheckBox *m_altera;

@@ -31,7 +31,7 @@ void StateButton::SetCompact(bool compact) {
 
 QSize StateButton::sizeHint() const {
   if (m_compact)
-    return {medidas::Icon + 2 * medidas::Margin, medidas::Icon + fontMetrics().height() + medidas::Gap};
+    return {medidas::Icon + 2 * medidas::Gap, medidas::Icon + fontMetrics().height() + medidas::Gap};
   return {60 + fontMetrics().horizontalAdvance(text()) + fontMetrics().horizontalAdvance(m_hint), medidas::Control};
 }
 

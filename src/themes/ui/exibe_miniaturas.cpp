@@ -1,5 +1,10 @@
 #include "themes/ui/exibe_miniaturas.h"
 
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+#include "themes/small_copy.h"
+#include "themes/small_copy_loader.h"
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMimeData>
@@ -9,11 +14,6 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QUrl>
-
-#include "controls/ui/desk_icon.h"
-#include "controls/ui/palette.h"
-#include "themes/small_copy.h"
-#include "themes/small_copy_loader.h"
 
 namespace tolmira {
 
@@ -155,7 +155,8 @@ void cExibeMiniaturas::Setcordefundo(const QColor &cor) {
 
 void cExibeMiniaturas::AjustaGrade() {
   const QSize cell = CellDelegate::CellSize(m_borda, fontMetrics());
-  const QSize grid(viewport()->width() / Colunas(), cell.height() + m_distancia);
+  // The list breaks a row that would end at the very edge.
+  const QSize grid((viewport()->width() - 1) / Colunas(), cell.height() + m_distancia);
   if (grid != gridSize())
     setGridSize(grid);
   verticalScrollBar()->setSingleStep(qMax(1, grid.height() / 3));
@@ -175,16 +176,22 @@ void cExibeMiniaturas::SetIndexSelecionado(int index) {
   scrollTo(row);
 }
 
-QString cExibeMiniaturas::NomeArquivo() const { return m_modelo->Nomes().value(IndexSelecionado()); }
+QString cExibeMiniaturas::NomeArquivo() const {
+  return m_modelo->Nomes().value(IndexSelecionado());
+}
 
 QString cExibeMiniaturas::ItemSelecionado() const {
   const QString nome = NomeArquivo();
   return nome.isEmpty() ? QString() : m_galeria.Caminho(nome);
 }
 
-int cExibeMiniaturas::GetTotal() const { return m_modelo->rowCount(); }
+int cExibeMiniaturas::GetTotal() const {
+  return m_modelo->rowCount();
+}
 
-void cExibeMiniaturas::carregaImagens() { Carrega(m_galeria.Lista(m_pattern)); }
+void cExibeMiniaturas::carregaImagens() {
+  Carrega(m_galeria.Lista(m_pattern));
+}
 
 void cExibeMiniaturas::carregaImagensPorData() {
   QStringList nomes;
@@ -200,7 +207,9 @@ void cExibeMiniaturas::Carrega(const QStringList &nomes) {
   emit Mudou();
 }
 
-void cExibeMiniaturas::RemovePics() { Carrega({}); }
+void cExibeMiniaturas::RemovePics() {
+  Carrega({});
+}
 
 void cExibeMiniaturas::Retira(int index) {
   m_modelo->Remove(index);
@@ -217,7 +226,9 @@ void cExibeMiniaturas::MoveScroll(int linhas) {
   verticalScrollBar()->setValue(verticalScrollBar()->value() + linhas * gridSize().height());
 }
 
-int cExibeMiniaturas::LinhasPorPagina() const { return qMax(1, viewport()->height() / qMax(1, gridSize().height())); }
+int cExibeMiniaturas::LinhasPorPagina() const {
+  return qMax(1, viewport()->height() / qMax(1, gridSize().height()));
+}
 
 // What is in sight first, then the page that comes next, then the one before: so a page that is turned is there.
 void cExibeMiniaturas::PedeVisiveis() {
@@ -320,6 +331,19 @@ void cExibeMiniaturas::keyPressEvent(QKeyEvent *event) {
   case Qt::Key_Escape:
     event->ignore();
     return;
+  case Qt::Key_Left:
+  case Qt::Key_Right:
+  case Qt::Key_Up:
+  case Qt::Key_Down:
+  case Qt::Key_PageUp:
+  case Qt::Key_PageDown:
+  case Qt::Key_Home:
+    // The list takes its first row for the current one as soon as it has the focus; the first key selects it.
+    if (index < 0) {
+      SetIndexSelecionado(0);
+      return;
+    }
+    break;
   default:
     break;
   }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "themes/picture_gallery.h"
+#include "themes/ui/gallery_model.h"
+
 #include <QColor>
 #include <QElapsedTimer>
 #include <QListView>
 #include <QStringList>
-
-#include "themes/picture_gallery.h"
-#include "themes/ui/gallery_model.h"
 
 class QTimer;
 
@@ -46,21 +46,21 @@ public:
   QString ItemSelecionado() const; // its stored path
 
   int GetTotal() const;
-  void carregaImagens();        // by name
-  void carregaImagensPorData(); // the newest first
-  void RemovePics();            // empties the grid; no file is touched
-  void Retira(int index);       // the file is gone; its neighbour is selected
+  void carregaImagens();             // by name
+  void carregaImagensPorData();      // the newest first
+  void RemovePics();                 // empties the grid; no file is touched
+  void Retira(int index);            // the file is gone; its neighbour is selected
   void Esquece(const QString &nome); // the file changed: its small copy is fetched again
-  void MoveScroll(int linhas);  // scrolls by whole rows; negative is up
+  void MoveScroll(int linhas);       // scrolls by whole rows; negative is up
   void SetTextoVazio(const QString &text) { m_textoVazio = text; }
 
   const GalleryModel &Modelo() const { return *m_modelo; }
 
 signals:
   void Clique(int index);
-  void CliqueDuplo(int index); // Enter as well
+  void CliqueDuplo(int index);                         // Enter as well
   void CliqueDireito(int index, const QPoint &global); // -1 beside the pictures; the menu key as well
-  void Mudou();                // another picture is selected, or none
+  void Mudou();                                        // another picture is selected, or none
   void AmpliarPedido(int index);
   void ExcluirPedido(int index);
   void Soltos(const QStringList &paths); // files of the desktop, dropped on the grid
@@ -96,7 +96,7 @@ private:
   int m_colunas = 0;
   int m_distancia;
   int m_borda;
-  bool m_soltando = false; // files are held over the grid
+  bool m_soltando = false;  // files are held over the grid
   QElapsedTimer m_digitado; // since the last letter of a name that is being typed
 };
 

@@ -42,9 +42,13 @@ void GalleryModel::Recebe(const QString &nome, const PictureImage &imagem) {
   emit dataChanged(index(linha), index(linha));
 }
 
-void GalleryModel::Esquece(const QString &nome) { m_copias.remove(nome); }
+void GalleryModel::Esquece(const QString &nome) {
+  m_copias.remove(nome);
+}
 
-const PictureImage *GalleryModel::Copia(int linha) const { return m_copias.object(m_nomes.value(linha)); }
+const PictureImage *GalleryModel::Copia(int linha) const {
+  return m_copias.object(m_nomes.value(linha));
+}
 
 int GalleryModel::rowCount(const QModelIndex &parent) const {
   return parent.isValid() ? 0 : static_cast<int>(m_nomes.size());

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "themes/picture_file.h"
+
 #include <QAbstractListModel>
 #include <QCache>
 #include <QHash>
 #include <QStringList>
-
-#include "themes/picture_file.h"
 
 namespace tolmira {
 

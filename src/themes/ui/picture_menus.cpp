@@ -28,13 +28,13 @@ QMenu *MenusDeImagem::MenuImg(QWidget *dono, const Faz &faz) {
 }
 
 QMenu *MenusDeImagem::MenuImg2(QWidget *dono, const QString &primeira, const Faz &faz) {
-  return Menu(dono, "MenuImg2",
-              {{primeira.isEmpty() ? QStringLiteral("Display this image on the projector") : primeira,
-                MarcaDeImagem::Show},
-               {QStringLiteral("Select this image"), MarcaDeImagem::Swap},
-               {QStringLiteral("Preview"), MarcaDeImagem::Preview},
-               {QStringLiteral("Delete"), MarcaDeImagem::Delete}},
-              faz);
+  return Menu(
+      dono, "MenuImg2",
+      {{primeira.isEmpty() ? QStringLiteral("Display this image on the projector") : primeira, MarcaDeImagem::Show},
+       {QStringLiteral("Select this image"), MarcaDeImagem::Swap},
+       {QStringLiteral("Preview"), MarcaDeImagem::Preview},
+       {QStringLiteral("Delete"), MarcaDeImagem::Delete}},
+      faz);
 }
 
 QMenu *MenusDeImagem::MenuImg3(QWidget *dono, const QString &primeira, const Faz &faz) {

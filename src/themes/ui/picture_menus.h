@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-
 #include <functional>
 
 class QMenu;
@@ -11,8 +10,8 @@ namespace tolmira {
 
 enum class MarcaDeImagem { Add, Show, Swap, Preview, Delete };
 
-// The menus on pictures: on the gallery's free space, on a picture, and on one that is shown large. `faz` is called with
-// the entry that was chosen.
+// The menus on pictures: on the gallery's free space, on a picture, and on one that is shown large. `faz` is called
+// with the entry that was chosen.
 struct MenusDeImagem {
   using Faz = std::function<void(MarcaDeImagem)>;
   static QMenu *MenuImg(QWidget *dono, const Faz &faz);

@@ -1,11 +1,11 @@
 #include "themes/ui/picture_view.h"
 
+#include "controls/ui/palette.h"
+#include "themes/ui/gallery_model.h"
+
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
-
-#include "controls/ui/palette.h"
-#include "themes/ui/gallery_model.h"
 
 namespace tolmira {
 
@@ -21,7 +21,9 @@ QRect PictureView::Area() const {
   return rect().adjusted(medidas::Margin, medidas::Margin, -medidas::Margin, -medidas::Margin - medidas::Heading);
 }
 
-QSize PictureView::AreaPx() const { return Area().size() * devicePixelRatioF(); }
+QSize PictureView::AreaPx() const {
+  return Area().size() * devicePixelRatioF();
+}
 
 void PictureView::Espera(const QString &nome) {
   m_nome = nome;

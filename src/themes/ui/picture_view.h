@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QFrame>
-
 #include "themes/picture_file.h"
+
+#include <QFrame>
 
 namespace tolmira {
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
-
 #include "foundation/app_folder.h"
 #include "foundation/ini_store.h"
 #include "foundation/seams.h"
 #include "foundation/ui/form_position.h"
+
+#include <QString>
+#include <functional>
 
 class QWidget;
 
@@ -28,8 +27,8 @@ struct ThemeDoors {
 
 // Who opens the gallery, and what becomes of the picture.
 struct PedidoDeImagem {
-  QString modo;   // "FrmConfigTema", "FrmSlides", "FundoPadrao" or "FrmMonitor"
-  int numero = 0; // of the theme or slide
+  QString modo;                                 // "FrmConfigTema", "FrmSlides", "FundoPadrao" or "FrmMonitor"
+  int numero = 0;                               // of the theme or slide
   std::function<void(const QString &path)> usa; // with the stored path, which lies in <app>\Images\.
   QWidget *dono = nullptr;                      // the window to stand over; the console when it is null
 };

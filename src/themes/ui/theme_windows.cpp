@@ -5,7 +5,9 @@
 namespace tolmira {
 
 ThemeWindows::ThemeWindows(ThemeDoors doors) : m_doors(std::move(doors)) {}
-ThemeWindows::~ThemeWindows() { delete m_galeria; }
+ThemeWindows::~ThemeWindows() {
+  delete m_galeria;
+}
 
 void ThemeWindows::AbreGaleria(const PedidoDeImagem &pedido) {
   if (!m_galeria)
@@ -17,6 +19,8 @@ void ThemeWindows::AbreGaleriaDoFundo() {
   AbreGaleria({QStringLiteral("FundoPadrao"), 0, m_doors.trocarFundoPadrao, nullptr});
 }
 
-void ThemeWindows::AbreGaleriaDoTelao() { AbreGaleria({QStringLiteral("FrmMonitor"), 0, {}, nullptr}); }
+void ThemeWindows::AbreGaleriaDoTelao() {
+  AbreGaleria({QStringLiteral("FrmMonitor"), 0, {}, nullptr});
+}
 
 } // namespace tolmira

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QPointer>
-
 #include "themes/ui/theme_doors.h"
+
+#include <QPointer>
 
 namespace tolmira {
 
@@ -16,8 +16,8 @@ public:
 
   // The gallery for a client that takes the picture itself: a theme or a slide.
   void AbreGaleria(const PedidoDeImagem &pedido);
-  void AbreGaleriaDoFundo();  // "FundoPadrao"
-  void AbreGaleriaDoTelao();  // "FrmMonitor"
+  void AbreGaleriaDoFundo(); // "FundoPadrao"
+  void AbreGaleriaDoTelao(); // "FrmMonitor"
 
 private:
   ThemeDoors m_doors;

@@ -22,6 +22,8 @@ std::vector<Atalho> Estados() {
   for (int i = 0; i < 5; ++i)
     estados.push_back(Entrada(Depois(Comando::Estado0, i), QKeySequence(Qt::Key_F5 + i),
                               ScreenControls::LegendaDoEstado(i).trimmed()));
+  estados.push_back(Entrada(Comando::Imagem, QKeySequence(Qt::CTRL | Qt::Key_G), QObject::tr("P&icture on the screen…"),
+                            QObject::tr("Picture on the screen")));
   return estados;
 }
 

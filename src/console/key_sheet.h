@@ -13,6 +13,7 @@ enum class Comando {
   NovaLetra,
   Estado0,
   Estado4 = Estado0 + 4,
+  Imagem,
   Referencia,
   NavegaBiblia,
   ProcuraBiblia,

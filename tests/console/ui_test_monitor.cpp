@@ -401,6 +401,7 @@ private slots:
     desk.frm.CarregaTiles();
     auto *tile = static_cast<ThemeTile *>(desk.Find(QStringLiteral("PicImgFundoB3")));
     QTRY_COMPARE(tile->Shown().count, QStringLiteral("2 Imagens"));
+    QTRY_VERIFY(!tile->Shown().picture.isNull()); // made beside the interface thread
     const QColor middle = tile->grab().toImage().pixel(tile->rect().center());
     QVERIFY2(middle.green() > 180 && middle.red() < 40, qPrintable(middle.name()));
     QVERIFY(tile->accessibleName().contains(u"2 Imagens"));

@@ -79,6 +79,11 @@ void ConsoleMenus::MakeScreen() {
     m_states->addAction(state);
   }
   menu->addSeparator();
+  QAction *picture = Entry(menu, Comando::Imagem, [this] { m_ways.pictureOnScreen(); });
+  picture->setObjectName(QStringLiteral("MnImagem"));
+  picture->setAutoRepeat(false);
+  picture->setToolTip(tr("Shows one picture of the gallery behind the text, in place of the theme's"));
+  menu->addSeparator();
   m_mnProjecao = menu->addMenu(tr("&Projection on"));
   m_mnProjecao->setObjectName(QStringLiteral("MnProjecao"));
   FillScreens();

@@ -87,12 +87,6 @@ void ConsoleMenus::MakeScreen() {
   m_mnProjecao = menu->addMenu(tr("&Projection on"));
   m_mnProjecao->setObjectName(QStringLiteral("MnProjecao"));
   FillScreens();
-  menu->addSeparator();
-  QAction *picture = menu->addAction(tr("&Picture on the screen…"), this, [this] { m_ways.pictureOnScreen(); });
-  picture->setObjectName(QStringLiteral("MnImagem"));
-  picture->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_G));
-  picture->setAutoRepeat(false);
-  picture->setToolTip(tr("Shows one picture of the gallery behind the text, in place of the theme's"));
 }
 
 void ConsoleMenus::FillScreens() {

@@ -7,6 +7,19 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace {
+
+constexpr int Near = 10; // what a channel may be off
+
+bool IsNear(unsigned colour, int channel) {
+  for (const int shift : {0, 8, 16})
+    if (std::abs(static_cast<int>(colour >> shift & 0xff) - channel) > Near)
+      return false;
+  return true;
+}
+
+} // namespace
+
 int main(int argc, char **argv) {
   if (argc != 6) {
     std::fprintf(stderr, "usage: pixel_watch X Y WIDTH HEIGHT MILLISECONDS\n");
@@ -24,19 +37,27 @@ int main(int argc, char **argv) {
   const double end = start + std::atof(argv[5]);
   double slowest = 0;
   double before = start;
+  int samples = 0;
+  int black = 0;
+  int white = 0;
   while (NowMs() < end) {
     probe.Read();
     const double now = NowMs();
     if (now - before > slowest)
       slowest = now - before;
     before = now;
+    ++samples;
     if (probe.Differs()) {
       probe.Keep();
-      std::printf("%.1f %06x\n", now, probe.MeanColour());
+      const unsigned colour = probe.MeanColour();
+      black += IsNear(colour, 0x00) ? 1 : 0;
+      white += IsNear(colour, 0xff) ? 1 : 0;
+      std::printf("%.1f %06x\n", now, colour);
       std::fflush(stdout);
     }
     SleepMs(0.5);
   }
-  std::printf("longest gap between two samples: %.1f ms\n", slowest);
+  std::printf("%d samples; pictures that were black: %d, white: %d; longest gap between two samples: %.1f ms\n", samples,
+              black, white, slowest);
   return 0;
 }

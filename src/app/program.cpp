@@ -20,6 +20,7 @@
 #include "console/startup.h"
 #include "console/ui/qt_monitors.h"
 #include "console/ui/screen_repair.h"
+#include "console/ui/themes_panel.h"
 #include "display/FrmQuendar.h"
 #include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
@@ -30,6 +31,7 @@
 #include "foundation/ui/qt_user_prompt.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
+#include "themes/ui/theme_editors.h"
 #include "themes/ui/theme_windows.h"
 
 namespace tolmira {
@@ -57,6 +59,7 @@ struct Program::Impl {
   void AbreSobre();
   void MakeSongEditors();
   void MakeThemeWindows();
+  void MakeThemeEditors();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -98,6 +101,7 @@ struct Program::Impl {
   std::unique_ptr<SongEditors> editors;
   std::unique_ptr<SongWindows> songs;
   std::unique_ptr<ThemeWindows> themes;
+  std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -110,6 +114,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return quendar ? quendar->WV() : nullptr;
   if (name == u"preview" || name == u"FrmMonitor")
     return console ? console->PicWV()->WV() : nullptr;
+  if (name == u"FrmConfigTema")
+    return themeEditors ? themeEditors->WV() : nullptr;
   return nullptr;
 }
 
@@ -134,7 +140,9 @@ void Program::Impl::MakeWindows() {
                 [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
   MakeThemeWindows();
+  MakeThemeEditors();
   FrmMonitor::Windows windows;
+  windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
   windows.addSong = [this] { songs->OpenAdd(); };
   windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
@@ -155,7 +163,7 @@ void Program::Impl::MakeWindows() {
       songs->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
-  console->PodeFechar = [this] { return editors->FechaTodos(); };
+  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -200,6 +208,19 @@ void Program::Impl::MakeThemeWindows() {
                  [this](const QString &path, bool move) { core.efeitos.ImagemDaGaleria(path, move); },
                  [this] { return core.estado.TemaAtual.MoveImagens; }});
   core.controles.AbreGaleria = [this] { themes->AbreGaleriaDoFundo(); };
+}
+
+void Program::Impl::MakeThemeEditors() {
+  const auto salvo = [this](int n) {
+    console->RecarregaTile(n);
+    core.temaControle.TemaSalvo();
+  };
+  const auto galeria = [this](int tema, QWidget *dono, const std::function<void(const QString &)> &usa) {
+    themes->AbreGaleria({QStringLiteral("FrmConfigTema"), tema, usa, dono});
+  };
+  themeEditors = std::make_unique<ThemeEditors>(ThemeEditorDoors{
+      store, core.loja, core.temas, prompt, clock, random, yielder, measure, positions, ThemesPanel::TamanhoDoTile,
+      [this]() -> Display * { return quendar.get(); }, galeria, salvo, profile, console.get()});
 }
 
 void Program::Impl::MakeDisplay() {
@@ -384,6 +405,7 @@ Program::~Program() {
   m_impl->core.flow.FechaAddBiblia = nullptr;
   m_impl->core.agenda.editorDeMusicas = {};
   m_impl->editors.reset();
+  m_impl->themeEditors.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();

@@ -253,12 +253,16 @@ FrmMonitor::~FrmMonitor() {
     m_impl->parts.console.view = nullptr;
 }
 
-void FrmMonitor::SetWindows(Windows windows) { m_impl->windows = std::move(windows); }
+void FrmMonitor::SetWindows(Windows windows) {
+  m_impl->windows = std::move(windows);
+  m_impl->themes->AbreConfigTema = m_impl->windows.configTema;
+}
 
 void FrmMonitor::CarregaFontes() { m_impl->effects->CarregaFontes(); }
 void FrmMonitor::DefineTelao(const QSize &pixels) { m_impl->preview->DefineMonitor(pixels); }
 void FrmMonitor::AjustaPreview() { m_impl->preview->AjustaPreview(); }
 void FrmMonitor::CarregaTiles() { m_impl->themes->CarregaTiles(); }
+void FrmMonitor::RecarregaTile(int n) { m_impl->themes->RecarregaTile(n); }
 bool FrmMonitor::CriaPrevia() { return m_impl->preview->PicWV()->CriaBrowser(); }
 void FrmMonitor::TakeKeysOf(QWidget *window) { m_impl->keys->AddWindow(window); }
 WebPageHost *FrmMonitor::PicWV() { return m_impl->preview->PicWV(); }

@@ -37,6 +37,7 @@ public:
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
+    std::function<void(int)> configTema;   // the editor of a theme
     std::function<void(int)> chooseScreen; // for the projection: index into the panel's `telas`
     std::function<void()> help;
     std::function<void()> support;
@@ -52,6 +53,7 @@ public:
   void DefineTelao(const QSize &pixels); // the projection's size, for the preview's aspect
   void AjustaPreview();
   void CarregaTiles();
+  void RecarregaTile(int n); // theme n has another picture
   void positionInicial(); // writes the default rectangle, fills the work area and shows the window
   bool CriaPrevia();      // the engine on the preview; false when it cannot start
   WebPageHost *PicWV();

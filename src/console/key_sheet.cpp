@@ -72,6 +72,7 @@ std::vector<GrupoDeAtalhos> Folha() {
         Entrada(Comando::Temas, QKeySequence(Qt::Key_F12), QObject::tr("To the themes")),
         Tecla(QObject::tr("Tab, Shift+Tab"), QObject::tr("From control to control")),
         Tecla(QObject::tr("Space or Enter"), QObject::tr("Presses a button or a theme")),
+        Tecla(QStringLiteral("Ctrl+E"), QObject::tr("Opens a theme's editor, on its tile")),
         Tecla(QObject::tr("Shift+F10"), QObject::tr("Menu of the chosen entry or theme"))}},
   };
 }

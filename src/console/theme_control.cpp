@@ -195,6 +195,22 @@ void ThemeControl::MenuAplicar(int n) {
   aplicaTema(n, forcar);
 }
 
+void ThemeControl::TemaSalvo() {
+  EstadoConsole &estado = m_console.estado;
+  static const QStringList cobrem = {QStringLiteral("Slides"), QStringLiteral("SlideShow"), QStringLiteral("Video"),
+                                     QStringLiteral("Youtube")};
+  if (!cobrem.contains(estado.TipoAtual)) {
+    bool forcar = false;
+    aplicaTema(estado.IndiceTema, forcar);
+    return;
+  }
+  const QString tamanho = estado.TemaAtual.Font_Size;
+  estado.TemaAtual = m_temas[static_cast<size_t>(std::clamp(estado.IndiceTema, 1, NumeroDeTemas))];
+  estado.TemaAtual.Font_Size = tamanho;
+  if (m_console.view)
+    m_console.view->ThemesChanged();
+}
+
 void ThemeControl::SetChkIM(int n, bool ticked) {
   if (n < 1 || n > NumeroDeTemas)
     return;

@@ -28,6 +28,8 @@ public:
   // A press on tile n: queues while a text is on show, applies at once on the active tile or when nothing is on show.
   void PressTile(int n);
   void MenuAplicar(int n);
+  // A theme was saved: the one in force is applied again. Slides and videos, which cover its page, are not disturbed.
+  void TemaSalvo();
   void ClearQueue();
   void StopRotation();
 

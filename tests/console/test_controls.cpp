@@ -451,6 +451,26 @@ private slots:
     QVERIFY(!core.estado.FundoPreso);
   }
 
+  void aSavedThemeIsAppliedUnderWhatIsOnShow_data() {
+    QTest::addColumn<QString>("onShow");
+    QTest::addColumn<int>("pages");
+    QTest::newRow("nothing") << QString() << 1;
+    QTest::newRow("song") << QStringLiteral("Louvor") << 1;
+    QTest::newRow("slides") << QStringLiteral("SlideShow") << 0;
+    QTest::newRow("video") << QStringLiteral("Video") << 0;
+  }
+  void aSavedThemeIsAppliedUnderWhatIsOnShow() {
+    QFETCH(QString, onShow);
+    ConsoleCore &core = m_fixture->core;
+    core.estado.IndiceTema = 3;
+    core.estado.TipoAtual = onShow;
+    core.temas[3].CordeFundo = 255;
+    m_fixture->Forget();
+    core.temaControle.TemaSalvo();
+    QCOMPARE(core.estado.TemaAtual.CordeFundo, 255);
+    QTEST(static_cast<int>(m_fixture->display.commands.filter(QStringLiteral("CarregaTema|#")).size()), "pages");
+  }
+
 private:
   void ShowItem() {
     QFETCH(QString, onShow);

@@ -10,6 +10,7 @@
 #include <QImageReader>
 #include <QLabel>
 #include <QMenu>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -72,9 +73,8 @@ ThemesPanel::ThemesPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent),
   m_mntrocar->setObjectName(QStringLiteral("mntrocar"));
   m_mntrocar->setToolTipsVisible(true);
   m_mntrocar->addAction(QStringLiteral("Apply Theme"), this, [this] { m_parts.temas.MenuAplicar(m_menuTile); });
-  QAction *configure = m_mntrocar->addAction(QStringLiteral("Configure Theme"));
-  configure->setEnabled(false);
-  configure->setToolTip(AindaNao());
+  QAction *configure = m_mntrocar->addAction(QStringLiteral("Configure Theme"), this, [this] { Configura(m_menuTile); });
+  configure->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E)); // only named here; it is each tile's own
 
   m_maker.setMaxThreadCount(1);
   m_loader = new QTimer(this);
@@ -105,13 +105,16 @@ void ThemesPanel::MakeTile(int n, QWidget *panel) {
   tile->setObjectName(QStringLiteral("PicImgFundoB%1").arg(n));
   tile->SetContent({});
   tile->setToolTip(tr("Theme %1. While a text is on show a press keeps it for the next item;\n"
-                      "otherwise, and on the active theme, it is applied at once.")
+                      "otherwise, and on the active theme, it is applied at once. Ctrl+E changes the theme itself.")
                        .arg(n));
   connect(tile, &ThemeTile::clicked, this, [this, n] { m_parts.temas.PressTile(n); });
   connect(tile, &ThemeTile::MenuWanted, this, [this, n](const QPoint &at) {
     m_menuTile = n;
     m_mntrocar->popup(at);
   });
+  auto *settings =
+      new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_E), tile, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+  connect(settings, &QShortcut::activated, this, [this, n] { Configura(n); });
   auto *box = new QCheckBox(tile);
   box->setObjectName(QStringLiteral("ChkIM%1").arg(n));
   box->setAccessibleName(tr("Theme %1 takes part in the rotation").arg(n));
@@ -124,6 +127,18 @@ void ThemesPanel::MakeTile(int n, QWidget *panel) {
   connect(box, &QCheckBox::clicked, this, [this, n](bool on) { m_parts.temas.SetChkIM(n, on); });
   m_tile[static_cast<size_t>(n)] = tile;
   m_chkIM[static_cast<size_t>(n)] = box;
+}
+
+void ThemesPanel::Configura(int n) {
+  if (AbreConfigTema)
+    AbreConfigTema(n);
+}
+
+void ThemesPanel::RecarregaTile(int n) {
+  if (!m_loaded)
+    return;
+  m_waiting.push_back(n);
+  m_loader->start();
 }
 
 void ThemesPanel::Atualiza() {

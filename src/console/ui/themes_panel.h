@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <array>
 #include <deque>
+#include <functional>
 
 class QCheckBox;
 class QMenu;
@@ -28,6 +29,8 @@ public:
   // Reads all tiles, one by one when the loop is idle. A thumbnail that is missing is made beside the interface thread.
   void CarregaTiles();
   void SetCompact(bool compact); // lower tiles
+  void RecarregaTile(int n); // its picture on the disk is another one
+  std::function<void(int n)> AbreConfigTema; // the theme's editor; may be empty
   bool TilesPending() const { return !m_waiting.empty() || m_making > 0; }
 
   static constexpr QSize TamanhoDoTile{192, 108}; // of the stored pictures, px
@@ -37,6 +40,7 @@ protected:
 
 private:
   void MakeTile(int n, QWidget *panel);
+  void Configura(int n);
   void LoadNext();
   void MakeThumbnailOf(int n, TemaTile tile);
   void ShowTile(int n, const TemaTile &tile);

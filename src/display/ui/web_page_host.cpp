@@ -378,6 +378,10 @@ void WebPageHost::AddObserver(DisplayObserver *observer) {
   m_impl->observers.push_back(observer);
 }
 
+bool WebPageHost::IsHolding() const {
+  return m_impl->held && m_impl->held->isVisible();
+}
+
 void WebPageHost::resizeEvent(QResizeEvent *) {
   if (!m_impl->view)
     return;

@@ -26,6 +26,9 @@ public:
   PageObject *WV();                            // null before CriaBrowser
   void AddObserver(DisplayObserver *observer); // not owned; outlives the host
 
+  // The picture of the page before stands on the screen while the page is drawing itself.
+  bool IsHolding() const;
+
   // Called after a render process died and its page was loaded again; the owner sends the verse on show.
   std::function<void()> OnRecovered;
   std::function<void()> OnMouseMove; // the pointer moved over the page

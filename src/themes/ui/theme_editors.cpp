@@ -1,0 +1,62 @@
+#include "themes/ui/theme_editors.h"
+
+#include "display/ui/web_page_host.h"
+#include "themes/FrmConfigTema.h"
+#include "themes/ui/theme_preview.h"
+
+#include <algorithm>
+
+namespace tolmira {
+
+ThemeEditors::ThemeEditors(ThemeEditorDoors doors) : m_doors(std::move(doors)) {}
+ThemeEditors::~ThemeEditors() = default;
+
+FrmConfigTema *ThemeEditors::EditorOf(int n) const {
+  const auto found =
+      std::find_if(m_editors.begin(), m_editors.end(), [n](const auto &one) { return one->Index() == n; });
+  return found == m_editors.end() ? nullptr : found->get();
+}
+
+void ThemeEditors::AbreConfigTema(int n) {
+  if (n < 1 || n > NumeroDeTemas)
+    return;
+  if (FrmConfigTema *open = EditorOf(n)) {
+    open->Open();
+    return;
+  }
+  FrmConfigTema *editor = m_editors.emplace_back(std::make_unique<FrmConfigTema>(m_doors)).get();
+  // It is still handling the event that closed it.
+  QObject::connect(editor, &FrmConfigTema::Closed, editor, [this, editor] {
+    const auto found =
+        std::find_if(m_editors.begin(), m_editors.end(), [editor](const auto &one) { return one.get() == editor; });
+    if (found == m_editors.end())
+      return;
+    found->release()->deleteLater();
+    m_editors.erase(found);
+  });
+  editor->SetIndex(n);
+  editor->Open();
+}
+
+PageObject *ThemeEditors::WV() const {
+  return m_editors.empty() ? nullptr : m_editors.back()->Preview()->PicWV()->WV();
+}
+
+bool ThemeEditors::FechaTodos() {
+  if (m_closing)
+    return false; // a box of the first try still stands open
+  if (std::any_of(m_editors.begin(), m_editors.end(), [](const auto &one) { return one->Ocupado(); }))
+    return false;
+  m_closing = true;
+  while (!m_editors.empty()) {
+    FrmConfigTema *editor = m_editors.back().get();
+    editor->raise();
+    const size_t before = m_editors.size();
+    if (!editor->close() || m_editors.size() == before)
+      break;
+  }
+  m_closing = false;
+  return m_editors.empty();
+}
+
+} // namespace tolmira

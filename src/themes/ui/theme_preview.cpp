@@ -1,0 +1,189 @@
+#include "themes/ui/theme_preview.h"
+
+#include "display/effects.h"
+#include "display/text_style.h"
+#include "display/ui/web_page_host.h"
+#include "foundation/text_utils.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QPixmap>
+#include <QPointer>
+#include <QShowEvent>
+
+namespace tolmira {
+
+namespace {
+
+constexpr QSize UsualProjection{1280, 720};
+constexpr int PageSeconds = 8;
+constexpr int PatienceMs = 2000; // for a page's first picture, before the theme is saved without it
+constexpr double PageFontPt = 36;
+
+// The family as a quoted name in a style attribute: a name may begin with a digit or hold an apostrophe.
+QString QuotedFamily(const QString &nome) {
+  return u"&quot;" + EscapeHtml(nome).remove(u'"').replace(u'\\', QStringLiteral("&#92;")).replace(u'\'', QStringLiteral("&#39;")) + u"&quot;";
+}
+
+// Text of the operator's between the quotes of a script.
+QString PlainText(const QString &texto) {
+  return EscapeHtml(texto).replace(u'\\', QStringLiteral("&#92;")).replace(u'\'', QStringLiteral("&#39;"));
+}
+
+} // namespace
+
+ThemePreview::ThemePreview(const ThemeEditorDoors &doors, QWidget *parent)
+    : QFrame(parent), m_telao(doors.telao), m_random(doors.random), m_canal(m_estado, [] { return nullptr; }),
+      m_letras(
+          m_estado, m_ajustes, m_canal, doors.telao, [] { return nullptr; }, doors.measure, doors.random),
+      m_paginas(doors.store.App(), doors.store, m_estado, m_ajustes, m_canal, m_letras, Hosts(), doors.random,
+                doors.yielder),
+      m_host(new WebPageHost(QStringLiteral("theme"), this, doors.perfil)) {
+  setObjectName(QStringLiteral("PicPreview"));
+  setProperty("look", QStringLiteral("screen"));
+  setMinimumSize(400, 227);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setAccessibleName(tr("The theme as the projection shows it"));
+  m_host->setObjectName(QStringLiteral("PicWV"));
+  m_host->setFocusPolicy(Qt::NoFocus);
+  m_host->OnRecovered = [this] { Navega(); };
+}
+
+PageBuilder::Hosts ThemePreview::Hosts() {
+  PageBuilder::Hosts hosts;
+  hosts.telao = m_telao;
+  hosts.larguraPrevia = [this] { return m_host->width(); };
+  hosts.fonteDisplay = [] { return PageFontPt; };
+  return hosts;
+}
+
+QSize ThemePreview::Proporcoes() const {
+  const Display *display = m_telao ? m_telao() : nullptr;
+  return display && !display->SizePx().isEmpty() ? display->SizePx() : UsualProjection;
+}
+
+QString ThemePreview::Html(const TemaRecord &tema, const QString &texto, const QString &classes) const {
+  TemaRecord nomeado = tema;
+  nomeado.Font_Name = QuotedFamily(tema.Font_Name);
+  return EscapaApostrofos(u"<div class='" + classes + u"' style='" + EstiloTexto(nomeado) + u"'>" + PlainText(texto) +
+                          u"</div>");
+}
+
+void ThemePreview::Monta(const TemaRecord &tema, const QString &texto) {
+  m_tema = tema;
+  m_texto = texto;
+  Navega();
+}
+
+void ThemePreview::Navega() {
+  PageObject *page = m_host->WV();
+  if (!isVisible() || !page)
+    return;
+  m_montada = true;
+  TemaRecord tema = m_tema;
+  const QString path = m_paginas.MontaPaginaConfig(m_host->size(), tema, 1, Html(tema, m_texto, {}));
+  const int carga = ++m_carga;
+  page->Navigate(u"file:///" + path, PageSeconds);
+  page->Evaluate(QStringLiteral("document.readyState"), [this, carga, alive = QPointer<ThemePreview>(this)](const QString &) {
+    if (alive)
+      m_pronta = carga;
+  });
+}
+
+void ThemePreview::EfeitoDaImagem(const TemaRecord &tema) {
+  CallPageScript(m_host->WV(), QStringLiteral("ChangeOptions"), QStringLiteral("fx"),
+                 EfeitoCycle(tema.Efeito_Imagem_Fx, tema.Efeito_Imagem_FxExtra, m_random));
+}
+
+void ThemePreview::Intervalo(int posicao) {
+  CallPageScript(m_host->WV(), QStringLiteral("ChangeOptions"), QStringLiteral("timeout"),
+                 posicao > 0 ? QString::number(posicao) : QString());
+}
+
+void ThemePreview::Filtros(const TemaRecord &tema) {
+  if (PageObject *page = m_host->WV())
+    page->ExecuteScript(QStringLiteral("SetAttributeByClass('efeitos','style','filter: blur(%1px) brightness(%2%) "
+                                       "contrast(%3%) saturate(%4%)')")
+                            .arg(tema.blur)
+                            .arg(tema.brightness)
+                            .arg(tema.contrast)
+                            .arg(tema.saturate));
+}
+
+void ThemePreview::CorDeFundo(const TemaRecord &tema) {
+  CallPageScript(m_host->WV(), QStringLiteral("SetAttribute"), QStringLiteral("wheader"), QStringLiteral("style"),
+                 u"background-color:" + ColorToHex(tema.CordeFundo));
+}
+
+void ThemePreview::Movimento(const TemaRecord &tema) {
+  CallPageScript(m_host->WV(), QStringLiteral("ChangeCSS"), QStringLiteral("img"),
+                 QStringLiteral("animation-play-state"),
+                 tema.MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"));
+}
+
+void ThemePreview::Texto(const TemaRecord &tema, const QString &texto) {
+  CallPageScript(m_host->WV(), QStringLiteral("UpdateTextHtml"), Html(tema, texto, {}));
+}
+
+void ThemePreview::Entrada(const TemaRecord &tema, const QString &texto) {
+  const QString fx = EfeitoTexto(tema.Efeito_Texto_Fx, tema.Efeito_Texto_FxExtra, m_random);
+  CallPageScript(m_host->WV(), QStringLiteral("UpdateTextHtml"), Html(tema, texto, u"animated " + fx + u" faster"));
+}
+
+void ThemePreview::Saida(const TemaRecord &tema, const QString &texto) {
+  QString nenhuma;
+  m_letras.MostraEfeitoSaida(m_host->WV(), tema.Efeito_Texto_FxOut, PlainText(texto), nenhuma);
+}
+
+void ThemePreview::GotoSlideImage(int posicao) {
+  CallPageScript(m_host->WV(), QStringLiteral("GotoSlideImage"), QString::number(posicao - 1));
+}
+
+QImage ThemePreview::Retrato() {
+  if (!m_montada || !m_host->WV())
+    return {};
+  QElapsedTimer waited;
+  waited.start();
+  while ((m_pronta != m_carga || m_host->IsHolding()) && waited.elapsed() < PatienceMs)
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
+  return m_host->grab().toImage();
+}
+
+QImage ThemePreview::AoLadoDoTexto() const {
+  if (!m_montada || m_pronta != m_carga || m_host->IsHolding())
+    return {};
+  const QImage page = m_host->grab().toImage();
+  // One line of sample text leaves these rows free.
+  const int strip = page.height() * 16 / 100;
+  QImage beside(page.width(), 2 * strip, QImage::Format_RGB32);
+  QPainter painter(&beside);
+  painter.drawImage(QPoint(), page, QRect(0, page.height() * 22 / 100, page.width(), strip));
+  painter.drawImage(QPoint(0, strip), page, QRect(0, page.height() * 62 / 100, page.width(), strip));
+  painter.end();
+  return beside.scaled(96, 2 * 9, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+void ThemePreview::Fit() {
+  const QSize projection = Proporcoes();
+  const int inside = width() - 2;
+  const int height = inside * projection.height() / projection.width();
+  setFixedHeight(height + 2);
+  m_host->setGeometry(1, 1, inside, height);
+}
+
+void ThemePreview::resizeEvent(QResizeEvent *event) {
+  QFrame::resizeEvent(event);
+  Fit();
+}
+
+void ThemePreview::showEvent(QShowEvent *event) {
+  QFrame::showEvent(event);
+  Fit();
+  if (!m_host->WV())
+    m_host->CriaBrowser();
+  if (!m_montada)
+    Navega();
+}
+
+} // namespace tolmira

@@ -28,7 +28,7 @@ void ProjectionPlace::Reavalia() {
   CuidaDoConsole();
   const PlacaDoTelao placa = tolmira::EscolheTela(m_monitores, m_escolha);
   // A window that stood on a projector never comes over the operator's screen by itself.
-  m_console.painel.SemProjetor = !placa.segundoMonitor && !placa.escolhida && m_tinhaProjetor;
+  m_console.painel.SemProjetor = !placa.segundoMonitor && m_tinhaProjetor;
   if (m_console.painel.SemProjetor)
     m_janelas.Esconde();
   else
@@ -58,7 +58,11 @@ void ProjectionPlace::EscolheTela(int opcao) {
   ListaTelas();
   if (opcao < 0 || opcao > static_cast<int>(m_monitores.Monitors.size()))
     return;
-  m_escolha.Escolhe(opcao == 0 ? nullptr : &m_monitores.Monitors[static_cast<size_t>(opcao) - 1]);
+  const clsMonitor *chosen = opcao == 0 ? nullptr : &m_monitores.Monitors[static_cast<size_t>(opcao) - 1];
+  const bool ensaio = chosen && !m_monitores.LivreDoConsole(*chosen);
+  m_escolha.Escolhe(chosen, ensaio);
+  if (ensaio)
+    m_tinhaProjetor = false; // the one way for the window to come over the operator's screen
   Reavalia();
 }
 
@@ -100,7 +104,7 @@ void ProjectionPlace::CuidaDoConsole() {
 
 void ProjectionPlace::ListaTelas() {
   std::vector<OpcaoDeTela> telas{{QStringLiteral("Automatic"), m_escolha.Automatica(), true}};
-  const clsMonitor *chosen = m_escolha.Encontra(m_monitores.Monitors);
+  const clsMonitor *chosen = m_escolha.Encontra(m_monitores);
   for (const clsMonitor &monitor : m_monitores.Monitors)
     telas.push_back({QStringLiteral("%1, %2 × %3 at %4, %5")
                          .arg(monitor.Nome)

@@ -227,6 +227,45 @@ private slots:
     QCOMPARE(desktop.window, QRect(320, 200, 640, 400));
   }
 
+  // The console comes onto the chosen monitor, or only one of the same make as the chosen one is left: that was no choice
+  // of a window above the console.
+  void aChosenProjectorNeverBecomesARehearsal_data() {
+    QTest::addColumn<quintptr>("gone");
+    QTest::addColumn<QString>("edid"); // of both
+    QTest::newRow("the console's monitor went") << quintptr(1) << QString();
+    QTest::newRow("its twin holds the console") << quintptr(2) << QStringLiteral("ACME Panel");
+  }
+  void aChosenProjectorNeverBecomesARehearsal() {
+    QFETCH(quintptr, gone);
+    QFETCH(QString, edid);
+    Desktop desktop;
+    for (clsMonitor &monitor : desktop.monitors.list)
+      monitor.Edid = edid;
+    const auto all = desktop.monitors.list;
+    const auto place = desktop.Place();
+    place->EscolheTela(2);
+    QCOMPARE(desktop.window, Direita);
+    desktop.Unplug(gone);
+    place->Reavalia();
+    QVERIFY(desktop.Panel().SemProjetor);
+    QVERIFY(!desktop.visible);
+    desktop.monitors.list = all;
+    place->Reavalia();
+    QVERIFY(desktop.visible);
+    QCOMPARE(desktop.window, Direita);
+    // The operator asks for it on the console's own, which this start and the next believe.
+    place->EscolheTela(1);
+    QVERIFY(desktop.visible);
+    QCOMPARE(desktop.window, QRect(320, 200, 640, 400));
+    desktop.Place();
+    QCOMPARE(desktop.window, QRect(320, 200, 640, 400));
+    // Chosen for the audience, and then the program opens there.
+    place->EscolheTela(2);
+    desktop.monitors.console = 2;
+    desktop.Place();
+    QCOMPARE(desktop.window, Mesa);
+  }
+
   void aDamagedChoiceIsNone_data() {
     QTest::addColumn<QByteArray>("stored");
     QTest::newRow("nonsense") << QByteArray("abc|def|g\xFF");

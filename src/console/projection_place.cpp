@@ -76,16 +76,22 @@ void ProjectionPlace::Poe(const PlacaDoTelao &placa) {
     m_janelas.Posiciona(placa);
 }
 
-// The console goes back to its own monitor when that returns, unless the operator took it elsewhere meanwhile.
+const clsMonitor *ProjectionPlace::Presente(const std::optional<clsMonitor> &monitor) const {
+  for (const clsMonitor &agora : m_monitores.Monitors)
+    if (monitor && SameMonitor(agora, *monitor))
+      return &agora;
+  return nullptr;
+}
+
+// The console goes back to its own monitor when that returns, unless the operator took it elsewhere meanwhile. Where the
+// refuge went too, it was the desktop that moved the console.
 void ProjectionPlace::CuidaDoConsole() {
   const clsMonitor *agora = m_monitores.MonitorFromWindow();
   if (!agora)
     agora = &m_monitores.Monitors.front();
-  const clsMonitor *casa = nullptr;
-  for (const clsMonitor &monitor : m_monitores.Monitors)
-    if (m_casa && SameMonitor(monitor, *m_casa))
-      casa = &monitor;
-  const bool mudouDeLugar = m_refugio && !SameMonitor(*agora, *m_refugio);
+  const clsMonitor *casa = Presente(m_casa);
+  const clsMonitor *refugio = Presente(m_refugio);
+  const bool mudouDeLugar = refugio && !SameMonitor(*agora, *refugio);
   if (casa && m_refugio && !mudouDeLugar) {
     m_refugio.reset();
     m_casa = *casa;

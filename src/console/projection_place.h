@@ -31,6 +31,7 @@ public:
 private:
   void Poe(const PlacaDoTelao &placa);
   void CuidaDoConsole();
+  const clsMonitor *Presente(const std::optional<clsMonitor> &monitor) const; // null when it is not in the list
   void ListaTelas();
 
   ConsoleContext &m_console;

@@ -165,6 +165,25 @@ private slots:
     QCOMPARE(desktop.monitors.console, quintptr(3));
   }
 
+  // All outputs off leaves a screen that is none of them; it goes with the first that returns.
+  void theConsoleGoesHomeThroughSeveralRefuges() {
+    Desktop desktop;
+    const auto place = desktop.Place();
+    desktop.monitors.list = {FixedMonitors::At(5, QRect(0, 0, 1280, 800), QStringLiteral(":60.0"))};
+    desktop.monitors.console = 5;
+    place->Reavalia();
+    QVERIFY(!desktop.visible);
+    desktop.monitors.list = {FixedMonitors::At(6, Direita, QStringLiteral("OUT-2"))};
+    desktop.monitors.console = 6;
+    place->Reavalia();
+    QVERIFY(!desktop.visible);
+    desktop.monitors.list.push_back(FixedMonitors::At(7, Mesa, QStringLiteral("OUT-1")));
+    place->Reavalia();
+    QCOMPARE(desktop.monitors.console, quintptr(7));
+    QCOMPARE(desktop.window, Direita);
+    QVERIFY(desktop.visible);
+  }
+
   void aPanelThatComesUpMovesTheConsole() {
     Desktop desktop;
     const auto place = desktop.Place();

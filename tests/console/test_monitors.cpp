@@ -351,6 +351,22 @@ private slots:
     QCOMPARE(estado.EstrofeAtual, 4);
     desktop.core.stepper.CtrlUp();
     QVERIFY(desktop.VersesSent().last().startsWith(u"Linha 30"));
+
+    desktop.core.stepper.CtrlDown();
+    desktop.core.stepper.TeclaEstrofe(-1);
+    change(QSize(1280, 300));
+    const auto inFrame = [&] { return estado.TextoEstrofes.value(estado.EstrofeAtual - 1); };
+    QVERIFY2(inFrame().startsWith(u"Linha 20"), qPrintable(inFrame()));
+    QVERIFY(estado.VersoTextoAtual.startsWith(u"Linha 30"));
+    // Ctrl is let go while the page is built.
+    desktop.yielder.onYield = [&](int) {
+      if (!estado.EnviarAoTelao)
+        desktop.core.stepper.CtrlUp();
+    };
+    change(QSize(800, 800));
+    QVERIFY(estado.EnviarAoTelao);
+    QVERIFY2(inFrame().startsWith(u"Linha 20"), qPrintable(inFrame()));
+    QVERIFY(desktop.VersesSent().last().startsWith(u"Linha 20"));
   }
 
   void aPageThatComesBackLeavesTheOtherAlone() {

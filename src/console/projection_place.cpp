@@ -67,8 +67,11 @@ void ProjectionPlace::EscolheTela(int opcao) {
 }
 
 void ProjectionPlace::Poe(const PlacaDoTelao &placa) {
-  // A rehearsal window stays where the operator dragged it while nothing else about its place has changed.
-  const bool ensaio = !placa.segundoMonitor && !m_placa.segundoMonitor && placa.tela == m_placa.tela;
+  // A rehearsal window stays where the operator dragged it while nothing else about its place has changed, unless the
+  // monitor under it has gone.
+  const bool mesma = !placa.segundoMonitor && !m_placa.segundoMonitor && placa.tela == m_placa.tela;
+  const QPoint meio = mesma ? m_janelas.Retangulo().center() : QPoint();
+  const bool ensaio = mesma && m_monitores.GetMonitorFromXYPoint(meio.x(), meio.y());
   m_tinhaProjetor = placa.segundoMonitor;
   m_placa = placa;
   m_console.painel.TelaoEm = placa.nome;

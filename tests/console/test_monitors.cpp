@@ -29,6 +29,7 @@ public:
       monitors.console = monitor.Handle;
       ++consoleMoves;
     };
+    janelas.Retangulo = [this] { return window; };
     janelas.Tamanho = [this] { return window.size(); };
     janelas.TelaMudou = [this] { ++refits; };
     auto place = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
@@ -132,6 +133,19 @@ private slots:
     desktop.monitors.list.push_back(FixedMonitors::At(2, Direita));
     place->Reavalia();
     QCOMPARE(desktop.window, Direita);
+  }
+
+  void aRehearsalReturnsFromAMonitorThatWent() {
+    Desktop desktop;
+    const auto place = desktop.Place();
+    place->EscolheTela(1);
+    const QRect centred = desktop.window;
+    desktop.window.moveTo(1500, 100);
+    place->Reavalia();
+    QCOMPARE(desktop.window.topLeft(), QPoint(1500, 100));
+    desktop.Unplug(2);
+    place->Reavalia();
+    QCOMPARE(desktop.window, centred);
   }
 
   void theConsoleGoesHomeWithItsMonitor() {

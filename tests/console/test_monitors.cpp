@@ -282,6 +282,7 @@ private slots:
     place->Reavalia();
     QVERIFY(desktop.Panel().SemProjetor);
     QVERIFY(!desktop.visible);
+    QCOMPARE(desktop.Panel().telas.back().texto.endsWith(u"not connected"), gone == 2);
     desktop.monitors.list = all;
     place->Reavalia();
     QVERIFY(desktop.visible);

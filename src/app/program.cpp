@@ -270,9 +270,10 @@ void Program::Impl::MakePlace() {
     if (QScreen *screen = QtMonitors::Screen(monitor.Handle))
       console->LevaPara(screen);
   };
+  janelas.Retangulo = [this] { return quendar ? quendar->geometry() : QRect(); };
   janelas.Tamanho = [this] { return quendar ? quendar->SizePx() : QSize(); };
   janelas.TelaMudou = [this] {
-    console->AjustaPreview();
+    console->DefineTelao(quendar->SizePx()); // the preview has the aspect that the window really got
     core.TelaMudou();
   };
   lugar = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
@@ -371,17 +372,18 @@ void Program::Impl::WatchScreens(QObject *context) {
 }
 
 void Program::Impl::ScreensChanged() {
-  if (!quendar || startup->Descarregado())
+  if (startup->Descarregado())
     return;
   if (!core.estado.TelaPronta) { // the start is under way; afterwards, then
     screenTimer.start();
     return;
   }
   triesLeft = TentativasDeLugar;
-  lugar->Reavalia();
+  lugar->Reavalia(); // without a projection's window too: the console may have to go home
+  const bool wholeScreen = quendar && quendar->isFullScreen() && quendar->isVisible();
   for (QWidget *window : QApplication::topLevelWidgets())
     if (window != console.get() && window != quendar.get() && window->isVisible() && !window->windowFlags().testFlag(Qt::Popup))
-      positions.TrazDeVolta(*window, quendar->isFullScreen() && quendar->isVisible() ? quendar->geometry() : QRect());
+      positions.TrazDeVolta(*window, wholeScreen ? quendar->geometry() : QRect());
 }
 
 void Program::Impl::SizeChanged() {

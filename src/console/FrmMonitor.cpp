@@ -325,8 +325,14 @@ void FrmMonitor::AlternaTamanho() {
     m_impl->menus->SetMaximised(isMaximized());
     return;
   }
-  if (frameGeometry() == screen()->availableGeometry() || FillsWorkArea()) {
+  if (isMaximized() || frameGeometry() == screen()->availableGeometry() || FillsWorkArea()) {
+    // Maximised by the window manager: the rectangle of before is the normal one, unless that filled the work area.
+    const QRect before = normalGeometry();
+    if (isMaximized() && !m_impl->fillsWorkArea && before.isValid())
+      GravaRetanguloNormal(store, before.translated(pos() - geometry().topLeft()));
     m_impl->fillsWorkArea = false;
+    if (isMaximized())
+      showNormal();
     QtMonitors fonte;
     const clsMonitors monitores(fonte);
     QRect normal = LeRetanguloNormal(store, screen()->geometry());
@@ -337,8 +343,6 @@ void FrmMonitor::AlternaTamanho() {
     m_impl->menus->SetMaximised(false);
   } else {
     GravaRetanguloNormal(store, QRect(pos(), size()));
-    if (isMaximized())
-      showNormal();
     FillWorkArea(screen());
   }
   PlaceEdges();
@@ -358,6 +362,12 @@ void FrmMonitor::showEvent(QShowEvent *event) {
       if (isVisible() && !known && FillsWorkArea())
         FillWorkArea(screen());
     });
+}
+
+void FrmMonitor::changeEvent(QEvent *event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange && m_impl->menus)
+    m_impl->menus->SetMaximised(isMaximized() || FillsWorkArea());
 }
 
 void FrmMonitor::resizeEvent(QResizeEvent *event) {

@@ -81,6 +81,7 @@ public:
 protected:
   void closeEvent(QCloseEvent *event) override;
   void showEvent(QShowEvent *event) override;
+  void changeEvent(QEvent *event) override;
   void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -1,6 +1,5 @@
 #include "console/console_core.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "console/projection_status.h"
@@ -64,19 +63,26 @@ void ConsoleCore::TelaMudou() {
   const int noTelao = VersoNoTelao();
   int noQuadro = std::exchange(estado.EstrofeAtual, noTelao > 0 ? noTelao : -1);
   const bool adiante = noQuadro != estado.EstrofeAtual;
+  const QStringList antes = estado.TextoEstrofes;
   loader.RecarregaMusica(false);
   leitura.RecarregaVersiculo(false);
+  const int montada = estado.EstrofeAtual;
   if (estado.PaginaDeTexto()) {
     paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
     leitura.ReenviaVersiculo();
   }
-  if (adiante) {
-    noQuadro = std::min(noQuadro, estado.TotalEstrofes);
-    estado.EstrofeAtual = noQuadro;
-    if (noQuadro > 0)
-      stepper.PlaceAt(noQuadro);
-    contexto.Atualiza();
-  }
+  // While the page was built the operator may have gone on, and then the frame is right already.
+  if (!adiante || estado.EstrofeAtual != montada)
+    return;
+  if (noQuadro > 0)
+    noQuadro = MesmoLugar(antes, noQuadro, estado.TextoEstrofes);
+  estado.EstrofeAtual = noQuadro;
+  if (noQuadro > 0)
+    stepper.PlaceAt(noQuadro);
+  contexto.Atualiza();
+  // Ctrl was let go meanwhile, and what went out was the projection's verse, which stood in the frame then.
+  if (noQuadro > 0 && estado.EnviarAoTelao)
+    stepper.MouseUp_Finaliza(false, false);
 }
 
 PageBuilder::Hosts ConsoleCore::Hosts(const ConsoleDoors &doors) {

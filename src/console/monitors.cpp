@@ -21,6 +21,7 @@ constexpr int AlturaDoTitulo = 24;
 constexpr int LarguraParaPegar = 120;
 
 const QString ChaveDoMonitor = QStringLiteral("MonitorDoTelao");
+const QString MarcaDeEnsaio = QStringLiteral("ensaio");
 
 const clsMonitor *ByHandle(const std::vector<clsMonitor> &monitores, quintptr handle) {
   for (const clsMonitor &monitor : monitores)
@@ -78,6 +79,11 @@ const clsMonitor *clsMonitors::GetMonitorFromXYPoint(int x, int y) const {
   return nullptr;
 }
 
+bool clsMonitors::LivreDoConsole(const clsMonitor &monitor) const {
+  const clsMonitor *console = MonitorFromWindow();
+  return !console || (monitor.Handle != console->Handle && !monitor.Rect().intersects(console->Rect()));
+}
+
 bool clsMonitors::IsFormOnPrimaryMonitor(const QRect &form) const {
   const clsMonitor *monitor = GetMonitorFromXYPoint(form.center().x(), form.center().y());
   return monitor && monitor->Handle == m_todos.front().Handle;
@@ -96,47 +102,53 @@ EscolhaDeMonitor::EscolhaDeMonitor(const IniStore &store) : m_store(store) {
   m_edid = stored.section(u'|', 0, 0);
   m_conector = stored.section(u'|', 1, 1);
   m_nome = stored.section(u'|', 2, 2);
+  m_ensaio = !Automatica() && stored.section(u'|', 3, 3) == MarcaDeEnsaio;
 }
 
-void EscolhaDeMonitor::Escolhe(const clsMonitor *monitor) {
+void EscolhaDeMonitor::Escolhe(const clsMonitor *monitor, bool ensaio) {
   const auto part = [](QString text) { return text.replace(u'|', u' ').simplified(); };
   m_edid = monitor ? part(monitor->Edid) : QString();
   m_conector = monitor ? part(monitor->Conector) : QString();
   m_nome = monitor ? part(monitor->Nome) : QString();
-  m_store.WriteConfig(Secao, ChaveDoMonitor,
-                      Automatica() ? QString() : QString(m_edid + u'|' + m_conector + u'|' + m_nome));
+  m_ensaio = !Automatica() && ensaio;
+  QString stored;
+  if (!Automatica())
+    stored = m_edid + u'|' + m_conector + u'|' + m_nome;
+  if (m_ensaio)
+    stored += u'|' + MarcaDeEnsaio;
+  m_store.WriteConfig(Secao, ChaveDoMonitor, stored);
 }
 
-const clsMonitor *EscolhaDeMonitor::Encontra(const std::vector<clsMonitor> &monitores) const {
+// On another connector it is known by its EDID alone. The console's monitor may be of the same make and tell no serial
+// number; it is not taken for a projector that has gone.
+const clsMonitor *EscolhaDeMonitor::Encontra(const clsMonitors &monitores) const {
   if (Automatica())
     return nullptr;
   const clsMonitor *found = nullptr;
-  for (const clsMonitor &monitor : monitores) {
+  for (const clsMonitor &monitor : monitores.Monitors) {
     if (QString(monitor.Edid).replace(u'|', u' ').simplified() != m_edid)
       continue;
     if (monitor.Conector == m_conector)
       return &monitor;
-    if (!found && !m_edid.isEmpty())
+    if (!found && !m_edid.isEmpty() && (m_ensaio || monitores.LivreDoConsole(monitor)))
       found = &monitor;
   }
   return found;
 }
 
 PlacaDoTelao EscolheTela(const clsMonitors &monitores, const EscolhaDeMonitor &escolha) {
-  const clsMonitor *console = monitores.MonitorFromWindow();
-  // A monitor that repeats a part of the console's would cover that part.
-  const auto apart = [console](const clsMonitor &monitor) {
-    return !console || (monitor.Handle != console->Handle && !monitor.Rect().intersects(console->Rect()));
-  };
-  const clsMonitor *chosen = escolha.Encontra(monitores.Monitors);
-  if (chosen && apart(*chosen))
+  const clsMonitor *chosen = escolha.Encontra(monitores);
+  if (chosen && monitores.LivreDoConsole(*chosen))
     return {chosen->Rect(), true, true, chosen->Handle, chosen->Nome};
+  // The console came onto a monitor that was chosen for the audience: nobody asked for a window above it there.
+  if (chosen && !escolha.Ensaio())
+    chosen = nullptr;
   if (!chosen)
     for (const clsMonitor &monitor : monitores.Monitors)
-      if (apart(monitor))
+      if (monitores.LivreDoConsole(monitor))
         return {monitor.Rect(), true, false, monitor.Handle, monitor.Nome};
 
-  const clsMonitor *own = chosen ? chosen : console;
+  const clsMonitor *own = chosen ? chosen : monitores.MonitorFromWindow();
   if (!own && !monitores.Monitors.empty())
     own = &monitores.Monitors.front();
   const QRect tela = own ? own->Rect() : QRect(0, 0, 1280, 720);

@@ -45,6 +45,8 @@ public:
   // Pointers into the list; null for none.
   const clsMonitor *MonitorFromWindow() const; // that of the console
   const clsMonitor *GetMonitorFromXYPoint(int x, int y) const;
+  // It neither holds the console nor repeats a part of the monitor that does, which it would cover.
+  bool LivreDoConsole(const clsMonitor &monitor) const;
   bool IsFormOnPrimaryMonitor(const QRect &form) const; // by its middle
   // Enough of the window's title bar lies on a monitor to drag it by.
   bool AoAlcance(const QRect &form) const;
@@ -60,8 +62,10 @@ class EscolhaDeMonitor {
 public:
   explicit EscolhaDeMonitor(const IniStore &store);
   bool Automatica() const { return m_edid.isEmpty() && m_conector.isEmpty(); }
-  void Escolhe(const clsMonitor *monitor); // null for automatic
-  const clsMonitor *Encontra(const std::vector<clsMonitor> &monitores) const; // null when automatic or not there
+  // Null for automatic. `ensaio`: it holds the console, so what is chosen is a rehearsal there.
+  void Escolhe(const clsMonitor *monitor, bool ensaio = false);
+  const clsMonitor *Encontra(const clsMonitors &monitores) const; // null when automatic or not there
+  bool Ensaio() const { return m_ensaio; }
   QString Nome() const { return m_nome; }
 
 private:
@@ -69,6 +73,7 @@ private:
   QString m_edid;
   QString m_conector;
   QString m_nome;
+  bool m_ensaio = false;
 };
 
 // Where the projection goes.
@@ -80,8 +85,9 @@ struct PlacaDoTelao {
   QString nome; // of the monitor
 };
 
-// The monitor that the operator chose, if it is there. Else the first that does not hold the console and shows nothing
-// of the console's monitor. Where that leaves none, or the console's own is chosen: a centred window of half its size.
+// The monitor that the operator chose, if it is there and the console is not on it. Else the first that does not hold
+// the console and shows nothing of the console's monitor. Where that leaves none, or the console's own was chosen for a
+// rehearsal: a centred window of half its size.
 PlacaDoTelao EscolheTela(const clsMonitors &monitores, const EscolhaDeMonitor &escolha);
 // With one monitor the message about the missing projector; the monitors are looked at again behind it.
 void PerguntaPeloProjetor(clsMonitors &monitores, UserPrompt &prompt);

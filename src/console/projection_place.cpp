@@ -28,7 +28,7 @@ void ProjectionPlace::Reavalia() {
   CuidaDoConsole();
   const PlacaDoTelao placa = tolmira::EscolheTela(m_monitores, m_escolha);
   // A window that stood on a projector never comes over the operator's screen by itself.
-  m_console.painel.SemProjetor = !placa.segundoMonitor && !placa.escolhida && m_tinhaProjetor;
+  m_console.painel.SemProjetor = !placa.segundoMonitor && m_tinhaProjetor;
   if (m_console.painel.SemProjetor)
     m_janelas.Esconde();
   else
@@ -58,13 +58,20 @@ void ProjectionPlace::EscolheTela(int opcao) {
   ListaTelas();
   if (opcao < 0 || opcao > static_cast<int>(m_monitores.Monitors.size()))
     return;
-  m_escolha.Escolhe(opcao == 0 ? nullptr : &m_monitores.Monitors[static_cast<size_t>(opcao) - 1]);
+  const clsMonitor *chosen = opcao == 0 ? nullptr : &m_monitores.Monitors[static_cast<size_t>(opcao) - 1];
+  const bool ensaio = chosen && !m_monitores.LivreDoConsole(*chosen);
+  m_escolha.Escolhe(chosen, ensaio);
+  if (ensaio)
+    m_tinhaProjetor = false; // the one way for the window to come over the operator's screen
   Reavalia();
 }
 
 void ProjectionPlace::Poe(const PlacaDoTelao &placa) {
-  // A rehearsal window stays where the operator dragged it while nothing else about its place has changed.
-  const bool ensaio = !placa.segundoMonitor && !m_placa.segundoMonitor && placa.tela == m_placa.tela;
+  // A rehearsal window stays where the operator dragged it while nothing else about its place has changed, unless the
+  // monitor under it has gone.
+  const bool mesma = !placa.segundoMonitor && !m_placa.segundoMonitor && placa.tela == m_placa.tela;
+  const QPoint meio = mesma ? m_janelas.Retangulo().center() : QPoint();
+  const bool ensaio = mesma && m_monitores.GetMonitorFromXYPoint(meio.x(), meio.y());
   m_tinhaProjetor = placa.segundoMonitor;
   m_placa = placa;
   m_console.painel.TelaoEm = placa.nome;
@@ -72,16 +79,22 @@ void ProjectionPlace::Poe(const PlacaDoTelao &placa) {
     m_janelas.Posiciona(placa);
 }
 
-// The console goes back to its own monitor when that returns, unless the operator took it elsewhere meanwhile.
+const clsMonitor *ProjectionPlace::Presente(const std::optional<clsMonitor> &monitor) const {
+  for (const clsMonitor &agora : m_monitores.Monitors)
+    if (monitor && SameMonitor(agora, *monitor))
+      return &agora;
+  return nullptr;
+}
+
+// The console goes back to its own monitor when that returns, unless the operator took it elsewhere meanwhile. Where the
+// refuge went too, it was the desktop that moved the console.
 void ProjectionPlace::CuidaDoConsole() {
   const clsMonitor *agora = m_monitores.MonitorFromWindow();
   if (!agora)
     agora = &m_monitores.Monitors.front();
-  const clsMonitor *casa = nullptr;
-  for (const clsMonitor &monitor : m_monitores.Monitors)
-    if (m_casa && SameMonitor(monitor, *m_casa))
-      casa = &monitor;
-  const bool mudouDeLugar = m_refugio && !SameMonitor(*agora, *m_refugio);
+  const clsMonitor *casa = Presente(m_casa);
+  const clsMonitor *refugio = Presente(m_refugio);
+  const bool mudouDeLugar = refugio && !SameMonitor(*agora, *refugio);
   if (casa && m_refugio && !mudouDeLugar) {
     m_refugio.reset();
     m_casa = *casa;
@@ -100,7 +113,7 @@ void ProjectionPlace::CuidaDoConsole() {
 
 void ProjectionPlace::ListaTelas() {
   std::vector<OpcaoDeTela> telas{{QStringLiteral("Automatic"), m_escolha.Automatica(), true}};
-  const clsMonitor *chosen = m_escolha.Encontra(m_monitores.Monitors);
+  const clsMonitor *chosen = m_escolha.Encontra(m_monitores);
   for (const clsMonitor &monitor : m_monitores.Monitors)
     telas.push_back({QStringLiteral("%1, %2 × %3 at %4, %5")
                          .arg(monitor.Nome)

@@ -17,6 +17,7 @@ public:
     std::function<void(const PlacaDoTelao &)> Posiciona;
     std::function<void()> Esconde;                       // there is no place for it
     std::function<void(const clsMonitor &)> LevaConsole; // the console goes to that monitor, filling it if it filled its own
+    std::function<QRect()> Retangulo;                    // of the projection's window; empty for none
     std::function<QSize()> Tamanho;                      // of the projection's window, pixels; empty for none
     std::function<void()> TelaMudou;                     // that size is another than what the item on show is fitted to
   };
@@ -31,6 +32,7 @@ public:
 private:
   void Poe(const PlacaDoTelao &placa);
   void CuidaDoConsole();
+  const clsMonitor *Presente(const std::optional<clsMonitor> &monitor) const; // null when it is not in the list
   void ListaTelas();
 
   ConsoleContext &m_console;

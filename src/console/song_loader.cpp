@@ -36,8 +36,8 @@ QStringList TextoDasEstrofes(const PaginatedSong &paged) {
 
 int Linhas(const QString &verso) { return static_cast<int>(verso.count(u"<br>")) + 1; }
 
-// Where verse `n` is now. Cut for another frame, a song has its stanzas split at other lines: it is the verse with the line
-// by which that one began. A text that was edited meanwhile keeps the number.
+} // namespace
+
 int MesmoLugar(const QStringList &antes, int n, const QStringList &agora) {
   const int total = static_cast<int>(agora.size());
   const QString linhas = QStringLiteral("<br>");
@@ -54,8 +54,6 @@ int MesmoLugar(const QStringList &antes, int n, const QStringList &agora) {
   }
   return total;
 }
-
-} // namespace
 
 SongLoader::SongLoader(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas)
     : m_console(console), m_stepper(stepper), m_temas(temas) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "console/console_context.h"
 #include "console/stepping.h"
@@ -9,6 +10,11 @@
 namespace tolmira {
 
 class ThemeControl;
+
+// Where verse `n`, from 1, of `antes` is in `agora`. Cut for another frame, a song has its stanzas split at other lines: it
+// is the verse with the line by which that one began. A text that was edited meanwhile keeps the number, as far as it
+// goes.
+int MesmoLugar(const QStringList &antes, int n, const QStringList &agora);
 
 // Puts a song or hymn on the console: reads, pages, measures, and prepares the page.
 class SongLoader {

@@ -29,6 +29,7 @@ public:
       monitors.console = monitor.Handle;
       ++consoleMoves;
     };
+    janelas.Retangulo = [this] { return window; };
     janelas.Tamanho = [this] { return window.size(); };
     janelas.TelaMudou = [this] { ++refits; };
     auto place = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
@@ -134,6 +135,19 @@ private slots:
     QCOMPARE(desktop.window, Direita);
   }
 
+  void aRehearsalReturnsFromAMonitorThatWent() {
+    Desktop desktop;
+    const auto place = desktop.Place();
+    place->EscolheTela(1);
+    const QRect centred = desktop.window;
+    desktop.window.moveTo(1500, 100);
+    place->Reavalia();
+    QCOMPARE(desktop.window.topLeft(), QPoint(1500, 100));
+    desktop.Unplug(2);
+    place->Reavalia();
+    QCOMPARE(desktop.window, centred);
+  }
+
   void theConsoleGoesHomeWithItsMonitor() {
     Desktop desktop;
     const auto place = desktop.Place();
@@ -163,6 +177,25 @@ private slots:
     desktop.monitors.list.push_back(FixedMonitors::At(1, Mesa));
     place->Reavalia();
     QCOMPARE(desktop.monitors.console, quintptr(3));
+  }
+
+  // All outputs off leaves a screen that is none of them; it goes with the first that returns.
+  void theConsoleGoesHomeThroughSeveralRefuges() {
+    Desktop desktop;
+    const auto place = desktop.Place();
+    desktop.monitors.list = {FixedMonitors::At(5, QRect(0, 0, 1280, 800), QStringLiteral(":60.0"))};
+    desktop.monitors.console = 5;
+    place->Reavalia();
+    QVERIFY(!desktop.visible);
+    desktop.monitors.list = {FixedMonitors::At(6, Direita, QStringLiteral("OUT-2"))};
+    desktop.monitors.console = 6;
+    place->Reavalia();
+    QVERIFY(!desktop.visible);
+    desktop.monitors.list.push_back(FixedMonitors::At(7, Mesa, QStringLiteral("OUT-1")));
+    place->Reavalia();
+    QCOMPARE(desktop.monitors.console, quintptr(7));
+    QCOMPARE(desktop.window, Direita);
+    QVERIFY(desktop.visible);
   }
 
   void aPanelThatComesUpMovesTheConsole() {
@@ -225,6 +258,46 @@ private slots:
     QVERIFY(desktop.visible);
     place->EscolheTela(7);
     QCOMPARE(desktop.window, QRect(320, 200, 640, 400));
+  }
+
+  // The console comes onto the chosen monitor, or only one of the same make as the chosen one is left: that was no choice
+  // of a window above the console.
+  void aChosenProjectorNeverBecomesARehearsal_data() {
+    QTest::addColumn<quintptr>("gone");
+    QTest::addColumn<QString>("edid"); // of both
+    QTest::newRow("the console's monitor went") << quintptr(1) << QString();
+    QTest::newRow("its twin holds the console") << quintptr(2) << QStringLiteral("ACME Panel");
+  }
+  void aChosenProjectorNeverBecomesARehearsal() {
+    QFETCH(quintptr, gone);
+    QFETCH(QString, edid);
+    Desktop desktop;
+    for (clsMonitor &monitor : desktop.monitors.list)
+      monitor.Edid = edid;
+    const auto all = desktop.monitors.list;
+    const auto place = desktop.Place();
+    place->EscolheTela(2);
+    QCOMPARE(desktop.window, Direita);
+    desktop.Unplug(gone);
+    place->Reavalia();
+    QVERIFY(desktop.Panel().SemProjetor);
+    QVERIFY(!desktop.visible);
+    QCOMPARE(desktop.Panel().telas.back().texto.endsWith(u"not connected"), gone == 2);
+    desktop.monitors.list = all;
+    place->Reavalia();
+    QVERIFY(desktop.visible);
+    QCOMPARE(desktop.window, Direita);
+    // The operator asks for it on the console's own, which this start and the next believe.
+    place->EscolheTela(1);
+    QVERIFY(desktop.visible);
+    QCOMPARE(desktop.window, QRect(320, 200, 640, 400));
+    desktop.Place();
+    QCOMPARE(desktop.window, QRect(320, 200, 640, 400));
+    // Chosen for the audience, and then the program opens there.
+    place->EscolheTela(2);
+    desktop.monitors.console = 2;
+    desktop.Place();
+    QCOMPARE(desktop.window, Mesa);
   }
 
   void aDamagedChoiceIsNone_data() {
@@ -293,6 +366,22 @@ private slots:
     QCOMPARE(estado.EstrofeAtual, 4);
     desktop.core.stepper.CtrlUp();
     QVERIFY(desktop.VersesSent().last().startsWith(u"Linha 30"));
+
+    desktop.core.stepper.CtrlDown();
+    desktop.core.stepper.TeclaEstrofe(-1);
+    change(QSize(1280, 300));
+    const auto inFrame = [&] { return estado.TextoEstrofes.value(estado.EstrofeAtual - 1); };
+    QVERIFY2(inFrame().startsWith(u"Linha 20"), qPrintable(inFrame()));
+    QVERIFY(estado.VersoTextoAtual.startsWith(u"Linha 30"));
+    // Ctrl is let go while the page is built.
+    desktop.yielder.onYield = [&](int) {
+      if (!estado.EnviarAoTelao)
+        desktop.core.stepper.CtrlUp();
+    };
+    change(QSize(800, 800));
+    QVERIFY(estado.EnviarAoTelao);
+    QVERIFY2(inFrame().startsWith(u"Linha 20"), qPrintable(inFrame()));
+    QVERIFY(desktop.VersesSent().last().startsWith(u"Linha 20"));
   }
 
   void aPageThatComesBackLeavesTheOtherAlone() {

@@ -636,6 +636,17 @@ private slots:
     QCOMPARE(LeRetanguloNormal(desk.store, all), own);
     toggle->click();
     QCOMPARE(place(), own);
+
+    // By the window manager, of which the button knows too.
+    const QString enlarge = toggle->accessibleName();
+    desk.frm.move(60, 50);
+    desk.frm.showMaximized();
+    QTRY_VERIFY(toggle->accessibleName() != enlarge);
+    toggle->click();
+    QVERIFY(!desk.frm.isMaximized());
+    QTRY_COMPARE(place(), own.translated(20, 20));
+    QCOMPARE(toggle->accessibleName(), enlarge);
+    QCOMPARE(LeRetanguloNormal(desk.store, all), own.translated(20, 20));
   }
 
   void edgesResizeTheWindow_data() {

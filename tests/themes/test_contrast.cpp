@@ -106,7 +106,6 @@ private slots:
   }
 };
 
-Q_DECLARE_METATYPE(TemaRecord)
 
 QTEST_GUILESS_MAIN(TestContrast)
 #include "test_contrast.moc"

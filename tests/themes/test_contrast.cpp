@@ -106,6 +106,5 @@ private slots:
   }
 };
 
-
 QTEST_GUILESS_MAIN(TestContrast)
 #include "test_contrast.moc"

@@ -55,6 +55,19 @@ Album &TheAlbum() {
   return album;
 }
 
+// Asks for every copy and runs the loop until all have come.
+void WaitForCopies(SmallCopyLoader &loader, const Album &album) {
+  QEventLoop loop;
+  int ready = 0;
+  const auto connection = QObject::connect(&loader, &SmallCopyLoader::Pronta, &loop, [&] {
+    if (++ready == Pictures)
+      loop.quit();
+  });
+  loader.Deseja(album.names);
+  loop.exec();
+  QObject::disconnect(connection);
+}
+
 // Small copies as the gallery makes them, on all its threads.
 void SmallCopies(benchmark::State &state) {
   Album &album = TheAlbum();
@@ -63,15 +76,7 @@ void SmallCopies(benchmark::State &state) {
     state.PauseTiming();
     album.ForgetCopies();
     state.ResumeTiming();
-    QEventLoop loop;
-    int ready = 0;
-    const auto connection = QObject::connect(&loader, &SmallCopyLoader::Pronta, &loop, [&] {
-      if (++ready == Pictures)
-        loop.quit();
-    });
-    loader.Deseja(album.names);
-    loop.exec();
-    QObject::disconnect(connection);
+    WaitForCopies(loader, album);
   }
   state.SetItemsProcessed(state.iterations() * Pictures);
 }
@@ -100,15 +105,7 @@ void ReadyCopies(benchmark::State &state) {
   Album &album = TheAlbum();
   SmallCopyLoader loader(album.app);
   for (auto _ : state) {
-    QEventLoop loop;
-    int ready = 0;
-    const auto connection = QObject::connect(&loader, &SmallCopyLoader::Pronta, &loop, [&] {
-      if (++ready == Pictures)
-        loop.quit();
-    });
-    loader.Deseja(album.names);
-    loop.exec();
-    QObject::disconnect(connection);
+    WaitForCopies(loader, album);
   }
   state.SetItemsProcessed(state.iterations() * Pictures);
 }

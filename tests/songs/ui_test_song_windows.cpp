@@ -66,12 +66,7 @@ private:
         rows.append(list->model()->index(row, 0).data().toString());
       return rows;
     }
-    QStringList Said() {
-      QStringList said;
-      for (const auto &shown : std::exchange(prompt.shown, {}))
-        said.append(shown.text);
-      return said;
-    }
+    QStringList Said() { return prompt.TakeTexts(); }
 
     QTemporaryDir folder;
     AppFolder app;

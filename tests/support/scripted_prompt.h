@@ -49,6 +49,14 @@ public:
     return colours.isEmpty() ? std::nullopt : std::optional<qint32>(colours.takeFirst());
   }
 
+  // The texts of the boxes since the last call.
+  QStringList TakeTexts() {
+    QStringList texts;
+    for (const Shown &box : std::exchange(shown, {}))
+      texts.append(box.text);
+    return texts;
+  }
+
   QList<int> answers;
   std::function<void()> whileAsking; // once, as long as the next box stands open
   QStringList files;

@@ -36,12 +36,7 @@ public:
   }
   QStringList Images() const { return QDir(Path(QStringLiteral("app/Images"))).entryList(QDir::Files, QDir::Name); }
   QStringList Mini() const { return QDir(Path(QStringLiteral("app/Images/Mini"))).entryList(QDir::Files, QDir::Name); }
-  QStringList Said() {
-    QStringList said;
-    for (const auto &shown : std::exchange(prompt.shown, {}))
-      said.append(shown.text);
-    return said;
-  }
+  QStringList Said() { return prompt.TakeTexts(); }
 
   QTemporaryDir folder;
   AppFolder app;

@@ -1,5 +1,6 @@
 #include "songs/ui/song_editors.h"
 
+#include "controls/ui/close_all.h"
 #include "foundation/real_path.h"
 #include "songs/FrmConfigFormatTexto.h"
 #include "songs/FrmEditar.h"
@@ -75,23 +76,7 @@ bool SongEditors::AbertoEmOutra(const QString &path) const {
   return !m_editors.empty() && !EstaAberto(path);
 }
 
-bool SongEditors::FechaTodos() {
-  if (m_closing)
-    return false; // a box of the first try still stands open
-  if (std::any_of(m_editors.begin(), m_editors.end(), [](const auto &one) { return one->Ocupado(); }))
-    return false;
-  m_closing = true;
-  while (!m_editors.empty()) {
-    FrmEditar *editor = m_editors.back().get();
-    editor->raise();
-    const size_t before = m_editors.size();
-    // One whose own question stands open says that it is closed and stays.
-    if (!editor->close() || m_editors.size() == before)
-      break;
-  }
-  m_closing = false;
-  return m_editors.empty();
-}
+bool SongEditors::FechaTodos() { return CloseAll(m_editors, m_closing); }
 
 void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
   const SongDrafts drafts(m_doors.store.App());

@@ -1,5 +1,6 @@
 #include "themes/ui/theme_editors.h"
 
+#include "controls/ui/close_all.h"
 #include "display/ui/web_page_host.h"
 #include "themes/FrmConfigTema.h"
 #include "themes/ui/theme_preview.h"
@@ -42,21 +43,6 @@ PageObject *ThemeEditors::WV() const {
   return m_editors.empty() ? nullptr : m_editors.back()->Preview()->PicWV()->WV();
 }
 
-bool ThemeEditors::FechaTodos() {
-  if (m_closing)
-    return false; // a box of the first try still stands open
-  if (std::any_of(m_editors.begin(), m_editors.end(), [](const auto &one) { return one->Ocupado(); }))
-    return false;
-  m_closing = true;
-  while (!m_editors.empty()) {
-    FrmConfigTema *editor = m_editors.back().get();
-    editor->raise();
-    const size_t before = m_editors.size();
-    if (!editor->close() || m_editors.size() == before)
-      break;
-  }
-  m_closing = false;
-  return m_editors.empty();
-}
+bool ThemeEditors::FechaTodos() { return CloseAll(m_editors, m_closing); }
 
 } // namespace tolmira

@@ -1,6 +1,7 @@
 #include "console/ui/bible_settings.h"
 
 #include "controls/ui/desk_icon.h"
+#include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/value_slider.h"
 
@@ -91,14 +92,8 @@ BibleSettings::BibleSettings(ConsoleParts parts, QWidget *parent) : QWidget(pare
   };
   const auto button = [this](const QString &name, const char *drawing, const QString &tip,
                              const std::function<void()> &press) {
-    auto *made = new QPushButton(this);
-    made->setObjectName(name);
-    made->setProperty("look", QStringLiteral("icon"));
-    made->setIcon(DeskIcon(QLatin1String(drawing)));
-    made->setIconSize({medidas::Icon, medidas::Icon});
+    QPushButton *made = NewIconButton(name, drawing, tip, this);
     made->setCheckable(true);
-    made->setAccessibleName(tip);
-    made->setToolTip(tip);
     connect(made, &QPushButton::clicked, this, [this, press] {
       press();
       Atualiza();

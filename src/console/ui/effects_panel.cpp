@@ -1,7 +1,7 @@
 #include "console/ui/effects_panel.h"
 
 #include "controls/ui/calm_combo.h"
-#include "controls/ui/desk_icon.h"
+#include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/value_slider.h"
 #include "display/effects.h"
@@ -154,14 +154,8 @@ QComboBox *EffectsPanel::MakeCombo(const char *name, const QString &spoken,
 
 QPushButton *EffectsPanel::MakeBox(const char *name, const char *drawing, const QString &tip,
                                    const std::function<void(bool)> &tick) {
-  auto *box = new QPushButton(this);
-  box->setObjectName(QLatin1String(name));
-  box->setProperty("look", QStringLiteral("icon"));
-  box->setIcon(DeskIcon(QLatin1String(drawing)));
-  box->setIconSize({medidas::Icon, medidas::Icon});
+  QPushButton *box = NewIconButton(QLatin1String(name), drawing, tip, this);
   box->setCheckable(true);
-  box->setAccessibleName(tip);
-  box->setToolTip(tip);
   connect(box, &QPushButton::clicked, this, tick);
   return box;
 }

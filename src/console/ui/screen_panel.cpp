@@ -5,6 +5,7 @@
 #include "console/ui/preview_box.h"
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/elided_label.h"
+#include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/state_button.h"
 
@@ -78,12 +79,7 @@ void ScreenPanel::MakeStates() {
   m_imgCombo = new QLabel(this);
   m_imgCombo->setObjectName(QStringLiteral("ImgCombo"));
   m_imgCombo->setPixmap(DeskIcon(QLatin1String("indicator-right")).pixmap(medidas::Margin, medidas::Margin));
-  m_image11 = new QPushButton(this);
-  m_image11->setObjectName(QStringLiteral("Image11"));
-  m_image11->setProperty("look", QStringLiteral("icon"));
-  m_image11->setIcon(DeskIcon(QLatin1String("picture-choose")));
-  m_image11->setIconSize({medidas::Icon, medidas::Icon});
-  m_image11->setAccessibleName(tr("Change the default background"));
+  m_image11 = NewIconButton(QStringLiteral("Image11"), "picture-choose", tr("Change the default background"), this);
   m_image11->setToolTip(tr("Chooses the picture that \"Background\" shows"));
   connect(m_image11, &QPushButton::clicked, this, [this] { m_parts.controles.Image11(); });
 }
@@ -157,12 +153,7 @@ QWidget *ScreenPanel::MakeReferenceRow() {
   m_text2->setAccessibleName(tr("Quick Bible reference"));
   m_text2->setToolTip(tr("A few letters of the book, chapter and verse; Enter shows the passage (F10 comes here)"));
   row->addWidget(m_text2, 1);
-  m_image9 = new QPushButton(block);
-  m_image9->setObjectName(QStringLiteral("Image9"));
-  m_image9->setProperty("look", QStringLiteral("icon"));
-  m_image9->setIcon(DeskIcon(QLatin1String("bible")));
-  m_image9->setIconSize({medidas::Icon, medidas::Icon});
-  m_image9->setAccessibleName(tr("Bible version"));
+  m_image9 = NewIconButton(QStringLiteral("Image9"), "bible", tr("Bible version"), block);
   m_image9->setToolTip(tr("Bible version (Ctrl+B)"));
   row->addWidget(m_image9);
   column->addLayout(row);

@@ -2,6 +2,7 @@
 
 #include "controls/ui/calm_combo.h"
 #include "controls/ui/desk_icon.h"
+#include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/value_slider.h"
 
@@ -119,14 +120,8 @@ void TextSettings::MakeButtons() {
   grid->setSpacing(medidas::Step);
   const auto button = [this, grid](const QString &name, const char *drawing, const QString &spoken, int row, int column,
                                    const std::function<void()> &press) {
-    auto *made = new QPushButton(m_picture4);
-    made->setObjectName(name);
-    made->setProperty("look", QStringLiteral("icon"));
-    made->setIcon(DeskIcon(QLatin1String(drawing)));
-    made->setIconSize({medidas::Icon, medidas::Icon});
+    QPushButton *made = NewIconButton(name, drawing, spoken, m_picture4);
     made->setCheckable(true);
-    made->setAccessibleName(spoken);
-    made->setToolTip(spoken);
     // What is pressed shows what holds, and that is for the logic to say.
     connect(made, &QPushButton::clicked, this, [this, press] {
       press();

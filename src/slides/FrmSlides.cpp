@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -32,10 +33,11 @@ namespace tolmira {
 namespace {
 
 const QString BoxTitle = QStringLiteral("Tolmira");
-constexpr QSize FirstSize{1000, 560}; // stands on a screen of 1024x600
-constexpr int ExitMs = 1200;          // until the text comes back that went with its effect
-constexpr int MostFontSize = 20;      // per cent of the page's width
-constexpr int LeastSpacing = 10;      // tenths of a line; the preview reads two digits
+constexpr QSize FirstSize{1200, 700};
+constexpr QSize Around{24, 40};  // of the screen, which stays free
+constexpr int ExitMs = 1200;     // until the text comes back that went with its effect
+constexpr int MostFontSize = 20; // per cent of the page's width
+constexpr int LeastSpacing = 10; // tenths of a line; the preview reads two digits
 constexpr int MostSpacing = 30;
 enum Answer { SaveIt = 0, DropIt = 1 };
 constexpr qint16 Alinhamentos[] = {0, AlinhamentoCentrado};
@@ -74,7 +76,7 @@ FrmSlides::FrmSlides(const SlideDoors &doors, EstadoSlides &estado)
       m_draft(DraftFolder(doors.store.App()), doors.clock, [this] { return ToJson(m_editor.Draft()); }),
       m_loader(doors.store.App()) {
   setObjectName(QStringLiteral("FrmSlides"));
-  resize(FirstSize);
+  resize(FirstSize.boundedTo(screen()->availableSize() - Around));
   auto *rows = new QVBoxLayout(this);
   rows->setContentsMargins(medidas::Margin, medidas::Margin, medidas::Margin, medidas::Margin);
   rows->setSpacing(medidas::Gap);
@@ -83,7 +85,7 @@ FrmSlides::FrmSlides(const SlideDoors &doors, EstadoSlides &estado)
   desk->setSpacing(medidas::Margin);
   desk->addWidget(MakeStrip());
   desk->addWidget(MakeSlide(), 1);
-  desk->addWidget(MakeLook(), 1);
+  desk->addWidget(MakeLook());
   rows->addLayout(desk, 1);
   MakeBottom(rows);
   MakeKeys();

@@ -33,8 +33,8 @@ void ConsoleCore::PaginaVoltou(Alvo qual) {
   efeitos.PaginaVoltou(qual);
   loader.PaginaVoltou(qual);
   leitura.PaginaVoltou(qual);
-  slides.PaginaVoltou(qual);
   textos.PaginaVoltou(qual);
+  slides.PaginaVoltou(qual);
 }
 
 void ConsoleCore::PreviaMudou() {

@@ -31,11 +31,11 @@ private slots:
     QVERIFY(!Core().painel.CommandBtEnabled && !Core().painel.LbFaixaVisible && !Core().painel.SliderExLouvorVisible);
     const QString page = m_fixture->folder.path() + QStringLiteral("\\temp");
     QCOMPARE(m_fixture->display.commands.first(), QString(u"CarregaTema|#" + page + u".html"));
-    QCOMPARE(m_fixture->preview.urls, QStringList(u"file:///" + page + u"-pv.html"));
+    QCOMPARE(m_fixture->preview.urls.last(), QString(u"file:///" + page + u"-pv.html"));
     QCOMPARE(m_fixture->display.commands.value(1), QStringLiteral("GotoSlideImage|#0"));
     QCOMPARE(Titles(), QStringList{QStringLiteral("Title 1")});
-    QCOMPARE(Core().painel.situacao.LbDetalheTela, QStringLiteral("Slide 1 of 3"));
-    QCOMPARE(Core().painel.situacao.LbProximo, QStringLiteral("Next: slide 2, Title 2"));
+    QCOMPARE(Situacao().LbDetalheTela, QStringLiteral("Slide 1 of 3"));
+    QCOMPARE(Situacao().LbProximo, QStringLiteral("Next: slide 2, Title 2"));
   }
 
   void entriesNameADocumentByPathOrName_data() {
@@ -61,7 +61,7 @@ private slots:
                           QStringLiteral("GotoSlideImage|#1"), QStringLiteral("GotoSlideImage|#0"),
                           QStringLiteral("GotoSlideImage|#2")}));
     QCOMPARE(m_fixture->preview.scripts.filter(QStringLiteral("GotoSlideImage")).size(), 5);
-    QCOMPARE(Core().painel.situacao.LbProximo, QStringLiteral("Last slide"));
+    QCOMPARE(Situacao().LbProximo, QStringLiteral("Last slide"));
     // In the agenda's list the paging keys are the list's.
     QVERIFY(!Core().teclas.KeyDown(Qt::Key_PageUp, false, true));
     QCOMPARE(Estado().SlideAtual, 3);
@@ -124,8 +124,8 @@ private slots:
     m_fixture->clock.Advance(30000);
     QVERIFY(m_fixture->display.commands.isEmpty());
     QCOMPARE(Estado().SlideAtual, 1);
-    QCOMPARE(Core().painel.situacao.LbEstadoTela, QStringLiteral("HELD"));
-    QCOMPARE(Core().painel.situacao.LbProximo, QStringLiteral("On release: slide 3, Title 3"));
+    QCOMPARE(Situacao().LbEstadoTela, QStringLiteral("HELD"));
+    QCOMPARE(Situacao().LbProximo, QStringLiteral("On release: slide 3, Title 3"));
     Core().teclas.KeyUp(Qt::Key_Control);
     QCOMPARE(Titles(), QStringList{QStringLiteral("Title 3")});
   }
@@ -249,6 +249,10 @@ private:
   void ShowSlides(const QString &target) {
     Core().flow.ShowEntry(5, 1, QFileInfo(target).completeBaseName(), target);
   }
+  const SituacaoDaTela &Situacao() {
+    Core().contexto.descreve();
+    return Core().painel.situacao;
+  }
   // The titles of the slides sent since the last Forget.
   QStringList Titles() const {
     static const QRegularExpression title(QStringLiteral("margin-bottom: 1%;\\\\'>(.*?)</div>"));
@@ -262,5 +266,5 @@ private:
   std::unique_ptr<ConsoleFixture> m_fixture;
 };
 
-QTEST_GUILESS_MAIN(TestSlides)
+QTEST_MAIN(TestSlides)
 #include "test_slides.moc"

@@ -109,7 +109,7 @@ private slots:
     desk.Template("[listaImages]#[primeiraimage]");
     QList<Slide> slides;
     for (const QString &picture : pictures)
-      slides.append({picture});
+      slides.append({picture, {}, {}, 0, 12, 4, 1});
     desk.pages.CarregarSlides(Document(slides), int(slides.size()), 1);
     QFETCH(QString, list);
     QCOMPARE(desk.Page("temp.html"), QByteArray(list.toLatin1() + '#' + QByteArray::number(slides.size() - 1)));
@@ -124,22 +124,22 @@ private slots:
     document.visual.MoveImagens = true;
     document.visual.Font_Name = QStringLiteral("Arial");
     desk.estado.EstadoTela = QStringLiteral("OcultarTexto");
-    const QByteArray look = "|Arial|#ffffff|#161717 0px 1px 3px ,#000000 ";
+    const QByteArray look = "|Arial|#FFFFFF|#161817 0px 1px 3px ,#000000 ";
     desk.pages.CarregarSlides(document, 1, 0);
     QCOMPARE(desk.estado.PaginaAtual, QStringLiteral("slide"));
     QCOMPARE(desk.display.commands, QStringList{u"CarregaTema|#" + desk.folder.path() + u"\\temp.html"});
     QCOMPARE(desk.preview.urls, QStringList{u"file:///" + desk.folder.path() + u"\\temp-pv.html"});
     QCOMPARE(desk.yielder.calls, std::vector<int>{4});
     const QByteArray page = desk.Page("temp.html");
-    QVERIFY2(page.startsWith("toss|1000||running|<div id='verso'") && page.contains("font-size:51px"), page);
-    QVERIFY2(page.endsWith(look + "4px 4px 6px ;|none|center|0/100|0.0|"), page);
+    QVERIFY2(page.startsWith("toss|1000||running|<div id='verso'") && page.contains("font-size:51px"), page.constData());
+    QVERIFY2(page.endsWith(QByteArray(look + "4px 4px 6px ;|none|center|0/100|0.0|")), page.constData());
     const QByteArray previewPage = desk.Page("temp-pv.html");
-    QVERIFY2(previewPage.contains("font-size:13px"), previewPage);
-    QVERIFY2(previewPage.endsWith(look + "1px 1px 1.5px ;|none|center|0/100|0.0|"), previewPage);
+    QVERIFY2(previewPage.contains("font-size:13px"), previewPage.constData());
+    QVERIFY2(previewPage.endsWith(QByteArray(look + "1px 1px 1.5px ;|none|center|0/100|0.0|")), previewPage.constData());
 
     desk.estado.ImagensCongeladas = true;
     desk.pages.CarregarSlides(document, 0, 2);
-    QVERIFY2(desk.Page("temp-pv.html").startsWith("toss|1000||paused||Arial"), desk.Page("temp-pv.html"));
+    QVERIFY(desk.Page("temp-pv.html").startsWith("toss|1000||paused||Arial"));
     QCOMPARE(desk.display.commands.size(), 1);
   }
 

@@ -265,11 +265,8 @@ void Program::Impl::RemakeDisplay() {
   quendar->CriaBrowser();
   ApplyZoom(core.contexto);
   QTimer::singleShot(0, quendar.get(), [this] {
-    constexpr int Telao = 1;
-    if (!core.estado.TelaPronta)
-      return;
-    core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
-    core.leitura.ReenviaVersiculo(); // of a passage the builder only tells the preview
+    if (core.estado.TelaPronta)
+      core.TelaoRefeito();
   });
 }
 

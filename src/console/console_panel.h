@@ -85,6 +85,8 @@ struct PainelConsole {
   ServidorDeLegendas Legendas = ServidorDeLegendas::Desligado; // caption server
   SituacaoDaTela situacao;         // made of the records whenever the console is brought up to date
 
+  int SlideEscolhido = 0; // of the slides on show, from 1: ahead of the projection while Ctrl is held
+
   PainelBiblia biblia;
   QString LbVersao;                // "Tradução: " and the version's name
   QString LabelDicaBiblia;         // how to walk through a passage; before the first one the same as LbVersao

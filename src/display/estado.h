@@ -40,6 +40,10 @@ struct EstadoConsole {
   QString ModoMovimento = QStringLiteral("Normal"); // "Normal", "Acima", "Abaixo"
   bool EnviarAoTelao = false;
 
+  // slides: ControlSlides
+  int SlideAtual = 0; // on the projection, from 1; 0 means none
+  int TotalSlides = 0;
+
   // the projection
   QString EstadoTela = QStringLiteral("Normal"); // screen controls: "Normal", "OcultarTexto", "TelaPreta", "PadraoDeFundo", "Hide"
   QString PaginaAtual;     // page builder, presentation flow
@@ -64,10 +68,12 @@ struct EstadoConsole {
       TipoAtual = tipo;
     }
   }
+  bool EhSlides() const { return TipoAtual == u"Slides"; }
   // The page on the projection takes verses.
   bool PaginaDeTexto() const {
     return PaginaAtual == u"backcolor.html" || PaginaAtual == u"imagem.html" || PaginaAtual == u"video.html";
   }
+  bool PaginaDeSlides() const { return PaginaAtual == u"slide"; }
   bool EhLetra() const { return TipoAtual == u"Louvor" || TipoAtual == u"Harpa"; }
 };
 

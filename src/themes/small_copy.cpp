@@ -70,4 +70,12 @@ PictureImage TrazMiniatura(const AppFolder &app, const QString &nome) {
   return result;
 }
 
+PictureImage TrazMiniaturaDe(const AppFolder &app, const QString &caminho) {
+  const auto comBarras = [](QString path) { return path.replace(u'\\', u'/'); };
+  const QString pasta = comBarras(app.At(u"\\Images\\"));
+  const QString onde = comBarras(caminho);
+  const bool deImagens = onde.startsWith(pasta, Qt::CaseInsensitive) && !onde.mid(pasta.size()).contains(u'/');
+  return deImagens ? TrazMiniatura(app, onde.mid(pasta.size())) : ReadAtSmallSize(MapStoredPath(caminho).text());
+}
+
 } // namespace tolmira

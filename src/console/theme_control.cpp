@@ -100,6 +100,8 @@ void ThemeControl::AplicaTemaAtual() {
   ClearQueue();
   if (m_console.view)
     m_console.view->ThemesChanged();
+  if (RefazFormato)
+    RefazFormato();
 }
 
 void ThemeControl::ClearQueue() {

@@ -47,6 +47,7 @@ public:
   // The same for a Bible verse, and what sends it again when the page has been built; set by their owner.
   std::function<void()> AjustaVersiculo;
   std::function<void()> ReenviaVersiculo;
+  std::function<void()> RefazFormato;    // the text-format options show another theme; may be empty
 
 private:
   void AplicaTemaAtual();

@@ -44,6 +44,8 @@ public:
   // their own ways below.
   TemaRecord tema;
   bool Alterado() const;
+  // The theme's capitals were switched and stored elsewhere meanwhile.
+  void MaiusculasMudaram(bool maiusculas);
 
   QString textoDoOperador; // for the preview; not part of the theme
   QString GetTextoTema() const;

@@ -104,16 +104,14 @@ void ThemeLook::MakeText(QGridLayout *grid) {
   const QString px = QStringLiteral(" px");
   row = pair(MakeTick("ChkSombra", tr("Sh&adow"), &TemaRecord::FontSombra_Enabled, &ThemeLook::TextoMudou),
              MakeColour("SelectColorsSombra", tr("Colour of the shadow"), &TemaRecord::FontSombra_Cor));
-  AddTextScale(grid, row, 3, {"SliderSombraOpacity", tr("Strength"), 0, 10, {}, {}, {}, nullptr},
-               &TemaRecord::FontSombra_Opacity);
+  // Its strength is kept in the file, but no page draws by it.
+  AddTextScale(grid, row, 3, {"SliderSombraBlur", tr("Softness"), 0, LargestSpread, px, {}, {}, nullptr},
+               &TemaRecord::FontSombra_Blur);
   row = grid->rowCount();
   AddTextScale(grid, row, 0, {"SliderSombraRight", tr("To the right"), -LargestOffset, LargestOffset, px, {}, {}, nullptr},
                &TemaRecord::FontSombra_Right);
   AddTextScale(grid, row, 3, {"SliderSombraDown", tr("Down"), -LargestOffset, LargestOffset, px, {}, {}, nullptr},
                &TemaRecord::FontSombra_Down);
-  row = grid->rowCount();
-  AddTextScale(grid, row, 0, {"SliderSombraBlur", tr("Softness"), 0, LargestSpread, px, {}, {}, nullptr},
-               &TemaRecord::FontSombra_Blur);
   row = pair(MakeTick("ChkBorda", tr("&Outline"), &TemaRecord::FontBorda_Enabled, &ThemeLook::TextoMudou),
              MakeColour("SelectColorsBorda", tr("Colour of the outline"), &TemaRecord::FontBorda_Cor));
   AddTextScale(grid, row, 3, {"SliderBordaEspessura", tr("Thickness"), 0, LargestSpread, px, {}, {}, nullptr},

@@ -5,12 +5,12 @@
 #include "display/ui/web_page_host.h"
 #include "foundation/text_utils.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QPainter>
 #include <QPixmap>
 #include <QPointer>
 #include <QShowEvent>
+#include <QTimer>
 
 namespace tolmira {
 
@@ -18,12 +18,15 @@ namespace {
 
 constexpr QSize UsualProjection{1280, 720};
 constexpr int PageSeconds = 8;
-constexpr int PatienceMs = 2000; // for a page's first picture, before the theme is saved without it
+constexpr int PatienceMs = 2000; // for a page's picture, before the theme is saved with what there is
+constexpr int LookMs = 20;
 constexpr double PageFontPt = 36;
 
 // The family as a quoted name in a style attribute: a name may begin with a digit or hold an apostrophe.
 QString QuotedFamily(const QString &nome) {
-  return u"&quot;" + EscapeHtml(nome).remove(u'"').replace(u'\\', QStringLiteral("&#92;")).replace(u'\'', QStringLiteral("&#39;")) + u"&quot;";
+  return u"&quot;" +
+         EscapeHtml(nome).remove(u'"').replace(u'\\', QStringLiteral("&#92;")).replace(u'\'', QStringLiteral("&#39;")) +
+         u"&quot;";
 }
 
 // Text of the operator's between the quotes of a script.
@@ -85,10 +88,11 @@ void ThemePreview::Navega() {
   const QString path = m_paginas.MontaPaginaConfig(m_host->size(), tema, 1, Html(tema, m_texto, {}));
   const int carga = ++m_carga;
   page->Navigate(u"file:///" + path, PageSeconds);
-  page->Evaluate(QStringLiteral("document.readyState"), [this, carga, alive = QPointer<ThemePreview>(this)](const QString &) {
-    if (alive)
-      m_pronta = carga;
-  });
+  page->Evaluate(QStringLiteral("document.readyState"),
+                 [this, carga, alive = QPointer<ThemePreview>(this)](const QString &) {
+                   if (alive)
+                     m_pronta = carga;
+                 });
 }
 
 void ThemePreview::EfeitoDaImagem(const TemaRecord &tema) {
@@ -140,14 +144,37 @@ void ThemePreview::GotoSlideImage(int posicao) {
   CallPageScript(m_host->WV(), QStringLiteral("GotoSlideImage"), QString::number(posicao - 1));
 }
 
-QImage ThemePreview::Retrato() {
+QImage ThemePreview::Retrato(const TemaRecord &tema, const QString &texto) {
   if (!m_montada || !m_host->WV())
     return {};
-  QElapsedTimer waited;
-  waited.start();
-  while ((m_pronta != m_carga || m_host->IsHolding()) && waited.elapsed() < PatienceMs)
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
+  Espera([this] { return m_pronta == m_carga; });
+  Texto(tema, texto); // an effect may just have it out of sight
+  m_quieta = false;
+  m_host->WV()->ExecuteScript(QStringLiteral(
+      "document.documentElement.dataset.quieta = ''; $(':animated').finish();"
+      "requestAnimationFrame(() => requestAnimationFrame(() => document.documentElement.dataset.quieta = '1'))"));
+  Espera([this] {
+    m_host->WV()->Evaluate(QStringLiteral("document.documentElement.dataset.quieta"),
+                           [this, alive = QPointer<ThemePreview>(this)](const QString &json) {
+                             if (alive)
+                               m_quieta = json == u"\"1\"";
+                           });
+    return m_quieta && !m_host->IsHolding();
+  });
   return m_host->grab().toImage();
+}
+
+void ThemePreview::Espera(const std::function<bool()> &pronto) {
+  QEventLoop loop;
+  QTimer look;
+  connect(&look, &QTimer::timeout, &loop, [&] {
+    if (pronto())
+      loop.quit();
+  });
+  look.start(LookMs);
+  QTimer::singleShot(PatienceMs, &loop, &QEventLoop::quit);
+  if (!pronto())
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 QImage ThemePreview::AoLadoDoTexto() const {

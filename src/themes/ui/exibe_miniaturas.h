@@ -67,7 +67,7 @@ signals:
 
 protected:
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-  void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+  void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
   void keyPressEvent(QKeyEvent *event) override;
   void contextMenuEvent(QContextMenuEvent *event) override;
   void resizeEvent(QResizeEvent *event) override;
@@ -81,6 +81,7 @@ protected:
 
 private:
   void Carrega(const QStringList &nomes);
+  int LarguraInteira() const; // px, with the margin beside the pictures
   void AjustaGrade();
   void PedeVisiveis();
   int LinhasPorPagina() const;

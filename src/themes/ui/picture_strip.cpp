@@ -9,7 +9,7 @@ namespace tolmira {
 
 namespace {
 constexpr QSize Picture{104, 58};
-constexpr QSize Cell{Picture.width() + 10, Picture.height() + 10};
+constexpr QSize Cell{Picture.width() + 18, Picture.height() + 10}; // as much on the right as the style puts on the left
 } // namespace
 
 PictureStrip::PictureStrip(QWidget *parent) : QListWidget(parent) {

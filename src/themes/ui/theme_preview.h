@@ -46,6 +46,7 @@ private:
   QString Html(const TemaRecord &tema, const QString &texto, const QString &classes) const;
   PageBuilder::Hosts Hosts();
   void Fit();
+  double Escala() const; // of the page to its measures
   void Navega();
 
   const std::function<Display *()> m_telao;

@@ -75,7 +75,7 @@ FrmConfigTema::FrmConfigTema(const ThemeEditorDoors &doors)
   auto *left = new QVBoxLayout;
   left->setSpacing(medidas::Gap);
   MakeLeft(left);
-  desk->addLayout(left, 1);
+  desk->addLayout(left, 3); // of a large window the preview gets more
   auto *scroll = new QScrollArea(this);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setWidgetResizable(true);
@@ -84,7 +84,7 @@ FrmConfigTema::FrmConfigTema(const ThemeEditorDoors &doors)
   m_look = new ThemeLook(m_editor.tema, m_doors.prompt, scroll);
   scroll->setWidget(m_look);
   scroll->setMinimumWidth(m_look->minimumSizeHint().width() + medidas::Margin);
-  desk->addWidget(scroll, 1);
+  desk->addWidget(scroll, 2);
   rows->addLayout(desk, 1);
   MakeButtons(rows);
   WireLook();
@@ -108,7 +108,7 @@ FrmConfigTema::~FrmConfigTema() = default;
 
 void FrmConfigTema::MakeLeft(QVBoxLayout *column) {
   m_preview = new ThemePreview(m_doors, this);
-  column->addWidget(m_preview);
+  column->addWidget(m_preview, 100); // before the empty room at the foot; its own limit is the projection's shape
   m_amostra = new QLineEdit(this);
   m_amostra->setObjectName(QStringLiteral("TextoAmostra"));
   m_amostra->setPlaceholderText(tr("Another sample text"));
@@ -122,9 +122,9 @@ void FrmConfigTema::MakeLeft(QVBoxLayout *column) {
   MakeKinds(column);
   m_fonte = Sentence("LbFonte", this);
   m_contraste = Sentence("LbContraste", this);
-  column->addStretch(1);
   column->addWidget(m_fonte);
   column->addWidget(m_contraste);
+  column->addStretch(1);
 }
 
 void FrmConfigTema::MakeKinds(QVBoxLayout *column) {

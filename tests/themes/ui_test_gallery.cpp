@@ -69,6 +69,7 @@ private:
         if (action->text() == entry)
           action->trigger();
       menu->close();
+      QCoreApplication::processEvents(); // it is done when the menu has gone
     }
     QStringList MenuOf(QWidget *widget) const {
       QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});

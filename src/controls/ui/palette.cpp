@@ -153,6 +153,7 @@ QAbstractItemView[look="column"]::item:selected { background: @selection; color:
 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
 QScrollBar::handle:vertical { background: @line; border-radius: 4px; min-height: 28px; margin: 1px; }
 QScrollBar::handle:vertical:hover { background: @faint; }
+QScrollBar::handle:vertical:disabled { background: transparent; }
 QScrollBar:horizontal { background: transparent; height: 10px; margin: 0; }
 QScrollBar::handle:horizontal { background: @line; border-radius: 4px; min-width: 28px; margin: 1px; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }

@@ -9,7 +9,7 @@ namespace tolmira {
 
 namespace {
 constexpr QSize Picture{104, 58};
-constexpr QSize Cell{Picture.width() + 10, Picture.height() + 10};
+constexpr QSize Cell{Picture.width() + 18, Picture.height() + 10}; // as much on the right as the style puts on the left
 } // namespace
 
 PictureStrip::PictureStrip(QWidget *parent) : QListWidget(parent) {
@@ -24,8 +24,9 @@ PictureStrip::PictureStrip(QWidget *parent) : QListWidget(parent) {
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setDragDropMode(QAbstractItemView::InternalMove);
   setAccessibleName(tr("Pictures of the theme"));
-  setToolTip(tr("A click shows the picture above. Drag, or Alt with Left and Right, changes the order; Delete takes one\n"
-                "out of the theme, its file stays."));
+  setToolTip(
+      tr("A click shows the picture above. Drag, or Alt with Left and Right, changes the order; Delete takes one\n"
+         "out of the theme, its file stays."));
   connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
     if (!m_filling && row >= 0)
       emit Escolhida(row + 1);

@@ -5,8 +5,8 @@
 
 namespace tolmira {
 
-// PicPics: the pictures of one theme in their order, as small copies. Positions count from 1. It only asks: who owns the
-// list changes it and shows it again.
+// PicPics: the pictures of one theme in their order, as small copies. Positions count from 1. It only asks: who owns
+// the list changes it and shows it again.
 class PictureStrip : public QListWidget {
   Q_OBJECT
 
@@ -14,7 +14,7 @@ public:
   explicit PictureStrip(QWidget *parent);
 
   void Show(const QStringList &nomes, int escolhida); // bare file names
-  void Escolhe(int posicao); // without a signal
+  void Escolhe(int posicao);                          // without a signal
   void SetPicture(const QString &nome, const QImage &imagem);
 
 signals:

@@ -48,6 +48,8 @@ PageObject *ThemeEditors::WV() const {
   return m_editors.empty() ? nullptr : m_editors.back()->Preview()->PicWV()->WV();
 }
 
-bool ThemeEditors::FechaTodos() { return CloseAll(m_editors, m_closing); }
+bool ThemeEditors::FechaTodos() {
+  return CloseAll(m_editors, m_closing);
+}
 
 } // namespace tolmira

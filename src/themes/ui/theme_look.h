@@ -22,7 +22,7 @@ class ThemeLook : public QWidget {
 
 public:
   ThemeLook(TemaRecord &tema, UserPrompt &prompt, QWidget *parent);
-  void Load(); // the controls take the record's values; nothing is said
+  void Load();                       // the controls take the record's values; nothing is said
   void SetPictures(bool temImagens); // effects and movement of pictures count for this kind only
 
 signals:

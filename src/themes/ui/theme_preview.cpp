@@ -21,6 +21,7 @@ constexpr int PageSeconds = 8;
 constexpr int PatienceMs = 2000; // for a page's picture, before the theme is saved with what there is
 constexpr int LookMs = 20;
 constexpr double PageFontPt = 36;
+constexpr int PageWidth = 480; // px; the letters have their measure on it, so a larger preview magnifies the page
 
 // The family as a quoted name in a style attribute: a name may begin with a digit or hold an apostrophe.
 QString QuotedFamily(const QString &nome) {
@@ -45,8 +46,8 @@ ThemePreview::ThemePreview(const ThemeEditorDoors &doors, QWidget *parent)
       m_host(new WebPageHost(QStringLiteral("theme"), this, doors.perfil)) {
   setObjectName(QStringLiteral("PicPreview"));
   setProperty("look", QStringLiteral("screen"));
-  setMinimumSize(400, 227);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setMinimumSize(320, 182);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setAccessibleName(tr("The theme as the projection shows it"));
   m_host->setObjectName(QStringLiteral("PicWV"));
   m_host->setFocusPolicy(Qt::NoFocus);
@@ -56,7 +57,7 @@ ThemePreview::ThemePreview(const ThemeEditorDoors &doors, QWidget *parent)
 PageBuilder::Hosts ThemePreview::Hosts() {
   PageBuilder::Hosts hosts;
   hosts.telao = m_telao;
-  hosts.larguraPrevia = [this] { return m_host->width(); };
+  hosts.larguraPrevia = [] { return PageWidth; };
   hosts.fonteDisplay = [] { return PageFontPt; };
   return hosts;
 }
@@ -85,7 +86,7 @@ void ThemePreview::Navega() {
     return;
   m_montada = true;
   TemaRecord tema = m_tema;
-  const QString path = m_paginas.MontaPaginaConfig(m_host->size(), tema, 1, Html(tema, m_texto, {}));
+  const QString path = m_paginas.MontaPaginaConfig(m_host->size() / Escala(), tema, 1, Html(tema, m_texto, {}));
   const int carga = ++m_carga;
   page->Navigate(u"file:///" + path, PageSeconds);
   page->Evaluate(QStringLiteral("document.readyState"),
@@ -193,10 +194,17 @@ QImage ThemePreview::AoLadoDoTexto() const {
 
 void ThemePreview::Fit() {
   const QSize projection = Proporcoes();
-  const int inside = width() - 2;
-  const int height = inside * projection.height() / projection.width();
-  setFixedHeight(height + 2);
-  m_host->setGeometry(1, 1, inside, height);
+  setMaximumHeight(std::max(minimumHeight(), (width() - 2) * projection.height() / projection.width() + 2));
+  const QRect inside = rect().adjusted(1, 1, -1, -1);
+  QRect page(QPoint(), projection.scaled(inside.size(), Qt::KeepAspectRatio));
+  page.moveCenter(inside.center());
+  m_host->setGeometry(page);
+  if (PageObject *object = m_host->WV())
+    object->SetZoomFactor(Escala());
+}
+
+double ThemePreview::Escala() const {
+  return m_host->width() / double(PageWidth);
 }
 
 void ThemePreview::resizeEvent(QResizeEvent *event) {
@@ -206,9 +214,9 @@ void ThemePreview::resizeEvent(QResizeEvent *event) {
 
 void ThemePreview::showEvent(QShowEvent *event) {
   QFrame::showEvent(event);
-  Fit();
   if (!m_host->WV())
     m_host->CriaBrowser();
+  Fit();
   if (!m_montada)
     Navega();
 }

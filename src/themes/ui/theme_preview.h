@@ -48,6 +48,7 @@ private:
   QString Html(const TemaRecord &tema, const QString &texto, const QString &classes) const;
   PageBuilder::Hosts Hosts();
   void Fit();
+  double Escala() const; // of the page to its measures
   void Navega();
   void Espera(const std::function<bool()> &pronto);
 

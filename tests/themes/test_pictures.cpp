@@ -216,11 +216,12 @@ private slots:
     const QByteArray before = NoisyJpeg({32, 32});
     room.Write(u"app/Images/" + nome, before);
     const QString from = room.Write(u"mine/" + nome, NoisyJpeg({200, 200}));
+    const QString next = room.Write(QStringLiteral("mine/next.jpg"), NoisyJpeg({200, 200}));
     room.prompt.answers = {0};
     QStringList arrived{QStringLiteral("?")};
     {
       const FullDisk full(8000);
-      arrived = Add(room, {from, room.Write(QStringLiteral("mine/next.jpg"), NoisyJpeg({200, 200}))});
+      arrived = Add(room, {from, next});
     }
     QCOMPARE(arrived, QStringList());
     QCOMPARE(room.Said(), QStringList({Taken, NotCopied + u"\nold.jpg\nnext.jpg"}));

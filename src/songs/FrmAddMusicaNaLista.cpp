@@ -5,6 +5,7 @@
 #include "foundation/real_path.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_file.h"
+#include "foundation/trash.h"
 #include "songs/ui/list_musicas.h"
 #include "songs/ui/reading_pane.h"
 
@@ -46,7 +47,7 @@ bool RemoveFile(const QString &storedPath) {
     const QFileInfo folder(QFileInfo(path).path());
     return folder.isReadable() && folder.isExecutable();
   }
-  return QFileInfo(path).isFile() && (QFile::moveToTrash(path) || QFile::remove(path));
+  return QFileInfo(path).isFile() && (MoveToTrash(path) || QFile::remove(path));
 }
 
 } // namespace

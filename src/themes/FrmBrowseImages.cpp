@@ -247,9 +247,10 @@ void FrmBrowseImages::Adicionadas(const QStringList &nomes) {
   for (const QString &nome : nomes)
     m_grade->Esquece(nome);
   m_grade->carregaImagensPorData();
-  if (!nomes.isEmpty() && !m_preview->isVisible()) {
-    m_grade->SetIndexSelecionado(m_grade->Modelo().LinhaDe(nomes.last()));
-    m_grade->setFocus(); // so that Enter uses it
+  if (!m_preview->isVisible()) {
+    if (!nomes.isEmpty())
+      m_grade->SetIndexSelecionado(m_grade->Modelo().LinhaDe(nomes.last()));
+    m_grade->setFocus(); // so that the keys work on the pictures again, also when none could be added
   }
   AtualizaTitulo();
 }

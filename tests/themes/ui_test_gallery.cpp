@@ -186,7 +186,9 @@ private slots:
       QTest::keyClick(room.grid, key);
       return room.grid->IndexSelecionado();
     };
+    QVERIFY(!room.Button("CmdPreview")->isEnabled());
     QCOMPARE(press(Qt::Key_Down), 0);
+    QVERIFY(room.Button("CmdPreview")->isEnabled());
     QCOMPARE(press(Qt::Key_Down), 5);
     QCOMPARE(press(Qt::Key_Right), 6);
     QCOMPARE(press(Qt::Key_Left), 5);

@@ -205,7 +205,12 @@ void Program::Impl::MakeSongEditors() {
       SongEditorDoors{store, prompt, clock, random, yielder, measure, core.flow, positions, core.estado, core.ajustes,
                       telao, sala, profile, console.get()},
       TextFormatDoors{[this] { return core.formato.Le(); },
-                      [this](const TextFormat &format) { return core.formato.Aplica(format); }});
+                      [this](const TextFormat &format) {
+                        const bool written = core.formato.Aplica(format);
+                        themeEditors->MaiusculasMudaram(core.estado.IndiceTema, core.formato.Le().maiusculas);
+                        return written;
+                      }});
+  core.temaControle.RefazFormato = [this] { editors->RefazFormato(); };
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
 }

@@ -232,7 +232,7 @@ QWidget *FrmSlides::MakeSlide() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(medidas::Gap);
   m_preview = new SlidePreview(m_doors, panel);
-  column->addWidget(m_preview);
+  column->addWidget(m_preview, 3); // its own limit is the projection's shape
   m_slide = new QWidget(panel);
   auto *slide = new QVBoxLayout(m_slide);
   slide->setContentsMargins(0, 0, 0, 0);

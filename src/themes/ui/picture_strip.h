@@ -5,8 +5,8 @@
 
 namespace tolmira {
 
-// PicPics: pictures in their order, as small copies in a row or a column. Positions count from 1. It only asks: who owns
-// the list changes it and shows it again.
+// PicPics: pictures in their order, as small copies in a row or a column. Positions count from 1. It only asks: who
+// owns the list changes it and shows it again.
 class PictureStrip : public QListWidget {
   Q_OBJECT
 

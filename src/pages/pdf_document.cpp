@@ -22,6 +22,9 @@ PdfDocument::PdfDocument(const QString &path, const QByteArray &password) {
   Poppler::setDebugErrorFunction(Tell, {});
   m_document = Poppler::Document::load(path, password, password);
   if (m_document) {
+    // Before PDF 2.0 passwords were in the document's own eight-bit form, which for most letters is this one.
+    if (m_document->isLocked())
+      m_document->unlock(QString::fromUtf8(password).toLatin1(), QString::fromUtf8(password).toLatin1());
     m_document->setRenderHint(Poppler::Document::Antialiasing);
     m_document->setRenderHint(Poppler::Document::TextAntialiasing);
   }

@@ -31,7 +31,8 @@ int Fail(const QString &why) {
 QSize ParseSize(const QString &text) {
   const QStringList sides = text.split(u'x');
   const QSize size = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
-  return size.width() > 0 && size.height() > 0 && size.width() <= paginas::MaiorLado && size.height() <= paginas::MaiorLado
+  return size.width() > 0 && size.height() > 0 && size.width() <= paginas::MaiorLado &&
+                 size.height() <= paginas::MaiorLado
              ? size
              : QSize();
 }
@@ -44,8 +45,8 @@ QByteArray ReadPassword() {
 // A name that stands there already is somebody else's.
 bool Write(const QString &path, const QByteArray &bytes) {
   QFile file(path);
-  return !bytes.isEmpty() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.write(bytes) == bytes.size() &&
-         file.flush();
+  return !bytes.isEmpty() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+         file.write(bytes) == bytes.size() && file.flush();
 }
 
 int DrawAll(const PdfDocument &document, const QDir &folder, const QSize &screen) {

@@ -46,6 +46,7 @@ FrmImportar::FrmImportar(const ImportDoors &doors, QWidget *parent)
   auto *row = new QHBoxLayout;
   row->addStretch(1);
   m_parar = Botao("CmdParar", tr("&Stop"), QString());
+  m_parar->setAutoDefault(false); // an Enter meant for the file dialogue must not stop anything
   row->addWidget(m_parar);
   column->addLayout(row);
   setMinimumWidth(Largura);
@@ -98,6 +99,7 @@ bool FrmImportar::Importa(const QString &path) {
     m_parar->setText(tr("&Stop"));
     m_parar->setToolTip(tr("Stops and takes away what was made so far (Esc)"));
     m_parar->setEnabled(true);
+    m_parar->setDefault(false);
     MostraSenha(false);
     m_barra->show();
     Diz(tr("Opening the document…"));
@@ -141,11 +143,8 @@ void FrmImportar::MostraSenha(bool mostra) {
   m_senha->clear();
   m_painelSenha->setVisible(mostra);
   m_abrir->setDefault(mostra);
-  m_parar->setDefault(!mostra);
   if (mostra)
     m_senha->setFocus();
-  else
-    m_parar->setFocus();
 }
 
 void FrmImportar::Acabou(const QString &frase) {
@@ -155,6 +154,8 @@ void FrmImportar::Acabou(const QString &frase) {
   m_parar->setText(tr("&Close"));
   m_parar->setToolTip(tr("Closes this window (Esc)"));
   m_parar->setEnabled(true);
+  m_parar->setDefault(true);
+  m_parar->setFocus();
 }
 
 void FrmImportar::reject() {

@@ -251,7 +251,8 @@ QString DocumentImport::FraseDe(PageRenderer::Problema problema) const {
   case Problema::Quebrado:
     break;
   }
-  return tr("This file is no PDF, or it is damaged. If another program can open it, save it from there as a PDF again.");
+  return tr(
+      "This file is no PDF, or it is damaged. If another program can open it, save it from there as a PDF again.");
 }
 
 void DocumentImport::Desfaz(const QString &frase) {

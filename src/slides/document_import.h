@@ -19,7 +19,8 @@ namespace tolmira {
 
 // Makes a slide document of a PDF or a presentation: every page becomes a picture among the program's own, of the
 // projection's size, and a slide that shows it. The document itself is not written. Other programs do the work
-// (PageRenderer, OfficeConverter), copying is done beside the interface thread. Unless it ends well, nothing of it stays.
+// (PageRenderer, OfficeConverter), copying is done beside the interface thread. Unless it ends well, nothing of it
+// stays.
 class DocumentImport : public QObject {
   Q_OBJECT
 

@@ -11,8 +11,8 @@ namespace tolmira {
 
 namespace {
 
-constexpr int Gentileza = 10;         // the projection's pages go first
-constexpr int EsperaDoFim = 2000;     // ms; a killed process is gone long before
+constexpr int Gentileza = 10;          // the projection's pages go first
+constexpr int EsperaDoFim = 2000;      // ms; a killed process is gone long before
 constexpr unsigned PrimeiroDepois = 3; // behind the three standard files
 
 void Limita(int qual, quint64 quanto) {

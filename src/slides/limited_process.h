@@ -18,8 +18,8 @@ struct Limites {
 };
 
 // Another program that works on a file from elsewhere: with limits, at low priority, without the program's environment,
-// files or privileges, in a process group that ends as a whole and does not outlive the program. What it says comes line
-// by line. Runs one at a time.
+// files or privileges, in a process group that ends as a whole and does not outlive the program. What it says comes
+// line by line. Runs one at a time.
 class LimitedProcess : public QObject {
   Q_OBJECT
 
@@ -51,7 +51,7 @@ public:
   bool Roda() const { return m_process.state() != QProcess::NotRunning; }
 
 signals:
-  void Linha(const QByteArray &linha); // without its LF
+  void Linha(const QByteArray &linha);                       // without its LF
   void Acabou(tolmira::LimitedProcess::Fim fim, int codigo); // once for each start, never from inside it
 
 private:

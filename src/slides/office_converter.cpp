@@ -52,17 +52,17 @@ void OfficeConverter::Comeca(const QString &programa, const QString &arquivo, co
   }
   LimitedProcess::Comando comando;
   comando.programa = programa;
-  comando.argumentos = QStringList{
-      QStringLiteral("-env:UserInstallation=") +
-          QString::fromLatin1(QUrl::fromLocalFile(onde.filePath(QStringLiteral("profile"))).toEncoded()),
-      QStringLiteral("--headless"),
-      QStringLiteral("--norestore"),
-      QStringLiteral("--nolockcheck"),
-      QStringLiteral("--convert-to"),
-      QStringLiteral("pdf"),
-      QStringLiteral("--outdir"),
-      saida,
-      arquivo};
+  comando.argumentos =
+      QStringList{QStringLiteral("-env:UserInstallation=") +
+                      QString::fromLatin1(QUrl::fromLocalFile(onde.filePath(QStringLiteral("profile"))).toEncoded()),
+                  QStringLiteral("--headless"),
+                  QStringLiteral("--norestore"),
+                  QStringLiteral("--nolockcheck"),
+                  QStringLiteral("--convert-to"),
+                  QStringLiteral("pdf"),
+                  QStringLiteral("--outdir"),
+                  saida,
+                  arquivo};
   comando.pasta = pasta;
   comando.limites = LimitesDoEscritorio;
   comando.prazoMs = prazoMs;

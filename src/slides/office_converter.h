@@ -4,8 +4,8 @@
 
 namespace tolmira {
 
-// Has LibreOffice make a PDF of a presentation: without windows, with a profile of its own that lasts as long as the work,
-// without macros and without fetching what the presentation names elsewhere.
+// Has LibreOffice make a PDF of a presentation: without windows, with a profile of its own that lasts as long as the
+// work, without macros and without fetching what the presentation names elsewhere.
 class OfficeConverter : public QObject {
   Q_OBJECT
 
@@ -17,7 +17,8 @@ public:
   // The program where it is installed, as a real path; else empty.
   static QString Programa();
 
-  // `arquivo` lies in `pasta`, which exists and is ours alone: LibreOffice puts a lock beside what it reads. Real paths.
+  // `arquivo` lies in `pasta`, which exists and is ours alone: LibreOffice puts a lock beside what it reads. Real
+  // paths.
   void Comeca(const QString &programa, const QString &arquivo, const QString &pasta);
   void Para();
   bool Roda() const { return m_processo.Roda(); }

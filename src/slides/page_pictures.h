@@ -20,8 +20,8 @@ QString NomeDaSerie(const AppFolder &app, const QString &titulo);
 // "Name - page 007.png": the gallery's order by name is the order of the pages.
 QString NomeDaPagina(const QString &serie, int pagina, int total, const QString &extensao);
 
-// Copies the picture at `arquivo` (a real path) in under that name, with its small copy. False, with nothing left there,
-// when it is no picture of that size, when the name is taken or when it could not be written.
+// Copies the picture at `arquivo` (a real path) in under that name, with its small copy. False, with nothing left
+// there, when it is no picture of that size, when the name is taken or when it could not be written.
 bool PoePagina(const AppFolder &app, const QString &arquivo, const QString &nome, const QSize &tela);
 
 void RetiraPaginas(const AppFolder &app, const QStringList &nomes);

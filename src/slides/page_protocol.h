@@ -9,20 +9,21 @@ namespace tolmira::paginas {
 //
 //     tolmira-pages FILE FOLDER WIDTHxHEIGHT
 //
-// Standard input: the password in UTF-8, up to its end; nothing for none. Standard output: lines of ASCII that end in LF.
+// Standard input: the password in UTF-8, up to its end; nothing for none. Standard output: lines of ASCII that end in
+// LF.
 //
 //     pages N        first, once: the document has N pages
 //     page I NAME    page I, from 1 and in order, lies whole in FOLDER under NAME ("page-I.png" or "page-I.jpg")
 //     done           last: there were N of them
 //     failed WHY     last, in the place of "done"; WHY is one of the words below
 //
-// Every picture is WIDTH by HEIGHT pixels. The exit code is 0 behind "done" and 1 behind "failed". Standard error is for
-// people. Nothing is written but those pictures.
+// Every picture is WIDTH by HEIGHT pixels. The exit code is 0 behind "done" and 1 behind "failed". Standard error is
+// for people. Nothing is written but those pictures.
 
 inline constexpr int MaisPaginas = 2000;
-inline constexpr int MaiorLado = 8192;    // px, of a picture
-inline constexpr int MaiorLinha = 64;     // bytes, LF included
-inline constexpr int MaiorSenha = 1024;   // bytes
+inline constexpr int MaiorLado = 8192;  // px, of a picture
+inline constexpr int MaiorLinha = 64;   // bytes, LF included
+inline constexpr int MaiorSenha = 1024; // bytes
 
 inline const QString FaltaSenha = QStringLiteral("password"); // none or the wrong one was given
 inline const QString Quebrado = QStringLiteral("broken");     // no PDF, or one that leads nowhere

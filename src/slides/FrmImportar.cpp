@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 
 namespace tolmira {
@@ -18,10 +19,13 @@ namespace {
 constexpr int Largura = 460;
 constexpr int LinhasDoEstado = 4; // the longest sentence, so that the window keeps its size
 
+const QString Secao = QStringLiteral("Config");
+const QString ChaveDaPasta = QStringLiteral("pastaImportar"); // the folder of the last document
+
 } // namespace
 
 FrmImportar::FrmImportar(const ImportDoors &doors, QWidget *parent)
-    : QDialog(parent), m_doors(doors), m_import(doors.app, doors.programas), m_arquivo(new ElidedLabel(this)),
+    : QDialog(parent), m_doors(doors), m_import(doors.store.App()), m_arquivo(new ElidedLabel(this)),
       m_estado(new QLabel(this)), m_barra(new QProgressBar(this)) {
   setObjectName(QStringLiteral("FrmImportar"));
   setWindowTitle(tr("Import document"));
@@ -58,9 +62,10 @@ FrmImportar::FrmImportar(const ImportDoors &doors, QWidget *parent)
   connect(&m_import, &DocumentImport::PediuSenha, this, &FrmImportar::PedeSenha);
   connect(&m_import, &DocumentImport::Falhou, this, &FrmImportar::Acabou);
   connect(&m_import, &DocumentImport::Parou, this, &QWidget::hide);
-  connect(&m_import, &DocumentImport::Terminou, this, [this](const SlideDocument &documento, const QString &nome) {
-    hide();
-    m_doors.abre(documento, nome);
+  connect(&m_import, &DocumentImport::Terminou, this, [this](const QStringList &imagens, const QString &nome) {
+    m_imagens = imagens;
+    m_nome = nome;
+    Entrega();
   });
 }
 
@@ -83,17 +88,33 @@ void FrmImportar::MakeSenha() {
   m_senha->setToolTip(tr("The document's password. It is not kept"));
   m_senha->setEchoMode(QLineEdit::Password);
   row->addWidget(m_senha, 1);
-  m_abrir = Botao("CmdAbrir", tr("&Open"), tr("Goes on with this password (Enter)"));
+  m_abrir = Botao("CmdAbrir", tr("&Open"), tr("Goes on (Enter)"));
   m_abrir->setProperty("look", QStringLiteral("main"));
   row->addWidget(m_abrir);
-  connect(m_abrir, &QPushButton::clicked, this, &FrmImportar::DaSenha);
+  connect(m_abrir, &QPushButton::clicked, this, [this] { m_imagens.isEmpty() ? DaSenha() : Entrega(); });
 }
 
-bool FrmImportar::Importa(const QString &path) {
+void FrmImportar::Pergunta(const AbreImagens &pronto) {
+  QString path;
+  if (!m_import.Trabalha()) {
+    const QString antes = m_doors.store.ReadConfig(Secao, ChaveDaPasta, QString());
+    const QString pasta =
+        QFileInfo(antes).isDir() ? antes : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    path = m_doors.prompt.OpenFile(tr("Import document"), pasta, DocumentImport::Filtro());
+    if (path.isEmpty())
+      return;
+    m_doors.store.WriteConfig(Secao, ChaveDaPasta, QFileInfo(path).path());
+  }
+  Importa(path, pronto);
+}
+
+void FrmImportar::Importa(const QString &path, const AbreImagens &pronto) {
   const bool livre = !m_import.Trabalha();
   if (!isVisible())
     m_doors.posicoes.RestoreFormPosition(*this, false);
   if (livre) {
+    m_pronto = pronto;
+    m_imagens.clear();
     m_arquivo->setText(QFileInfo(path).fileName());
     m_arquivo->setToolTip(path);
     m_parar->setText(tr("&Stop"));
@@ -108,8 +129,7 @@ bool FrmImportar::Importa(const QString &path) {
   raise();
   activateWindow();
   if (livre)
-    m_import.Comeca(path, m_doors.telaPx());
-  return livre;
+    m_import.Comeca(path, m_doors.telaPx(), m_doors.programas());
 }
 
 // Without a number of pages the bar only says that something is going on.
@@ -139,8 +159,25 @@ void FrmImportar::DaSenha() {
   m_import.DaSenha(senha);
 }
 
+// The pages wait here while the editor is not free for them.
+void FrmImportar::Entrega() {
+  if (m_pronto(m_imagens, m_nome)) {
+    m_imagens.clear();
+    return hide();
+  }
+  Acabou(
+      tr("The pages are ready, but the editor stands open on other slides. Close it, then open them here. They stay in "
+         "the picture gallery in any case."));
+  m_painelSenha->show();
+  m_senha->hide();
+  m_parar->setDefault(false);
+  m_abrir->setDefault(true);
+  m_abrir->setFocus();
+}
+
 void FrmImportar::MostraSenha(bool mostra) {
   m_senha->clear();
+  m_senha->show();
   m_painelSenha->setVisible(mostra);
   m_abrir->setDefault(mostra);
   if (mostra)

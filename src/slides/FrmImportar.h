@@ -2,6 +2,7 @@
 
 #include "foundation/ui/form_position.h"
 #include "slides/document_import.h"
+#include "slides/ui/slide_doors.h"
 
 #include <QDialog>
 #include <functional>
@@ -17,12 +18,11 @@ class ElidedLabel;
 
 // What the window works with. The references outlive it.
 struct ImportDoors {
-  const AppFolder &app;
-  DocumentImport::Programas programas;
+  const IniStore &store;
+  UserPrompt &prompt;
   FormPositions &posicoes;
-  std::function<QSize()> telaPx; // of the projection; empty where there is none
-  // Takes the finished document, which no file holds yet, with the name to propose for it.
-  std::function<void(const SlideDocument &documento, const QString &nome)> abre;
+  std::function<DocumentImport::Programas()> programas; // asked each time: LibreOffice may have been installed since
+  std::function<QSize()> telaPx;                        // of the projection; empty where there is no projector
 };
 
 // Shows how far the import of a document is, asks for its password, says why it came to nothing. It is not modal: the
@@ -33,10 +33,10 @@ class FrmImportar : public QDialog {
 public:
   FrmImportar(const ImportDoors &doors, QWidget *parent);
 
-  // False when one is at work already; its window comes to the front then.
-  bool Importa(const QString &path);
+  // Asks for a document and imports it; `pronto` gets its pages. While one is at work its window comes to the front.
+  void Pergunta(const AbreImagens &pronto);
+  void Importa(const QString &path, const AbreImagens &pronto);
   bool Trabalha() const { return m_import.Trabalha(); }
-  DocumentImport &Importacao() { return m_import; }
 
   void reject() override; // Esc, "Stop" and the close button: stops first
 
@@ -51,10 +51,14 @@ private:
   void PedeSenha(bool errada);
   void DaSenha();
   void MostraSenha(bool mostra);
+  void Entrega(); // the pages to whoever asked for them
   void Acabou(const QString &frase);
 
   ImportDoors m_doors;
   DocumentImport m_import;
+  AbreImagens m_pronto;
+  QStringList m_imagens; // that nobody has taken yet
+  QString m_nome;
   ElidedLabel *m_arquivo;
   QLabel *m_estado;
   QProgressBar *m_barra;

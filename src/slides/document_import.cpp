@@ -49,8 +49,7 @@ QString DocumentImport::Filtro() {
   return tr("Documents") + QStringLiteral(" (*.pdf *.pptx *.ppt *.ppsx *.pps *.odp)");
 }
 
-DocumentImport::DocumentImport(const AppFolder &app, const Programas &programas, QObject *parent)
-    : QObject(parent), m_app(app), m_programas(programas) {
+DocumentImport::DocumentImport(const AppFolder &app, QObject *parent) : QObject(parent), m_app(app) {
   m_pool.setMaxThreadCount(1);
   connect(&m_escritorio, &OfficeConverter::Terminou, this, [this](const QString &pdf) {
     if (m_fase != Fase::Converte)
@@ -85,10 +84,11 @@ DocumentImport::~DocumentImport() {
   RetiraPaginas(m_app, m_guardadas);
 }
 
-void DocumentImport::Comeca(const QString &path, const QSize &telaPx) {
+void DocumentImport::Comeca(const QString &path, const QSize &telaPx, const Programas &programas) {
   if (Trabalha())
     return;
   m_path = path;
+  m_programas = programas;
   m_tela = telaPx.isEmpty() ? TelaSemProjecao : telaPx.boundedTo({paginas::MaiorLado, paginas::MaiorLado});
   m_total = 0;
   m_deuSenha = m_desenhado = false;
@@ -201,7 +201,7 @@ void DocumentImport::TalvezTerminou() {
     return;
   m_fase = Fase::Nenhuma;
   m_pool.start([pasta = std::exchange(m_pasta, nullptr)] { pasta->remove(); });
-  emit Terminou(DocumentoDePaginas(m_app, std::exchange(m_guardadas, {})), m_titulo);
+  emit Terminou(CaminhosDasPaginas(m_app, std::exchange(m_guardadas, {})), m_titulo);
 }
 
 void DocumentImport::NaoConverteu(OfficeConverter::Problema problema) {

@@ -3,7 +3,6 @@
 #include "foundation/app_folder.h"
 #include "slides/office_converter.h"
 #include "slides/page_renderer.h"
-#include "slides/slide_document.h"
 
 #include <QObject>
 #include <QQueue>
@@ -17,10 +16,9 @@ class QTemporaryDir;
 
 namespace tolmira {
 
-// Makes a slide document of a PDF or a presentation: every page becomes a picture among the program's own, of the
-// projection's size, and a slide that shows it. The document itself is not written. Other programs do the work
-// (PageRenderer, OfficeConverter), copying is done beside the interface thread. Unless it ends well, nothing of it
-// stays.
+// Makes pictures of the pages of a PDF or a presentation, of the projection's size and among the program's own, for
+// slides to show. Other programs do the work (PageRenderer, OfficeConverter), copying is done beside the interface
+// thread. Unless it ends well, nothing of it stays.
 class DocumentImport : public QObject {
   Q_OBJECT
 
@@ -35,11 +33,11 @@ public:
   // Of the toolkit's dialogue form.
   static QString Filtro();
 
-  DocumentImport(const AppFolder &app, const Programas &programas, QObject *parent = nullptr);
+  explicit DocumentImport(const AppFolder &app, QObject *parent = nullptr);
   ~DocumentImport() override; // as Para(), and waits
 
-  // One at a time. `path` is real, as a file dialogue gives it.
-  void Comeca(const QString &path, const QSize &telaPx);
+  // One at a time. `path` is real, as a file dialogue gives it. Without a size the pages get that of a usual projector.
+  void Comeca(const QString &path, const QSize &telaPx, const Programas &programas);
   void DaSenha(const QString &senha); // the answer to PediuSenha
   void Para();                        // Parou comes later
   bool Trabalha() const { return m_fase != Fase::Nenhuma; }
@@ -52,7 +50,7 @@ signals:
   void Andou(int prontas, int total);
   void PediuSenha(bool errada);
   // One of these three is last.
-  void Terminou(const tolmira::SlideDocument &documento, const QString &nome);
+  void Terminou(const QStringList &imagens, const QString &nome); // stored paths; a name for the slides
   void Parou();
   void Falhou(const QString &frase);
 
@@ -80,7 +78,6 @@ private:
   QString FraseDe(PageRenderer::Problema problema) const;
 
   const AppFolder m_app;
-  const Programas m_programas;
   std::shared_ptr<QTemporaryDir> m_pasta; // stays until those who work in it have gone
   OfficeConverter m_escritorio;
   PageRenderer m_desenho;
@@ -88,6 +85,7 @@ private:
   std::shared_ptr<std::atomic<bool>> m_largue; // told to a copy under way; a new one for each import
 
   Fase m_fase = Fase::Nenhuma;
+  Programas m_programas;
   QString m_path;
   QString m_pdf;
   QString m_titulo;

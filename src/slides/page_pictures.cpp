@@ -1,5 +1,6 @@
 #include "slides/page_pictures.h"
 
+#include "foundation/file_name.h"
 #include "foundation/real_path.h"
 #include "foundation/text_file.h"
 #include "themes/picture_file.h"
@@ -27,12 +28,14 @@ void Retira(const AppFolder &app, const QString &nome) {
 } // namespace
 
 QString TituloDoDocumento(const QString &path) {
-  QString titulo = NomeSeguro(QFileInfo(path).completeBaseName());
+  QString titulo = TidyFileName(QFileInfo(path).completeBaseName());
+  for (const QString &proibido : ForbiddenInFileName(titulo))
+    titulo.replace(proibido, QStringLiteral("_"));
   if (titulo.startsWith(u'.')) // it would be hidden
     titulo[0] = u'_';
   while (titulo.toUtf8().size() > MaiorTitulo)
     titulo.chop(titulo.back().isLowSurrogate() ? 2 : 1);
-  return titulo.trimmed();
+  return titulo.isEmpty() ? QStringLiteral("Document") : titulo.trimmed();
 }
 
 QString NomeDaSerie(const AppFolder &app, const QString &titulo) {
@@ -66,14 +69,11 @@ void RetiraPaginas(const AppFolder &app, const QStringList &nomes) {
     Retira(app, nome);
 }
 
-SlideDocument DocumentoDePaginas(const AppFolder &app, const QStringList &nomes) {
-  SlideDocument documento;
-  for (const QString &nome : nomes) {
-    Slide slide;
-    slide.Imagem = app.At(u"\\Images\\") + nome;
-    documento.slides.append(slide);
-  }
-  return documento;
+QStringList CaminhosDasPaginas(const AppFolder &app, const QStringList &nomes) {
+  QStringList caminhos;
+  for (const QString &nome : nomes)
+    caminhos.append(app.At(u"\\Images\\") + nome);
+  return caminhos;
 }
 
 } // namespace tolmira

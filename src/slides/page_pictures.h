@@ -1,7 +1,6 @@
 #pragma once
 
 #include "foundation/app_folder.h"
-#include "slides/slide_document.h"
 
 #include <QSize>
 #include <QString>
@@ -26,7 +25,7 @@ bool PoePagina(const AppFolder &app, const QString &arquivo, const QString &nome
 
 void RetiraPaginas(const AppFolder &app, const QStringList &nomes);
 
-// One slide a page.
-SlideDocument DocumentoDePaginas(const AppFolder &app, const QStringList &nomes);
+// As slides name them.
+QStringList CaminhosDasPaginas(const AppFolder &app, const QStringList &nomes);
 
 } // namespace tolmira

@@ -16,6 +16,19 @@ namespace {
 constexpr int NomesDemais = 1000;       // pictures of one name
 constexpr int QualidadeConvertida = 90; // of a picture that becomes a JPEG
 
+// "\" would be a folder, "|" a second picture, and quotation marks and blanks at the ends are taken off when a setting
+// is read.
+QString NomeSeguro(const QString &nome) {
+  QString limpo = nome;
+  for (QChar &c : limpo)
+    if (c == u'\\' || c == u'|' || c == u'"' || c < u' ')
+      c = u'_';
+  limpo = limpo.trimmed();
+  if (limpo.startsWith(u'\'') && limpo.endsWith(u'\''))
+    limpo = u'_' + limpo;
+  return limpo.isEmpty() ? QStringLiteral("picture") : limpo;
+}
+
 bool FicaComoEsta(const QByteArray &format) {
   return format == "jpeg" || format == "png" || format == "bmp";
 }
@@ -87,19 +100,6 @@ QString Traz(const AppFolder &app, const QString &path, const std::function<QStr
 }
 
 } // namespace
-
-// "\" would be a folder, "|" a second picture, and quotation marks and blanks at the ends are taken off when a setting
-// is read.
-QString NomeSeguro(const QString &nome) {
-  QString limpo = nome;
-  for (QChar &c : limpo)
-    if (c == u'\\' || c == u'|' || c == u'"' || c < u' ')
-      c = u'_';
-  limpo = limpo.trimmed();
-  if (limpo.startsWith(u'\'') && limpo.endsWith(u'\''))
-    limpo = u'_' + limpo;
-  return limpo.isEmpty() ? QStringLiteral("picture") : limpo;
-}
 
 QString FiltroDeImagens() {
   return QStringLiteral("Pictures (*.jpg *.jpeg *.jfif *.png *.bmp *.gif *.webp *.tif *.tiff);;All files (*)");

@@ -14,9 +14,6 @@ QString FiltroDeImagens();
 // Whether a file lies in that folder or one of its own.
 bool EstaEmImagens(const AppFolder &app, const QString &path);
 
-// `nome` without what settings and lists of pictures would break; never empty.
-QString NomeSeguro(const QString &nome);
-
 // The name that a picture gets there: one that settings and lists of pictures can keep, with the extension of what the
 // file holds when the gallery would not list its own. Empty when the file is no picture.
 struct NomeDeImagem {

@@ -55,10 +55,10 @@ private:
 // One import and what it said. `Run` waits for its end.
 class ImportRun {
 public:
-  explicit ImportRun(const ImportRoom &room) : import(room.app, room.programs) {
+  explicit ImportRun(const ImportRoom &of) : room(of), import(of.app) {
     QObject::connect(&import, &DocumentImport::Terminou, &import,
-                     [this](const SlideDocument &made, const QString &title) {
-                       document = made;
+                     [this](const QStringList &made, const QString &title) {
+                       pictures = made;
                        name = title;
                        ended = true;
                      });
@@ -67,20 +67,21 @@ public:
       ended = true;
     });
     QObject::connect(&import, &DocumentImport::Parou, &import, [this] { stopped = ended = true; });
-    QObject::connect(&import, &DocumentImport::Andou, &import, [this](int pages, int of) {
+    QObject::connect(&import, &DocumentImport::Andou, &import, [this](int pages, int all) {
       done = pages;
-      total = of;
+      total = all;
     });
   }
   bool Ended() const { return ended; }
   bool Run(const QString &path) {
     ended = false;
-    import.Comeca(path, ImportRoom::Screen);
+    import.Comeca(path, ImportRoom::Screen, room.programs);
     return QTest::qWaitFor([this] { return ended; }, 60'000);
   }
 
+  const ImportRoom &room;
   DocumentImport import;
-  SlideDocument document;
+  QStringList pictures; // stored paths
   QString name;
   QString sentence;
   bool ended = false;

@@ -73,9 +73,8 @@ void TestDocumentImport::everyPageBecomesASlide() {
                           QStringLiteral("Holy _ _Day_ - page 003.png")};
   QCOMPARE(room.Images(), names);
   QCOMPARE(room.Mini(), names);
-  QCOMPARE(run.document.Count(), 3);
-  QCOMPARE(run.document.Em(2).Imagem, room.app.At(u"\\Images\\") + names[1]);
-  QCOMPARE(run.document.Em(2).Titulo + run.document.Em(2).Texto, QString());
+  QCOMPARE(run.pictures.size(), 3);
+  QCOMPARE(run.pictures[1], room.app.At(u"\\Images\\") + names[1]);
   QCOMPARE(run.done, 3);
   QVERIFY(QTest::qWaitFor([&] { return QDir(room.Path("temp")).isEmpty(); }));
 }
@@ -137,7 +136,7 @@ void TestDocumentImport::asksForThePassword() {
   });
   QVERIFY(run.Run(room.Write("mine/a.pdf", LockedPdf("am\xe9m"))));
   QCOMPARE(asked, (QList<bool>{false, true}));
-  QCOMPARE(run.document.Count(), 1);
+  QCOMPARE(run.pictures.size(), 1);
 }
 
 void TestDocumentImport::refusesWhatIsNoDocument_data() {
@@ -248,7 +247,7 @@ void TestDocumentImport::stopLeavesNothing() {
   room.programs.paginas = room.Script("pages2", OnePage);
   ImportRun another(room);
   QVERIFY(another.Run(room.Path("mine/a.pdf")));
-  QCOMPARE(another.document.Count(), 1);
+  QCOMPARE(another.pictures.size(), 1);
 }
 
 void TestDocumentImport::goingAwayLeavesNothing() {
@@ -257,7 +256,7 @@ void TestDocumentImport::goingAwayLeavesNothing() {
                                                "echo page $i page-$i.png; done; sleep 600\n");
   {
     ImportRun run(room);
-    run.import.Comeca(room.Write("mine/a.pdf", "x"), ImportRoom::Screen);
+    run.import.Comeca(room.Write("mine/a.pdf", "x"), ImportRoom::Screen, room.programs);
     QVERIFY(QTest::qWaitFor([&] { return run.done >= 1; }));
   }
   QVERIFY(room.LeftNothing());
@@ -274,7 +273,7 @@ void TestDocumentImport::presentationsGoThroughLibreOffice() {
   QVERIFY(run.Run(room.Write("mine/--x.PPTX", "a sermon")));
   QCOMPARE(run.sentence, QString());
   QCOMPARE(run.name, QStringLiteral("--x"));
-  QCOMPARE(run.document.Count(), 2);
+  QCOMPARE(run.pictures.size(), 2);
 }
 
 void TestDocumentImport::tellsWhatIsWrongWithAPresentation_data() {
@@ -308,7 +307,7 @@ void TestDocumentImport::stopEndsAllOfLibreOffice() {
   room.programs.escritorio = room.Script("soffice", "sleep 600 &\necho $! > $ROOM/pid.part\n"
                                                     "mv $ROOM/pid.part $ROOM/pid\nwait\n");
   ImportRun run(room);
-  run.import.Comeca(room.Write("mine/a.ppt", "x"), ImportRoom::Screen);
+  run.import.Comeca(room.Write("mine/a.ppt", "x"), ImportRoom::Screen, room.programs);
   QVERIFY(QTest::qWaitFor([&] { return QFile::exists(room.Path("pid")); }));
   run.import.Para();
   QVERIFY(QTest::qWaitFor([&] { return run.Ended(); }));

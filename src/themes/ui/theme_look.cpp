@@ -233,6 +233,7 @@ QCheckBox *ThemeLook::MakeTick(const char *name, const QString &caption, bool Te
   auto *box = new QCheckBox(caption, this);
   box->setObjectName(QLatin1String(name));
   box->setAccessibleName(QString(caption).remove(u'&'));
+  box->setToolTip(box->accessibleName());
   connect(box, &QCheckBox::clicked, this, [this, field, changed](bool on) {
     m_tema.*field = on;
     emit (this->*changed)();

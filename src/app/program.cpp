@@ -29,6 +29,8 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "slides/FrmImportar.h"
+#include "slides/ui/slide_windows.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
 #include "themes/ui/theme_editors.h"
@@ -60,6 +62,8 @@ struct Program::Impl {
   void MakeSongEditors();
   void MakeThemeWindows();
   void MakeThemeEditors();
+  void MakeSlideWindows();
+  void ImportaDocumento(const AbreImagens &pronto);
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -102,6 +106,8 @@ struct Program::Impl {
   std::unique_ptr<SongWindows> songs;
   std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<ThemeEditors> themeEditors;
+  std::unique_ptr<SlideWindows> slides;
+  std::unique_ptr<FrmImportar> importar; // hands its pages to the one above
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -116,6 +122,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return console ? console->PicWV()->WV() : nullptr;
   if (name == u"FrmConfigTema")
     return themeEditors ? themeEditors->WV() : nullptr;
+  if (name == u"FrmSlides")
+    return slides ? slides->WV() : nullptr;
   return nullptr;
 }
 
@@ -141,12 +149,14 @@ void Program::Impl::MakeWindows() {
   MakeSongEditors();
   MakeThemeWindows();
   MakeThemeEditors();
+  MakeSlideWindows();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
   windows.addSong = [this] { songs->OpenAdd(); };
   windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
   windows.addBible = [this] { bible->OpenAdd(); };
+  windows.addSlides = [this] { slides->AbreLista(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   windows.chooseScreen = [this](int opcao) {
@@ -161,9 +171,11 @@ void Program::Impl::MakeWindows() {
   windows.agendaChanged = [this] {
     if (songs)
       songs->AgendaChanged();
+    if (slides)
+      slides->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
-  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos(); };
+  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -196,7 +208,12 @@ void Program::Impl::MakeSongEditors() {
       SongEditorDoors{store, prompt, clock, random, yielder, measure, core.flow, positions, core.estado, core.ajustes,
                       telao, sala, profile, console.get()},
       TextFormatDoors{[this] { return core.formato.Le(); },
-                      [this](const TextFormat &format) { return core.formato.Aplica(format); }});
+                      [this](const TextFormat &format) {
+                        const bool written = core.formato.Aplica(format);
+                        themeEditors->MaiusculasMudaram(core.estado.IndiceTema, core.formato.Le().maiusculas);
+                        return written;
+                      }});
+  core.temaControle.RefazFormato = [this] { editors->RefazFormato(); };
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
 }
@@ -221,6 +238,30 @@ void Program::Impl::MakeThemeEditors() {
   themeEditors = std::make_unique<ThemeEditors>(ThemeEditorDoors{
       store, core.loja, core.temas, prompt, clock, random, yielder, measure, positions, ThemesPanel::TamanhoDoTile,
       [this]() -> Display * { return quendar.get(); }, galeria, salvo, profile, console.get()});
+}
+
+void Program::Impl::MakeSlideWindows() {
+  const auto galeria = [this](int numero, QWidget *dono, const std::function<void(const QString &)> &usa) {
+    themes->AbreGaleria({QStringLiteral("FrmSlides"), numero, usa, dono});
+  };
+  slides = std::make_unique<SlideWindows>(
+      SlideDoors{store, prompt, clock, random, core.flow, positions, core.estado, core.ajustes,
+                 [this]() -> Display * { return quendar.get(); },
+                 [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, galeria,
+                 [this](const AbreImagens &pronto) { ImportaDocumento(pronto); }, profile, console.get()});
+  core.agenda.editores[5] = [this](const QString &path) { return slides->Edita(path); };
+}
+
+void Program::Impl::ImportaDocumento(const AbreImagens &pronto) {
+  if (!importar)
+    importar = std::make_unique<FrmImportar>(
+        ImportDoors{store, prompt, positions, &DocumentImport::ProgramasInstalados,
+                    [this] {
+                      const bool rehearsal = core.painel.Ensaio || core.painel.SemProjetor;
+                      return quendar && !rehearsal ? quendar->SizePx() * quendar->devicePixelRatioF() : QSize();
+                    }},
+        console.get());
+  importar->Pergunta(pronto);
 }
 
 void Program::Impl::MakeDisplay() {
@@ -305,7 +346,10 @@ void Program::Impl::MakeStartup() {
   };
   // A box must not stand inside the timer that ends the start.
   janelas.InicioTerminou = [this] {
-    QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(songs.get()); });
+    QTimer::singleShot(0, console.get(), [this] {
+      editors->OfereceRascunhos(songs.get());
+      slides->OfereceRascunhos();
+    });
     QTimer::singleShot(CalmaDoInicio, console.get(), [this] { songs->PrepareAdd(); });
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
@@ -405,6 +449,9 @@ Program::~Program() {
   m_impl->core.agenda.editorDeMusicas = {};
   m_impl->editors.reset();
   m_impl->themeEditors.reset();
+  m_impl->core.agenda.editores.clear();
+  m_impl->importar.reset();
+  m_impl->slides.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();

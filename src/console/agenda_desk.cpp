@@ -208,7 +208,7 @@ QString AgendaDesk::ClearCaption() const {
 
 bool AgendaDesk::CanEdit() const {
   const int kind = m_lista.SelectedKind();
-  return m_lista.HasSelection() && (kind == 2 || kind == 3) && editorDeMusicas.edita;
+  return m_lista.HasSelection() && (kind == 2 || kind == 3 ? editorDeMusicas.edita != nullptr : editores.contains(kind));
 }
 
 void AgendaDesk::EditaMusica(const QString &target) {
@@ -227,36 +227,41 @@ void AgendaDesk::EditSelected() {
     return;
   }
   const QString target = m_lista.SelectedCaption();
-  bool missing = false;
-  switch (m_lista.SelectedKind()) {
+  const int kind = m_lista.SelectedKind();
+  switch (kind) {
   case 2:
   case 3:
     EditaMusica(target);
     return;
   case 4:
-    missing = !FileExists(target);
-    if (missing)
+    if (!FileExists(target)) {
       say(QStringLiteral("File not found"));
+      return;
+    }
     break;
   case 5:
   case 6: {
-    const bool slide = m_lista.SelectedKind() == 5;
-    missing = !FileExists(m_app.path() + (slide ? QStringLiteral("\\Slides\\") : QStringLiteral("\\SlideShow\\")) +
-                          m_lista.SelectedName() + (slide ? u".sld" : u".sw"));
-    if (missing)
+    const QString path = m_app.path() + (kind == 5 ? QStringLiteral("\\Slides\\") : QStringLiteral("\\SlideShow\\")) +
+                         m_lista.SelectedName() + (kind == 5 ? u".sld" : u".sw");
+    const auto editor = editores.find(kind);
+    if (!FileExists(path) || (editor != editores.end() && !editor->second(path)))
       say(QStringLiteral("Slide not found"));
-    break;
+    else if (editor == editores.end())
+      break;
+    return;
   }
   default:
     break;
   }
-  if (!missing)
-    say(QStringLiteral("There is no editor for this item yet."));
+  say(QStringLiteral("There is no editor for this item yet."));
 }
 
-// The names by which agendas know a song that has gone from its file name. Old entries may know it by its label alone;
-// where there is a file of that spelling, they are that song's.
+// The names by which agendas know an item that has gone from its file name. Old entries may know a song by its label
+// alone; where there is a file of that spelling, they are that song's. Slides are known by their file's name too, whose
+// label may be spelt otherwise.
 QStringList AgendaDesk::NomesNaAgenda(int kind, const QString &name) const {
+  if (kind == 5)
+    return {name, name + u".sld"};
   const QString label = LabelOf(name);
   const bool song = kind == 2 || kind == 3;
   if (!song || label == name || !ResolveSongPath(m_app, label + u".txt").isEmpty())

@@ -48,6 +48,9 @@ public:
     std::function<bool(const QString &path)> edita;         // false when the file cannot be edited
   };
   EditorDeMusicas editorDeMusicas;
+  // The editors of kinds that are documents in a folder, each opened on the file at that stored path; false when it
+  // cannot be edited.
+  std::map<int, std::function<bool(const QString &path)>> editores;
 
   // The loaded song under a new name, or the selected item edited: messages of the edit button.
   void EditSelected();

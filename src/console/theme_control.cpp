@@ -107,6 +107,8 @@ void ThemeControl::AplicaTemaAtual() {
   ClearQueue();
   if (m_console.view)
     m_console.view->ThemesChanged();
+  if (RefazFormato)
+    RefazFormato();
 }
 
 void ThemeControl::ClearQueue() {

@@ -49,6 +49,7 @@ public:
   std::function<void()> ReenviaVersiculo;
   // Slides are on show: they are drawn again in place of a page of the theme; set by their owner.
   std::function<void()> RedesenhaSlides;
+  std::function<void()> RefazFormato;    // the text-format options show another theme; may be empty
 
 private:
   void AplicaTemaAtual();

@@ -110,7 +110,7 @@ QGridLayout *EffectsPanel::MakeCombos() {
   combos->addWidget(zoomImagem, 1, 5);
   named(tr("Text"), m_texto, 2);
   combos->addWidget(m_texto, 2, 1);
-  combos->addWidget(m_textoExtra, 2, 2);
+  combos->addWidget(m_textoExtra, 2, 2, 1, 2); // "FadeIn Down" wants the room
   combos->addWidget(fadeTexto, 2, 4);
   combos->addWidget(zoomTexto, 2, 5);
   combos->setColumnStretch(1, 1);

@@ -76,7 +76,9 @@ bool SongEditors::AbertoEmOutra(const QString &path) const {
   return !m_editors.empty() && !EstaAberto(path);
 }
 
-bool SongEditors::FechaTodos() { return CloseAll(m_editors, m_closing); }
+bool SongEditors::FechaTodos() {
+  return CloseAll(m_editors, m_closing);
+}
 
 void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
   const SongDrafts drafts(m_doors.store.App());
@@ -92,7 +94,7 @@ void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
     const int answer = m_doors.prompt.Ask(BoxTitle, question,
                                           {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
     if (answer == DropIt)
-      drafts.Drop(found.id);
+      drafts.Folder().Drop(found.id);
     if (answer != OpenIt)
       continue;
     FrmEditar *editor = Make(parent);
@@ -105,6 +107,11 @@ void SongEditors::AbreFormato() {
   if (!m_format)
     m_format = std::make_unique<FrmConfigFormatTexto>(m_doors, m_formatDoors);
   m_format->Open();
+}
+
+void SongEditors::RefazFormato() {
+  if (m_format)
+    m_format->Refaz();
 }
 
 } // namespace tolmira

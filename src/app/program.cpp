@@ -29,6 +29,7 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "slides/FrmImportar.h"
 #include "slides/ui/slide_windows.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
@@ -62,6 +63,7 @@ struct Program::Impl {
   void MakeThemeWindows();
   void MakeThemeEditors();
   void MakeSlideWindows();
+  void ImportaDocumento(const AbreImagens &pronto);
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -105,6 +107,7 @@ struct Program::Impl {
   std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<SlideWindows> slides;
+  std::unique_ptr<FrmImportar> importar; // hands its pages to the one above
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -244,9 +247,21 @@ void Program::Impl::MakeSlideWindows() {
   slides = std::make_unique<SlideWindows>(
       SlideDoors{store, prompt, clock, random, core.flow, positions, core.estado, core.ajustes,
                  [this]() -> Display * { return quendar.get(); },
-                 [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, galeria, {}, profile,
-                 console.get()});
+                 [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, galeria,
+                 [this](const AbreImagens &pronto) { ImportaDocumento(pronto); }, profile, console.get()});
   core.agenda.editores[5] = [this](const QString &path) { return slides->Edita(path); };
+}
+
+void Program::Impl::ImportaDocumento(const AbreImagens &pronto) {
+  if (!importar)
+    importar = std::make_unique<FrmImportar>(
+        ImportDoors{store, prompt, positions, &DocumentImport::ProgramasInstalados,
+                    [this] {
+                      const bool rehearsal = core.painel.Ensaio || core.painel.SemProjetor;
+                      return quendar && !rehearsal ? quendar->SizePx() * quendar->devicePixelRatioF() : QSize();
+                    }},
+        console.get());
+  importar->Pergunta(pronto);
 }
 
 void Program::Impl::MakeDisplay() {
@@ -435,6 +450,7 @@ Program::~Program() {
   m_impl->editors.reset();
   m_impl->themeEditors.reset();
   m_impl->core.agenda.editores.clear();
+  m_impl->importar.reset();
   m_impl->slides.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();

@@ -321,9 +321,7 @@ void FrmSlides::LoadDraft(const QString &id, const SlideDraft &draft) {
 }
 
 void FrmSlides::TomaImagens(const QStringList &imagens, const QString &nome) {
-  for (const QString &imagem : imagens)
-    m_editor.AddImage(imagem);
-  m_editor.SelecionaSlide(1);
+  m_editor.AddImages(imagens);
   m_editor.nome = nome;
   ShowAll();
   Mudou();

@@ -142,6 +142,19 @@ void SlideEditor::AddImage(const QString &path) {
   });
 }
 
+void SlideEditor::AddImages(const QStringList &paths) {
+  if (paths.isEmpty())
+    return;
+  Change({}, [&paths](Moment &now) {
+    now.indice = now.documento.Count() + 1;
+    for (const QString &path : paths) {
+      Slide slide;
+      slide.Imagem = path;
+      now.documento.slides.append(slide);
+    }
+  });
+}
+
 void SlideEditor::TrocaImagem(const QString &path) {
   m_history.EndStep();
   ChangeSlide("Imagem", [&path](Slide &slide) { slide.Imagem = path; });

@@ -15,14 +15,14 @@ namespace tolmira {
 
 namespace {
 
-constexpr QSize PictureSizePx{160, 90};
+constexpr int LeastTileWidth = 160; // px
 constexpr int Padding = 6;
 constexpr int MemoryKiB = 16 * 1024; // some 210 small copies
 
-int TileWidth() { return PictureSizePx.width() + 2 * Padding; }
+int PictureHeight(int tileWidth) { return (tileWidth - 2 * Padding) * 9 / 16; }
 
-int TileHeight(const QFontMetrics &font) {
-  return PictureSizePx.height() + 2 * font.height() + 2 * Padding + medidas::Step;
+int TileHeight(int tileWidth, const QFontMetrics &font) {
+  return PictureHeight(tileWidth) + 2 * font.height() + 2 * Padding + medidas::Step;
 }
 
 // What the projection does with the slide that is out.
@@ -34,21 +34,21 @@ QRgb StateColour(const EstadoConsole &estado) {
 
 class TileDelegate : public QStyledItemDelegate {
 public:
-  TileDelegate(const SlideListModel &modelo, const EstadoConsole &estado, const PainelConsole &painel, QObject *parent)
+  TileDelegate(const SlideListModel &modelo, const EstadoConsole &estado, const PainelConsole &painel, QListView *parent)
       : QStyledItemDelegate(parent), m_modelo(modelo), m_estado(estado), m_painel(painel) {}
 
-  QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const override {
-    return {TileWidth(), TileHeight(option.fontMetrics)};
+  QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override {
+    return static_cast<const QListView *>(parent())->gridSize();
   }
 
   void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override {
     const int slide = index.row() + 1;
     painter->save();
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    const QRect tile(option.rect.left() + (option.rect.width() - TileWidth()) / 2, option.rect.top(), TileWidth(),
-                     TileHeight(option.fontMetrics));
+    const QRect tile = option.rect.adjusted(0, 0, -medidas::Gap, -medidas::Gap);
     PaintPlate(*painter, tile, slide, option.state & QStyle::State_MouseOver);
-    const QRect picture(tile.topLeft() + QPoint(Padding, Padding), PictureSizePx);
+    const QRect picture(tile.left() + Padding, tile.top() + Padding, tile.width() - 2 * Padding,
+                        PictureHeight(tile.width()));
     PaintPicture(*painter, picture, index.row());
     PaintNumber(*painter, picture, slide, option.fontMetrics);
 
@@ -228,9 +228,9 @@ void SlidesPanel::MostraEscolhido() {
 
 // The tiles share the whole width between them.
 void SlidesPanel::AjustaGrade() {
-  const int width = viewport()->width();
-  const int columns = qMax(1, width / (TileWidth() + medidas::Gap));
-  setGridSize({qMax(TileWidth(), (width - 1) / columns), TileHeight(fontMetrics()) + medidas::Gap});
+  const int width = viewport()->width() - 1;
+  const int column = width / qMax(1, width / (LeastTileWidth + medidas::Gap));
+  setGridSize({column, TileHeight(column - medidas::Gap, fontMetrics()) + medidas::Gap});
 }
 
 void SlidesPanel::resizeEvent(QResizeEvent *event) {

@@ -171,9 +171,8 @@ void StripArea::ShowSlides() {
   const int index = m_parts.console.painel.SlideEscolhido;
   if (const SlideDocument &documento = m_parts.slides.Documento(); m_parts.slides.Visible() && documento.Tem(index)) {
     const Slide &slide = documento.Em(index);
-    Speak(m_slides, (tr("Slide %1 of %2").arg(index).arg(documento.Count()) + u". " + slide.Titulo + u". " +
-                     slide.Texto)
-                        .simplified());
+    const QStringList spoken{tr("Slide %1 of %2").arg(index).arg(documento.Count()), slide.Titulo, slide.Texto};
+    Speak(m_slides, spoken.join(QStringLiteral(". ")).simplified());
   }
 }
 

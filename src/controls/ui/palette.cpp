@@ -51,6 +51,9 @@ QString DeskStyleSheet() {
   QString sheet = QStringLiteral(R"(
 QToolTip { background: @raised; color: @text; border: 1px solid @line; padding: 4px 6px; }
 
+QProgressBar { background: @raised; border: 1px solid @line; border-radius: 4px; min-height: 8px; max-height: 8px; }
+QProgressBar::chunk { background: @accent; border-radius: 3px; }
+
 QMenuBar { background: @desk; color: @text; padding: 2px 4px; }
 QMenuBar::item { padding: 5px 10px; border-radius: 6px; background: transparent; }
 QMenuBar::item:selected, QMenuBar::item:pressed { background: @hover; }

@@ -1,6 +1,7 @@
 #include "themes/ui/picture_strip.h"
 
 #include "controls/ui/palette.h"
+#include "foundation/text_utils.h"
 
 #include <QHash>
 #include <QKeyEvent>
@@ -80,7 +81,7 @@ PictureStrip::PictureStrip(Qt::Orientation direcao, QWidget *parent) : QListWidg
 
 void PictureStrip::Grava(QListWidgetItem *cell, const QString &legenda) {
   cell->setData(Qt::UserRole, legenda);
-  const QString nome = cell->toolTip();
+  const QString nome = FileNameOf(cell->toolTip());
   cell->setData(Qt::AccessibleTextRole, legenda.isEmpty() ? nome : QString(legenda + QStringLiteral(", ") + nome));
 }
 

@@ -13,7 +13,7 @@ class PictureStrip : public QListWidget {
 public:
   explicit PictureStrip(Qt::Orientation direcao, QWidget *parent);
 
-  // Bare file names; `legendas`, if any, are written over the pictures.
+  // By names of pictures, bare or with their paths; `legendas`, if any, are written over the pictures.
   void Show(const QStringList &nomes, int escolhida, const QStringList &legendas = {});
   void MudaLegenda(int posicao, const QString &legenda);
   void Escolhe(int posicao); // without a signal

@@ -206,7 +206,7 @@ QString AgendaDesk::ClearCaption() const {
 
 bool AgendaDesk::CanEdit() const {
   const int kind = m_lista.SelectedKind();
-  return m_lista.HasSelection() && (kind == 2 || kind == 3) && editorDeMusicas.edita;
+  return m_lista.HasSelection() && (((kind == 2 || kind == 3) && editorDeMusicas.edita) || (kind == 6 && editaSlideShow));
 }
 
 void AgendaDesk::EditaMusica(const QString &target) {
@@ -216,6 +216,13 @@ void AgendaDesk::EditaMusica(const QString &target) {
     say(QStringLiteral("First, finish editing the lyrics you are currently editing."));
   else if (path.isEmpty() || !editorDeMusicas.edita || !editorDeMusicas.edita(path))
     say(QStringLiteral("Item not found or cannot be edited."));
+}
+
+void AgendaDesk::EditaSlideShow(const QString &path) {
+  if (!FileExists(path))
+    m_prompt.Message(MessageKind::Information, TituloDaCaixa, QStringLiteral("Slide not found"));
+  else if (editaSlideShow)
+    editaSlideShow(path);
 }
 
 void AgendaDesk::EditSelected() {
@@ -237,14 +244,13 @@ void AgendaDesk::EditSelected() {
       say(QStringLiteral("File not found"));
     break;
   case 5:
-  case 6: {
-    const bool slide = m_lista.SelectedKind() == 5;
-    missing = !FileExists(m_app.path() + (slide ? QStringLiteral("\\Slides\\") : QStringLiteral("\\SlideShow\\")) +
-                          m_lista.SelectedName() + (slide ? u".sld" : u".sw"));
+    missing = !FileExists(m_app.At(u"\\Slides\\") + m_lista.SelectedName() + u".sld");
     if (missing)
       say(QStringLiteral("Slide not found"));
     break;
-  }
+  case 6:
+    EditaSlideShow(m_app.At(u"\\SlideShow\\") + m_lista.SelectedName() + u".sw");
+    return;
   default:
     break;
   }

@@ -48,6 +48,7 @@ public:
     std::function<bool(const QString &path)> edita;         // false when the file cannot be edited
   };
   EditorDeMusicas editorDeMusicas;
+  std::function<void(const QString &path)> editaSlideShow; // empty while there is no editor of slide shows
 
   // The loaded song under a new name, or the selected item edited: messages of the edit button.
   void EditSelected();
@@ -61,6 +62,7 @@ public:
 private:
   QString DicaDaAgenda(int n) const;
   void EditaMusica(const QString &target);
+  void EditaSlideShow(const QString &path);
   QStringList NomesNaAgenda(int kind, const QString &name) const;
   bool NadaNaTira() const; // the console holds no text
   bool Grava(int n, ListTarefas &lista);

@@ -21,7 +21,9 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
       controles(contexto), textos(contexto, loader, leitura), efeitos(contexto, temaControle, loader, leitura),
       formato(contexto, temas, loader, textos), flow(contexto, agenda, loader, leitura, temaControle),
+      show(contexto, stepper, temaControle),
       teclas(contexto, stepper, flow, agenda, leitura) {
+  show.FechaVideo = [this] { flow.cancelaWMP(); };
   contexto.descreve = [this] {
     painel.situacao = DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo()});
   };
@@ -32,6 +34,7 @@ void ConsoleCore::PaginaVoltou(Alvo qual) {
   loader.PaginaVoltou(qual);
   leitura.PaginaVoltou(qual);
   textos.PaginaVoltou(qual);
+  show.PaginaVoltou(qual);
 }
 
 void ConsoleCore::PreviaMudou() {

@@ -36,6 +36,13 @@ struct PainelBiblia {
   bool Adiante = false; // the operator looks ahead: the projection shows something else
 };
 
+// A slide show on the projection.
+struct PainelSlideShow {
+  bool Ativo = false;
+  bool Parado = false;
+  QString Imagem; // the picture on show; empty before the first one
+};
+
 // A line of the menu of screens. The first is the automatic choice.
 struct OpcaoDeTela {
   QString texto;
@@ -86,6 +93,7 @@ struct PainelConsole {
   SituacaoDaTela situacao;         // made of the records whenever the console is brought up to date
 
   PainelBiblia biblia;
+  PainelSlideShow slideShow;
   QString LbVersao;                // "Tradução: " and the version's name
   QString LabelDicaBiblia;         // how to walk through a passage; before the first one the same as LbVersao
 

@@ -17,8 +17,6 @@ QString SemCarregador(int kind) {
     return QStringLiteral("Videos cannot be shown yet.");
   case 5:
     return QStringLiteral("Slides cannot be shown yet.");
-  case 6:
-    return QStringLiteral("Slide shows cannot be shown yet.");
   default:
     return {};
   }
@@ -50,7 +48,18 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     return;
   }
 
-  if (!name.isEmpty()) {
+  if (kind == 6 && !name.isEmpty() && !FileExists(name)) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
+    return;
+  }
+  FechaSlideShow();
+  cancelaWMP();
+
+  if (kind == 6 && !name.isEmpty()) {
+    painel.CommandBtEnabled = true;
+    if (controleDeShows.abre)
+      controleDeShows.abre(name);
+  } else if (!name.isEmpty()) {
     const bool applyTheme = m_temas.CheckAlteraTemaAleatorio() || estado.ProximoTema != SemTemaNaFila;
     const QString alinhamento = LeAlinhamentoVertical(m_console.store);
     const bool shown = kind == 1 ? m_leitura.exibeTextoBiblico(name, applyTheme, true)
@@ -67,6 +76,13 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
   m_console.Atualiza();
   if (m_console.view)
     m_console.view->FocusStrip();
+}
+
+void PresentationFlow::FechaSlideShow() {
+  if (!controleDeShows.fecha || !controleDeShows.fecha())
+    return;
+  m_console.painel.PicAviso2 = false;
+  m_console.yielder.Yield(1);
 }
 
 void PresentationFlow::PorNaLista(const QString &label, int kind, const QString &target, QString &message) {

@@ -33,6 +33,12 @@ QString PrimeiraLinha(const EstadoConsole &estado, int verso) {
   return {};
 }
 
+void DizDoShow(const PainelSlideShow &show, SituacaoDaTela &dita) {
+  dita.LbEstadoTela = show.Parado ? QObject::tr("SHOW PAUSED") : QObject::tr("SLIDE SHOW");
+  dita.CorDoEstado = show.Parado ? Held : Live;
+  dita.LbDetalheTela = show.Imagem;
+}
+
 void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   const EstadoConsole &estado = olhar.estado;
   const auto diz = [&dita](const QString &aviso, const QString &cor, const QString &detalhe) {
@@ -52,6 +58,8 @@ void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
     diz(QObject::tr("BACKGROUND ONLY"), Held, QObject::tr("F5 brings the text back"));
   else if (estado.EstadoTela == u"Hide")
     diz(QObject::tr("NO PROJECTION"), Off, QObject::tr("F5 brings the projection back"));
+  else if (olhar.painel.slideShow.Ativo && estado.TipoAtual == u"SlideShow")
+    DizDoShow(olhar.painel.slideShow, dita);
   else if (Preso(olhar))
     diz(QObject::tr("HELD"), Held, QObject::tr("The projection stands until Ctrl is released"));
   else if (estado.VersoHtmlAtual.isEmpty() && !SemVersos(estado.TipoAtual))

@@ -40,6 +40,8 @@ struct EstadoConsole {
   QString ModoMovimento = QStringLiteral("Normal"); // "Normal", "Acima", "Abaixo"
   bool EnviarAoTelao = false;
 
+  QString SlideShowAtivo; // "True" while the remote of a slide show is open: slide show runner
+
   // the projection
   QString EstadoTela = QStringLiteral("Normal"); // screen controls: "Normal", "OcultarTexto", "TelaPreta", "PadraoDeFundo", "Hide"
   QString PaginaAtual;     // page builder, presentation flow

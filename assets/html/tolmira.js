@@ -162,6 +162,88 @@
       rest(slide);
       slide.style.display = slide === next ? 'block' : 'none';
     });
+    keepNearPictures(options, Array.from(options.elements).indexOf(next));
+  }
+
+  // A list may name hundreds of pictures, and the engine reads, and keeps, each one that has its address. So the list
+  // lies in a template, whose pictures are none yet, and only those near the one on show have theirs.
+  const NEAR = 1;
+  const FAR = 3; // one that was near is kept up to here, so that going back and forth reads nothing
+
+  function fillFromTemplate(host) {
+    const template = host.querySelector('template');
+    if (!template)
+      return false;
+    template.content.querySelectorAll('img').forEach((image) => {
+      image.dataset.src = image.getAttribute('src') || '';
+      image.removeAttribute('src');
+    });
+    host.replaceChildren(template.content);
+    return true;
+  }
+
+  const picture = (slide) => slide && slide.querySelector('img[data-src]');
+
+  const decoded = new WeakMap(); // a promise for each picture that was taken; true when it has come to an end
+
+  function takePicture(image) {
+    if (!image || decoded.has(image))
+      return;
+    image.src = image.dataset.src;
+    const ready = () => image.hasAttribute('src') && decoded.set(image, true);
+    decoded.set(image, image.decode().then(ready, ready));
+  }
+
+  function dropPicture(image) {
+    if (!decoded.delete(image))
+      return;
+    image.removeAttribute('src');
+    image.classList.remove('pronta');
+  }
+
+  // Until the page has loaded the others wait: the text waits for the page, and the page for the pictures it has begun.
+  function keepNearPictures(options, shown) {
+    const slides = options.elements;
+    const lead = emptyLead(slides);
+    const count = slides.length - lead;
+    const anchors = [shown, options.nextSlide, wanted === null ? shown : wanted];
+    slides.forEach((slide, i) => {
+      const distance = Math.min(
+        ...anchors.map((anchor) => Math.min(Math.abs(i - anchor), count - Math.abs(i - anchor))),
+      );
+      if (i === shown || (loaded && distance <= NEAR))
+        takePicture(picture(slide));
+      else if (distance > FAR)
+        dropPicture(picture(slide));
+    });
+  }
+
+  let loaded = false;
+  let wanted = null; // the slide that is to come as soon as its picture is ready
+  const WAIT_MS = 1000; // after which it comes as it is
+
+  // A picture that is not decoded when its slide comes would leave it black for some frames.
+  function changeTo(options, index) {
+    const image = picture(options.elements[index]);
+    wanted = index;
+    const change = () => {
+      if (wanted !== index || cycleOptions() !== options)
+        return;
+      wanted = null;
+      if (image && image.naturalWidth)
+        image.classList.add('pronta');
+      if (index === (options.currSlide + 1) % options.elements.length)
+        options.$cont.cycle('next');
+      else if (index !== options.currSlide)
+        options.$cont.cycle(index);
+    };
+    takePicture(image);
+    if (!image || decoded.get(image) === true) {
+      change();
+      return;
+    }
+    decoded.get(image).then(change);
+    setTimeout(change, WAIT_MS);
   }
 
   function themeOptions() {
@@ -203,14 +285,22 @@
 
   function StartCycle() {
     const host = byId('slideshow');
-    if (!host || !$() || !$().fn.cycle)
+    if (!host)
       return;
+    const first = fillFromTemplate(host) ? Math.max(0, number((window.opcoesImagem || {}).primeira, 0)) : 0;
+    if (!$() || !$().fn.cycle) {
+      takePicture(host.querySelector('img[data-src]'));
+      return;
+    }
     kept = kept || themeOptions();
     $()(host).cycle('stop');
+    wanted = null;
     const slides = Array.from(host.children);
     if (slides.length < 2)
       return;
-    $()(host).cycle(Object.assign({}, kept, { startingSlide: emptyLead(slides) }));
+    const lead = emptyLead(slides);
+    const start = lead + Math.trunc(first);
+    $()(host).cycle(Object.assign({}, kept, { startingSlide: start < slides.length ? start : lead }));
   }
 
   function GotoSlideImage(n) {
@@ -219,14 +309,14 @@
       return;
     const lead = emptyLead(options.elements);
     const index = Math.trunc(number(n, -1)) + lead;
-    if (index >= lead && index < options.elements.length && index !== options.currSlide)
-      options.$cont.cycle(index);
+    if (index >= lead && index < options.elements.length && index !== (wanted === null ? options.currSlide : wanted))
+      changeTo(options, index);
   }
 
   function GotoNextImage() {
     const options = cycleOptions();
     if (options && options.elements.length - emptyLead(options.elements) > 1)
-      options.$cont.cycle('next');
+      changeTo(options, ((wanted === null ? options.currSlide : wanted) + 1) % options.elements.length);
   }
 
   function restartTimer(options) {
@@ -321,7 +411,14 @@
   document.addEventListener('load', (e) => e.target.tagName === 'IMG' && e.target.classList.add('pronta'), true);
   document.addEventListener('error', (e) => e.target.tagName === 'IMG' && e.target.classList.remove('pronta'), true);
   document.addEventListener('loadeddata', (e) => e.target.classList.add('pronta'), true);
-  window.addEventListener('load', () => root.classList.add('carregada'));
+  window.addEventListener('load', () => {
+    root.getBoundingClientRect(); // what has come by now stands; only what comes later fades in
+    root.classList.add('carregada');
+    loaded = true;
+    const options = cycleOptions();
+    if (options)
+      keepNearPictures(options, options.currSlide);
+  });
 
   watchFilter(getComputedStyle(root).getPropertyValue('--filtro'));
   watchMovement();

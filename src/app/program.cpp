@@ -29,6 +29,7 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "slides/ui/slide_windows.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
 #include "themes/ui/theme_editors.h"
@@ -60,6 +61,7 @@ struct Program::Impl {
   void MakeSongEditors();
   void MakeThemeWindows();
   void MakeThemeEditors();
+  void MakeSlideWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -102,6 +104,7 @@ struct Program::Impl {
   std::unique_ptr<SongWindows> songs;
   std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<ThemeEditors> themeEditors;
+  std::unique_ptr<SlideWindows> slides;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -116,6 +119,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return console ? console->PicWV()->WV() : nullptr;
   if (name == u"FrmConfigTema")
     return themeEditors ? themeEditors->WV() : nullptr;
+  if (name == u"FrmSlides")
+    return slides ? slides->WV() : nullptr;
   return nullptr;
 }
 
@@ -141,12 +146,14 @@ void Program::Impl::MakeWindows() {
   MakeSongEditors();
   MakeThemeWindows();
   MakeThemeEditors();
+  MakeSlideWindows();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
   windows.addSong = [this] { songs->OpenAdd(); };
   windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
   windows.addBible = [this] { bible->OpenAdd(); };
+  windows.addSlides = [this] { slides->AbreLista(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   windows.chooseScreen = [this](int opcao) {
@@ -161,9 +168,11 @@ void Program::Impl::MakeWindows() {
   windows.agendaChanged = [this] {
     if (songs)
       songs->AgendaChanged();
+    if (slides)
+      slides->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
-  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos(); };
+  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -221,6 +230,18 @@ void Program::Impl::MakeThemeEditors() {
   themeEditors = std::make_unique<ThemeEditors>(ThemeEditorDoors{
       store, core.loja, core.temas, prompt, clock, random, yielder, measure, positions, ThemesPanel::TamanhoDoTile,
       [this]() -> Display * { return quendar.get(); }, galeria, salvo, profile, console.get()});
+}
+
+void Program::Impl::MakeSlideWindows() {
+  const auto galeria = [this](int numero, QWidget *dono, const std::function<void(const QString &)> &usa) {
+    themes->AbreGaleria({QStringLiteral("FrmSlides"), numero, usa, dono});
+  };
+  slides = std::make_unique<SlideWindows>(
+      SlideDoors{store, prompt, clock, random, core.flow, positions, core.estado, core.ajustes,
+                 [this]() -> Display * { return quendar.get(); },
+                 [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, galeria, {}, profile,
+                 console.get()});
+  core.agenda.editores[5] = [this](const QString &path) { return slides->Edita(path); };
 }
 
 void Program::Impl::MakeDisplay() {
@@ -308,7 +329,10 @@ void Program::Impl::MakeStartup() {
   };
   // A box must not stand inside the timer that ends the start.
   janelas.InicioTerminou = [this] {
-    QTimer::singleShot(0, console.get(), [this] { editors->OfereceRascunhos(songs.get()); });
+    QTimer::singleShot(0, console.get(), [this] {
+      editors->OfereceRascunhos(songs.get());
+      slides->OfereceRascunhos();
+    });
     QTimer::singleShot(CalmaDoInicio, console.get(), [this] { songs->PrepareAdd(); });
   };
   startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
@@ -408,6 +432,8 @@ Program::~Program() {
   m_impl->core.agenda.editorDeMusicas = {};
   m_impl->editors.reset();
   m_impl->themeEditors.reset();
+  m_impl->core.agenda.editores.clear();
+  m_impl->slides.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();

@@ -219,6 +219,8 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
                       [&d, open] { open(d.windows.addSong); });
   d.addBar->SetWindow(1, tr("Adds a Bible passage to the agenda, or shows one"),
                       [&d, open] { open(d.windows.addBible); });
+  d.addBar->SetWindow(2, tr("Adds slides to the agenda, shows or edits them"),
+                      [&d, open] { open(d.windows.addSlides); });
   parts.teclas.Image9 = [&d] { d.screen->Image9(); };
   parts.teclas.AddBar = [&d](int index) { d.addBar->Press(index); };
 

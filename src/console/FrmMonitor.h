@@ -35,6 +35,7 @@ public:
     std::function<void()> pictureOnScreen;
     std::function<void()> addSong;
     std::function<void()> addBible;
+    std::function<void()> addSlides;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
     std::function<void(int)> configTema;   // the editor of a theme

@@ -206,7 +206,7 @@ QString AgendaDesk::ClearCaption() const {
 
 bool AgendaDesk::CanEdit() const {
   const int kind = m_lista.SelectedKind();
-  return m_lista.HasSelection() && (((kind == 2 || kind == 3) && editorDeMusicas.edita) || (kind == 6 && editaSlideShow));
+  return m_lista.HasSelection() && (kind == 2 || kind == 3 ? editorDeMusicas.edita != nullptr : editores.contains(kind));
 }
 
 void AgendaDesk::EditaMusica(const QString &target) {
@@ -218,13 +218,6 @@ void AgendaDesk::EditaMusica(const QString &target) {
     say(QStringLiteral("Item not found or cannot be edited."));
 }
 
-void AgendaDesk::EditaSlideShow(const QString &path) {
-  if (!FileExists(path))
-    m_prompt.Message(MessageKind::Information, TituloDaCaixa, QStringLiteral("Slide not found"));
-  else if (editaSlideShow)
-    editaSlideShow(path);
-}
-
 void AgendaDesk::EditSelected() {
   const auto say = [&](const QString &text) { m_prompt.Message(MessageKind::Information, TituloDaCaixa, text); };
   if (!m_lista.HasSelection()) {
@@ -232,35 +225,41 @@ void AgendaDesk::EditSelected() {
     return;
   }
   const QString target = m_lista.SelectedCaption();
-  bool missing = false;
-  switch (m_lista.SelectedKind()) {
+  const int kind = m_lista.SelectedKind();
+  switch (kind) {
   case 2:
   case 3:
     EditaMusica(target);
     return;
   case 4:
-    missing = !FileExists(target);
-    if (missing)
+    if (!FileExists(target)) {
       say(QStringLiteral("File not found"));
+      return;
+    }
     break;
   case 5:
-    missing = !FileExists(m_app.At(u"\\Slides\\") + m_lista.SelectedName() + u".sld");
-    if (missing)
+  case 6: {
+    const QString path = m_app.path() + (kind == 5 ? QStringLiteral("\\Slides\\") : QStringLiteral("\\SlideShow\\")) +
+                         m_lista.SelectedName() + (kind == 5 ? u".sld" : u".sw");
+    const auto editor = editores.find(kind);
+    if (!FileExists(path) || (editor != editores.end() && !editor->second(path)))
       say(QStringLiteral("Slide not found"));
-    break;
-  case 6:
-    EditaSlideShow(m_app.At(u"\\SlideShow\\") + m_lista.SelectedName() + u".sw");
+    else if (editor == editores.end())
+      break;
     return;
+  }
   default:
     break;
   }
-  if (!missing)
-    say(QStringLiteral("There is no editor for this item yet."));
+  say(QStringLiteral("There is no editor for this item yet."));
 }
 
-// The names by which agendas know a song that has gone from its file name. Old entries may know it by its label alone;
-// where there is a file of that spelling, they are that song's.
+// The names by which agendas know an item that has gone from its file name. Old entries may know a song by its label
+// alone; where there is a file of that spelling, they are that song's. Slides are known by their file's name too, whose
+// label may be spelt otherwise.
 QStringList AgendaDesk::NomesNaAgenda(int kind, const QString &name) const {
+  if (kind == 5)
+    return {name, name + u".sld"};
   const QString label = LabelOf(name);
   const bool song = kind == 2 || kind == 3;
   if (!song || label == name || !ResolveSongPath(m_app, label + u".txt").isEmpty())

@@ -48,7 +48,9 @@ public:
     std::function<bool(const QString &path)> edita;         // false when the file cannot be edited
   };
   EditorDeMusicas editorDeMusicas;
-  std::function<void(const QString &path)> editaSlideShow; // empty while there is no editor of slide shows
+  // The editors of kinds that are documents in a folder, each opened on the file at that stored path; false when it
+  // cannot be edited.
+  std::map<int, std::function<bool(const QString &path)>> editores;
 
   // The loaded song under a new name, or the selected item edited: messages of the edit button.
   void EditSelected();
@@ -62,7 +64,6 @@ public:
 private:
   QString DicaDaAgenda(int n) const;
   void EditaMusica(const QString &target);
-  void EditaSlideShow(const QString &path);
   QStringList NomesNaAgenda(int kind, const QString &name) const;
   bool NadaNaTira() const; // the console holds no text
   bool Grava(int n, ListTarefas &lista);

@@ -1,50 +1,15 @@
 #include "display/page_builder.h"
 
 #include <QFontDatabase>
-#include <QHash>
 
-#include "display/effects.h"
+#include "display/page_template.h"
 #include "display/text_style.h"
-#include "foundation/code_page.h"
 #include "foundation/text_fields.h"
-#include "foundation/text_file.h"
 #include "foundation/text_utils.h"
 
 namespace tolmira {
 
 namespace {
-
-constexpr int TempoLimiteSegundos = 8;
-constexpr int ConcessoesPorPagina = 4; // yields after which a page takes scripts
-
-// The values of a page's placeholders, by name without the brackets. All are put in during one walk over the template,
-// so a value that looks like a placeholder (a picture named "[blur].jpg") stays what it is.
-class Preenchimento {
-public:
-  void Define(QStringView nome, const QString &valor) { m_valores.insert(nome.toString(), valor); }
-
-  QString Preenche(const QString &modelo) const {
-    QString pagina;
-    pagina.reserve(modelo.size() + 4096);
-    qsizetype feito = 0;
-    for (qsizetype abre = modelo.indexOf(u'['); abre >= 0; abre = modelo.indexOf(u'[', abre + 1)) {
-      const qsizetype fecha = modelo.indexOf(u']', abre);
-      if (fecha < 0)
-        break;
-      const auto valor = m_valores.constFind(modelo.mid(abre + 1, fecha - abre - 1));
-      if (valor == m_valores.constEnd())
-        continue;
-      pagina += QStringView(modelo).mid(feito, abre - feito);
-      pagina += *valor;
-      feito = fecha + 1;
-      abre = fecha;
-    }
-    return pagina + QStringView(modelo).mid(feito);
-  }
-
-private:
-  QHash<QString, QString> m_valores;
-};
 
 QString NomeDoModelo(const QString &tipo) {
   if (tipo == u"Imagem")
@@ -56,79 +21,21 @@ QString NomeDoModelo(const QString &tipo) {
   return QString();
 }
 
-// Byte for byte, without a guess at the encoding: the page is written in the same way, so what the template's author
-// wrote arrives as it was, and the template's own declaration stays true.
-QString LeModelo(const AppFolder &app, const QString &nome) {
-  if (nome.isEmpty())
-    return QString();
-  const FileContent conteudo = ReadFileContent(app.At(QString(u"\\html\\" + nome)));
-  const QByteArray bytes = conteudo.complete ? conteudo.bytes : QByteArray();
-  QString texto(bytes.size(), Qt::Uninitialized);
-  for (qsizetype i = 0; i < bytes.size(); ++i)
-    texto[i] = CharacterOfByte(static_cast<unsigned char>(bytes[i]));
-  return texto;
-}
-
-void GravaPagina(const QString &caminho, const QString &texto) { WriteFileAtomically(caminho, EncodePage(texto)); }
-
 QString TextoInteiro(double valor) { return QString::number(RoundHalfEven(valor)); }
-
-// A stored path for the attribute `src`, between single quotes: as it is stored wherever the engine opens it so.
-QString EnderecoDoArquivo(const QString &caminho) {
-  const QString endereco = PagePath(caminho);
-  QString valor = endereco == QString(u"file:///" + caminho) ? caminho : endereco;
-  // "&" and a letter could be the beginning of a character reference.
-  for (qsizetype i = valor.indexOf(u'&'); i >= 0; i = valor.indexOf(u'&', i + 1)) {
-    if (i + 1 < valor.size() && valor[i + 1].isLetter())
-      valor.insert(i + 1, QStringLiteral("amp;"));
-  }
-  return valor;
-}
-
-// The program folder with slashes, for "file:///[apppath]/..." in a template.
-QString PastaDoPrograma(const AppFolder &app) {
-  return PagePath(app.path()).mid(QStringView(u"file:///").size()).replace(u'\\', u'/');
-}
 
 QString ListaFechada(const QString &lista) { return lista.contains(u'|') ? lista : QString(lista + u'|'); }
 
-void DefineImagens(Preenchimento &p, const TemaRecord &tema, bool emMovimento, RandomSource &random) {
-  p.Define(u"fximage", EfeitoCycle(tema.Efeito_Imagem_Fx, tema.Efeito_Imagem_FxExtra, random));
-  p.Define(u"syncimage", tema.Efeito_Imagem_sync);
-  p.Define(u"speedimage", tema.Efeito_Imagem_speed);
-  p.Define(u"delayimage", tema.Efeito_Imagem_delay);
-  p.Define(u"easingimage",
-           tema.Efeito_Imagem_easing.isEmpty() ? QString() : QString(u",easing:" + tema.Efeito_Imagem_easing));
-  // A cycle needs two slides, so one picture gets an empty one in front of it.
-  const bool umaSo = ContaImagens(ListaFechada(tema.Imagem)) == 1;
-  const QString imagens = PageBuilder::ListaHtmlImagens(tema.Imagem);
-  p.Define(u"listaImages", umaSo ? QString(u"<div></div>" + imagens) : imagens);
-  p.Define(u"stateMoveImage", emMovimento ? QStringLiteral("running") : QStringLiteral("paused"));
-}
-
 void DefineFundo(Preenchimento &p, const TemaRecord &tema, bool emMovimento, RandomSource &random) {
   if (tema.Tipo == u"Imagem") {
-    DefineImagens(p, tema, emMovimento, random);
+    DefineImagens(p, tema,
+                  {PageBuilder::ListaHtmlImagens(tema.Imagem), ContaImagens(ListaFechada(tema.Imagem)), 0, emMovimento},
+                  random);
   } else if (tema.Tipo == u"CorDeFundo") {
     p.Define(u"backcolor", ColorToHex(tema.CordeFundo));
   } else if (tema.Tipo == u"Video") {
     const QString video = EnderecoDoArquivo(SplitField(tema.Video, QStringLiteral("|"), 1));
     p.Define(u"urlvideo", u"<source src='" + video + u"' type='video/mp4'>");
   }
-}
-
-// What every page says in the same way.
-void DefineComum(Preenchimento &p, const AppFolder &app, const TemaRecord &tema, const QString &estadoTela,
-                 double escalaDaSombra) {
-  p.Define(u"apppath", PastaDoPrograma(app));
-  p.Define(u"blur", QString::number(tema.blur));
-  p.Define(u"brightness", QString::number(tema.brightness));
-  p.Define(u"contrast", QString::number(tema.contrast));
-  p.Define(u"saturate", QString::number(tema.saturate));
-  p.Define(u"fontname", tema.Font_Name);
-  p.Define(u"fontcolor", CorDoTexto(tema.Font_Cor));
-  p.Define(u"text-shadow", ContornoTexto(tema) + u',' + SombraTexto(tema, escalaDaSombra) + u';');
-  p.Define(u"displayTexto", estadoTela == u"OcultarTexto" ? QStringLiteral("none") : QStringLiteral("block"));
 }
 
 } // namespace
@@ -144,7 +51,7 @@ QString PageBuilder::ListaHtmlImagens(const QString &lista) {
   QString html;
   for (qsizetype i = 0; i + 1 < pedacos.size(); ++i) {
     if (!pedacos[i].isEmpty())
-      html += u"<div><img class='img efeitos' src='" + EnderecoDoArquivo(pedacos[i]) + u"'></div>\r\n";
+      html += HtmlDaImagem(pedacos[i]);
   }
   return html;
 }
@@ -198,7 +105,7 @@ void PageBuilder::MontaAlvo(const TemaRecord &tema, int posicao, bool previa) {
     return;
   }
   if (PageObject *pagina = m_hosts.previa ? m_hosts.previa() : nullptr)
-    pagina->Navigate(u"file:///" + caminho, TempoLimiteSegundos);
+    pagina->Navigate(u"file:///" + caminho, TempoLimiteDaPagina);
   m_yielder.Yield(ConcessoesPorPagina);
 }
 

@@ -1,11 +1,15 @@
 #include "display/slide_html.h"
 
 #include "display/text_style.h"
+#include "display/verse_text.h"
 #include "foundation/text_fields.h"
 
 namespace tolmira {
 
 namespace {
+
+// No backslash is left to the escaping of apostrophes, so "\'" is shown as it was typed.
+QString ComoDigitado(const QString &texto) { return TextoParaPagina(texto).replace(u'\\', QStringLiteral("&#92;")); }
 
 // What the two forms do not share.
 struct Forma {
@@ -25,7 +29,8 @@ QString Monta(const SlideDocument &documento, int index, int larguraPx, const QS
     titulo = titulo.toUpper();
     texto = texto.toUpper();
   }
-  texto.replace(QStringLiteral("\r\n"), QStringLiteral("<br>"));
+  titulo = ComoDigitado(titulo);
+  texto = ComoDigitado(texto).replace(QStringLiteral("\r\n"), QStringLiteral("<br>"));
 
   const bool centro = slide.Alinhamento == AlinhamentoCentrado;
   const QString alinh = centro ? QStringLiteral("center") : QStringLiteral("left");

@@ -1,7 +1,10 @@
 #include "foundation/real_path.h"
 
 #include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
+
+#include <sys/stat.h>
 
 namespace tolmira {
 namespace {
@@ -58,6 +61,19 @@ RealPath MapStoredPath(const QString &stored) {
     at = end;
   }
   return RealPath(found);
+}
+
+bool IsSameFile(const QString &one, const QString &other) {
+  if (one.isEmpty() || other.isEmpty())
+    return false;
+  const QString first = MapStoredPath(one).text();
+  const QString second = MapStoredPath(other).text();
+  if (first == second)
+    return true;
+  struct stat a = {};
+  struct stat b = {};
+  return ::stat(QFile::encodeName(first).constData(), &a) == 0 &&
+         ::stat(QFile::encodeName(second).constData(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
 } // namespace tolmira

@@ -2,15 +2,13 @@
 
 #include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
-#include "foundation/real_path.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_file.h"
+#include "foundation/trash.h"
 #include "songs/ui/list_musicas.h"
 #include "songs/ui/reading_pane.h"
 
 #include <QEvent>
-#include <QFile>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -35,18 +33,6 @@ const QString NadaSelecionado = QStringLiteral("No item selected");
 
 QString Caption(QString text) {
   return text.replace(u'&', QStringLiteral("&&"));
-}
-
-// Into the desktop's trash where there is one. A file that is gone already counts as removed; a folder that took its
-// place is not touched.
-bool RemoveFile(const QString &storedPath) {
-  const QString path = MapStoredPath(storedPath).text();
-  if (!QFileInfo::exists(path)) {
-    // Gone, and not merely out of reach: a disk that was pulled out comes back with its songs.
-    const QFileInfo folder(QFileInfo(path).path());
-    return folder.isReadable() && folder.isExecutable();
-  }
-  return QFileInfo(path).isFile() && (QFile::moveToTrash(path) || QFile::remove(path));
 }
 
 } // namespace
@@ -372,7 +358,7 @@ void FrmAddMusicaNaLista::Command4() {
   if (m_doors.prompt.Ask(TituloDaCaixa, QStringLiteral("Do you really want to delete '") + row + u"' ?",
                          {QStringLiteral("Yes"), QStringLiteral("No")}) != 0)
     return;
-  if (!RemoveFile(path)) {
+  if (!RemoveToTrash(path)) {
     Diz(tr("The file could not be deleted."));
     return;
   }

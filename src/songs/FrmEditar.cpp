@@ -58,10 +58,10 @@ QString Sentence(const SongWarning &warning) {
 
 FrmEditar::FrmEditar(const SongEditorDoors &doors, Spelling &spelling)
     : QWidget(doors.dono, Qt::Window), m_doors(doors), m_spelling(spelling), m_editor(doors.store.App(), doors.prompt),
-      m_draft(SongDrafts(doors.store.App()), doors.clock, [this] {
+      m_draft(DraftFolder(doors.store.App()), doors.clock, [this] {
         const SongContent now = Content();
-        return SongDraft{m_editor.Modo(), m_editor.Caminho(), now.name.title,
-                         now.name.author, now.text,           m_editor.Arquivo()};
+        return ToJson({m_editor.Modo(), m_editor.Caminho(), now.name.title, now.name.author, now.text,
+                       m_editor.Arquivo()});
       }) {
   setObjectName(QStringLiteral("FrmEditar"));
   setMinimumHeight(LeastHeight); // the breadth follows from what stands in the rows

@@ -9,8 +9,6 @@
 
 #include <QFile>
 
-#include <sys/stat.h>
-
 namespace tolmira {
 
 namespace {
@@ -24,19 +22,6 @@ QString OwnFolder(const QString &path) {
 }
 
 } // namespace
-
-bool IsSameFile(const QString &one, const QString &other) {
-  if (one.isEmpty() || other.isEmpty())
-    return false;
-  const QString first = MapStoredPath(one).text();
-  const QString second = MapStoredPath(other).text();
-  if (first == second)
-    return true;
-  struct stat a = {};
-  struct stat b = {};
-  return ::stat(QFile::encodeName(first).constData(), &a) == 0 &&
-         ::stat(QFile::encodeName(second).constData(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
 
 QString CapitalLines(const QString &text) {
   QString result = text;

@@ -15,9 +15,6 @@ namespace tolmira {
 inline const QString ModoAdicionar = QStringLiteral("Adicionar");
 inline const QString ModoEditar = QStringLiteral("Editar");
 
-// Whether two stored paths lead to one file: by the same name, in another case on a disk that knows none, or through a link.
-bool IsSameFile(const QString &one, const QString &other);
-
 // What stands in the boxes of the editor; the text has CR LF line ends.
 struct SongContent {
   SongName name;

@@ -1,28 +1,12 @@
 #include "songs/song_name.h"
 
+#include "foundation/file_name.h"
 #include "foundation/text_utils.h"
-
-#include <QStringList>
-#include <algorithm>
 
 namespace tolmira {
 
-namespace {
-
-constexpr QStringView Forbidden = u"\\/:*?\"<>|";
-// Bytes; below the 255 of common file systems, because a file that is being written bears a longer name for a moment.
-constexpr qsizetype LongestFileName = 240;
-
-QString WithoutControls(QString text) {
-  std::replace_if(
-      text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
-  return text.trimmed();
-}
-
-} // namespace
-
 SongName TidyName(const SongName &name) {
-  return {WithoutControls(name.title), WithoutControls(name.author)};
+  return {TidyFileName(name.title), TidyFileName(name.author)};
 }
 
 SongName SongNameOf(const QString &path) {
@@ -41,18 +25,14 @@ QString TitleOfFile(const SongName &name) {
 
 QString ProblemOf(const SongName &name) {
   const QString file = TitleOfFile(name);
-  QStringList found;
-  for (const QChar c : Forbidden) {
-    if (file.contains(c))
-      found.append(c);
-  }
+  const QStringList found = ForbiddenInFileName(file);
   if (found.size() == 1)
     return QStringLiteral("Title and author become the name of a file, which cannot hold the character  %1")
         .arg(found.first());
   if (!found.isEmpty())
     return QStringLiteral("Title and author become the name of a file, which cannot hold the characters  ") +
            found.join(QStringLiteral("  "));
-  if (QString(file + u".txt").toUtf8().size() > LongestFileName)
+  if (IsTooLongForFileName(file + u".txt"))
     return QStringLiteral("Title and author together are too long for the name of a file.");
   return {};
 }

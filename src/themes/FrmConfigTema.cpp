@@ -79,7 +79,7 @@ FrmConfigTema::FrmConfigTema(const ThemeEditorDoors &doors)
   scroll->setWidgetResizable(true);
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll->setFocusPolicy(Qt::NoFocus);
-  m_look = new ThemeLook(m_editor.tema, m_doors.prompt, scroll);
+  m_look = new ThemeLook(m_editor.tema, m_doors.prompt, ThemeLook::Filters::With, scroll);
   scroll->setWidget(m_look);
   scroll->setMinimumWidth(m_look->minimumSizeHint().width() + medidas::Margin);
   desk->addWidget(scroll, 1);
@@ -176,7 +176,7 @@ QWidget *FrmConfigTema::MakePicturePage() {
   auto *rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(medidas::Step);
-  m_picPics = new PictureStrip(page);
+  m_picPics = new PictureStrip(Qt::Horizontal, page);
   rows->addWidget(m_picPics);
   auto *row = new QHBoxLayout;
   row->setSpacing(medidas::Step);
@@ -429,7 +429,7 @@ double FrmConfigTema::LeastContrastOf() const {
   double least = TextContrast({}, tema);
   for (const QString &imagem : m_editor.Imagens()) {
     const PictureImage copia = m_copias.value(FileNameOf(imagem));
-    least = std::min(least, TextContrast(BehindText(copia.image, copia.size, m_preview->Proporcoes(), tema), tema));
+    least = std::min(least, TextContrast(BehindText(copia.image, copia.size, m_preview->TamanhoDoTelao(), tema), tema));
   }
   return least;
 }

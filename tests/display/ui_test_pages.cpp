@@ -316,7 +316,7 @@ void PagesTest::aFadeAndAZoomComeOnTop() {
                                 {QStringLiteral("fadeimage"), QStringLiteral("1")},
                                 {QStringLiteral("zoomimage"), QStringLiteral("1")}}));
   m_page->Eval(QStringLiteral("GotoNextImage()"));
-  QCOMPARE(m_page->Eval(moved).toString(), QStringLiteral("opacity,opacity,transform,transform"));
+  QVERIFY(m_page->WaitFor(moved + u"==='opacity,opacity,transform,transform'"));
   QVERIFY(m_page->WaitForPixel(640, 360, Qt::green));
   QCOMPARE(m_page->errors(), QStringList());
 }

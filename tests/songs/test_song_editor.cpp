@@ -302,7 +302,7 @@ private slots:
     FakeClock clock;
     SongDraft typed{ModoAdicionar, {}, QStringLiteral("Grace"), {}, {}, {}};
     {
-      DraftKeeper keeper(drafts, clock, [&] { return typed; });
+      DraftKeeper keeper(drafts.Folder(), clock, [&] { return ToJson(typed); });
       // Somebody who never stops typing.
       for (int key = 0; key < 20; ++key) {
         typed.text += QStringLiteral("Ж\r\n");
@@ -323,7 +323,7 @@ private slots:
     }
     QCOMPARE(drafts.All()[0].draft, typed);
 
-    DraftKeeper next(drafts, clock, [&] { return typed; });
+    DraftKeeper next(drafts.Folder(), clock, [&] { return ToJson(typed); });
     next.Adopt(drafts.All()[0].id);
     typed.title = QStringLiteral("Another");
     next.Changed();
@@ -361,12 +361,9 @@ private slots:
     write("Old", moment);
     QVERIFY(room.Open(QStringLiteral("Lyrics\\Grace.txt")));
     const SongDrafts drafts(room.app);
-    QVERIFY(drafts.Keep(SongDrafts::NewId(), {room.editor.Modo(),
-                                              room.editor.Caminho(),
-                                              QStringLiteral("Grace"),
-                                              {},
-                                              QStringLiteral("Typed"),
-                                              room.editor.Arquivo()}));
+    QVERIFY(drafts.Folder().Keep(DraftFolder::NewId(), ToJson({room.editor.Modo(), room.editor.Caminho(),
+                                                               QStringLiteral("Grace"), QString(),
+                                                               QStringLiteral("Typed"), room.editor.Arquivo()})));
     if (now.isNull())
       QVERIFY(QFile::remove(room.Real(song)));
     else
@@ -385,11 +382,11 @@ private slots:
   void BrokenDraftsDoNoHarm() {
     Room room;
     const SongDrafts drafts(room.app);
-    const QStringList ids{SongDrafts::NewId(), SongDrafts::NewId()};
+    const QStringList ids{DraftFolder::NewId(), DraftFolder::NewId()};
     const SongDraft one{ModoEditar,      QStringLiteral("C:\\x.txt"), QStringLiteral("A"), QStringLiteral("B"),
                         Lines("l\n\nm"), {3, 1'700'000'000'000}};
-    QVERIFY(drafts.Keep(ids[0], one));
-    QVERIFY(drafts.Keep(ids[1], {}));
+    QVERIFY(drafts.Folder().Keep(ids[0], ToJson(one)));
+    QVERIFY(drafts.Folder().Keep(ids[1], ToJson({})));
     for (const QByteArray &bytes : {QByteArray(), QByteArray("{\"text\":"), QByteArray("[1,2]"),
                                     QByteArray("{\"text\":3,\"title\":{}}"), QByteArray(1000, '\xff')}) {
       room.Write(QStringLiteral("Data/rascunhos/broken%1.json").arg(bytes.size()), bytes);
@@ -399,7 +396,7 @@ private slots:
     QCOMPARE(all.size(), 2);
     // Kept within one millisecond, they may come in either order.
     QCOMPARE(all[all[0].id == ids[0] ? 0 : 1].draft, one);
-    drafts.Drop(ids[0]);
+    drafts.Folder().Drop(ids[0]);
     QCOMPARE(drafts.All().size(), 1);
     QCOMPARE(drafts.All()[0].id, ids[1]);
   }
@@ -409,7 +406,7 @@ private slots:
     const SongDrafts drafts(room.app);
     FakeClock clock;
     const SongDraft typed{ModoAdicionar, {}, QStringLiteral("Grace"), {}, QString(5000, u'x'), {}};
-    DraftKeeper keeper(drafts, clock, [&] { return typed; });
+    DraftKeeper keeper(drafts.Folder(), clock, [&] { return ToJson(typed); });
     QList<bool> told;
     keeper.OnKept = [&](bool kept) { told.append(kept); };
     keeper.Changed();

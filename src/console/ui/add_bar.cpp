@@ -12,7 +12,7 @@ AddBar::AddBar(QWidget *parent) : QWidget(parent) {
     const char *drawing;
     QString caption;
   };
-  const Face faces[] = {{"song", tr("&Lyrics")},   {"bible", tr("&Bible")},        {"slides", tr("Slides")},
+  const Face faces[] = {{"song", tr("&Lyrics")},   {"bible", tr("&Bible")},        {"slides", tr("Sli&des")},
                         {"shows", tr("Shows")},    {"video", tr("Video")},         {"web", tr("&Web")},
                         {"captions", tr("Captions")}, {"notices", tr("&Notices")}};
   auto *row = new QHBoxLayout(this);

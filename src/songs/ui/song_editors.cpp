@@ -92,7 +92,7 @@ void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
     const int answer = m_doors.prompt.Ask(BoxTitle, question,
                                           {QStringLiteral("Open"), QStringLiteral("Later"), QStringLiteral("Discard")});
     if (answer == DropIt)
-      drafts.Drop(found.id);
+      drafts.Folder().Drop(found.id);
     if (answer != OpenIt)
       continue;
     FrmEditar *editor = Make(parent);

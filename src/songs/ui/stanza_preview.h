@@ -3,18 +3,16 @@
 #include "display/display_channel.h"
 #include "display/lyrics_composer.h"
 #include "display/page_builder.h"
+#include "display/ui/projection_frame.h"
 #include "songs/ui/editor_doors.h"
 
-#include <QFrame>
 #include <functional>
 
 namespace tolmira {
 
-class WebPageHost;
-
 // One stanza as the projection would show it: in the page of a theme, laid out by the real composer. It has records of
 // its own, so nothing that it does reaches the console or the projection.
-class StanzaPreview : public QFrame {
+class StanzaPreview : public ProjectionFrame {
   Q_OBJECT
 
 public:
@@ -28,23 +26,19 @@ public:
   PageObject *WV(); // null before the widget was shown
 
 protected:
-  void resizeEvent(QResizeEvent *event) override;
-  void showEvent(QShowEvent *event) override;
+  void Ajustada() override;
+  void Recuperada() override { Send(); }
 
 private:
   void Define(double tamanhoBase, const TemaRecord &tema, const AjustesTexto &ajustes);
-  void Fit();
   void Send();
-  int TelaoWidth() const;
-  PageBuilder::Hosts Hosts();
+  PageBuilder::Hosts Hosts(const std::function<Display *()> &telao);
 
-  const std::function<Display *()> m_telao;
   AjustesTexto m_ajustes;
   EstadoConsole m_estado;
   DisplayChannel m_canal; // leads nowhere
   LyricsComposer m_letras;
   PageBuilder m_paginas;
-  WebPageHost *m_host;
   TemaRecord m_pageOf; // the theme that the page was built for
   bool m_built = false;
   QString m_stanza;

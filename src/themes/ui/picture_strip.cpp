@@ -1,27 +1,64 @@
 #include "themes/ui/picture_strip.h"
 
+#include "controls/ui/palette.h"
+
 #include <QHash>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPixmap>
+#include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 namespace tolmira {
 
 namespace {
 constexpr QSize Picture{104, 58};
 constexpr QSize Cell{Picture.width() + 10, Picture.height() + 10};
+constexpr int Plate = 170; // of 255: as dark as a caption needs over any picture
+
+// Writes the caption over the foot of the picture.
+class CaptionDelegate : public QStyledItemDelegate {
+public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    const QString caption = index.data(Qt::UserRole).toString();
+    if (caption.isEmpty())
+      return;
+    const int height = option.fontMetrics.height() + 2;
+    const QRect cell = QRect(option.rect.topLeft(), Cell).adjusted(5, 5, -5, -5);
+    const QRect plate(cell.left(), cell.bottom() + 1 - height, cell.width(), height);
+    QColor dark = QColor::fromRgb(cores::Desk);
+    dark.setAlpha(Plate);
+    painter->fillRect(plate, dark);
+    painter->setPen(QColor::fromRgb(cores::Text));
+    painter->drawText(plate.adjusted(4, 0, -4, 0), Qt::AlignVCenter | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(caption, Qt::ElideRight, plate.width() - 8));
+  }
+};
 } // namespace
 
-PictureStrip::PictureStrip(QWidget *parent) : QListWidget(parent) {
+PictureStrip::PictureStrip(Qt::Orientation direcao, QWidget *parent) : QListWidget(parent), m_direcao(direcao) {
   setObjectName(QStringLiteral("PicPics"));
   setProperty("look", QStringLiteral("column"));
-  setFlow(QListView::LeftToRight);
   setWrapping(false);
   setUniformItemSizes(true);
   setIconSize(Picture);
-  setFixedHeight(Cell.height() + 24);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setItemDelegate(new CaptionDelegate(this));
+  if (direcao == Qt::Horizontal) {
+    setFlow(QListView::LeftToRight);
+    setFixedHeight(Cell.height() + 24);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  } else {
+    setFlow(QListView::TopToBottom);
+    setFixedWidth(Cell.width() + 24);
+    setMinimumHeight(2 * Cell.height());
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  }
   setDragDropMode(QAbstractItemView::InternalMove);
   setAccessibleName(tr("Pictures of the theme"));
   setToolTip(tr("A click shows the picture above. Drag, or Alt with Left and Right, changes the order; Delete takes one\n"
@@ -40,8 +77,22 @@ PictureStrip::PictureStrip(QWidget *parent) : QListWidget(parent) {
       Qt::QueuedConnection);
 }
 
-void PictureStrip::Show(const QStringList &nomes, int escolhida) {
+void PictureStrip::Grava(QListWidgetItem *cell, const QString &legenda) {
+  cell->setData(Qt::UserRole, legenda);
+  const QString nome = cell->toolTip();
+  cell->setData(Qt::AccessibleTextRole, legenda.isEmpty() ? nome : QString(legenda + QStringLiteral(", ") + nome));
+}
+
+void PictureStrip::MudaLegenda(int posicao, const QString &legenda) {
+  if (QListWidgetItem *cell = item(posicao - 1))
+    Grava(cell, legenda);
+}
+
+void PictureStrip::Show(const QStringList &nomes, int escolhida, const QStringList &legendas) {
   m_filling = true;
+  // Filled anew it would jump to its beginning.
+  QScrollBar *bar = m_direcao == Qt::Horizontal ? horizontalScrollBar() : verticalScrollBar();
+  const int scrolled = bar->value();
   QHash<QString, QIcon> icons;
   for (int i = 0; i < count(); ++i)
     icons.insert(item(i)->toolTip(), item(i)->icon());
@@ -50,8 +101,10 @@ void PictureStrip::Show(const QStringList &nomes, int escolhida) {
     auto *cell = new QListWidgetItem(icons.value(nome), QString(), this);
     cell->setSizeHint(Cell);
     cell->setToolTip(nome);
-    cell->setData(Qt::AccessibleTextRole, nome);
+    Grava(cell, legendas.value(count() - 1));
   }
+  doItemsLayout();
+  bar->setValue(scrolled);
   Escolhe(escolhida);
 }
 
@@ -77,9 +130,9 @@ void PictureStrip::keyPressEvent(QKeyEvent *event) {
   const bool alt = event->modifiers() == Qt::AltModifier;
   if (row >= 0 && event->key() == Qt::Key_Delete)
     emit Removida(row + 1);
-  else if (row > 0 && alt && event->key() == Qt::Key_Left)
+  else if (row > 0 && alt && event->key() == (m_direcao == Qt::Horizontal ? Qt::Key_Left : Qt::Key_Up))
     emit Movida(row + 1, row);
-  else if (row >= 0 && row + 1 < count() && alt && event->key() == Qt::Key_Right)
+  else if (row >= 0 && row + 1 < count() && alt && event->key() == (m_direcao == Qt::Horizontal ? Qt::Key_Right : Qt::Key_Down))
     emit Movida(row + 1, row + 2);
   else
     QListWidget::keyPressEvent(event);

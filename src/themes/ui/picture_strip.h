@@ -5,15 +5,17 @@
 
 namespace tolmira {
 
-// PicPics: the pictures of one theme in their order, as small copies. Positions count from 1. It only asks: who owns the
-// list changes it and shows it again.
+// PicPics: pictures in their order, as small copies in a row or a column. Positions count from 1. It only asks: who owns
+// the list changes it and shows it again.
 class PictureStrip : public QListWidget {
   Q_OBJECT
 
 public:
-  explicit PictureStrip(QWidget *parent);
+  explicit PictureStrip(Qt::Orientation direcao, QWidget *parent);
 
-  void Show(const QStringList &nomes, int escolhida); // bare file names
+  // Bare file names; `legendas`, if any, are written over the pictures.
+  void Show(const QStringList &nomes, int escolhida, const QStringList &legendas = {});
+  void MudaLegenda(int posicao, const QString &legenda);
   void Escolhe(int posicao); // without a signal
   void SetPicture(const QString &nome, const QImage &imagem);
 
@@ -26,6 +28,9 @@ protected:
   void keyPressEvent(QKeyEvent *event) override;
 
 private:
+  void Grava(QListWidgetItem *cell, const QString &legenda);
+
+  const Qt::Orientation m_direcao;
   bool m_filling = false;
 };
 

@@ -48,14 +48,15 @@ QString VariantIn(GrupoEfeito grupo, const QString &familia, const QString &vari
 
 } // namespace
 
-ThemeLook::ThemeLook(TemaRecord &tema, UserPrompt &prompt, QWidget *parent)
+ThemeLook::ThemeLook(TemaRecord &tema, UserPrompt &prompt, Filters filters, QWidget *parent)
     : QWidget(parent), m_tema(tema), m_prompt(prompt) {
   auto *grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, medidas::Gap, 0);
   grid->setHorizontalSpacing(medidas::Gap);
   grid->setVerticalSpacing(medidas::Step);
   MakeText(grid);
-  MakeFilters(grid);
+  if (filters == Filters::With)
+    MakeFilters(grid);
   MakeEffects(grid);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(4, 1);

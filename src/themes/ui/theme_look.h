@@ -16,12 +16,13 @@ namespace tolmira {
 class ColourButton;
 class FontBox;
 
-// Text, filters and effects of a theme. What the operator does is in the record before its signal comes.
+// Text, filters and effects of a theme, or of a slide document, which has no filters. What the operator does is in the record before its signal comes.
 class ThemeLook : public QWidget {
   Q_OBJECT
 
 public:
-  ThemeLook(TemaRecord &tema, UserPrompt &prompt, QWidget *parent);
+  enum class Filters { With, Without };
+  ThemeLook(TemaRecord &tema, UserPrompt &prompt, Filters filters, QWidget *parent);
   void Load(); // the controls take the record's values; nothing is said
   void SetPictures(bool temImagens); // effects and movement of pictures count for this kind only
 

@@ -10,13 +10,11 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPointer>
-#include <QShowEvent>
 
 namespace tolmira {
 
 namespace {
 
-constexpr QSize UsualProjection{1280, 720};
 constexpr int PageSeconds = 8;
 constexpr int PatienceMs = 2000; // for a page's first picture, before the theme is saved without it
 constexpr double PageFontPt = 36;
@@ -34,33 +32,21 @@ QString PlainText(const QString &texto) {
 } // namespace
 
 ThemePreview::ThemePreview(const ThemeEditorDoors &doors, QWidget *parent)
-    : QFrame(parent), m_telao(doors.telao), m_random(doors.random), m_canal(m_estado, [] { return nullptr; }),
+    : ProjectionFrame(QStringLiteral("theme"), doors.telao, doors.perfil, parent), m_telao(doors.telao), m_random(doors.random), m_canal(m_estado, [] { return nullptr; }),
       m_letras(
           m_estado, m_ajustes, m_canal, doors.telao, [] { return nullptr; }, doors.measure, doors.random),
       m_paginas(doors.store.App(), doors.store, m_estado, m_ajustes, m_canal, m_letras, Hosts(), doors.random,
-                doors.yielder),
-      m_host(new WebPageHost(QStringLiteral("theme"), this, doors.perfil)) {
-  setObjectName(QStringLiteral("PicPreview"));
-  setProperty("look", QStringLiteral("screen"));
+                doors.yielder) {
   setMinimumSize(400, 227);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setAccessibleName(tr("The theme as the projection shows it"));
-  m_host->setObjectName(QStringLiteral("PicWV"));
-  m_host->setFocusPolicy(Qt::NoFocus);
-  m_host->OnRecovered = [this] { Navega(); };
 }
 
 PageBuilder::Hosts ThemePreview::Hosts() {
   PageBuilder::Hosts hosts;
   hosts.telao = m_telao;
-  hosts.larguraPrevia = [this] { return m_host->width(); };
+  hosts.larguraPrevia = [this] { return PicWV()->width(); };
   hosts.fonteDisplay = [] { return PageFontPt; };
   return hosts;
-}
-
-QSize ThemePreview::Proporcoes() const {
-  const Display *display = m_telao ? m_telao() : nullptr;
-  return display && !display->SizePx().isEmpty() ? display->SizePx() : UsualProjection;
 }
 
 QString ThemePreview::Html(const TemaRecord &tema, const QString &texto, const QString &classes) const {
@@ -77,12 +63,12 @@ void ThemePreview::Monta(const TemaRecord &tema, const QString &texto) {
 }
 
 void ThemePreview::Navega() {
-  PageObject *page = m_host->WV();
+  PageObject *page = PicWV()->WV();
   if (!isVisible() || !page)
     return;
   m_montada = true;
   TemaRecord tema = m_tema;
-  const QString path = m_paginas.MontaPaginaConfig(m_host->size(), tema, 1, Html(tema, m_texto, {}));
+  const QString path = m_paginas.MontaPaginaConfig(PicWV()->size(), tema, 1, Html(tema, m_texto, {}));
   const int carga = ++m_carga;
   page->Navigate(u"file:///" + path, PageSeconds);
   page->Evaluate(QStringLiteral("document.readyState"), [this, carga, alive = QPointer<ThemePreview>(this)](const QString &) {
@@ -92,17 +78,17 @@ void ThemePreview::Navega() {
 }
 
 void ThemePreview::EfeitoDaImagem(const TemaRecord &tema) {
-  CallPageScript(m_host->WV(), QStringLiteral("ChangeOptions"), QStringLiteral("fx"),
+  CallPageScript(PicWV()->WV(), QStringLiteral("ChangeOptions"), QStringLiteral("fx"),
                  EfeitoCycle(tema.Efeito_Imagem_Fx, tema.Efeito_Imagem_FxExtra, m_random));
 }
 
 void ThemePreview::Intervalo(int posicao) {
-  CallPageScript(m_host->WV(), QStringLiteral("ChangeOptions"), QStringLiteral("timeout"),
+  CallPageScript(PicWV()->WV(), QStringLiteral("ChangeOptions"), QStringLiteral("timeout"),
                  posicao > 0 ? QString::number(posicao) : QString());
 }
 
 void ThemePreview::Filtros(const TemaRecord &tema) {
-  if (PageObject *page = m_host->WV())
+  if (PageObject *page = PicWV()->WV())
     page->ExecuteScript(QStringLiteral("SetAttributeByClass('efeitos','style','filter: blur(%1px) brightness(%2%) "
                                        "contrast(%3%) saturate(%4%)')")
                             .arg(tema.blur)
@@ -112,48 +98,48 @@ void ThemePreview::Filtros(const TemaRecord &tema) {
 }
 
 void ThemePreview::CorDeFundo(const TemaRecord &tema) {
-  CallPageScript(m_host->WV(), QStringLiteral("SetAttribute"), QStringLiteral("wheader"), QStringLiteral("style"),
+  CallPageScript(PicWV()->WV(), QStringLiteral("SetAttribute"), QStringLiteral("wheader"), QStringLiteral("style"),
                  u"background-color:" + ColorToHex(tema.CordeFundo));
 }
 
 void ThemePreview::Movimento(const TemaRecord &tema) {
-  CallPageScript(m_host->WV(), QStringLiteral("ChangeCSS"), QStringLiteral("img"),
+  CallPageScript(PicWV()->WV(), QStringLiteral("ChangeCSS"), QStringLiteral("img"),
                  QStringLiteral("animation-play-state"),
                  tema.MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"));
 }
 
 void ThemePreview::Texto(const TemaRecord &tema, const QString &texto) {
-  CallPageScript(m_host->WV(), QStringLiteral("UpdateTextHtml"), Html(tema, texto, {}));
+  CallPageScript(PicWV()->WV(), QStringLiteral("UpdateTextHtml"), Html(tema, texto, {}));
 }
 
 void ThemePreview::Entrada(const TemaRecord &tema, const QString &texto) {
   const QString fx = EfeitoTexto(tema.Efeito_Texto_Fx, tema.Efeito_Texto_FxExtra, m_random);
-  CallPageScript(m_host->WV(), QStringLiteral("UpdateTextHtml"), Html(tema, texto, u"animated " + fx + u" faster"));
+  CallPageScript(PicWV()->WV(), QStringLiteral("UpdateTextHtml"), Html(tema, texto, u"animated " + fx + u" faster"));
 }
 
 void ThemePreview::Saida(const TemaRecord &tema, const QString &texto) {
   QString nenhuma;
-  m_letras.MostraEfeitoSaida(m_host->WV(), tema.Efeito_Texto_FxOut, PlainText(texto), nenhuma);
+  m_letras.MostraEfeitoSaida(PicWV()->WV(), tema.Efeito_Texto_FxOut, PlainText(texto), nenhuma);
 }
 
 void ThemePreview::GotoSlideImage(int posicao) {
-  CallPageScript(m_host->WV(), QStringLiteral("GotoSlideImage"), QString::number(posicao - 1));
+  CallPageScript(PicWV()->WV(), QStringLiteral("GotoSlideImage"), QString::number(posicao - 1));
 }
 
 QImage ThemePreview::Retrato() {
-  if (!m_montada || !m_host->WV())
+  if (!m_montada || !PicWV()->WV())
     return {};
   QElapsedTimer waited;
   waited.start();
-  while ((m_pronta != m_carga || m_host->IsHolding()) && waited.elapsed() < PatienceMs)
+  while ((m_pronta != m_carga || PicWV()->IsHolding()) && waited.elapsed() < PatienceMs)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
-  return m_host->grab().toImage();
+  return PicWV()->grab().toImage();
 }
 
 QImage ThemePreview::AoLadoDoTexto() const {
-  if (!m_montada || m_pronta != m_carga || m_host->IsHolding())
+  if (!m_montada || m_pronta != m_carga || PicWV()->IsHolding())
     return {};
-  const QImage page = m_host->grab().toImage();
+  const QImage page = PicWV()->grab().toImage();
   // One line of sample text leaves these rows free.
   const int strip = page.height() * 16 / 100;
   QImage beside(page.width(), 2 * strip, QImage::Format_RGB32);
@@ -164,24 +150,7 @@ QImage ThemePreview::AoLadoDoTexto() const {
   return beside.scaled(96, 2 * 9, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-void ThemePreview::Fit() {
-  const QSize projection = Proporcoes();
-  const int inside = width() - 2;
-  const int height = inside * projection.height() / projection.width();
-  setFixedHeight(height + 2);
-  m_host->setGeometry(1, 1, inside, height);
-}
-
-void ThemePreview::resizeEvent(QResizeEvent *event) {
-  QFrame::resizeEvent(event);
-  Fit();
-}
-
-void ThemePreview::showEvent(QShowEvent *event) {
-  QFrame::showEvent(event);
-  Fit();
-  if (!m_host->WV())
-    m_host->CriaBrowser();
+void ThemePreview::Exibida() {
   if (!m_montada)
     Navega();
 }

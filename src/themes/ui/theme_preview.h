@@ -3,18 +3,16 @@
 #include "display/display_channel.h"
 #include "display/lyrics_composer.h"
 #include "display/page_builder.h"
+#include "display/ui/projection_frame.h"
 #include "themes/ui/theme_editor_doors.h"
 
-#include <QFrame>
 #include <QImage>
 
 namespace tolmira {
 
-class WebPageHost;
-
 // A theme with a sample text in the projection's own page. It has records of its own, so nothing that it does reaches the
 // console or the projection. Everything but Monta changes the page that is there.
-class ThemePreview : public QFrame {
+class ThemePreview : public ProjectionFrame {
   Q_OBJECT
 
 public:
@@ -35,17 +33,14 @@ public:
   // What stands on the page; waits a moment for a page that is still drawing itself. Null when there is no page.
   QImage Retrato();
   QImage AoLadoDoTexto() const; // above and below the text, for a background that is not known otherwise; null while it loads
-  QSize Proporcoes() const; // of the projection
-  WebPageHost *PicWV() const { return m_host; }
 
 protected:
-  void resizeEvent(QResizeEvent *event) override;
-  void showEvent(QShowEvent *event) override;
+  void Exibida() override;
+  void Recuperada() override { Navega(); }
 
 private:
   QString Html(const TemaRecord &tema, const QString &texto, const QString &classes) const;
   PageBuilder::Hosts Hosts();
-  void Fit();
   void Navega();
 
   const std::function<Display *()> m_telao;
@@ -55,7 +50,6 @@ private:
   DisplayChannel m_canal; // leads nowhere
   LyricsComposer m_letras;
   PageBuilder m_paginas;
-  WebPageHost *m_host;
   TemaRecord m_tema; // of the page, for a page that has to be made again
   QString m_texto;
   bool m_montada = false;

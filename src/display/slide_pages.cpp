@@ -1,0 +1,106 @@
+#include "display/slide_pages.h"
+
+#include "display/page_template.h"
+#include "display/slide_html.h"
+#include "display/text_style.h"
+#include "foundation/text_fields.h"
+#include "foundation/text_file.h"
+
+namespace tolmira {
+
+namespace {
+
+constexpr int LarguraSemTelao = 1280; // px
+constexpr int TamanhoBase = 36;       // points; every size of a slide's text stands in the slide's own HTML
+
+// What the pages of one document do not share.
+struct FolhaDeSlides {
+  QString nome; // of the file in the temporary folder
+  QString letra;
+  double tamanhoBase = TamanhoBase; // points
+  double escala = 1;                // of the shadow
+};
+
+// Slide n is picture n of the cycle, so a slide without a picture keeps its place by an element that shows nothing.
+QString HtmlDasImagens(const SlideDocument &documento) {
+  QString html;
+  for (const Slide &slide : documento.slides)
+    html += HtmlDaImagem(slide.Imagem);
+  return html;
+}
+
+QString GravaFolha(const AppFolder &app, const IniStore &store, const EstadoConsole &estado,
+                   const AjustesTexto &ajustes, const SlideDocument &documento, int index, const FolhaDeSlides &folha,
+                   RandomSource &random) {
+  Preenchimento p;
+  const bool emMovimento = documento.visual.MoveImagens && !estado.ImagensCongeladas;
+  const int inicial = documento.Tem(index) ? index - 1 : 0;
+  DefineImagens(p, documento.visual, {HtmlDasImagens(documento), documento.Count(), inicial, emMovimento}, random);
+  p.Define(u"fadeimage", ajustes.FadeImagem ? QStringLiteral("1") : QStringLiteral("0"));
+  p.Define(u"zoomimage", ajustes.ZoomImagem ? QStringLiteral("1") : QStringLiteral("0"));
+  p.Define(u"TransparenciaFaixa", QStringLiteral("0.0"));
+  DefineComum(p, app, documento.visual, estado.EstadoTela, folha.escala);
+  p.Define(u"VerticalAlign", LeAlinhamentoVertical(store));
+  p.Define(u"ComandoInicial", QString());
+  p.Define(u"letra", folha.letra);
+  p.Define(u"fontsize", QString::number(RoundHalfEven(folha.tamanhoBase)));
+
+  const QString caminho = TempFolder() + u'\\' + folha.nome;
+  GravaPagina(caminho, p.Preenche(LeModelo(app, QStringLiteral("imagem.html"))));
+  return caminho;
+}
+
+} // namespace
+
+SlidePages::SlidePages(const AppFolder &app, const IniStore &store, EstadoConsole &estado, const AjustesTexto &ajustes,
+                       DisplayChannel &canal, PageBuilder::Hosts hosts, RandomSource &random, Yielder &yielder)
+    : m_app(app), m_store(store), m_estado(estado), m_ajustes(ajustes), m_canal(canal), m_hosts(std::move(hosts)),
+      m_random(random), m_yielder(yielder) {}
+
+int SlidePages::LarguraPx(bool previa) const {
+  if (previa)
+    return m_hosts.larguraPrevia();
+  const Display *telao = m_hosts.telao ? m_hosts.telao() : nullptr;
+  return telao ? telao->SizePx().width() : LarguraSemTelao;
+}
+
+void SlidePages::CarregarSlides(const SlideDocument &documento, int index, int alvo) {
+  // Whatever runs during the yields may replace the document, and both pages shall show the same one.
+  const SlideDocument noInicio = documento;
+  m_estado.PaginaAtual = QStringLiteral("slide");
+  if (alvo != 2)
+    MontaAlvo(noInicio, index, false);
+  if (alvo != 1)
+    MontaAlvo(noInicio, index, true);
+}
+
+void SlidePages::MontaAlvo(const SlideDocument &documento, int index, bool previa) {
+  const int larguraTelao = LarguraPx(false);
+  FolhaDeSlides folha;
+  folha.nome = previa ? QStringLiteral("temp-pv.html") : QStringLiteral("temp.html");
+  if (index >= 1)
+    folha.letra = GetSlideTextoFormatado(documento, index, LarguraPx(previa), m_ajustes.TransparenciaFaixa);
+  if (previa) {
+    folha.tamanhoBase = TamanhoNaPrevia(TamanhoBase, larguraTelao, m_hosts.larguraPrevia());
+    folha.escala = larguraTelao > 0 ? m_hosts.larguraPrevia() / static_cast<double>(larguraTelao) : 1;
+  }
+  const QString caminho = GravaFolha(m_app, m_store, m_estado, m_ajustes, documento, index, folha, m_random);
+  if (!previa) {
+    m_canal.SendToDisplay(u"CarregaTema|#" + caminho);
+    return;
+  }
+  if (PageObject *pagina = m_hosts.previa ? m_hosts.previa() : nullptr)
+    pagina->Navigate(u"file:///" + caminho, TempoLimiteDaPagina);
+  m_yielder.Yield(ConcessoesPorPagina);
+}
+
+QString MontaPaginaDoEditor(const AppFolder &app, const IniStore &store, const EstadoConsole &estado,
+                            const AjustesTexto &ajustes, const SlideDocument &documento, int index, const QString &html,
+                            RandomSource &random) {
+  FolhaDeSlides folha;
+  folha.nome = QStringLiteral("temp-ts.html");
+  folha.letra = html;
+  return GravaFolha(app, store, estado, ajustes, documento, index, folha, random);
+}
+
+} // namespace tolmira

@@ -1,0 +1,658 @@
+#include "slides/FrmSlides.h"
+
+#include "controls/ui/icon_button.h"
+#include "controls/ui/palette.h"
+#include "controls/ui/value_slider.h"
+#include "display/page_builder.h"
+#include "foundation/file_name.h"
+#include "foundation/text_utils.h"
+#include "slides/ui/slide_preview.h"
+#include "themes/picture_folder.h"
+#include "themes/ui/picture_strip.h"
+#include "themes/ui/theme_look.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QTextCursor>
+#include <QVBoxLayout>
+
+namespace tolmira {
+
+namespace {
+
+const QString BoxTitle = QStringLiteral("Tolmira");
+constexpr QSize FirstSize{1000, 560}; // stands on a screen of 1024x600
+constexpr int ExitMs = 1200;          // until the text comes back that went with its effect
+constexpr int MostFontSize = 20;      // per cent of the page's width
+constexpr int LeastSpacing = 10;      // tenths of a line; the preview reads two digits
+constexpr int MostSpacing = 30;
+enum Answer { SaveIt = 0, DropIt = 1 };
+constexpr qint16 Alinhamentos[] = {0, AlinhamentoCentrado};
+
+// Puts `texto` into the box by changing only what differs, so that the caret stays where somebody types.
+void TakeText(QPlainTextEdit *box, QString texto) {
+  texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+  const QString now = box->toPlainText();
+  if (now == texto)
+    return;
+  qsizetype start = 0;
+  while (start < now.size() && start < texto.size() && now[start] == texto[start])
+    ++start;
+  qsizetype end = 0;
+  while (end < now.size() - start && end < texto.size() - start &&
+         now[now.size() - 1 - end] == texto[texto.size() - 1 - end])
+    ++end;
+  QTextCursor cursor(box->document());
+  cursor.setPosition(static_cast<int>(start));
+  cursor.setPosition(static_cast<int>(now.size() - end), QTextCursor::KeepAnchor);
+  cursor.insertText(texto.mid(start, texto.size() - start - end));
+}
+
+void TakeText(QLineEdit *box, const QString &texto) {
+  if (box->text() == texto)
+    return;
+  const int caret = box->cursorPosition();
+  box->setText(texto);
+  box->setCursorPosition(box->hasFocus() ? caret : 0);
+}
+
+} // namespace
+
+FrmSlides::FrmSlides(const SlideDoors &doors, EstadoSlides &estado)
+    : QWidget(doors.dono, Qt::Window), m_doors(doors), m_estado(estado), m_editor(doors.store.App(), doors.prompt),
+      m_draft(DraftFolder(doors.store.App()), doors.clock, [this] { return ToJson(m_editor.Draft()); }),
+      m_loader(doors.store.App()) {
+  setObjectName(QStringLiteral("FrmSlides"));
+  resize(FirstSize);
+  auto *rows = new QVBoxLayout(this);
+  rows->setContentsMargins(medidas::Margin, medidas::Margin, medidas::Margin, medidas::Margin);
+  rows->setSpacing(medidas::Gap);
+  MakeTop(rows);
+  auto *desk = new QHBoxLayout;
+  desk->setSpacing(medidas::Margin);
+  desk->addWidget(MakeStrip());
+  desk->addWidget(MakeSlide(), 1);
+  desk->addWidget(MakeLook(), 1);
+  rows->addLayout(desk, 1);
+  MakeBottom(rows);
+  MakeKeys();
+
+  m_timerSaida = m_doors.clock.NewTimer([this] {
+    m_timerSaida->Stop();
+    m_preview->Mostra(m_editor.Documento(), m_editor.Indice());
+  });
+  connect(&m_loader, &SmallCopyLoader::Pronta, this, [this](const QString &nome, const PictureImage &imagem) {
+    m_copias.insert(nome, imagem);
+    m_picPics->SetPicture(nome, imagem.image);
+  });
+  m_editor.Salvou = [this](const QString &oldName, const QString &newName) { emit Salvou(oldName, newName); };
+  m_draft.OnKept = [this](bool kept) {
+    if (!kept)
+      Tell(tr("The unsaved slides cannot be kept on disk. Save them."));
+  };
+}
+
+FrmSlides::~FrmSlides() {
+  m_estado.editorAberto.clear();
+}
+
+void FrmSlides::MakeTop(QVBoxLayout *rows) {
+  auto *row = new QHBoxLayout;
+  row->setSpacing(medidas::Gap);
+  auto *caption = new QLabel(tr("&Name"), this);
+  m_txtNomeArquivo = new QLineEdit(this);
+  m_txtNomeArquivo->setObjectName(QStringLiteral("TxtNomeArquivo"));
+  m_txtNomeArquivo->setAccessibleName(tr("Name of the slides"));
+  m_txtNomeArquivo->setToolTip(tr("The name under which the slides are saved"));
+  m_txtNomeArquivo->setPlaceholderText(tr("Name of the slides"));
+  caption->setBuddy(m_txtNomeArquivo);
+  row->addWidget(caption);
+  row->addWidget(m_txtNomeArquivo, 1);
+  const auto button = [this, row](const char *name, const QString &text, const QString &tip) {
+    auto *made = new QPushButton(text, this);
+    made->setObjectName(QLatin1String(name));
+    made->setToolTip(tip);
+    row->addWidget(made);
+    return made;
+  };
+  m_desfazer = button("BtDesfazer", tr("&Undo"), tr("Takes the last change back (Ctrl+Z)"));
+  m_refazer = button("BtRefazer", tr("Re&do"), tr("Makes it again (Ctrl+Shift+Z)"));
+  rows->addLayout(row);
+  connect(m_txtNomeArquivo, &QLineEdit::textChanged, this, [this](const QString &nome) {
+    if (m_loading)
+      return;
+    m_editor.nome = nome;
+    Mudou();
+  });
+  connect(m_desfazer, &QPushButton::clicked, this, [this] {
+    m_editor.Desfaz();
+    ShowAll();
+    Mudou();
+  });
+  connect(m_refazer, &QPushButton::clicked, this, [this] {
+    m_editor.Refaz();
+    ShowAll();
+    Mudou();
+  });
+}
+
+QWidget *FrmSlides::MakeStrip() {
+  auto *panel = new QWidget(this);
+  auto *column = new QVBoxLayout(panel);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(medidas::Step);
+  const auto button = [panel](const char *name, const QString &text, const QString &tip) {
+    auto *made = new QPushButton(text, panel);
+    made->setObjectName(QLatin1String(name));
+    made->setToolTip(tip);
+    return made;
+  };
+  QPushButton *add = button("ImgAddImagem", tr("Add &image…"), tr("Adds a slide with a picture of the gallery"));
+  column->addWidget(add);
+  m_picPics = new PictureStrip(Qt::Vertical, panel);
+  m_picPics->setAccessibleName(tr("Slides"));
+  m_picPics->setToolTip(tr("A click edits the slide. Drag, or Alt with Up and Down, changes the order; Delete takes a\n"
+                           "slide out, its picture stays in the gallery."));
+  column->addWidget(m_picPics, 1);
+  m_trocar = button("BtTrocarImagem", tr("Chan&ge…"), tr("Gives the slide another picture"));
+  m_duplicar = button("BtDuplicar", tr("Copy"), tr("Puts a copy of the slide behind it (Ctrl+D)"));
+  m_remover = button("BtRemover", tr("&Remove"), tr("Takes the slide out (Delete, in the list)"));
+  auto *pair = new QHBoxLayout;
+  pair->setSpacing(medidas::Step);
+  pair->addWidget(m_duplicar);
+  pair->addWidget(m_remover);
+  column->addWidget(m_trocar);
+  column->addLayout(pair);
+  m_intervalo = new QComboBox(panel);
+  m_intervalo->setObjectName(QStringLiteral("ComboIntervalo"));
+  m_intervalo->addItems({QStringLiteral("Manual"), QStringLiteral("10 sec"), QStringLiteral("15 sec"),
+                         QStringLiteral("20 sec"), QStringLiteral("30 sec"), QStringLiteral("1 min")});
+  m_intervalo->setAccessibleName(tr("Time for which each slide stands"));
+  m_intervalo->setToolTip(tr("Time for which each slide stands; \"Manual\" waits for a key"));
+  auto *interval = new QLabel(tr("N&ext slide"), panel);
+  interval->setProperty("look", QStringLiteral("quiet"));
+  interval->setBuddy(m_intervalo);
+  column->addWidget(interval);
+  column->addWidget(m_intervalo);
+
+  connect(add, &QPushButton::clicked, this, &FrmSlides::ImgAddImagem);
+  connect(m_trocar, &QPushButton::clicked, this, [this] {
+    PedeImagem(m_editor.Indice(), [this](const QString &path) {
+      m_editor.TrocaImagem(path);
+      ShowAll();
+      Mudou();
+    });
+  });
+  connect(m_duplicar, &QPushButton::clicked, this, [this] {
+    m_editor.DuplicaSlide(m_editor.Indice());
+    ShowAll();
+    Mudou();
+  });
+  const auto remove = [this](int index) {
+    m_editor.RemoveSlide(index);
+    ShowAll();
+    Mudou();
+  };
+  connect(m_remover, &QPushButton::clicked, this, [this, remove] { remove(m_editor.Indice()); });
+  connect(m_picPics, &PictureStrip::Removida, this, remove);
+  connect(m_picPics, &PictureStrip::Movida, this, [this](int from, int to) {
+    m_editor.MoveSlide(from, to);
+    m_naTira.clear(); // the list has moved its row already
+    ShowAll();
+    Mudou();
+  });
+  connect(m_picPics, &PictureStrip::Escolhida, this, [this](int index) {
+    m_editor.SelecionaSlide(index);
+    ShowSlide();
+    Mudou();
+  });
+  connect(m_intervalo, &QComboBox::activated, this, [this](int posicao) {
+    m_editor.DefineIntervalo(posicao);
+    Mudou();
+  });
+  return panel;
+}
+
+QWidget *FrmSlides::MakeSlide() {
+  auto *panel = new QWidget(this);
+  auto *column = new QVBoxLayout(panel);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(medidas::Gap);
+  m_preview = new SlidePreview(m_doors, panel);
+  column->addWidget(m_preview);
+  m_slide = new QWidget(panel);
+  auto *slide = new QVBoxLayout(m_slide);
+  slide->setContentsMargins(0, 0, 0, 0);
+  slide->setSpacing(medidas::Step);
+  m_text1 = new QLineEdit(m_slide);
+  m_text1->setObjectName(QStringLiteral("Text1"));
+  m_text1->setMaxLength(MaiorTextoDeSlide);
+  m_text1->setPlaceholderText(tr("Title"));
+  m_text1->setAccessibleName(tr("Title of the slide"));
+  m_text1->setToolTip(tr("Title of the slide, one line"));
+  m_text1->installEventFilter(this);
+  m_text2 = new QPlainTextEdit(m_slide);
+  m_text2->setObjectName(QStringLiteral("Text2"));
+  m_text2->setUndoRedoEnabled(false); // the document has a history of its own
+  m_text2->setTabChangesFocus(true);
+  m_text2->setPlaceholderText(tr("Text"));
+  m_text2->setAccessibleName(tr("Text of the slide"));
+  m_text2->setToolTip(tr("Text of the slide"));
+  m_text2->setMinimumHeight(48);
+  m_text2->installEventFilter(this);
+  slide->addWidget(m_text1);
+  slide->addWidget(m_text2, 1);
+  MakeSlideSettings(slide);
+  column->addWidget(m_slide, 1);
+
+  connect(m_text1, &QLineEdit::textChanged, this, [this](const QString &titulo) {
+    if (m_loading)
+      return;
+    m_editor.DefineTitulo(titulo);
+    ShowStrip();
+    Mudou();
+  });
+  connect(m_text2, &QPlainTextEdit::textChanged, this, [this] {
+    if (m_loading || m_editor.Indice() == 0)
+      return;
+    const QString typed = m_text2->toPlainText();
+    m_editor.DefineTexto(typed);
+    Mudou();
+    if (const QString kept = m_editor.Documento().Em(m_editor.Indice()).Texto;
+        QString(kept).replace(QStringLiteral("\r\n"), QStringLiteral("\n")) != typed) {
+      m_loading = true;
+      TakeText(m_text2, kept);
+      m_loading = false;
+      Tell(tr("The text of a slide ends at %1 characters.").arg(MaiorTextoDeSlide));
+    }
+  });
+  return panel;
+}
+
+ValueSlider *FrmSlides::MakeScale(QGridLayout *grid, int row, const char *name, const QString &caption, int least,
+                                  int most, QLabel *&value) {
+  auto *label = new QLabel(caption, m_slide);
+  label->setProperty("look", QStringLiteral("quiet"));
+  auto *slider = new ValueSlider(m_slide);
+  slider->setObjectName(QLatin1String(name));
+  slider->setRange(least, most);
+  slider->setAccessibleName(caption);
+  slider->setToolTip(caption);
+  value = new QLabel(m_slide);
+  value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("100%")) + medidas::Step);
+  grid->addWidget(label, row, 0);
+  grid->addWidget(slider, row, 1);
+  grid->addWidget(value, row, 2);
+  return slider;
+}
+
+void FrmSlides::MakeSlideSettings(QVBoxLayout *column) {
+  auto *row = new QHBoxLayout;
+  row->setSpacing(medidas::Gap);
+  m_check1 = new QCheckBox(tr("S&how text"), m_slide);
+  m_check1->setObjectName(QStringLiteral("Check1"));
+  m_check1->setAccessibleName(tr("Show text"));
+  m_check1->setToolTip(tr("Shows title and text over the picture"));
+  row->addWidget(m_check1);
+  row->addStretch(1);
+  auto *group = new QButtonGroup(m_slide);
+  const QString spoken[] = {tr("Text to the left"), tr("Text centred")};
+  const char *const drawings[] = {"align-left", "align-center"};
+  for (int i = 0; i < 2; ++i) {
+    m_alinhar[i] = NewIconButton(QStringLiteral("BtAlinhar%1").arg(Alinhamentos[i]), drawings[i], spoken[i], m_slide);
+    m_alinhar[i]->setCheckable(true);
+    group->addButton(m_alinhar[i]);
+    row->addWidget(m_alinhar[i]);
+    connect(m_alinhar[i], &QPushButton::clicked, this, [this, i] {
+      m_editor.DefineAlinhamento(Alinhamentos[i]);
+      Mudou();
+    });
+  }
+  column->addLayout(row);
+  auto *grid = new QGridLayout;
+  grid->setHorizontalSpacing(medidas::Gap);
+  grid->setVerticalSpacing(0);
+  m_sliderFontSize = MakeScale(grid, 0, "sliderFontSize", tr("Text size"), 1, MostFontSize, m_valorFontSize);
+  m_slider5 = MakeScale(grid, 1, "slider5", tr("Line height"), LeastSpacing, MostSpacing, m_valor5);
+  grid->setColumnStretch(1, 1);
+  column->addLayout(grid);
+
+  connect(m_check1, &QCheckBox::clicked, this, [this](bool on) {
+    m_editor.DefineIncluirTexto(on);
+    Mudou();
+  });
+  connect(m_sliderFontSize, &ValueSlider::Changed, this, [this](int value) {
+    if (m_loading)
+      return;
+    m_editor.DefineFontSize(static_cast<qint16>(value));
+    Mudou();
+  });
+  connect(m_slider5, &ValueSlider::Changed, this, [this](int value) {
+    if (m_loading)
+      return;
+    m_editor.DefineEspacamento(static_cast<qint16>(value));
+    Mudou();
+  });
+}
+
+QWidget *FrmSlides::MakeLook() {
+  auto *panel = new QWidget(this);
+  auto *column = new QVBoxLayout(panel);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(medidas::Gap);
+  auto *scroll = new QScrollArea(panel);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  m_look = new ThemeLook(m_visual, m_doors.prompt, ThemeLook::Filters::Without, scroll);
+  m_look->SetPictures(true);
+  scroll->setWidget(m_look);
+  scroll->setMinimumWidth(m_look->minimumSizeHint().width() + medidas::Margin);
+  column->addWidget(scroll, 1);
+  m_fonte = new QLabel(panel);
+  m_fonte->setObjectName(QStringLiteral("LbFonte"));
+  m_fonte->setProperty("look", QStringLiteral("quiet"));
+  m_fonte->setTextFormat(Qt::PlainText);
+  m_fonte->setWordWrap(true);
+  m_fonte->hide();
+  column->addWidget(m_fonte);
+
+  const auto changed = [this] {
+    m_editor.DefineVisual(m_visual);
+    Mudou();
+  };
+  connect(m_look, &ThemeLook::TextoMudou, this, changed);
+  connect(m_look, &ThemeLook::EfeitoDaImagemMudou, this, changed);
+  connect(m_look, &ThemeLook::MovimentoMudou, this, changed);
+  connect(m_look, &ThemeLook::EntradaMudou, this, [this, changed] {
+    changed();
+    m_preview->Entrada();
+  });
+  connect(m_look, &ThemeLook::SaidaMudou, this, [this, changed] {
+    changed();
+    m_preview->Saida();
+    m_timerSaida->Start(ExitMs);
+  });
+  return panel;
+}
+
+void FrmSlides::MakeBottom(QVBoxLayout *rows) {
+  auto *row = new QHBoxLayout;
+  row->setSpacing(medidas::Gap);
+  m_modelo = new QPushButton(tr("Save as tem&plate"), this);
+  m_modelo->setObjectName(QStringLiteral("BtModelo"));
+  m_modelo->setToolTip(tr("New slides begin with the look of these; a new document follows"));
+  m_state = new QLabel(this);
+  m_state->setObjectName(QStringLiteral("LbEstado"));
+  m_state->setProperty("look", QStringLiteral("quiet"));
+  m_state->setTextFormat(Qt::PlainText);
+  m_state->setWordWrap(true);
+  m_state->setAccessibleName(tr("State of the slides"));
+  m_command4 = new QPushButton(tr("&Save"), this);
+  m_command4->setObjectName(QStringLiteral("Command4"));
+  m_command4->setProperty("look", QStringLiteral("main"));
+  m_command4->setToolTip(tr("Writes the slides into the collection (Ctrl+S)"));
+  auto *close = new QPushButton(tr("Close"), this);
+  close->setObjectName(QStringLiteral("Command5"));
+  close->setToolTip(tr("Closes the window (Esc)"));
+  row->addWidget(m_modelo);
+  row->addWidget(m_state, 1);
+  row->addWidget(m_command4);
+  row->addWidget(close);
+  rows->addLayout(row);
+  connect(m_modelo, &QPushButton::clicked, this, &FrmSlides::SalvaModelo);
+  connect(m_command4, &QPushButton::clicked, this, [this] { Command4(); });
+  connect(close, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void FrmSlides::MakeKeys() {
+  const auto key = [this](const QKeySequence &sequence, bool repeats, const std::function<void()> &way) {
+    auto *shortcut = new QShortcut(sequence, this);
+    shortcut->setAutoRepeat(repeats);
+    connect(shortcut, &QShortcut::activated, this, way);
+  };
+  key(QKeySequence(Qt::CTRL | Qt::Key_S), false, [this] { Command4(); });
+  key(QKeySequence(Qt::CTRL | Qt::Key_Z), true, [this] { m_desfazer->click(); });
+  key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), true, [this] { m_refazer->click(); });
+  key(QKeySequence(Qt::CTRL | Qt::Key_Y), true, [this] { m_refazer->click(); });
+  key(QKeySequence(Qt::CTRL | Qt::Key_D), false, [this] { m_duplicar->click(); });
+  key(QKeySequence(Qt::CTRL | Qt::Key_PageDown), true,
+      [this] { m_picPics->setCurrentRow(std::min(m_picPics->currentRow() + 1, m_picPics->count() - 1)); });
+  key(QKeySequence(Qt::CTRL | Qt::Key_PageUp), true,
+      [this] { m_picPics->setCurrentRow(std::max(m_picPics->currentRow() - 1, 0)); });
+}
+
+bool FrmSlides::LoadSlide(const QString &path) {
+  if (!m_editor.LoadSlide(path))
+    return false;
+  ShowAll();
+  Mudou();
+  return true;
+}
+
+void FrmSlides::LoadDraft(const QString &id, const SlideDraft &draft) {
+  const bool changed = DocumentHasChanged(draft);
+  m_editor.LoadDraft(draft);
+  m_draft.Adopt(id);
+  ShowAll();
+  Mudou();
+  Tell(changed ? tr("These slides were not saved yet. Their file was changed since.")
+               : tr("These slides were not saved yet."));
+}
+
+void FrmSlides::TomaImagens(const QStringList &imagens, const QString &nome) {
+  for (const QString &imagem : imagens)
+    m_editor.AddImage(imagem);
+  m_editor.SelecionaSlide(1);
+  m_editor.nome = nome;
+  ShowAll();
+  Mudou();
+}
+
+void FrmSlides::Open() {
+  if (!isVisible()) {
+    m_doors.posicoes.RestoreFormPosition(*this, false);
+    (m_editor.Documento().Count() > 0 ? static_cast<QWidget *>(m_picPics) : m_txtNomeArquivo)->setFocus();
+  }
+  show();
+  m_estado.editorAberto = QStringLiteral("true");
+  raise();
+  activateWindow();
+}
+
+void FrmSlides::PedeImagem(int numero, const std::function<void(const QString &path)> &usa) {
+  if (m_doors.galeria) {
+    m_doors.galeria(numero, this, usa);
+    return;
+  }
+  const QString path = m_doors.prompt.OpenFile(BoxTitle, QString(), FiltroDeImagens());
+  if (!path.isEmpty())
+    usa(path);
+}
+
+void FrmSlides::ImgAddImagem() {
+  PedeImagem(m_editor.Documento().Count() + 1, [this](const QString &path) {
+    m_editor.AddImage(path);
+    ShowAll();
+    Mudou();
+    m_text1->setFocus();
+  });
+}
+
+QString FrmSlides::Legenda(int index) const {
+  const QString titulo = m_editor.Documento().Em(index).Titulo.simplified();
+  return QString::number(index) + (titulo.isEmpty() ? QString() : QString(u"  " + titulo));
+}
+
+// Filled anew only when its pictures or their order have changed.
+void FrmSlides::ShowStrip() {
+  const SlideDocument &documento = m_editor.Documento();
+  QStringList nomes;
+  QStringList semCopia;
+  QStringList legendas;
+  for (int i = 1; i <= documento.Count(); ++i) {
+    nomes.append(FileNameOf(documento.Em(i).Imagem));
+    legendas.append(Legenda(i));
+    if (!m_copias.contains(nomes.last()))
+      semCopia.append(nomes.last());
+  }
+  if (nomes == m_naTira) {
+    for (int i = 1; i <= documento.Count(); ++i)
+      m_picPics->MudaLegenda(i, legendas[i - 1]);
+    m_picPics->Escolhe(m_editor.Indice());
+    return;
+  }
+  m_naTira = nomes;
+  m_picPics->Show(nomes, m_editor.Indice(), legendas);
+  for (const QString &nome : nomes)
+    m_picPics->SetPicture(nome, m_copias.value(nome).image);
+  m_loader.Deseja(semCopia);
+}
+
+void FrmSlides::ShowSlide() {
+  m_loading = true;
+  const bool tem = m_editor.Indice() > 0;
+  const Slide slide = tem ? m_editor.Documento().Em(m_editor.Indice()) : Slide();
+  TakeText(m_text1, slide.Titulo);
+  TakeText(m_text2, slide.Texto);
+  m_check1->setChecked(slide.incluirTexto == 1);
+  m_alinhar[slide.Alinhamento == AlinhamentoCentrado ? 1 : 0]->setChecked(true);
+  const QSignalBlocker quietSize(m_sliderFontSize);
+  const QSignalBlocker quietSpacing(m_slider5);
+  m_sliderFontSize->setValue(slide.FontSize);
+  m_slider5->setValue(slide.Espacamento);
+  m_slide->setEnabled(tem);
+  m_loading = false;
+}
+
+void FrmSlides::ShowAll() {
+  m_visual = m_editor.Documento().visual;
+  m_look->Load();
+  m_intervalo->setCurrentIndex(m_editor.Documento().Intervalo);
+  m_loading = true;
+  TakeText(m_txtNomeArquivo, m_editor.nome);
+  m_loading = false;
+  ShowStrip();
+  ShowSlide();
+}
+
+void FrmSlides::Mudou() {
+  const SlideDocument &documento = m_editor.Documento();
+  const bool tem = m_editor.Indice() > 0;
+  Tell({});
+  if (tem) {
+    const Slide &slide = documento.Em(m_editor.Indice());
+    m_valorFontSize->setText(QString::number(slide.FontSize) + u'%');
+    m_valor5->setText(QString::number(slide.Espacamento / 10.0, 'f', 1));
+  }
+  for (QWidget *control : {m_remover, m_trocar, m_duplicar, m_modelo, m_command4})
+    control->setEnabled(tem);
+  m_desfazer->setEnabled(m_editor.PodeDesfazer());
+  m_refazer->setEnabled(m_editor.PodeRefazer());
+  setWindowTitle(m_editor.Titulo() + QStringLiteral("[*]"));
+  setWindowModified(m_editor.Alterado());
+  const QString &fonte = documento.visual.Font_Name;
+  const bool instalada = FonteInstalada(fonte) == fonte;
+  m_fonte->setText(
+      instalada ? QString() : tr("The font '%1' is not installed here; another one is shown in its place.").arg(fonte));
+  m_fonte->setVisible(!instalada);
+  m_timerSaida->Stop();
+  m_preview->Mostra(documento, m_editor.Indice());
+  if (m_editor.Alterado())
+    m_draft.Changed();
+  else
+    m_draft.Forget();
+}
+
+void FrmSlides::Tell(const QString &text) {
+  m_state->setText(text);
+}
+
+bool FrmSlides::Command4() {
+  if (m_asking)
+    return false;
+  m_asking = true;
+  const bool saved = m_editor.SalvarSlide();
+  m_asking = false;
+  ShowAll(); // the name without what no file name should hold
+  Mudou();
+  if (saved)
+    Tell(tr("Saved as %1").arg(FileNameOf(m_editor.Path())));
+  else
+    (m_editor.Documento().Count() > 0 ? static_cast<QWidget *>(m_txtNomeArquivo) : m_picPics)->setFocus();
+  return saved;
+}
+
+bool FrmSlides::PodeLargar() {
+  if (!m_editor.Alterado())
+    return true;
+  const QString nome = TidyFileName(m_editor.nome);
+  m_asking = true;
+  const int answer = m_doors.prompt.Ask(
+      BoxTitle, tr("The slides of '%1' are not saved. Save them?").arg(nome.isEmpty() ? tr("New slides") : nome),
+      {tr("Save"), tr("Don't save"), tr("Cancel")});
+  m_asking = false;
+  return answer == SaveIt ? Command4() : answer == DropIt;
+}
+
+// The template takes the place of the document in the window, so the document is looked after first.
+void FrmSlides::SalvaModelo() {
+  if (m_asking)
+    return;
+  if (!PodeLargar() || !m_editor.SalvarModelo())
+    return;
+  ShowAll();
+  Mudou();
+  Tell(tr("New slides begin with this look."));
+  m_txtNomeArquivo->setFocus();
+}
+
+bool FrmSlides::eventFilter(QObject *watched, QEvent *event) {
+  // Undo is the document's, not that of one box.
+  if (event->type() == QEvent::ShortcutOverride && (watched == m_text1 || watched == m_text2)) {
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+      event->ignore();
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void FrmSlides::keyPressEvent(QKeyEvent *event) {
+  if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier)
+    close();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+void FrmSlides::hideEvent(QHideEvent *event) {
+  m_doors.posicoes.SaveFormPosition(*this, false);
+  QWidget::hideEvent(event);
+}
+
+void FrmSlides::closeEvent(QCloseEvent *event) {
+  if (m_asking || !PodeLargar()) {
+    event->ignore();
+    return;
+  }
+  m_draft.Forget();
+  m_estado.editorAberto.clear();
+  event->accept();
+  emit Closed();
+}
+
+} // namespace tolmira

@@ -205,6 +205,9 @@
       informa();
   }
 
+  // The window has another height.
+  const Altura = (px) => (galeria().style.height = px + 'px');
+
   // The picture with that number, from 0, is brought into sight and gets the keys.
   const VaiPara = (n) => focaliza(caixas()[n]);
 
@@ -244,5 +247,5 @@
     });
   }
 
-  Object.assign(window, { GetLista, VaiPara, IniciaGaleria });
+  Object.assign(window, { GetLista, VaiPara, Altura, IniciaGaleria });
 })();

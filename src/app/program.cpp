@@ -22,6 +22,7 @@
 #include "console/ui/screen_repair.h"
 #include "console/ui/themes_panel.h"
 #include "display/FrmQuendar.h"
+#include "display/show_page.h"
 #include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
 #include "display/ui/page_profile.h"
@@ -29,6 +30,7 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "slides/ui/show_windows.h"
 #include "slides/ui/slide_windows.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
@@ -62,6 +64,7 @@ struct Program::Impl {
   void MakeThemeWindows();
   void MakeThemeEditors();
   void MakeSlideWindows();
+  void MakeShowWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -105,6 +108,7 @@ struct Program::Impl {
   std::unique_ptr<ThemeWindows> themes;
   std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<SlideWindows> slides;
+  std::unique_ptr<ShowWindows> shows;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -121,6 +125,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return themeEditors ? themeEditors->WV() : nullptr;
   if (name == u"FrmSlides")
     return slides ? slides->WV() : nullptr;
+  if (name == u"FrmSlideShow")
+    return shows ? shows->WV() : nullptr;
   return nullptr;
 }
 
@@ -147,6 +153,7 @@ void Program::Impl::MakeWindows() {
   MakeThemeWindows();
   MakeThemeEditors();
   MakeSlideWindows();
+  MakeShowWindows();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -154,6 +161,7 @@ void Program::Impl::MakeWindows() {
   windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.addSlides = [this] { slides->AbreLista(); };
+  windows.addShows = [this] { shows->AbreLista(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   windows.chooseScreen = [this](int opcao) {
@@ -170,9 +178,11 @@ void Program::Impl::MakeWindows() {
       songs->AgendaChanged();
     if (slides)
       slides->AgendaChanged();
+    if (shows)
+      shows->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
-  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos(); };
+  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos() && shows->FechaTodos(); };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -244,6 +254,21 @@ void Program::Impl::MakeSlideWindows() {
   core.agenda.editores[5] = [this](const QString &path) { return slides->Edita(path); };
 }
 
+void Program::Impl::MakeShowWindows() {
+  const auto galeria = [this](QWidget *dono, const std::function<void(const QString &)> &usa) {
+    themes->AbreGaleria({QStringLiteral("FrmSlideShow"), 0, usa, dono});
+  };
+  shows = std::make_unique<ShowWindows>(
+      ShowDoors{app, prompt, core.flow, positions, core.show,
+                [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, galeria, profile, console.get()});
+  core.flow.controleDeShows = {[this](const QString &path) { shows->AbreControle(path); },
+                               [this] { return shows->FechaControle(); }};
+  core.agenda.editores[6] = [this](const QString &path) {
+    shows->Edita(path);
+    return true;
+  };
+}
+
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
@@ -254,6 +279,7 @@ void Program::Impl::MakeDisplay() {
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
+  quendar->Commands().OnImageName = [this](const QString &nome) { shows->ImagemMudou(TextoRelatado(nome)); };
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
 
@@ -434,6 +460,8 @@ Program::~Program() {
   m_impl->themeEditors.reset();
   m_impl->core.agenda.editores.clear();
   m_impl->slides.reset();
+  m_impl->core.flow.controleDeShows = {};
+  m_impl->shows.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();

@@ -41,7 +41,7 @@ bool EscreveSlideShow(const QString &path, const SlideShowDocument &show) {
   QString texto;
   const auto secao = [&texto](const QString &nome) { texto += u'[' + nome + u']' + CRLF; };
   const auto grava = [&texto](const QString &chave, const QString &valor) {
-    texto += chave + u'=' + QuotedIniValue(valor) + CRLF;
+    texto += chave + u'=' + QuotedIniValue(QString(valor).remove(u'\r').remove(u'\n')) + CRLF;
   };
   secao(Setup);
   grava(QStringLiteral("Titulo"), show.Titulo);

@@ -142,7 +142,7 @@
     }
   }
 
-  const SUAVE = 'cubic-bezier(0.22, 0.75, 0.25, 1)';
+  const SUAVE = 'cubic-bezier(0.4, 0.1, 0.2, 1)';
   const BALANCO = 'cubic-bezier(0.45, 0.05, 0.3, 1)';
 
   const mostra = (q) => (q.camada.style.opacity = 1);

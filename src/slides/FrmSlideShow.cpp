@@ -146,6 +146,7 @@ QWidget *FrmSlideShow::MakeGallery() {
   m_wv->setObjectName(QStringLiteral("PicWV"));
   m_wv->SetInteractive();
   m_wv->setMinimumSize(330, 200);
+  m_wv->installEventFilter(this);
   column->addWidget(m_wv, 1);
   auto *keys = new QLabel(tr("Drag a picture to its place. By keys: arrows, Ctrl with an arrow moves, Del removes"), panel);
   keys->setProperty("look", QStringLiteral("quiet"));
@@ -394,10 +395,11 @@ void FrmSlideShow::dropEvent(QDropEvent *event) {
   event->acceptProposedAction();
 }
 
-void FrmSlideShow::resizeEvent(QResizeEvent *event) {
-  QWidget::resizeEvent(event);
-  if (PageObject *page = m_wv ? m_wv->WV() : nullptr)
-    page->ExecuteScript(QStringLiteral("window.Altura && Altura(%1)").arg(m_wv->height()));
+bool FrmSlideShow::eventFilter(QObject *watched, QEvent *event) {
+  if (watched == m_wv && event->type() == QEvent::Resize && m_wv->WV())
+    m_wv->WV()->ExecuteScript(
+        QStringLiteral("window.Altura && Altura(%1)").arg(static_cast<QResizeEvent *>(event)->size().height()));
+  return QWidget::eventFilter(watched, event);
 }
 
 void FrmSlideShow::hideEvent(QHideEvent *event) {

@@ -42,7 +42,7 @@ signals:
 protected:
   void dragEnterEvent(QDragEnterEvent *event) override;
   void dropEvent(QDropEvent *event) override;
-  void resizeEvent(QResizeEvent *event) override;
+  bool eventFilter(QObject *watched, QEvent *event) override;
   void hideEvent(QHideEvent *event) override;
   void closeEvent(QCloseEvent *event) override;
 

@@ -240,10 +240,12 @@
     galeria().addEventListener('pointercancel', () => solta(true));
     galeria().addEventListener('dragstart', (e) => e.preventDefault()); // the pointer does it, and can scroll meanwhile
     document.addEventListener('keydown', (e) => {
-      if (arraste && e.key === 'Escape')
+      if (arraste && e.key === 'Escape') {
+        e.preventDefault();
         solta(true);
-      else
+      } else {
         tecla(e);
+      }
     });
   }
 

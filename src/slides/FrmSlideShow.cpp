@@ -20,7 +20,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalBlocker>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -78,6 +78,8 @@ FrmSlideShow::FrmSlideShow(const ShowDoors &doors)
   desk->addWidget(MakeGallery(), 1);
   desk->addWidget(MakeSettings());
   rows->addLayout(desk, 1);
+  connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this,
+          [this] { Pede(AcaoDoShow::ApenasSalvar); });
 }
 
 FrmSlideShow::~FrmSlideShow() = default;
@@ -400,6 +402,13 @@ bool FrmSlideShow::eventFilter(QObject *watched, QEvent *event) {
     m_wv->WV()->ExecuteScript(
         QStringLiteral("window.Altura && Altura(%1)").arg(static_cast<QResizeEvent *>(event)->size().height()));
   return QWidget::eventFilter(watched, event);
+}
+
+void FrmSlideShow::keyPressEvent(QKeyEvent *event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QWidget::keyPressEvent(event);
 }
 
 void FrmSlideShow::hideEvent(QHideEvent *event) {

@@ -14,6 +14,7 @@ QJsonObject Scalars(const ControlDoors &doors) {
       {QStringLiteral("TelaPronta"), e.TelaPronta},
       {QStringLiteral("TipoAtual"), e.TipoAtual},
       {QStringLiteral("TipoAnterior"), e.TipoAnterior},
+      {QStringLiteral("SlideShowAtivo"), e.SlideShowAtivo},
       {QStringLiteral("EstadoTela"), e.EstadoTela},
       {QStringLiteral("PaginaAtual"), e.PaginaAtual},
       {QStringLiteral("DisplayVisivel"), doors.displayVisivel && doors.displayVisivel()},

@@ -1,10 +1,5 @@
 #include "app/program.h"
 
-#include <QApplication>
-#include <QScreen>
-#include <QTimer>
-#include <QWindow>
-
 #include "app/asset_places.h"
 #include "app/control_events.h"
 #include "app/control_server.h"
@@ -22,6 +17,7 @@
 #include "console/ui/screen_repair.h"
 #include "console/ui/themes_panel.h"
 #include "display/FrmQuendar.h"
+#include "display/show_page.h"
 #include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
 #include "display/ui/page_profile.h"
@@ -30,11 +26,17 @@
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
 #include "slides/FrmImportar.h"
+#include "slides/ui/show_windows.h"
 #include "slides/ui/slide_windows.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
 #include "themes/ui/theme_editors.h"
 #include "themes/ui/theme_windows.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
 
 namespace tolmira {
 
@@ -64,6 +66,7 @@ struct Program::Impl {
   void MakeThemeEditors();
   void MakeSlideWindows();
   void ImportaDocumento(const AbreImagens &pronto);
+  void MakeShowWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -108,6 +111,7 @@ struct Program::Impl {
   std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<SlideWindows> slides;
   std::unique_ptr<FrmImportar> importar; // hands its pages to the one above
+  std::unique_ptr<ShowWindows> shows;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -124,6 +128,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return themeEditors ? themeEditors->WV() : nullptr;
   if (name == u"FrmSlides")
     return slides ? slides->WV() : nullptr;
+  if (name == u"FrmSlideShow")
+    return shows ? shows->WV() : nullptr;
   return nullptr;
 }
 
@@ -136,20 +142,20 @@ void Program::Impl::MakeWindows() {
   console->PreviaMudou = [this] { core.PreviaMudou(); };
   positions.SetConsole(console.get());
   bible = std::make_unique<BibleWindows>(
-      BibleDoors{core.lojaBiblia, store, core.flow, positions, clock, console.get(), [this] {
-                   return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString();
-                 }});
+      BibleDoors{core.lojaBiblia, store, core.flow, positions, clock, console.get(),
+                 [this] { return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString(); }});
   core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
   core.lojaBiblia.VersaoMudou = [this] { bible->VersionChanged(); };
-  songs = std::make_unique<SongWindows>(
-      SongDoors{app, core.flow, positions, clock, prompt, console.get(),
-                [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
-                [this](const QString &path) { return editors->Edita(path, songs.get()); },
-                [this](const QString &path) { return editors->EstaAberto(path); }});
+  songs =
+      std::make_unique<SongWindows>(SongDoors{app, core.flow, positions, clock, prompt, console.get(),
+                                              [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
+                                              [this](const QString &path) { return editors->Edita(path, songs.get()); },
+                                              [this](const QString &path) { return editors->EstaAberto(path); }});
   MakeSongEditors();
   MakeThemeWindows();
   MakeThemeEditors();
   MakeSlideWindows();
+  MakeShowWindows();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -157,6 +163,7 @@ void Program::Impl::MakeWindows() {
   windows.pictureOnScreen = [this] { themes->AbreGaleriaDoTelao(); };
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.addSlides = [this] { slides->AbreLista(); };
+  windows.addShows = [this] { shows->AbreLista(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   windows.chooseScreen = [this](int opcao) {
@@ -173,9 +180,13 @@ void Program::Impl::MakeWindows() {
       songs->AgendaChanged();
     if (slides)
       slides->AgendaChanged();
+    if (shows)
+      shows->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
-  console->PodeFechar = [this] { return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos(); };
+  console->PodeFechar = [this] {
+    return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos() && shows->FechaTodos();
+  };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
   MakeDisplay();
@@ -187,7 +198,8 @@ void Program::Impl::AbreSobre() {
     const EngineVersions versions = ReadEngineVersions();
     sobre = std::make_unique<FrmSobre>(
         MotorDoPrograma{QString::fromLatin1(qVersion()), versions.webEngine, versions.chromium, versions.mpv,
-                        qgetenv("QT_QUICK_BACKEND") == "software" ? QObject::tr("by the processor") : QStringLiteral("OpenGL")},
+                        qgetenv("QT_QUICK_BACKEND") == "software" ? QObject::tr("by the processor")
+                                                                  : QStringLiteral("OpenGL")},
         console.get());
     QObject::connect(sobre.get(), &QDialog::finished, sobre.get(),
                      [this] { positions.SaveFormPosition(*sobre, false); });
@@ -264,6 +276,21 @@ void Program::Impl::ImportaDocumento(const AbreImagens &pronto) {
   importar->Pergunta(pronto);
 }
 
+void Program::Impl::MakeShowWindows() {
+  const auto galeria = [this](QWidget *dono, const std::function<void(const QString &)> &usa) {
+    themes->AbreGaleria({QStringLiteral("FrmSlideShow"), 0, usa, dono});
+  };
+  shows = std::make_unique<ShowWindows>(ShowDoors{app, prompt, core.flow, positions, core.show,
+                                                  [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
+                                                  galeria, profile, console.get()});
+  core.flow.controleDeShows = {[this](const QString &path) { shows->AbreControle(path); },
+                               [this] { return shows->FechaControle(); }};
+  core.agenda.editores[6] = [this](const QString &path) {
+    shows->Edita(path);
+    return true;
+  };
+}
+
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
@@ -274,6 +301,7 @@ void Program::Impl::MakeDisplay() {
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
+  quendar->Commands().OnImageName = [this](const QString &nome) { shows->ImagemMudou(TextoRelatado(nome)); };
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }
 
@@ -352,16 +380,15 @@ void Program::Impl::MakeStartup() {
     });
     QTimer::singleShot(CalmaDoInicio, console.get(), [this] { songs->PrepareAdd(); });
   };
-  startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja,
-                                             core.controles, core.loader, core.leitura, *lugar, std::move(janelas));
+  startup = std::make_unique<ConsoleStartup>(core.contexto, core.agenda, core.temaControle, core.loja, core.controles,
+                                             core.loader, core.leitura, *lugar, std::move(janelas));
 }
 
 void Program::Impl::ListenForControl() {
   if (line.control.isEmpty())
     return;
-  ControlDoors doors =
-      DoorsOf(core.estado, core.flow, core.agenda, core.controles, core.temaControle, core.canal,
-              [this]() -> Display * { return quendar.get(); });
+  ControlDoors doors = DoorsOf(core.estado, core.flow, core.agenda, core.controles, core.temaControle, core.canal,
+                               [this]() -> Display * { return quendar.get(); });
   doors.telaoEm = [this] { return core.painel.TelaoEm; };
   doors.semProjetor = [this] { return core.painel.SemProjetor; };
   doors.pagina = [this](const QString &name) { return PageNamed(name); };
@@ -423,7 +450,8 @@ void Program::Impl::ScreensChanged() {
   lugar->Reavalia(); // without a projection's window too: the console may have to go home
   const bool wholeScreen = quendar && quendar->isFullScreen() && quendar->isVisible();
   for (QWidget *window : QApplication::topLevelWidgets())
-    if (window != console.get() && window != quendar.get() && window->isVisible() && !window->windowFlags().testFlag(Qt::Popup))
+    if (window != console.get() && window != quendar.get() && window->isVisible() &&
+        !window->windowFlags().testFlag(Qt::Popup))
       positions.TrazDeVolta(*window, wholeScreen ? quendar->geometry() : QRect());
 }
 
@@ -452,6 +480,8 @@ Program::~Program() {
   m_impl->core.agenda.editores.clear();
   m_impl->importar.reset();
   m_impl->slides.reset();
+  m_impl->core.flow.controleDeShows = {};
+  m_impl->shows.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();

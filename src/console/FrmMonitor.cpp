@@ -221,6 +221,8 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
                       [&d, open] { open(d.windows.addBible); });
   d.addBar->SetWindow(2, tr("Adds slides to the agenda, shows or edits them"),
                       [&d, open] { open(d.windows.addSlides); });
+  d.addBar->SetWindow(3, tr("Adds slide shows to the agenda, runs or edits them"),
+                      [&d, open] { open(d.windows.addShows); });
   parts.teclas.Image9 = [&d] { d.screen->Image9(); };
   parts.teclas.AddBar = [&d](int index) { d.addBar->Press(index); };
 

@@ -1,31 +1,36 @@
 #include "console/console_core.h"
 
-#include <utility>
-
 #include "console/projection_status.h"
 #include "display/text_style.h"
+
+#include <utility>
 
 namespace tolmira {
 
 ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
     : canal(estado, doors.telao),
       letras(estado, ajustes, canal, doors.telao, doors.previa, doors.measure, doors.random),
-      biblia(estado, ajustes, legendaBiblia, canal, doors.telao, doors.previa,
-             [this] { return contexto.view ? contexto.view->PreviewWidthPx() : 0; }, doors.random),
+      biblia(
+          estado, ajustes, legendaBiblia, canal, doors.telao, doors.previa,
+          [this] { return contexto.view ? contexto.view->PreviewWidthPx() : 0; }, doors.random),
       paginas(doors.app, doors.store, estado, ajustes, canal, letras, Hosts(doors), doors.random, doors.yielder),
       paginasDeSlides(doors.app, doors.store, estado, ajustes, canal, Hosts(doors), doors.random, doors.yielder),
-      contexto{doors.app, doors.store,  estado,       ajustes,        faixa,        painel,        canal,       letras,
-               paginas,   doors.clock,  doors.random, doors.yielder,  doors.prompt, doors.measure, doors.telao, doors.previa},
+      contexto{doors.app,    doors.store,   estado,      ajustes,     faixa,        painel,
+               canal,        letras,        paginas,     doors.clock, doors.random, doors.yielder,
+               doors.prompt, doors.measure, doors.telao, doors.previa},
       loja(doors.app, temas), lojaBiblia(doors.app, doors.store),
-      agenda(doors.app, doors.store, estado, painel, faixa, contexto.view, doors.prompt),
-      stepper(contexto), temaControle(contexto, temas), loader(contexto, stepper, temaControle),
+      agenda(doors.app, doors.store, estado, painel, faixa, contexto.view, doors.prompt), stepper(contexto),
+      temaControle(contexto, temas), loader(contexto, stepper, temaControle),
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
       slides(contexto, paginasDeSlides, stepper, temaControle), controles(contexto), textos(contexto, loader, leitura),
       efeitos(contexto, temaControle, loader, leitura, slides), formato(contexto, temas, loader, textos),
-      flow(contexto, agenda, loader, leitura, slides, temaControle),
+      flow(contexto, agenda, loader, leitura, slides, temaControle), show(contexto, stepper, temaControle),
       teclas(contexto, stepper, flow, agenda, leitura, slides) {
+  show.FechaVideo = [this] { flow.cancelaWMP(); };
+  show.VoltaAosSlides = [this] { return slides.Volta(); };
   contexto.descreve = [this] {
-    painel.situacao = DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo(), slides.Documento()});
+    painel.situacao =
+        DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo(), slides.Documento()});
   };
 }
 
@@ -35,6 +40,7 @@ void ConsoleCore::PaginaVoltou(Alvo qual) {
   leitura.PaginaVoltou(qual);
   textos.PaginaVoltou(qual);
   slides.PaginaVoltou(qual);
+  show.PaginaVoltou(qual);
 }
 
 void ConsoleCore::PreviaMudou() {

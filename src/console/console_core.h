@@ -9,6 +9,7 @@
 #include "console/key_table.h"
 #include "console/presentation_flow.h"
 #include "console/screen_controls.h"
+#include "console/slide_show_runner.h"
 #include "console/song_loader.h"
 #include "console/stepping.h"
 #include "console/text_controls.h"
@@ -66,6 +67,7 @@ public:
   EffectControls efeitos;
   TextFormatControl formato;
   PresentationFlow flow;
+  SlideShowRunner show;
   KeyTable teclas;
 
   // A page came back after its process died: it gets what was on it, and the other one sees nothing.

@@ -36,6 +36,13 @@ struct PainelBiblia {
   bool Adiante = false; // the operator looks ahead: the projection shows something else
 };
 
+// A slide show on the projection.
+struct PainelSlideShow {
+  bool Ativo = false;
+  bool Parado = false;
+  QString Imagem; // the picture on show; empty before the first one
+};
+
 // A line of the menu of screens. The first is the automatic choice.
 struct OpcaoDeTela {
   QString texto;
@@ -88,6 +95,7 @@ struct PainelConsole {
   int SlideEscolhido = 0; // of the slides on show, from 1: ahead of the projection while Ctrl is held
 
   PainelBiblia biblia;
+  PainelSlideShow slideShow;
   QString LbVersao;                // "Tradução: " and the version's name
   QString LabelDicaBiblia;         // how to walk through a passage; before the first one the same as LbVersao
 

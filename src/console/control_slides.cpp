@@ -220,6 +220,14 @@ void ControlSlides::Fecha() {
   updateCombos();
 }
 
+bool ControlSlides::Volta() {
+  if (m_documento.Count() < 1)
+    return false;
+  m_console.painel.Label9 = m_console.estado.TituloAtual;
+  Mostra(std::max(1, m_console.estado.SlideAtual));
+  return true;
+}
+
 void ControlSlides::Anota() {
   m_timerAnota->Stop();
   if (Visible() && m_console.estado.PaginaDeSlides())

@@ -41,6 +41,8 @@ public:
   // A document was saved: the one on show is read again when it is that one. Names or paths, with their extension.
   void DocumentoMudou(const QString &oldName, const QString &newName);
   void Fecha(); // another item has taken its place
+  // The document and its slide are on show again, after what ran over them. False when there is none.
+  bool Volta();
 
   // What its font, colours, effects and filters are now, and what the panels change for as long as it is on show.
   TemaRecord &Visual() { return m_documento.visual; }

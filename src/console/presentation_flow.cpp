@@ -15,8 +15,6 @@ QString SemCarregador(int kind) {
   switch (kind) {
   case 4:
     return QStringLiteral("Videos cannot be shown yet.");
-  case 6:
-    return QStringLiteral("Slide shows cannot be shown yet.");
   default:
     return {};
   }
@@ -48,7 +46,20 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     return;
   }
 
-  if (!name.isEmpty()) {
+  // What is on show stays, with what runs over it.
+  const bool falta = kind == 5 ? m_slides.Resolve(name).isEmpty() : kind == 6 && !FileExists(name);
+  if (falta && !name.isEmpty()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
+    return;
+  }
+  FechaSlideShow();
+  cancelaWMP();
+
+  if (kind == 6 && !name.isEmpty()) {
+    painel.CommandBtEnabled = true;
+    if (controleDeShows.abre)
+      controleDeShows.abre(name);
+  } else if (!name.isEmpty()) {
     if (!Carrega(kind, caption, name))
       return;
     painel.SliderExBibliaVisible = kind == 1;
@@ -66,12 +77,7 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
 bool PresentationFlow::Carrega(int kind, const QString &caption, const QString &name) {
   if (kind != 5)
     return CarregaTexto(kind, caption, name);
-  const QString path = m_slides.Resolve(name);
-  if (path.isEmpty()) {
-    m_console.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
-    return false;
-  }
-  return m_slides.Exibe(path, caption);
+  return m_slides.Exibe(m_slides.Resolve(name), caption);
 }
 
 bool PresentationFlow::CarregaTexto(int kind, const QString &caption, const QString &name) {
@@ -90,6 +96,16 @@ bool PresentationFlow::CarregaTexto(int kind, const QString &caption, const QStr
   else if (depoisDeSlides)
     m_temas.StopRotation();
   return shown;
+}
+
+void PresentationFlow::FechaSlideShow() {
+  // Another item comes, so slides that lay beneath the show do not come back.
+  if (!m_console.estado.SlideShowAtivo.isEmpty())
+    m_slides.Fecha();
+  if (!controleDeShows.fecha || !controleDeShows.fecha())
+    return;
+  m_console.painel.PicAviso2 = false;
+  m_console.yielder.Yield(1);
 }
 
 void PresentationFlow::PorNaLista(const QString &label, int kind, const QString &target, QString &message) {
@@ -124,10 +140,16 @@ void PresentationFlow::cancelaWMP() {
   display->wmp()->Close();
 }
 
-void PresentationFlow::editarSelecionado() { m_agenda.EditSelected(); }
-void PresentationFlow::removerSelecionadodaLista() { m_agenda.RemoveSelected(); }
+void PresentationFlow::editarSelecionado() {
+  m_agenda.EditSelected();
+}
+void PresentationFlow::removerSelecionadodaLista() {
+  m_agenda.RemoveSelected();
+}
 
-void PresentationFlow::RemoveFromAgendas(int kind, const QString &name) { m_agenda.RemoveFromAgendas(kind, name); }
+void PresentationFlow::RemoveFromAgendas(int kind, const QString &name) {
+  m_agenda.RemoveFromAgendas(kind, name);
+}
 
 void PresentationFlow::RenameInAgendas(const QString &oldName, const QString &newName, int kind) {
   m_agenda.RenameInAgendas(oldName, newName, kind);

@@ -33,7 +33,15 @@ public:
 
   std::function<void()> FechaAddBiblia; // closes the Bible's add dialog; empty while there is none
 
+  // The remote of slide shows; both empty while there is none.
+  struct ControleDeShows {
+    std::function<void(const QString &path)> abre; // opens it, which starts the show
+    std::function<bool()> fecha;                   // false when none was open
+  };
+  ControleDeShows controleDeShows;
+
 private:
+  void FechaSlideShow();
   void Mostra(int kind, const QString &caption, const QString &name);
   bool Carrega(int kind, const QString &caption, const QString &name);
   bool CarregaTexto(int kind, const QString &caption, const QString &name);

@@ -1,8 +1,8 @@
 #include "console/projection_status.h"
 
-#include <QObject>
-
 #include "bible/bible_store.h"
+
+#include <QObject>
 
 namespace tolmira {
 
@@ -43,6 +43,12 @@ QString QualSaiu(const EstadoConsole &estado) {
   return estado.TipoAtual == u"Bíblia" ? estado.ReferenciaAtual : QString();
 }
 
+void DizDoShow(const PainelSlideShow &show, SituacaoDaTela &dita) {
+  dita.LbEstadoTela = show.Parado ? QObject::tr("SHOW PAUSED") : QObject::tr("SLIDE SHOW");
+  dita.CorDoEstado = show.Parado ? Held : Live;
+  dita.LbDetalheTela = show.Imagem;
+}
+
 void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   const EstadoConsole &estado = olhar.estado;
   const auto diz = [&dita](const QString &aviso, const QString &cor, const QString &detalhe) {
@@ -62,6 +68,8 @@ void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
     diz(QObject::tr("BACKGROUND ONLY"), Held, QObject::tr("F5 brings the text back"));
   else if (estado.EstadoTela == u"Hide")
     diz(QObject::tr("NO PROJECTION"), Off, QObject::tr("F5 brings the projection back"));
+  else if (olhar.painel.slideShow.Ativo && estado.TipoAtual == u"SlideShow")
+    DizDoShow(olhar.painel.slideShow, dita);
   else if (Preso(olhar))
     diz(QObject::tr("HELD"), Held, QObject::tr("The projection stands until Ctrl is released"));
   else if (estado.VersoHtmlAtual.isEmpty() && !SemVersos(estado.TipoAtual))
@@ -104,7 +112,8 @@ QString ProximoDaPassagem(const OlharDaTela &olhar, bool preso) {
 QString NomeDoSlide(const SlideDocument &slides, int index) {
   const Slide &slide = slides.Em(index);
   const QString texto = (slide.Titulo.trimmed().isEmpty() ? slide.Texto : slide.Titulo).simplified();
-  return texto.isEmpty() ? QObject::tr("slide %1").arg(index) : QObject::tr("slide %1, %2").arg(QString::number(index), texto);
+  return texto.isEmpty() ? QObject::tr("slide %1").arg(index)
+                         : QObject::tr("slide %1, %2").arg(QString::number(index), texto);
 }
 
 QString ProximoDosSlides(const OlharDaTela &olhar, bool preso) {

@@ -351,6 +351,10 @@ PageObject *FrmQuendar::WV() {
 MediaPlayer *FrmQuendar::wmp() {
   return m_impl->wmp();
 }
+void FrmQuendar::EscondeMidia() {
+  m_impl->picwmp->hide();
+  m_impl->picwmp->setGeometry({});
+}
 QSize FrmQuendar::SizePx() const {
   return size();
 }

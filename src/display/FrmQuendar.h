@@ -51,6 +51,7 @@ public:
   void ProcessaComando(const QString &comando) override;
   PageObject *WV() override;
   MediaPlayer *wmp() override;
+  void EscondeMidia() override;
   QSize SizePx() const override;
   bool DisplayVisivel() const override;
   void DefineTelaPreta(bool ligado) override;

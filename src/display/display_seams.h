@@ -98,6 +98,8 @@ public:
   virtual void ProcessaComando(const QString &comando) = 0;
   virtual PageObject *WV() = 0;
   virtual MediaPlayer *wmp() = 0;
+  // The player's area becomes invisible and takes no room; the sound goes on. A video gets its room again from its command.
+  virtual void EscondeMidia() = 0;
   virtual QSize SizePx() const = 0; // of the projection window, in pixels
   virtual bool DisplayVisivel() const = 0;
   virtual void DefineTelaPreta(bool ligado) = 0;

@@ -44,6 +44,8 @@ struct EstadoConsole {
   int SlideAtual = 0; // on the projection, from 1; 0 means none
   int TotalSlides = 0;
 
+  QString SlideShowAtivo; // "True" while the remote of a slide show is open: slide show runner
+
   // the projection
   QString EstadoTela = QStringLiteral("Normal"); // screen controls: "Normal", "OcultarTexto", "TelaPreta", "PadraoDeFundo", "Hide"
   QString PaginaAtual;     // page builder, presentation flow

@@ -177,4 +177,9 @@ std::optional<QString> WithIniValue(const QString &text, const QString &section,
          QStringView(text).sliced(lastOfSection.next);
 }
 
+QString QuotedIniValue(const QString &value) {
+  const bool quoted = value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
+  return quoted || value != value.trimmed() ? u'"' + value + u'"' : value;
+}
+
 } // namespace tolmira

@@ -26,4 +26,8 @@ void ForEachIniValue(QStringView text,
 std::optional<QString> WithIniValue(const QString &text, const QString &section, const QString &key,
                                     const QString &value);
 
+// The value as it has to stand in a file so that readers get all of it: what they would take off, blanks and a pair of
+// quotation marks at its ends, they leave when one more pair stands around it.
+QString QuotedIniValue(const QString &value);
+
 } // namespace tolmira

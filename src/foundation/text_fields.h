@@ -3,6 +3,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
+#include <limits>
+
 namespace tolmira {
 
 inline constexpr QStringView CRLF = u"\r\n";
@@ -24,6 +27,13 @@ double NumericPrefix(const QString &text);
 
 // Float to whole number, halves to the even neighbour, as every such conversion here.
 int RoundHalfEven(double value);
+
+// The number at the head of a text in that type of integer, as RoundHalfEven makes it; the nearest one that the type has.
+template <typename Inteiro> Inteiro WholeNumber(const QString &text) {
+  using Limits = std::numeric_limits<Inteiro>;
+  return static_cast<Inteiro>(
+      RoundHalfEven(std::clamp(NumericPrefix(text), double(Limits::min()), double(Limits::max()))));
+}
 
 // A number as its shortest plain decimal text with ".", whatever the locale ("1.5", "60", "-0.25").
 QString NumberText(double value);

@@ -9,7 +9,6 @@
 #include <QSet>
 #include <algorithm>
 #include <functional>
-#include <limits>
 
 namespace tolmira {
 
@@ -22,12 +21,6 @@ const QString QuebraDeLinha = QStringLiteral("\r\n");
 // A file that promises more slides than this is believed only as far as its keys go.
 constexpr int ContagemPlausivel = 2000;
 
-template <typename Inteiro> Inteiro ParaInteiro(const QString &texto) {
-  using Limites = std::numeric_limits<Inteiro>;
-  return static_cast<Inteiro>(
-      RoundHalfEven(std::clamp(NumericPrefix(texto), double(Limites::min()), double(Limites::max()))));
-}
-
 class Leitor {
 public:
   explicit Leitor(const QString &path) : m_ini(path) {}
@@ -38,7 +31,7 @@ public:
   }
   bool Ligado(const char16_t *chave, const char16_t *padrao) const { return Texto(chave, padrao) == u"1"; }
   template <typename Inteiro> Inteiro Numero(const QString &chave, const char16_t *padrao) const {
-    return ParaInteiro<Inteiro>(Texto(chave, QString::fromUtf16(padrao)));
+    return WholeNumber<Inteiro>(Texto(chave, QString::fromUtf16(padrao)));
   }
 
 private:
@@ -117,14 +110,6 @@ void LeComum(const Leitor &ini, SlideDocument &documento) {
 
 QString Bit(bool ligado) {
   return ligado ? QStringLiteral("1") : QStringLiteral("0");
-}
-
-// What a reader would take off a value, blanks and a pair of quotation marks at its ends, it leaves when one more pair
-// stands around it.
-QString Protegido(const QString &valor) {
-  const bool comAspas =
-      valor.size() >= 2 && valor.front() == valor.back() && (valor.front() == u'"' || valor.front() == u'\'');
-  return comAspas || valor != valor.trimmed() ? u'"' + valor + u'"' : valor;
 }
 
 // The keys of the look in their order. The interval is told twice, as it is kept and as its place in the list of
@@ -221,16 +206,16 @@ bool GravaSlide(const QString &path, SlideDocument &documento) {
   for (int i = 1; i <= documento.Count(); ++i) {
     const Slide &slide = documento.Em(i);
     const QString n = QString::number(i);
-    grava(u"Imagem" + n, Protegido(slide.Imagem));
-    grava(u"Titulo" + n, Protegido(slide.Titulo));
-    grava(u"Texto" + n, Protegido(QString(slide.Texto).replace(QuebraDeLinha, QuebraGuardada)));
+    grava(u"Imagem" + n, QuotedIniValue(slide.Imagem));
+    grava(u"Titulo" + n, QuotedIniValue(slide.Titulo));
+    grava(u"Texto" + n, QuotedIniValue(QString(slide.Texto).replace(QuebraDeLinha, QuebraGuardada)));
     grava(u"Alinhamento" + n, QString::number(slide.Alinhamento));
     grava(u"Espacamento" + n, QString::number(slide.Espacamento));
     grava(u"FontSize" + n, QString::number(slide.FontSize));
     grava(u"incluirTexto" + n, QString::number(slide.incluirTexto));
   }
   for (const auto &[chave, valor] : ChavesDoVisual(documento) + documento.outrasChaves)
-    grava(chave, Protegido(valor));
+    grava(chave, QuotedIniValue(valor));
   return WriteFileAtomically(path, EncodeText(texto));
 }
 

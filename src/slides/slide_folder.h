@@ -7,9 +7,11 @@
 
 namespace tolmira {
 
-// The slide documents of <app>\Slides, known by their names without extension.
+// The slide documents of <app>\Slides and the slide shows of <app>\SlideShow, known by their names without extension and
+// listed in the order of these.
 QString CaminhoDoSlide(const AppFolder &app, const QString &nome);
-QStringList ListaDeSlides(const AppFolder &app);                                  // in the order of their names
+QStringList ListaDeSlides(const AppFolder &app);
+QStringList ListaDeSlideShows(const AppFolder &app);
 QStringList SlidesComPalavras(const QStringList &nomes, const QString &palavras); // those that hold each of the words
 
 } // namespace tolmira

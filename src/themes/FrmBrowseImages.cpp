@@ -142,6 +142,8 @@ QString FrmBrowseImages::Acao() const {
     return QStringLiteral("Add this image to the Theme %1").arg(m_pedido.numero);
   if (m_pedido.modo == u"FrmSlides")
     return QStringLiteral("Add this image to the slide %1").arg(m_pedido.numero);
+  if (m_pedido.modo == u"FrmSlideShow")
+    return tr("Add this image to the slide show");
   if (m_pedido.modo == u"FundoPadrao")
     return QStringLiteral("Set this image as Default Background");
   return QStringLiteral("Display this image on the projector");
@@ -226,7 +228,11 @@ bool FrmBrowseImages::Usa() {
 }
 
 void FrmBrowseImages::ExibireFechar() {
-  if (Usa())
+  if (!Usa())
+    return;
+  if (m_pedido.modo == u"FrmSlideShow") // which takes many
+    m_estado->setText(tr("Added: %1").arg(m_grade->NomeArquivo()));
+  else
     close();
 }
 

@@ -13,7 +13,7 @@ namespace tolmira::testing {
 class RecordingDisplay : public Display {
 public:
   explicit RecordingDisplay(QStringList *journal = nullptr)
-      : page(journal, QStringLiteral("display")), m_journal(journal) {}
+      : page(journal, QStringLiteral("display")), player(journal), m_journal(journal) {}
 
   void ProcessaComando(const QString &comando) override {
     commands.append(comando);
@@ -21,6 +21,7 @@ public:
   }
   PageObject *WV() override { return hasPage ? &page : nullptr; }
   MediaPlayer *wmp() override { return &player; }
+  void EscondeMidia() override { Note(QStringLiteral("player hidden")); }
   QSize SizePx() const override { return size; }
   bool DisplayVisivel() const override { return visivel; }
   void DefineTelaPreta(bool ligado) override {

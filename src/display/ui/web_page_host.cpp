@@ -18,6 +18,7 @@
 #include <QQuickWidget>
 #include <QScreen>
 #include <QTimer>
+#include <QWebEngineSettings>
 #include <QWebEngineView>
 #include <algorithm>
 #include <map>
@@ -129,6 +130,7 @@ struct WebPageHost::Impl : public PageObject {
   int reloadDelayMs = 0;
   bool recovering = false;
   bool everReady = false;
+  bool interactive = false;
   int nextEvaluation = 0;
   std::map<int, std::function<void(const QString &)>> evaluations;
 };
@@ -177,6 +179,7 @@ void WebPageHost::Impl::MakePage() {
       std::exchange(page, std::make_unique<WebPage>(profile.get(), nullptr)); // ends when the view has let go of it
   if (old)
     old->disconnect();
+  page->settings()->setAttribute(QWebEngineSettings::ShowScrollBars, interactive);
   page->OnNavigating = [this](const QString &uri, bool &cancel) {
     if (AoNavegar)
       AoNavegar(uri, cancel);
@@ -334,7 +337,8 @@ void WebPageHost::Impl::ReleasePicture() {
 }
 
 void WebPageHost::Impl::Tame(QWidget *widget) {
-  widget->setFocusPolicy(Qt::NoFocus);
+  if (!interactive)
+    widget->setFocusPolicy(Qt::NoFocus);
   widget->installEventFilter(&host);
   if (auto *drawing = qobject_cast<QQuickWidget *>(widget))
     promptDrawing.Watch(drawing);
@@ -342,7 +346,7 @@ void WebPageHost::Impl::Tame(QWidget *widget) {
 
 // The engine takes the focus at a mouse press by itself, whatever the widget's policy.
 void WebPageHost::Impl::RefuseFocus(QWidget *old, QWidget *now) {
-  if (!now || !view->isAncestorOf(now))
+  if (interactive || !now || !view->isAncestorOf(now))
     return;
   if (old && old != now && !view->isAncestorOf(old))
     old->setFocus(Qt::OtherFocusReason);
@@ -360,6 +364,10 @@ WebPageHost::WebPageHost(const QString &name, QWidget *parent, PageProfile profi
 }
 
 WebPageHost::~WebPageHost() = default;
+
+void WebPageHost::SetInteractive() {
+  m_impl->interactive = true;
+}
 
 bool WebPageHost::CriaBrowser() {
   if (m_impl->view)
@@ -410,6 +418,9 @@ bool WebPageHost::eventFilter(QObject *, QEvent *event) {
   case QEvent::TouchBegin:
   case QEvent::TouchUpdate:
   case QEvent::TouchEnd:
+    if (m_impl->interactive)
+      return false;
+    [[fallthrough]];
   case QEvent::DragEnter:
   case QEvent::DragMove:
   case QEvent::Drop:

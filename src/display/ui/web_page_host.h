@@ -21,6 +21,9 @@ public:
   WebPageHost(const QString &name, QWidget *parent, PageProfile profile = {});
   ~WebPageHost() override;
 
+  // A page to work on, not to look at: it takes the mouse, the wheel, keys and the focus, and shows scroll bars. Before
+  // CriaBrowser.
+  void SetInteractive();
   // Makes the browser object and attaches it to this widget. False when the engine could not be started.
   bool CriaBrowser();
   PageObject *WV();                            // null before CriaBrowser

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace tolmira {
+
+// A running slide show as its remote sees it. The console has the real one.
+class SlideShowPlayer {
+public:
+  virtual ~SlideShowPlayer() = default;
+
+  // The remote opened, or closed: closing ends the show and brings the theme back.
+  virtual void Abre() = 0;
+  virtual void Fecha() = 0;
+  // Builds the show's page and has it run from its start, on the projection and on the preview.
+  virtual void IniciaSlideShow(const QString &path) = 0;
+  virtual void Pause() = 0;
+  virtual void Play() = 0;
+  virtual bool Parado() const = 0;
+  virtual int Volume() const = 0; // 0 to 100
+  virtual void DefineVolume(int volume) = 0;
+  // The page says which picture is on show.
+  virtual void ImagemMudou(const QString &nome) = 0;
+};
+
+} // namespace tolmira

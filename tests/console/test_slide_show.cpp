@@ -1,0 +1,141 @@
+#include "console/console_fixture.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace tolmira;
+using namespace tolmira::testing;
+
+// A slide show from the agenda to its end, as the projection hears of it.
+class TestSlideShowRun : public QObject {
+  Q_OBJECT
+
+private:
+  class House : public ConsoleFixture {
+  public:
+    explicit House(const QByteArray &audio = "/m/a.mp3") {
+      Write(QStringLiteral("html/sshow.dat"), "<p>[Tempo De Imagem]</p>");
+      Write(QStringLiteral("SlideShow/Demo.sw"), "[Setup]\r\nArquivodeAudio=" + audio +
+                                                     "\r\n[Imagens]\r\nImagem1=/p/a.jpg\r\ntotalImagens=1\r\n");
+      Write(QStringLiteral("Lyrics/Canto.txt"), TresEstrofes);
+      core.flow.controleDeShows = {[this](const QString &path) {
+                                     open = true;
+                                     core.show.Abre();
+                                     core.show.IniciaSlideShow(path);
+                                   },
+                                   [this] {
+                                     if (std::exchange(open, false)) {
+                                       core.show.Fecha();
+                                       return true;
+                                     }
+                                     return false;
+                                   }};
+      Forget();
+    }
+    QString Path() const { return app.At(u"\\SlideShow\\Demo.sw"); }
+    void ShowIt() { core.flow.ShowEntry(6, 0, QStringLiteral("Demo"), Path()); }
+    QStringList TakeJournal() { return std::exchange(journal, {}); }
+    bool open = false;
+  };
+
+private slots:
+  void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+
+  void startsInItsOrder() {
+    House house;
+    house.Show(QStringLiteral("Canto"));
+    house.core.stepper.TeclaEstrofe(1);
+    house.EndGlide();
+    house.Forget();
+    house.ShowIt();
+    const QString page = house.app.At(u"\\html\\sshow.html");
+    QCOMPARE(house.TakeJournal(),
+             QStringList({QStringLiteral("command UpdateText|#|#|#"),
+                          QStringLiteral("display: Navigate %1 8s").arg(page),
+                          QStringLiteral("preview: Navigate %1 8s").arg(page), QStringLiteral("player hidden"),
+                          QStringLiteral("wmp: URL /m/a.mp3"), QStringLiteral("wmp: uiMode none"),
+                          QStringLiteral("wmp: loop 1"), QStringLiteral("wmp: volume 50")}));
+    const EstadoConsole &estado = house.core.estado;
+    QCOMPARE(estado.TipoAtual, QStringLiteral("SlideShow"));
+    QCOMPARE(estado.TipoAnterior, QStringLiteral("Louvor"));
+    QCOMPARE(estado.PaginaAtual, QStringLiteral("sshow.html"));
+    QCOMPARE(estado.SlideShowAtivo, QStringLiteral("True"));
+    QVERIFY(!house.core.faixa.Label1Visible);
+    QCOMPARE(house.core.painel.Label9, QStringLiteral("Demo"));
+    house.core.show.ImagemMudou(QStringLiteral("a.jpg"));
+    house.core.contexto.descreve();
+    QCOMPARE(house.core.painel.situacao.LbEstadoTela, QStringLiteral("SLIDE SHOW"));
+    QCOMPARE(house.core.painel.situacao.LbDetalheTela, QStringLiteral("a.jpg"));
+    // No key reaches the page of the show with a verse of the song.
+    house.core.teclas.KeyDown(Qt::Key_Down, false, false);
+    house.clock.Advance(60000);
+    QVERIFY(house.display.page.scripts.isEmpty());
+  }
+
+  void pausesAndGoesOn() {
+    House house;
+    house.ShowIt();
+    house.Forget();
+    house.core.show.Pause();
+    QVERIFY(house.core.show.Parado());
+    QCOMPARE(house.TakeJournal().mid(0, 3),
+             QStringList({QStringLiteral("display: Pause()"), QStringLiteral("preview: Pause()"),
+                          QStringLiteral("wmp: pause")}));
+    // A page that comes back stands too.
+    house.core.PaginaVoltou(Alvo::Previa);
+    QVERIFY(house.preview.scripts.contains(QStringLiteral("Pause()")));
+    house.Forget();
+    house.core.show.Play();
+    QVERIFY(!house.core.show.Parado());
+    QCOMPARE(house.TakeJournal(), QStringList({QStringLiteral("display: Play()"), QStringLiteral("preview: Play()"),
+                                               QStringLiteral("wmp: play")}));
+  }
+
+  void theItemBeneathComesBackByItsKind_data() {
+    QTest::addColumn<QString>("antes");
+    QTest::addColumn<QString>("depois");
+    QTest::newRow("nothing") << QString() << QString();
+    QTest::newRow("a song") << QStringLiteral("Louvor") << QString();
+    QTest::newRow("a passage") << QStringLiteral("Bíblia") << QString();
+    QTest::newRow("a web video") << QStringLiteral("Youtube") << QStringLiteral("Youtube");
+  }
+  void theItemBeneathComesBackByItsKind() {
+    QFETCH(QString, antes);
+    House house;
+    house.core.estado.DefineTipo(antes);
+    house.ShowIt();
+    house.ShowIt(); // once more, over itself
+    house.Forget();
+    house.core.flow.controleDeShows.fecha();
+    QTEST(house.core.estado.TipoAtual, "depois");
+    QCOMPARE(house.core.estado.SlideShowAtivo, QString());
+    const QStringList journal = house.TakeJournal();
+    QCOMPARE(journal.mid(0, 2), QStringList({QStringLiteral("wmp: stop"), QStringLiteral("player hidden")}));
+    QVERIFY(!journal.filter(QStringLiteral("CarregaTema|#")).isEmpty());
+    QVERIFY(house.core.estado.PaginaDeTexto());
+  }
+
+  void aSongEndsTheShow() {
+    House house("");
+    house.ShowIt();
+    house.Forget();
+    house.Show(QStringLiteral("Canto"));
+    QVERIFY(!house.open);
+    QCOMPARE(house.core.estado.TipoAtual, QStringLiteral("Louvor"));
+    QVERIFY(house.TakeJournal().filter(QStringLiteral("wmp")).isEmpty()); // it had no sound to end
+    house.core.stepper.TeclaEstrofe(1);
+    house.EndGlide();
+    QCOMPARE(house.VersesSent(), QStringList{QStringLiteral("Primeira linha<br>Segunda linha")});
+  }
+
+  void aMissingFileLeavesTheShowAlone() {
+    House house;
+    house.ShowIt();
+    house.core.flow.ShowEntry(6, 0, QStringLiteral("Gone"), QStringLiteral("/gone.sw"));
+    QCOMPARE(house.prompt.TakeTexts(), QStringList{QStringLiteral("File not found!")});
+    QVERIFY(house.open);
+  }
+};
+
+QTEST_MAIN(TestSlideShowRun)
+#include "test_slide_show.moc"

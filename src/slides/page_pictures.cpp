@@ -58,7 +58,7 @@ QString NomeDaPagina(const QString &serie, int pagina, int total, const QString 
 bool PoePagina(const AppFolder &app, const QString &arquivo, const QString &nome, const QSize &tela) {
   if (FileExists(app.At(u"\\Images\\") + nome) || PictureSize(arquivo) != tela)
     return false;
-  if (CopiaParaImagens(app, arquivo, nome) && CriaMiniatura(app, nome, true))
+  if (CopiaParaImagens(app, arquivo, nome) == Copia::Feita && CriaMiniatura(app, nome, true))
     return true;
   Retira(app, nome);
   return false;

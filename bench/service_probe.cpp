@@ -121,11 +121,33 @@ void WriteSong(const QString &folder, const QString &name, int stanzas) {
     file.write("Estrofe " + QByteArray::number(i) + " do louvor\r\nQue se canta em paz\r\n\r\n");
 }
 
-QJsonObject Show(const QString &song) {
+// Over the pictures of the starter service, in turn.
+void WriteSlides(const QString &folder, const QString &name, int count) {
+  const QStringList pictures = QDir(folder + u"/Images").entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+  QFile file(folder + u"/Slides/" + name + u".sld");
+  if (pictures.isEmpty() || !file.open(QIODevice::WriteOnly))
+    qFatal("cannot write slides");
+  file.write("[Config]\r\nCount=" + QByteArray::number(count) + "\r\n");
+  for (int i = 1; i <= count; ++i) {
+    const QByteArray n = QByteArray::number(i);
+    const QString picture = folder + u"\\Images\\" + pictures[i % pictures.size()];
+    file.write("Imagem" + n + "=" + picture.toUtf8() + "\r\nTitulo" + n + "=Slide " + n + "\r\nFontSize" + n + "=5\r\n");
+  }
+  file.write("Efeito_Imagem-Fx=none\r\n");
+}
+
+QJsonObject Show(const QString &item, int kind = 2) {
   return {{QStringLiteral("do"), QStringLiteral("show")},
-          {QStringLiteral("kind"), 2},
-          {QStringLiteral("label"), song},
-          {QStringLiteral("target"), song}};
+          {QStringLiteral("kind"), kind},
+          {QStringLiteral("label"), item},
+          {QStringLiteral("target"), item}};
+}
+
+// Scripts run in their order, so the answer to this one says that the page has done all before it.
+QJsonObject Settled() {
+  return {{QStringLiteral("do"), QStringLiteral("eval")},
+          {QStringLiteral("page"), QStringLiteral("display")},
+          {QStringLiteral("script"), QStringLiteral("document.body.offsetHeight")}};
 }
 
 QJsonObject Key(const char *key) {
@@ -159,6 +181,8 @@ int main(int argc, char **argv) {
     WriteSong(app, QStringLiteral("Cancao %1").arg(i), 4);
   WriteSong(app, QStringLiteral("Longa"), 60);
   WriteSong(app, QStringLiteral("Outra"), 60);
+  WriteSlides(app, QStringLiteral("Slides2"), 2);
+  WriteSlides(app, QStringLiteral("Slides200"), 200);
   // No draw of themes, no entrance effect: what is measured is the road, not the picture on it.
   QFile config(app + u"/Data/Config.dat");
   if (!config.open(QIODevice::Append))
@@ -214,14 +238,32 @@ int main(int argc, char **argv) {
     QElapsedTimer timer;
     timer.start();
     control.Do(Show(i % 2 ? QStringLiteral("Longa") : QStringLiteral("Outra")));
-    // Scripts run in their order, so the answer to this one says that the page has done all before it.
-    control.Do(QJsonObject{{QStringLiteral("do"), QStringLiteral("eval")},
-                           {QStringLiteral("page"), QStringLiteral("display")},
-                           {QStringLiteral("script"), QStringLiteral("document.body.offsetHeight")}});
+    control.Do(Settled());
     settled.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     QThread::msleep(150);
   }
   PrintSpread("chosen song to settled page", settled, "ms");
+
+  for (const char *name : {"Slides2", "Slides200"}) {
+    std::vector<double> opened;
+    std::vector<double> stepped;
+    for (int i = 0; i < 10; ++i) {
+      QElapsedTimer timer;
+      timer.start();
+      control.Do(Show(QLatin1String(name), 5));
+      control.Do(Settled());
+      opened.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+      QThread::msleep(500);
+      timer.start();
+      control.Do(Key("Down"));
+      control.Do(Settled());
+      stepped.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+      control.Do(Show(QStringLiteral("Longa")));
+      QThread::msleep(500);
+    }
+    PrintSpread(qPrintable(QLatin1String(name) + QStringLiteral(", to the first slide")), opened, "ms");
+    PrintSpread(qPrintable(QLatin1String(name) + QStringLiteral(", a step")), stepped, "ms");
+  }
 
   std::vector<double> script;
   {

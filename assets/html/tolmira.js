@@ -206,14 +206,12 @@
     const slides = options.elements;
     const lead = emptyLead(slides);
     const count = slides.length - lead;
-    const anchors = [shown, options.nextSlide, wanted === null ? shown : wanted];
+    const away = (i, from) => Math.min(Math.abs(i - from), count - Math.abs(i - from));
+    const coming = [shown, options.nextSlide, wanted === null ? shown : wanted];
     slides.forEach((slide, i) => {
-      const distance = Math.min(
-        ...anchors.map((anchor) => Math.min(Math.abs(i - anchor), count - Math.abs(i - anchor))),
-      );
-      if (i === shown || (loaded && distance <= NEAR))
+      if (i === shown || (loaded && away(i, shown) <= NEAR))
         takePicture(picture(slide));
-      else if (distance > FAR)
+      else if (coming.every((from) => away(i, from) > FAR))
         dropPicture(picture(slide));
     });
   }
@@ -300,7 +298,11 @@
       return;
     const lead = emptyLead(slides);
     const start = lead + Math.trunc(first);
+    // The cycle measures each slide, which costs a layout apiece where they can be seen; beforeChange measures what is
+    // really needed.
+    host.style.display = 'none';
     $()(host).cycle(Object.assign({}, kept, { startingSlide: start < slides.length ? start : lead }));
+    host.style.display = '';
   }
 
   function GotoSlideImage(n) {

@@ -1,5 +1,6 @@
 #include "app/control_requests.h"
 
+#include <QDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QPointer>
@@ -176,7 +177,10 @@ ControlAnswer ControlRequests::Answer(RequestReader &request) {
 }
 
 ControlAnswer ControlRequests::Quit() {
-  const QWidget *box = OpenBox();
+  // A question wants its answer first. A window that only stands in front, as the gallery does, is closed on the way.
+  QWidget *box = OpenBox();
+  while (box && !qobject_cast<QDialog *>(box) && box->isModal() && box->close())
+    box = OpenBox();
   if (box)
     return ControlAnswer::Failed(
         QStringLiteral("the console is behind the open window \"%1\"").arg(NameOf(box)));

@@ -22,6 +22,8 @@ QJsonObject Scalars(const ControlDoors &doors) {
       {QStringLiteral("SemProjetor"), doors.semProjetor && doors.semProjetor()},
       {QStringLiteral("EstrofeAtual"), e.EstrofeAtual},
       {QStringLiteral("TotalEstrofes"), e.TotalEstrofes},
+      {QStringLiteral("SlideAtual"), e.SlideAtual},
+      {QStringLiteral("TotalSlides"), e.TotalSlides},
       {QStringLiteral("VersoHtmlAtual"), e.VersoHtmlAtual},
       {QStringLiteral("VersoTextoAtual"), e.VersoTextoAtual},
       {QStringLiteral("TextoLegenda"), e.TextoLegenda},

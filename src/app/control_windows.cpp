@@ -109,7 +109,7 @@ QJsonArray ListWindows() {
     if (!IsOurs(window))
       continue;
     list.append(QJsonObject{{QStringLiteral("name"), NameOf(window)},
-                            {QStringLiteral("title"), window->windowTitle()},
+                            {QStringLiteral("title"), window->windowTitle().remove(QStringLiteral("[*]"))},
                             {QStringLiteral("rectangle"), RectangleJson(window->geometry())},
                             {QStringLiteral("screen"), static_cast<int>(screens.indexOf(window->screen()))},
                             {QStringLiteral("visible"), window->isVisible()}});

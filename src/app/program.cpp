@@ -30,6 +30,7 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "slides/FrmImportar.h"
 #include "slides/ui/show_windows.h"
 #include "slides/ui/slide_windows.h"
 #include "songs/ui/song_editors.h"
@@ -65,6 +66,7 @@ struct Program::Impl {
   void MakeThemeEditors();
   void MakeSlideWindows();
   void MakeShowWindows();
+  void ImportaDocumento(const AbreImagens &pronto);
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -109,6 +111,7 @@ struct Program::Impl {
   std::unique_ptr<ThemeEditors> themeEditors;
   std::unique_ptr<SlideWindows> slides;
   std::unique_ptr<ShowWindows> shows;
+  std::unique_ptr<FrmImportar> importar; // hands its pages to the one above
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -215,7 +218,12 @@ void Program::Impl::MakeSongEditors() {
       SongEditorDoors{store, prompt, clock, random, yielder, measure, core.flow, positions, core.estado, core.ajustes,
                       telao, sala, profile, console.get()},
       TextFormatDoors{[this] { return core.formato.Le(); },
-                      [this](const TextFormat &format) { return core.formato.Aplica(format); }});
+                      [this](const TextFormat &format) {
+                        const bool written = core.formato.Aplica(format);
+                        themeEditors->MaiusculasMudaram(core.estado.IndiceTema, core.formato.Le().maiusculas);
+                        return written;
+                      }});
+  core.temaControle.RefazFormato = [this] { editors->RefazFormato(); };
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
 }
@@ -249,8 +257,8 @@ void Program::Impl::MakeSlideWindows() {
   slides = std::make_unique<SlideWindows>(
       SlideDoors{store, prompt, clock, random, core.flow, positions, core.estado, core.ajustes,
                  [this]() -> Display * { return quendar.get(); },
-                 [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, galeria, {}, profile,
-                 console.get()});
+                 [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, galeria,
+                 [this](const AbreImagens &pronto) { ImportaDocumento(pronto); }, profile, console.get()});
   core.agenda.editores[5] = [this](const QString &path) { return slides->Edita(path); };
 }
 
@@ -267,6 +275,18 @@ void Program::Impl::MakeShowWindows() {
     shows->Edita(path);
     return true;
   };
+}
+
+void Program::Impl::ImportaDocumento(const AbreImagens &pronto) {
+  if (!importar)
+    importar = std::make_unique<FrmImportar>(
+        ImportDoors{store, prompt, positions, &DocumentImport::ProgramasInstalados,
+                    [this] {
+                      const bool rehearsal = core.painel.Ensaio || core.painel.SemProjetor;
+                      return quendar && !rehearsal ? quendar->SizePx() * quendar->devicePixelRatioF() : QSize();
+                    }},
+        console.get());
+  importar->Pergunta(pronto);
 }
 
 void Program::Impl::MakeDisplay() {
@@ -291,11 +311,8 @@ void Program::Impl::RemakeDisplay() {
   quendar->CriaBrowser();
   ApplyZoom(core.contexto);
   QTimer::singleShot(0, quendar.get(), [this] {
-    constexpr int Telao = 1;
-    if (!core.estado.TelaPronta)
-      return;
-    core.paginas.MontaPagina(core.estado.TemaAtual, core.estado.EstrofeAtual, Telao);
-    core.leitura.ReenviaVersiculo(); // of a passage the builder only tells the preview
+    if (core.estado.TelaPronta)
+      core.TelaoRefeito();
   });
 }
 
@@ -459,6 +476,7 @@ Program::~Program() {
   m_impl->editors.reset();
   m_impl->themeEditors.reset();
   m_impl->core.agenda.editores.clear();
+  m_impl->importar.reset();
   m_impl->slides.reset();
   m_impl->core.flow.controleDeShows = {};
   m_impl->shows.reset();

@@ -107,7 +107,9 @@ bool AgendaDesk::Grava(int n, ListTarefas &lista) {
   return m_files.Salva(n, lista);
 }
 
-bool AgendaDesk::NadaNaTira() const { return !m_faixa.Label1Visible && !m_painel.biblia.Visible; }
+bool AgendaDesk::NadaNaTira() const {
+  return !m_faixa.Label1Visible && !m_painel.biblia.Visible && !m_estado.EhSlides();
+}
 
 void AgendaDesk::SelectTab(int n) {
   if (n == 0)

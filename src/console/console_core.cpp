@@ -13,19 +13,20 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       biblia(estado, ajustes, legendaBiblia, canal, doors.telao, doors.previa,
              [this] { return contexto.view ? contexto.view->PreviewWidthPx() : 0; }, doors.random),
       paginas(doors.app, doors.store, estado, ajustes, canal, letras, Hosts(doors), doors.random, doors.yielder),
+      paginasDeSlides(doors.app, doors.store, estado, ajustes, canal, Hosts(doors), doors.random, doors.yielder),
       contexto{doors.app, doors.store,  estado,       ajustes,        faixa,        painel,        canal,       letras,
                paginas,   doors.clock,  doors.random, doors.yielder,  doors.prompt, doors.measure, doors.telao, doors.previa},
       loja(doors.app, temas), lojaBiblia(doors.app, doors.store),
       agenda(doors.app, doors.store, estado, painel, faixa, contexto.view, doors.prompt),
       stepper(contexto), temaControle(contexto, temas), loader(contexto, stepper, temaControle),
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
-      controles(contexto), textos(contexto, loader, leitura), efeitos(contexto, temaControle, loader, leitura),
-      formato(contexto, temas, loader, textos), flow(contexto, agenda, loader, leitura, temaControle),
-      show(contexto, stepper, temaControle),
-      teclas(contexto, stepper, flow, agenda, leitura) {
+      slides(contexto, paginasDeSlides, stepper, temaControle), controles(contexto), textos(contexto, loader, leitura),
+      efeitos(contexto, temaControle, loader, leitura, slides), formato(contexto, temas, loader, textos),
+      flow(contexto, agenda, loader, leitura, slides, temaControle),
+      show(contexto, stepper, temaControle), teclas(contexto, stepper, flow, agenda, leitura, slides) {
   show.FechaVideo = [this] { flow.cancelaWMP(); };
   contexto.descreve = [this] {
-    painel.situacao = DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo()});
+    painel.situacao = DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo(), slides.Documento()});
   };
 }
 
@@ -34,10 +35,13 @@ void ConsoleCore::PaginaVoltou(Alvo qual) {
   loader.PaginaVoltou(qual);
   leitura.PaginaVoltou(qual);
   textos.PaginaVoltou(qual);
+  slides.PaginaVoltou(qual);
   show.PaginaVoltou(qual);
 }
 
 void ConsoleCore::PreviaMudou() {
+  if (estado.TelaPronta && slides.Visible())
+    slides.PreviaMudou();
   if (!estado.TelaPronta || !estado.PaginaDeTexto())
     return;
   contexto.EnviaTamanhoDaFonte(Alvo::Previa);
@@ -63,6 +67,11 @@ int ConsoleCore::VersoNoTelao() const {
 
 void ConsoleCore::TelaMudou() {
   loader.AjustaQuadro();
+  if (slides.Visible()) {
+    slides.CarregarSlides(estado.SlideAtual, 0);
+    contexto.Atualiza();
+    return;
+  }
   const int noTelao = VersoNoTelao();
   int noQuadro = std::exchange(estado.EstrofeAtual, noTelao > 0 ? noTelao : -1);
   const bool adiante = noQuadro != estado.EstrofeAtual;
@@ -86,6 +95,20 @@ void ConsoleCore::TelaMudou() {
   // Ctrl was let go meanwhile, and what went out was the projection's verse, which stood in the frame then.
   if (noQuadro > 0 && estado.EnviarAoTelao)
     stepper.MouseUp_Finaliza(false, false);
+}
+
+void ConsoleCore::TelaoRefeito() {
+  constexpr int Telao = 1;
+  if (slides.Visible()) {
+    slides.CarregarSlides(estado.SlideAtual, Telao);
+    return;
+  }
+  if (show.EstaNoTelao()) {
+    show.TelaoRefeito();
+    return;
+  }
+  paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, Telao);
+  leitura.ReenviaVersiculo(); // of a passage the builder only tells the preview
 }
 
 PageBuilder::Hosts ConsoleCore::Hosts(const ConsoleDoors &doors) {

@@ -4,6 +4,7 @@
 #include "console/agenda_desk.h"
 #include "console/bible_loader.h"
 #include "console/console_context.h"
+#include "console/control_slides.h"
 #include "console/effect_controls.h"
 #include "console/key_table.h"
 #include "console/presentation_flow.h"
@@ -51,6 +52,7 @@ public:
   LyricsComposer letras;
   BibleComposer biblia;
   PageBuilder paginas;
+  SlidePages paginasDeSlides;
   ConsoleContext contexto; // `contexto.view` is set when the window stands
   ThemeStore loja;
   BibleStore lojaBiblia;
@@ -59,6 +61,7 @@ public:
   ThemeControl temaControle;
   SongLoader loader;
   BibleLoader leitura;
+  ControlSlides slides;
   ScreenControls controles;
   TextControls textos;
   EffectControls efeitos;
@@ -73,6 +76,8 @@ public:
   void PreviaMudou();
   // The projection changed its size: the item on show is fitted to it and its page built anew.
   void TelaMudou();
+  // The projection's window was made anew: it gets the page of the item on show.
+  void TelaoRefeito();
 
 private:
   int VersoNoTelao() const;

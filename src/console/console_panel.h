@@ -92,6 +92,8 @@ struct PainelConsole {
   ServidorDeLegendas Legendas = ServidorDeLegendas::Desligado; // caption server
   SituacaoDaTela situacao;         // made of the records whenever the console is brought up to date
 
+  int SlideEscolhido = 0; // of the slides on show, from 1: ahead of the projection while Ctrl is held
+
   PainelBiblia biblia;
   PainelSlideShow slideShow;
   QString LbVersao;                // "Tradução: " and the version's name

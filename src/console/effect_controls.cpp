@@ -1,6 +1,7 @@
 #include "console/effect_controls.h"
 
 #include "console/bible_loader.h"
+#include "console/control_slides.h"
 #include "console/song_loader.h"
 #include "console/theme_control.h"
 #include "display/effects.h"
@@ -23,18 +24,25 @@ QString VarianteDe(GrupoEfeito grupo, const QString &familia, const QString &ant
 
 } // namespace
 
-EffectControls::EffectControls(ConsoleContext &console, ThemeControl &temas, SongLoader &loader, BibleLoader &leitura)
-    : m_console(console), m_temas(temas), m_loader(loader), m_leitura(leitura) {}
+EffectControls::EffectControls(ConsoleContext &console, ThemeControl &temas, SongLoader &loader, BibleLoader &leitura,
+                               ControlSlides &slides)
+    : m_console(console), m_temas(temas), m_loader(loader), m_leitura(leitura), m_slides(slides) {}
+
+const TemaRecord &EffectControls::Visual() const {
+  return m_slides.Visible() ? m_slides.Visual() : m_console.estado.TemaAtual;
+}
+
+TemaRecord &EffectControls::Visual() { return m_slides.Visible() ? m_slides.Visual() : m_console.estado.TemaAtual; }
 
 void EffectControls::Terminou() {
-  if (m_console.view && m_console.faixa.Label1Visible)
+  if (m_console.view && (m_console.faixa.Label1Visible || m_slides.Visible()))
     m_console.view->FocusStrip();
 }
 
 void EffectControls::ComboEfeitoImagem(const QString &familia) {
   if (!Carregado())
     return;
-  TemaRecord &tema = m_console.estado.TemaAtual;
+  TemaRecord &tema = Visual();
   tema.Efeito_Imagem_Fx = familia;
   ComboEfeitoImagemExtra(VarianteDe(GrupoEfeito::Imagem, familia, tema.Efeito_Imagem_FxExtra));
 }
@@ -42,7 +50,7 @@ void EffectControls::ComboEfeitoImagem(const QString &familia) {
 void EffectControls::ComboEfeitoImagemExtra(const QString &variante) {
   if (!Carregado())
     return;
-  m_console.estado.TemaAtual.Efeito_Imagem_FxExtra = variante;
+  Visual().Efeito_Imagem_FxExtra = variante;
   EnviaEfeitoDaImagem();
   updateEfeitos2();
   Terminou();
@@ -50,7 +58,7 @@ void EffectControls::ComboEfeitoImagemExtra(const QString &variante) {
 
 // One draw for both pages, so that a "Random" shows the operator what the congregation sees.
 void EffectControls::EnviaEfeitoDaImagem(Alvo alvo) {
-  const TemaRecord &tema = m_console.estado.TemaAtual;
+  const TemaRecord &tema = Visual();
   const QString fx = EfeitoCycle(tema.Efeito_Imagem_Fx, tema.Efeito_Imagem_FxExtra, m_console.random);
   if (alvo != Alvo::Telao)
     CallPageScript(m_console.previa(), QStringLiteral("ChangeOptions"), QStringLiteral("fx"), fx);
@@ -61,7 +69,7 @@ void EffectControls::EnviaEfeitoDaImagem(Alvo alvo) {
 void EffectControls::ComboEfeitoTexto(const QString &familia) {
   if (!Carregado())
     return;
-  TemaRecord &tema = m_console.estado.TemaAtual;
+  TemaRecord &tema = Visual();
   tema.Efeito_Texto_Fx = familia;
   ComboEfeitoTextoExtra(VarianteDe(GrupoEfeito::Texto, familia, tema.Efeito_Texto_FxExtra));
 }
@@ -70,7 +78,7 @@ void EffectControls::ComboEfeitoTexto(const QString &familia) {
 void EffectControls::ComboEfeitoTextoExtra(const QString &variante) {
   if (!Carregado())
     return;
-  m_console.estado.TemaAtual.Efeito_Texto_FxExtra = variante;
+  Visual().Efeito_Texto_FxExtra = variante;
   updateEfeitos2();
   Terminou();
 }
@@ -90,6 +98,11 @@ void EffectControls::ImagemDaGaleria(const QString &path, bool move) {
   EstadoConsole &estado = m_console.estado;
   if (!Carregado())
     return;
+  if (estado.EhSlides()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
+                             QStringLiteral("Not applicable during slideshow display."));
+    return;
+  }
   estado.FundoPreso = true;
   ChkMoveImagem(move);
   m_temas.ExibirImagem(path, true);
@@ -98,7 +111,7 @@ void EffectControls::ImagemDaGaleria(const QString &path, bool move) {
 
 void EffectControls::EnviaMovimento(Alvo alvo) {
   m_console.SetPageStyle(QStringLiteral("img"), QStringLiteral("animation-play-state"),
-                         m_console.estado.TemaAtual.MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"),
+                         Visual().MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"),
                          alvo);
 }
 
@@ -125,33 +138,33 @@ void EffectControls::ChkZoomTexto(bool ligado) {
 void EffectControls::slider1(int porCento) {
   if (!Carregado())
     return;
-  m_console.estado.TemaAtual.brightness = std::clamp(porCento, 0, MaiorFiltro);
+  Visual().brightness = std::clamp(porCento, 0, MaiorFiltro);
   updateEfeitos();
 }
 
 void EffectControls::slider3(int porCento) {
   if (!Carregado())
     return;
-  m_console.estado.TemaAtual.contrast = std::clamp(porCento, 0, MaiorFiltro);
+  Visual().contrast = std::clamp(porCento, 0, MaiorFiltro);
   updateEfeitos();
 }
 
 void EffectControls::slider4(int porCento) {
   if (!Carregado())
     return;
-  m_console.estado.TemaAtual.saturate = std::clamp(porCento, 0, MaiorFiltro);
+  Visual().saturate = std::clamp(porCento, 0, MaiorFiltro);
   updateEfeitos();
 }
 
 void EffectControls::slider5(int pixels) {
   if (!Carregado())
     return;
-  m_console.estado.TemaAtual.blur = std::clamp(pixels, 0, MaiorDesfoque);
+  Visual().blur = std::clamp(pixels, 0, MaiorDesfoque);
   updateEfeitos();
 }
 
 void EffectControls::updateEfeitos(Alvo alvo) {
-  const TemaRecord &tema = m_console.estado.TemaAtual;
+  const TemaRecord &tema = Visual();
   m_console.ScriptNasPaginas(QStringLiteral("SetAttributeByClass('efeitos','style','filter: blur(%1px) brightness(%2%) "
                                             "contrast(%3%) saturate(%4%)')")
                                  .arg(tema.blur)
@@ -171,8 +184,11 @@ void EffectControls::SelectColors1() {
   if (!Carregado())
     return;
   const std::optional<qint32> cor =
-      m_console.prompt.PickColour(QStringLiteral("Background colour"), estado.TemaAtual.CordeFundo);
-  if (cor) {
+      m_console.prompt.PickColour(QStringLiteral("Background colour"), Visual().CordeFundo);
+  if (cor && estado.EhSlides()) { // whose background is the picture
+    Visual().CordeFundo = *cor;
+    updateEfeitos2();
+  } else if (cor) {
     estado.TemaAtual.CordeFundo = *cor;
     if (estado.TemaAtual.Tipo != u"CorDeFundo")
       m_temas.DefineTipo(QStringLiteral("CorDeFundo"));
@@ -189,10 +205,9 @@ void EffectControls::EnviaCorDeFundo(Alvo alvo) {
 }
 
 void EffectControls::ComboFontes(const QString &fonte) {
-  EstadoConsole &estado = m_console.estado;
-  if (!Carregado() || fonte.isEmpty() || fonte == estado.TemaAtual.Font_Name)
+  if (!Carregado() || fonte.isEmpty() || fonte == Visual().Font_Name)
     return;
-  estado.TemaAtual.Font_Name = fonte;
+  Visual().Font_Name = fonte;
   EnviaFonte();
   // Another font has other widths: what is on show is fitted anew.
   m_loader.RecarregaMusica(true);
@@ -204,18 +219,19 @@ void EffectControls::ComboFontes(const QString &fonte) {
 // The one property, not the whole style: text that is hidden stays hidden.
 void EffectControls::EnviaFonte(Alvo alvo) {
   m_console.SetPageStyle(QStringLiteral("texto"), QStringLiteral("font-family"),
-                         u'"' + EscapaApostrofos(m_console.estado.TemaAtual.Font_Name) + u'"', alvo);
+                         u'"' + EscapaApostrofos(Visual().Font_Name) + u'"', alvo);
 }
 
 void EffectControls::PaginaVoltou(Alvo qual) {
   const EstadoConsole &estado = m_console.estado;
-  if (!estado.PaginaDeTexto())
+  const bool slides = estado.EhSlides() && estado.PaginaDeSlides();
+  if (!estado.PaginaDeTexto() && !slides)
     return;
   EnviaFonte(qual);
   updateEfeitos(qual);
-  if (estado.TemaAtual.Tipo == u"CorDeFundo")
+  if (!slides && estado.TemaAtual.Tipo == u"CorDeFundo")
     EnviaCorDeFundo(qual);
-  if (estado.TemaAtual.Tipo != u"Imagem")
+  if (!slides && estado.TemaAtual.Tipo != u"Imagem")
     return;
   EnviaEfeitoDaImagem(qual);
   if (!estado.ImagensCongeladas)

@@ -5,15 +5,19 @@
 namespace tolmira {
 
 class BibleLoader;
+class ControlSlides;
 class SongLoader;
 class ThemeControl;
 enum class GrupoEfeito;
 
-// Effects, filters, font and background colour of the theme in force. They are changed for this session only: applying
-// a theme brings back what it says. A value given before the console has loaded is dropped.
+// Effects, filters, font and background colour of the theme in force, or of the slide document on show. They are changed
+// for this session only: applying a theme, or showing the document anew, brings back what it says. A value given before the console has loaded is dropped.
 class EffectControls {
 public:
-  EffectControls(ConsoleContext &console, ThemeControl &temas, SongLoader &loader, BibleLoader &leitura);
+  EffectControls(ConsoleContext &console, ThemeControl &temas, SongLoader &loader, BibleLoader &leitura,
+                 ControlSlides &slides);
+
+  const TemaRecord &Visual() const; // what they belong to now
 
   // Families and variants by their names in the catalogue. Picture effects reach the pages at once, text effects come
   // with the next verse. A new family keeps the variant if it has one of that name, else it begins with "Random".
@@ -47,6 +51,7 @@ public:
   static constexpr int MaiorDesfoque = 20; // pixels
 
 private:
+  TemaRecord &Visual();
   bool Carregado() const { return m_console.estado.ConsoleCarregado; }
   void EnviaEfeitoDaImagem(Alvo alvo = Alvo::Ambas);
   void EnviaMovimento(Alvo alvo = Alvo::Ambas);
@@ -58,6 +63,7 @@ private:
   ThemeControl &m_temas;
   SongLoader &m_loader;
   BibleLoader &m_leitura;
+  ControlSlides &m_slides;
 };
 
 } // namespace tolmira

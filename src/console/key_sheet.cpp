@@ -51,6 +51,7 @@ std::vector<GrupoDeAtalhos> Folha() {
        {Tecla(QObject::tr("Down or Right"), QObject::tr("Next verse; the first press shows verse 1")),
         Tecla(QObject::tr("Up or Left"), QObject::tr("Previous verse")),
         Tecla(QObject::tr("Ctrl, held"), QObject::tr("Holds the projection; letting go sends the verse")),
+        Tecla(QObject::tr("PageDown, PageUp"), QObject::tr("Next and previous slide; Home and End: first and last")),
         Tecla(QObject::tr("PageUp, PageDown"), QObject::tr("Style and the other sliders, on a slider"))}},
       {QObject::tr("The screen"), Estados()},
       {QObject::tr("The agenda"), Agenda()},

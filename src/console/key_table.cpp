@@ -5,8 +5,42 @@
 namespace tolmira {
 
 KeyTable::KeyTable(ConsoleContext &console, VerseStepper &stepper, PresentationFlow &flow, AgendaDesk &agenda,
-                   BibleLoader &leitura)
-    : m_console(console), m_stepper(stepper), m_flow(flow), m_agenda(agenda), m_leitura(leitura) {}
+                   BibleLoader &leitura, ControlSlides &slides)
+    : m_console(console), m_stepper(stepper), m_flow(flow), m_agenda(agenda), m_leitura(leitura), m_slides(slides) {}
+
+// The paging keys are those of hand-held presenters too. In a list that has the focus they are the list's.
+bool KeyTable::TeclaDeSlide(int key, bool onList) {
+  switch (key) {
+  case Qt::Key_Down:
+  case Qt::Key_Right:
+    m_slides.Passo(1);
+    return true;
+  case Qt::Key_Up:
+  case Qt::Key_Left:
+    m_slides.Passo(-1);
+    return true;
+  default:
+    break;
+  }
+  if (onList)
+    return false;
+  switch (key) {
+  case Qt::Key_PageDown:
+    m_slides.Passo(1);
+    return true;
+  case Qt::Key_PageUp:
+    m_slides.Passo(-1);
+    return true;
+  case Qt::Key_Home:
+    m_slides.Escolhe(1);
+    return true;
+  case Qt::Key_End:
+    m_slides.Escolhe(m_slides.Documento().Count());
+    return true;
+  default:
+    return false;
+  }
+}
 
 bool KeyTable::KeyDown(int key, bool ctrl, bool onList) {
   if (ctrl) {
@@ -20,6 +54,8 @@ bool KeyTable::KeyDown(int key, bool ctrl, bool onList) {
     }
   }
 
+  if (m_slides.Visible() && TeclaDeSlide(key, onList))
+    return true;
   const bool biblia = m_console.estado.TipoAtual == u"Bíblia";
   const bool label1 = m_console.faixa.Label1Visible;
   if (biblia && (key == Qt::Key_Up || key == Qt::Key_Left || key == Qt::Key_Down || key == Qt::Key_Right)) {
@@ -62,6 +98,8 @@ bool KeyTable::KeyUp(int key) {
   if (key != Qt::Key_Control)
     return false;
   m_stepper.CtrlUp();
+  if (m_slides.Visible())
+    m_slides.SoltouCtrl();
   return true;
 }
 

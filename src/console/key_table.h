@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "console/bible_loader.h"
+#include "console/control_slides.h"
 #include "console/presentation_flow.h"
 #include "console/stepping.h"
 
@@ -12,7 +13,7 @@ namespace tolmira {
 class KeyTable {
 public:
   KeyTable(ConsoleContext &console, VerseStepper &stepper, PresentationFlow &flow, AgendaDesk &agenda,
-           BibleLoader &leitura);
+           BibleLoader &leitura, ControlSlides &slides);
 
   // `onList`: the list of the agenda has the focus. True when the key was used.
   bool KeyDown(int key, bool ctrl, bool onList);
@@ -23,11 +24,14 @@ public:
   std::function<void(int index)> AddBar;
 
 private:
+  bool TeclaDeSlide(int key, bool onList);
+
   ConsoleContext &m_console;
   VerseStepper &m_stepper;
   PresentationFlow &m_flow;
   AgendaDesk &m_agenda;
   BibleLoader &m_leitura;
+  ControlSlides &m_slides;
 };
 
 } // namespace tolmira

@@ -15,8 +15,6 @@ QString SemCarregador(int kind) {
   switch (kind) {
   case 4:
     return QStringLiteral("Videos cannot be shown yet.");
-  case 5:
-    return QStringLiteral("Slides cannot be shown yet.");
   default:
     return {};
   }
@@ -29,8 +27,8 @@ bool IsHymn(const AppFolder &app, const QString &title) {
 } // namespace
 
 PresentationFlow::PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader,
-                                   BibleLoader &leitura, ThemeControl &temas)
-    : m_console(console), m_agenda(agenda), m_loader(loader), m_leitura(leitura), m_temas(temas) {}
+                                   BibleLoader &leitura, ControlSlides &slides, ThemeControl &temas)
+    : m_console(console), m_agenda(agenda), m_loader(loader), m_leitura(leitura), m_slides(slides), m_temas(temas) {}
 
 void PresentationFlow::ShowEntry(int kind, int index, const QString &caption, const QString &name) {
   Q_UNUSED(index);
@@ -49,28 +47,20 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
   }
 
   if (kind == 6 && !name.isEmpty() && !FileExists(name)) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
+    m_console.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
     return;
   }
   FechaSlideShow();
   cancelaWMP();
 
-  if (kind == 6 && !name.isEmpty()) {
-    painel.CommandBtEnabled = true;
-    if (controleDeShows.abre)
-      controleDeShows.abre(name);
-  } else if (!name.isEmpty()) {
-    const bool applyTheme = m_temas.CheckAlteraTemaAleatorio() || estado.ProximoTema != SemTemaNaFila;
-    const QString alinhamento = LeAlinhamentoVertical(m_console.store);
-    const bool shown = kind == 1 ? m_leitura.exibeTextoBiblico(name, applyTheme, true)
-                                 : m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true);
-    if (!shown)
+  if (!name.isEmpty()) {
+    if (!Carrega(kind, caption, name))
       return;
     painel.SliderExBibliaVisible = kind == 1;
-    painel.SliderExLouvorVisible = kind != 1;
+    painel.SliderExLouvorVisible = kind != 1 && kind != 5 && kind != 6;
     painel.LbFaixaVisible = kind == 2;
-    painel.CommandBtEnabled = true;
-    painel.DefineAlinhamentoVertical(alinhamento);
+    painel.CommandBtEnabled = kind != 5;
+    painel.DefineAlinhamentoVertical(LeAlinhamentoVertical(m_console.store));
   }
   painel.ComboFontSizeVisible = estado.EhLetra() && m_console.ajustes.AlinhamentoVertical == u"center";
   m_console.Atualiza();
@@ -83,6 +73,46 @@ void PresentationFlow::FechaSlideShow() {
     return;
   m_console.painel.PicAviso2 = false;
   m_console.yielder.Yield(1);
+}
+
+bool PresentationFlow::Carrega(int kind, const QString &caption, const QString &name) {
+  if (kind == 6)
+    return CarregaShow(name);
+  if (kind != 5)
+    return CarregaTexto(kind, caption, name);
+  const QString path = m_slides.Resolve(name);
+  if (path.isEmpty()) {
+    m_console.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
+    return false;
+  }
+  return m_slides.Exibe(path, caption);
+}
+
+bool PresentationFlow::CarregaShow(const QString &path) {
+  const bool depoisDeSlides = m_slides.Visible();
+  if (controleDeShows.abre)
+    controleDeShows.abre(path);
+  if (depoisDeSlides && !m_slides.Visible())
+    m_slides.Fecha();
+  return controleDeShows.abre != nullptr;
+}
+
+bool PresentationFlow::CarregaTexto(int kind, const QString &caption, const QString &name) {
+  EstadoConsole &estado = m_console.estado;
+  // Slides have a look of their own. Behind them the theme in force comes back as it is stored, unless a picture was
+  // placed by hand; the loader builds its page, since the one of the slides takes no verses.
+  const bool depoisDeSlides = m_slides.Visible();
+  if (depoisDeSlides && !estado.FundoPreso)
+    m_temas.TrocaTema(estado.IndiceTema);
+  const bool applyTheme =
+      !depoisDeSlides && (m_temas.CheckAlteraTemaAleatorio() || estado.ProximoTema != SemTemaNaFila);
+  const bool shown = kind == 1 ? m_leitura.exibeTextoBiblico(name, applyTheme, true)
+                               : m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true);
+  if (depoisDeSlides && shown)
+    m_slides.Fecha();
+  else if (depoisDeSlides)
+    m_temas.StopRotation();
+  return shown;
 }
 
 void PresentationFlow::PorNaLista(const QString &label, int kind, const QString &target, QString &message) {
@@ -152,10 +182,11 @@ void PresentationFlow::ProcessaEditar(const QString &oldName, const QString &new
 
 void PresentationFlow::ProcessaEditarSlide(const QString &oldName, const QString &newName) {
   const QString oldTitle = BaseNameBefore(oldName, QStringLiteral("."));
-  if (oldName == newName)
-    return;
-  m_agenda.RenameInAgendas(oldTitle, newName, 5);
-  m_agenda.RenameOnScreen(5, oldTitle, BaseNameBefore(newName, QStringLiteral(".")), newName);
+  if (oldName != newName) {
+    m_agenda.RenameInAgendas(oldTitle, newName, 5);
+    m_agenda.RenameOnScreen(5, oldTitle, BaseNameBefore(newName, QStringLiteral(".")), newName);
+  }
+  m_slides.DocumentoMudou(oldName, newName);
 }
 
 } // namespace tolmira

@@ -5,6 +5,7 @@
 #include "console/agenda_desk.h"
 #include "console/bible_loader.h"
 #include "console/console_context.h"
+#include "console/control_slides.h"
 #include "console/presentation.h"
 #include "console/song_loader.h"
 #include "console/theme_control.h"
@@ -15,7 +16,7 @@ namespace tolmira {
 class PresentationFlow : public Presentation {
 public:
   PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, BibleLoader &leitura,
-                   ThemeControl &temas);
+                   ControlSlides &slides, ThemeControl &temas);
 
   void ShowEntry(int kind, int index, const QString &caption, const QString &name) override;
   void PorNaLista(const QString &label, int kind, const QString &target, QString &message) override;
@@ -42,11 +43,15 @@ public:
 private:
   void FechaSlideShow();
   void Mostra(int kind, const QString &caption, const QString &name);
+  bool Carrega(int kind, const QString &caption, const QString &name);
+  bool CarregaShow(const QString &path);
+  bool CarregaTexto(int kind, const QString &caption, const QString &name);
 
   ConsoleContext &m_console;
   AgendaDesk &m_agenda;
   SongLoader &m_loader;
   BibleLoader &m_leitura;
+  ControlSlides &m_slides;
   ThemeControl &m_temas;
 };
 

@@ -13,7 +13,9 @@ const QString Ready = QStringLiteral("ready");
 const QString Held = QStringLiteral("held");
 const QString Off = QStringLiteral("off");
 
-bool TextoNoConsole(const OlharDaTela &olhar) { return olhar.faixa.Label1Visible || olhar.painel.biblia.Visible; }
+bool TextoNoConsole(const OlharDaTela &olhar) {
+  return olhar.faixa.Label1Visible || olhar.painel.biblia.Visible || olhar.estado.EhSlides();
+}
 
 // Ctrl is down: the console walks ahead and the projection stands.
 bool Preso(const OlharDaTela &olhar) {
@@ -37,6 +39,14 @@ void DizDoShow(const PainelSlideShow &show, SituacaoDaTela &dita) {
   dita.LbEstadoTela = show.Parado ? QObject::tr("SHOW PAUSED") : QObject::tr("SLIDE SHOW");
   dita.CorDoEstado = show.Parado ? Held : Live;
   dita.LbDetalheTela = show.Imagem;
+}
+
+QString QualSaiu(const EstadoConsole &estado) {
+  if (estado.EhLetra() && estado.EstrofeAtual > 0)
+    return QObject::tr("Verse %1 of %2").arg(estado.EstrofeAtual).arg(estado.TotalEstrofes);
+  if (estado.EhSlides() && estado.SlideAtual > 0)
+    return QObject::tr("Slide %1 of %2").arg(estado.SlideAtual).arg(estado.TotalSlides);
+  return estado.TipoAtual == u"Bíblia" ? estado.ReferenciaAtual : QString();
 }
 
 void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
@@ -65,10 +75,7 @@ void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   else if (estado.VersoHtmlAtual.isEmpty() && !SemVersos(estado.TipoAtual))
     diz(QObject::tr("LIVE, NO TEXT"), Ready, QString());
   else
-    diz(QObject::tr("LIVE"), Live,
-        estado.EhLetra() && estado.EstrofeAtual > 0
-            ? QObject::tr("Verse %1 of %2").arg(estado.EstrofeAtual).arg(estado.TotalEstrofes)
-            : estado.TipoAtual == u"Bíblia" ? estado.ReferenciaAtual : QString());
+    diz(QObject::tr("LIVE"), Live, QualSaiu(estado));
   if (olhar.painel.Ensaio) {
     const std::vector<OpcaoDeTela> &telas = olhar.painel.telas;
     const bool porEscolha = !telas.empty() && !telas.front().marcada;
@@ -102,6 +109,21 @@ QString ProximoDaPassagem(const OlharDaTela &olhar, bool preso) {
   return QObject::tr("Last verse of the chapter");
 }
 
+QString NomeDoSlide(const SlideDocument &slides, int index) {
+  const Slide &slide = slides.Em(index);
+  const QString texto = (slide.Titulo.trimmed().isEmpty() ? slide.Texto : slide.Titulo).simplified();
+  return texto.isEmpty() ? QObject::tr("slide %1").arg(index) : QObject::tr("slide %1, %2").arg(QString::number(index), texto);
+}
+
+QString ProximoDosSlides(const OlharDaTela &olhar, bool preso) {
+  const int escolhido = olhar.painel.SlideEscolhido;
+  if (preso && olhar.slides.Tem(escolhido))
+    return QObject::tr("On release: %1").arg(NomeDoSlide(olhar.slides, escolhido));
+  if (olhar.slides.Tem(escolhido + 1))
+    return QObject::tr("Next: %1").arg(NomeDoSlide(olhar.slides, escolhido + 1));
+  return QObject::tr("Last slide");
+}
+
 // The chosen entry is what stands on the console, or the passage that the operator walked on from.
 bool EstaNoConsole(const OlharDaTela &olhar) {
   const ListTarefas &lista = olhar.lista;
@@ -118,7 +140,9 @@ void DizOQueVem(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   const QString escolhida = lista.HasSelection() ? lista.SelectedName() : QString();
   const bool item = !olhar.painel.Label9.isEmpty();
   QStringList depois;
-  if (olhar.painel.biblia.Visible)
+  if (olhar.estado.EhSlides())
+    dita.LbProximo = ProximoDosSlides(olhar, preso);
+  else if (olhar.painel.biblia.Visible)
     dita.LbProximo = ProximoDaPassagem(olhar, preso);
   else if (olhar.faixa.Label1Visible && olhar.estado.TotalEstrofes > 0)
     dita.LbProximo = ProximoDaMusica(olhar, preso);

@@ -6,6 +6,7 @@
 #include "console/agenda.h"
 #include "console/console_panel.h"
 #include "display/estado.h"
+#include "slides/slide_document.h"
 
 namespace tolmira {
 
@@ -16,6 +17,7 @@ struct OlharDaTela {
   const FaixaTexto &faixa;
   const ListTarefas &lista;      // of the active agenda
   const QStringList &capitulo;   // of the passage on the console; element n is verse n with its number
+  const SlideDocument &slides;   // on the console
 };
 
 // The state of the projection in words: what is out, what the next key brings, what comes after it, who listens.

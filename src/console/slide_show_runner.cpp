@@ -10,6 +10,7 @@ namespace tolmira {
 namespace {
 
 const QString SlideShow = QStringLiteral("SlideShow");
+constexpr QStringView PaginaDoShow = u"\\html\\sshow.html";
 constexpr int VolumeDoAudio = 50;
 constexpr int TempoLimiteSegundos = 8;
 
@@ -142,8 +143,14 @@ void SlideShowRunner::ImagemMudou(const QString &nome) {
 }
 
 void SlideShowRunner::PaginaVoltou(Alvo qual) {
-  if (m_console.estado.PaginaAtual == u"sshow.html" && Parado())
+  if (EstaNoTelao() && Parado())
     m_console.ScriptNasPaginas(QStringLiteral("Pause()"), qual);
+}
+
+void SlideShowRunner::TelaoRefeito() {
+  if (PageObject *pagina = m_console.Pagina(Alvo::Telao))
+    pagina->Navigate(m_console.app.At(PaginaDoShow), TempoLimiteSegundos);
+  PaginaVoltou(Alvo::Telao);
 }
 
 void SlideShowRunner::Fecha() {
@@ -153,8 +160,8 @@ void SlideShowRunner::Fecha() {
   ParaAudio();
   estado.SlideShowAtivo.clear();
   painel.slideShow = {};
-  // A song or a passage that lay beneath is not on the console any more, so nothing is on show then.
-  const bool textoAbaixo = m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Bíblia";
+  // A song, a passage or slides that lay beneath are not on the console any more, so nothing is on show then.
+  const bool textoAbaixo = m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Bíblia" || m_tipoAbaixo == u"Slides";
   if (estado.TelaPronta) {
     bool forcar = true;
     m_temas.aplicaTema(estado.IndiceTema, forcar);

@@ -225,7 +225,7 @@ void SongLoader::ReenviaVerso() {
 
 void SongLoader::PaginaVoltou(Alvo qual) {
   EstadoConsole &estado = m_console.estado;
-  if (!estado.PaginaDeTexto())
+  if (!estado.PaginaDeTexto() && !estado.PaginaDeSlides())
     return;
   const bool oculto = estado.EstadoTela == u"OcultarTexto";
   m_console.ChamaPaginas(QStringLiteral("ChangeCSS"), QStringLiteral("texto"), QStringLiteral("display"),

@@ -268,13 +268,14 @@ void VerseStepper::FinalizaBiblia(bool soltouCtrl) {
 void VerseStepper::CtrlDown() {
   EstadoConsole &estado = m_console.estado;
   PainelConsole &painel = m_console.painel;
-  const bool textShown = m_console.faixa.Label1Visible || painel.biblia.Visible;
+  const bool textShown = m_console.faixa.Label1Visible || painel.biblia.Visible || estado.EhSlides();
   if (!textShown || estado.EstadoTela != u"Normal")
     return;
   estado.EnviarAoTelao = false;
   painel.PicDica3 = true;
-  painel.PicDica3Texto = estado.TipoAtual == u"Bíblia" ? QStringLiteral("Navigate to the desired verse,")
-                                                        : QStringLiteral("Place the text in the desired position,");
+  painel.PicDica3Texto = estado.EhSlides()                ? QStringLiteral("Navigate to the desired slide,")
+                         : estado.TipoAtual == u"Bíblia" ? QStringLiteral("Navigate to the desired verse,")
+                                                         : QStringLiteral("Place the text in the desired position,");
   painel.PicDica2 = false;
   painel.PicDica4 = false;
   m_console.Atualiza();
@@ -285,6 +286,8 @@ void VerseStepper::CtrlUp() {
   estado.EnviarAoTelao = estado.TelaPronta;
   m_console.painel.PicDica3 = false;
   m_console.Atualiza();
+  if (estado.EhSlides())
+    return;
   if (estado.TipoAtual == u"Bíblia") {
     if (estado.EnviarAoTelao)
       FinalizaBiblia(true);

@@ -226,7 +226,7 @@ void TextControls::Image5(int alinhamento) {
 }
 
 void TextControls::PaginaVoltou(Alvo qual) {
-  if (!m_console.estado.PaginaDeTexto())
+  if (!m_console.estado.PaginaDeTexto() && !m_console.estado.PaginaDeSlides())
     return;
   EnviaAlinhamentoVertical(qual);
   if (m_console.estado.EhLetra())

@@ -41,6 +41,8 @@ void ThemeControl::aplicaTema(int n, bool &forcar) {
   if (estado.EhLetra() && m_console.faixa.Label1Visible && ReapresentaTexto) {
     ReapresentaTexto();
     forcar = true;
+  } else if (estado.EhSlides()) {
+    forcar = true;
   } else {
     if (AjustaVersiculo)
       AjustaVersiculo();
@@ -56,6 +58,11 @@ void ThemeControl::aplicaTema(int n, bool &forcar) {
 // The builder sends a song again by itself, but of a Bible verse it only tells the preview.
 void ThemeControl::MontaPagina(int posicao) {
   EstadoConsole &estado = m_console.estado;
+  if (estado.EhSlides()) { // they cover the theme, which is there again behind them
+    if (RedesenhaSlides)
+      RedesenhaSlides();
+    return;
+  }
   // While Ctrl holds the projection back, the verse in the frame is only looked at: the page gets the one that is out.
   const bool preso = estado.EhLetra() && estado.TelaPronta && !estado.EnviarAoTelao;
   const int noQuadro = preso ? std::exchange(estado.EstrofeAtual, -1) : estado.EstrofeAtual;
@@ -100,6 +107,8 @@ void ThemeControl::AplicaTemaAtual() {
   ClearQueue();
   if (m_console.view)
     m_console.view->ThemesChanged();
+  if (RefazFormato)
+    RefazFormato();
 }
 
 void ThemeControl::ClearQueue() {
@@ -123,6 +132,8 @@ void ThemeControl::DefineTimerInterval() {
 }
 
 void ThemeControl::TickTrocaImagem() {
+  if (m_console.estado.EhSlides())
+    return;
   const TemaRecord &tema = m_console.estado.TemaAtual;
   if (tema.Tipo != u"Imagem" || tema.Efeito_Imagem_timeout == u"-1") {
     m_timerTrocaImagem->Stop();

@@ -47,6 +47,9 @@ public:
   // The same for a Bible verse, and what sends it again when the page has been built; set by their owner.
   std::function<void()> AjustaVersiculo;
   std::function<void()> ReenviaVersiculo;
+  // Slides are on show: they are drawn again in place of a page of the theme; set by their owner.
+  std::function<void()> RedesenhaSlides;
+  std::function<void()> RefazFormato;    // the text-format options show another theme; may be empty
 
 private:
   void AplicaTemaAtual();

@@ -40,6 +40,10 @@ struct EstadoConsole {
   QString ModoMovimento = QStringLiteral("Normal"); // "Normal", "Acima", "Abaixo"
   bool EnviarAoTelao = false;
 
+  // slides: ControlSlides
+  int SlideAtual = 0; // on the projection, from 1; 0 means none
+  int TotalSlides = 0;
+
   QString SlideShowAtivo; // "True" while the remote of a slide show is open: slide show runner
 
   // the projection
@@ -66,10 +70,12 @@ struct EstadoConsole {
       TipoAtual = tipo;
     }
   }
+  bool EhSlides() const { return TipoAtual == u"Slides"; }
   // The page on the projection takes verses.
   bool PaginaDeTexto() const {
     return PaginaAtual == u"backcolor.html" || PaginaAtual == u"imagem.html" || PaginaAtual == u"video.html";
   }
+  bool PaginaDeSlides() const { return PaginaAtual == u"slide"; }
   bool EhLetra() const { return TipoAtual == u"Louvor" || TipoAtual == u"Harpa"; }
 };
 

@@ -3,8 +3,11 @@
 #include "display/page_template.h"
 #include "display/slide_html.h"
 #include "display/text_style.h"
+#include "foundation/code_page.h"
+#include "foundation/real_path.h"
 #include "foundation/text_fields.h"
-#include "foundation/text_file.h"
+
+#include <QFile>
 
 namespace tolmira {
 
@@ -12,14 +15,6 @@ namespace {
 
 constexpr int LarguraSemTelao = 1280; // px
 constexpr int TamanhoBase = 36;       // points; every size of a slide's text stands in the slide's own HTML
-
-// What the pages of one document do not share.
-struct FolhaDeSlides {
-  QString nome; // of the file in the temporary folder
-  QString letra;
-  double tamanhoBase = TamanhoBase; // points
-  double escala = 1;                // of the shadow
-};
 
 // Slide n is picture n of the cycle, so a slide without a picture keeps its place by an element that shows nothing.
 QString HtmlDasImagens(const SlideDocument &documento) {
@@ -29,26 +24,41 @@ QString HtmlDasImagens(const SlideDocument &documento) {
   return html;
 }
 
-QString GravaFolha(const AppFolder &app, const IniStore &store, const EstadoConsole &estado,
-                   const AjustesTexto &ajustes, const SlideDocument &documento, int index, const FolhaDeSlides &folha,
-                   RandomSource &random) {
+// What the pages of one document do not share.
+struct FolhaDeSlides {
+  QString letra;
+  double tamanhoBase = TamanhoBase; // points
+  double escala = 1;                // of the shadow
+};
+
+// Where the values come from that no document holds.
+struct Fontes {
+  const AppFolder &app;
+  const IniStore &store;
+  const EstadoConsole &estado;
+  const AjustesTexto &ajustes;
+  RandomSource &random;
+};
+
+QString Preenche(const Fontes &fontes, const SlideDocument &documento, int index, const QString &imagens,
+                 const FolhaDeSlides &folha) {
   Preenchimento p;
-  const bool emMovimento = documento.visual.MoveImagens && !estado.ImagensCongeladas;
+  const TemaRecord &visual = documento.visual;
+  const bool emMovimento = visual.MoveImagens && !fontes.estado.ImagensCongeladas;
   const int inicial = documento.Tem(index) ? index - 1 : 0;
-  DefineImagens(p, documento.visual, {HtmlDasImagens(documento), documento.Count(), inicial, emMovimento}, random);
-  p.Define(u"fadeimage", ajustes.FadeImagem ? QStringLiteral("1") : QStringLiteral("0"));
-  p.Define(u"zoomimage", ajustes.ZoomImagem ? QStringLiteral("1") : QStringLiteral("0"));
+  DefineImagens(p, visual, {imagens, documento.Count(), inicial, emMovimento}, fontes.random);
+  p.Define(u"fadeimage", fontes.ajustes.FadeImagem ? QStringLiteral("1") : QStringLiteral("0"));
+  p.Define(u"zoomimage", fontes.ajustes.ZoomImagem ? QStringLiteral("1") : QStringLiteral("0"));
   p.Define(u"TransparenciaFaixa", QStringLiteral("0.0"));
-  DefineComum(p, app, documento.visual, estado.EstadoTela, folha.escala);
-  p.Define(u"VerticalAlign", LeAlinhamentoVertical(store));
+  DefineComum(p, fontes.app, visual, fontes.estado.EstadoTela, folha.escala);
+  p.Define(u"VerticalAlign", LeAlinhamentoVertical(fontes.store));
   p.Define(u"ComandoInicial", QString());
   p.Define(u"letra", folha.letra);
   p.Define(u"fontsize", QString::number(RoundHalfEven(folha.tamanhoBase)));
-
-  const QString caminho = TempFolder() + u'\\' + folha.nome;
-  GravaPagina(caminho, p.Preenche(LeModelo(app, QStringLiteral("imagem.html"))));
-  return caminho;
+  return p.Preenche(LeModelo(fontes.app, QStringLiteral("imagem.html")));
 }
+
+QString CaminhoDaPagina(bool previa) { return TempFolder() + (previa ? u"\\temp-pv.html" : u"\\temp.html"); }
 
 } // namespace
 
@@ -67,6 +77,7 @@ int SlidePages::LarguraPx(bool previa) const {
 void SlidePages::CarregarSlides(const SlideDocument &documento, int index, int alvo) {
   // Whatever runs during the yields may replace the document, and both pages shall show the same one.
   const SlideDocument noInicio = documento;
+  m_imagens = HtmlDasImagens(noInicio);
   m_estado.PaginaAtual = QStringLiteral("slide");
   if (alvo != 2)
     MontaAlvo(noInicio, index, false);
@@ -74,17 +85,21 @@ void SlidePages::CarregarSlides(const SlideDocument &documento, int index, int a
     MontaAlvo(noInicio, index, true);
 }
 
-void SlidePages::MontaAlvo(const SlideDocument &documento, int index, bool previa) {
-  const int larguraTelao = LarguraPx(false);
+QString SlidePages::Pagina(const SlideDocument &documento, int index, bool previa) const {
   FolhaDeSlides folha;
-  folha.nome = previa ? QStringLiteral("temp-pv.html") : QStringLiteral("temp.html");
   if (index >= 1)
     folha.letra = GetSlideTextoFormatado(documento, index, LarguraPx(previa), m_ajustes.TransparenciaFaixa);
+  const int larguraTelao = LarguraPx(false);
   if (previa) {
     folha.tamanhoBase = TamanhoNaPrevia(TamanhoBase, larguraTelao, m_hosts.larguraPrevia());
     folha.escala = larguraTelao > 0 ? m_hosts.larguraPrevia() / static_cast<double>(larguraTelao) : 1;
   }
-  const QString caminho = GravaFolha(m_app, m_store, m_estado, m_ajustes, documento, index, folha, m_random);
+  return Preenche({m_app, m_store, m_estado, m_ajustes, m_random}, documento, index, m_imagens, folha);
+}
+
+void SlidePages::MontaAlvo(const SlideDocument &documento, int index, bool previa) {
+  const QString caminho = CaminhoDaPagina(previa);
+  GravaPagina(caminho, Pagina(documento, index, previa));
   if (!previa) {
     m_canal.SendToDisplay(u"CarregaTema|#" + caminho);
     return;
@@ -94,13 +109,23 @@ void SlidePages::MontaAlvo(const SlideDocument &documento, int index, bool previ
   m_yielder.Yield(ConcessoesPorPagina);
 }
 
+// Straight into the file: a page that is read by nobody now need not wait for the disk.
+void SlidePages::AnotaPaginas(const SlideDocument &documento, int index) {
+  for (const bool previa : {false, true}) {
+    QFile file(MapStoredPath(CaminhoDaPagina(previa)).text());
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+      file.write(EncodePage(Pagina(documento, index, previa)));
+  }
+}
+
 QString MontaPaginaDoEditor(const AppFolder &app, const IniStore &store, const EstadoConsole &estado,
                             const AjustesTexto &ajustes, const SlideDocument &documento, int index, const QString &html,
                             RandomSource &random) {
   FolhaDeSlides folha;
-  folha.nome = QStringLiteral("temp-ts.html");
   folha.letra = html;
-  return GravaFolha(app, store, estado, ajustes, documento, index, folha, random);
+  const QString caminho = TempFolder() + u"\\temp-ts.html";
+  GravaPagina(caminho, Preenche({app, store, estado, ajustes, random}, documento, index, HtmlDasImagens(documento), folha));
+  return caminho;
 }
 
 } // namespace tolmira

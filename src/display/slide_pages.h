@@ -19,11 +19,16 @@ public:
   // the page shows the document as it was at the call. The document's font must be one that is installed.
   void CarregarSlides(const SlideDocument &documento, int index, int alvo);
 
+  // Writes both pages again as CarregarSlides would, without having them loaded: a page whose process dies begins with
+  // what was on show. The pictures must be those of the last CarregarSlides.
+  void AnotaPaginas(const SlideDocument &documento, int index);
+
   // Pixels that a slide's text takes its size from, on the projection or on the preview.
   int LarguraPx(bool previa) const;
 
 private:
   void MontaAlvo(const SlideDocument &documento, int index, bool previa);
+  QString Pagina(const SlideDocument &documento, int index, bool previa) const;
 
   const AppFolder &m_app;
   const IniStore &m_store;
@@ -33,6 +38,7 @@ private:
   PageBuilder::Hosts m_hosts;
   RandomSource &m_random;
   Yielder &m_yielder;
+  QString m_imagens; // of the document that was loaded last
 };
 
 // Writes the page of the slide editor's preview and returns its path; the editor has it loaded. It begins with slide

@@ -203,7 +203,7 @@ void FrmListaSlides::Command4() {
                          {QStringLiteral("Yes"), QStringLiteral("No")}) != 0)
     return;
   const int row = m_list1->currentRow();
-  if (!RemoveToTrash(CaminhoDoSlide(m_doors.store.App(), nome))) {
+  if (!RemoveFile(CaminhoDoSlide(m_doors.store.App(), nome))) {
     Diz(tr("The file could not be deleted."));
     return;
   }

@@ -1,30 +1,24 @@
 #include "slides/FrmSlides.h"
 
-#include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
-#include "controls/ui/value_slider.h"
 #include "display/page_builder.h"
 #include "foundation/file_name.h"
 #include "foundation/text_utils.h"
+#include "slides/ui/slide_fields.h"
 #include "slides/ui/slide_preview.h"
 #include "themes/picture_folder.h"
 #include "themes/ui/picture_strip.h"
 #include "themes/ui/theme_look.h"
 
-#include <QButtonGroup>
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
-#include <QSignalBlocker>
-#include <QTextCursor>
 #include <QVBoxLayout>
 
 namespace tolmira {
@@ -32,32 +26,10 @@ namespace tolmira {
 namespace {
 
 const QString BoxTitle = QStringLiteral("Tolmira");
-constexpr QSize FirstSize{1000, 560}; // stands on a screen of 1024x600
-constexpr int ExitMs = 1200;          // until the text comes back that went with its effect
-constexpr int MostFontSize = 20;      // per cent of the page's width
-constexpr int LeastSpacing = 10;      // tenths of a line; the preview reads two digits
-constexpr int MostSpacing = 30;
+constexpr QSize FirstSize{1200, 700};
+constexpr QSize Around{24, 40}; // of the screen, which stays free
+constexpr int ExitMs = 1200;    // until the text comes back that went with its effect
 enum Answer { SaveIt = 0, DropIt = 1 };
-constexpr qint16 Alinhamentos[] = {0, AlinhamentoCentrado};
-
-// Puts `texto` into the box by changing only what differs, so that the caret stays where somebody types.
-void TakeText(QPlainTextEdit *box, QString texto) {
-  texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-  const QString now = box->toPlainText();
-  if (now == texto)
-    return;
-  qsizetype start = 0;
-  while (start < now.size() && start < texto.size() && now[start] == texto[start])
-    ++start;
-  qsizetype end = 0;
-  while (end < now.size() - start && end < texto.size() - start &&
-         now[now.size() - 1 - end] == texto[texto.size() - 1 - end])
-    ++end;
-  QTextCursor cursor(box->document());
-  cursor.setPosition(static_cast<int>(start));
-  cursor.setPosition(static_cast<int>(now.size() - end), QTextCursor::KeepAnchor);
-  cursor.insertText(texto.mid(start, texto.size() - start - end));
-}
 
 void TakeText(QLineEdit *box, const QString &texto) {
   if (box->text() == texto)
@@ -74,7 +46,7 @@ FrmSlides::FrmSlides(const SlideDoors &doors, EstadoSlides &estado)
       m_draft(DraftFolder(doors.store.App()), doors.clock, [this] { return ToJson(m_editor.Draft()); }),
       m_loader(doors.store.App()) {
   setObjectName(QStringLiteral("FrmSlides"));
-  resize(FirstSize);
+  resize(FirstSize.boundedTo(screen()->availableSize() - Around));
   auto *rows = new QVBoxLayout(this);
   rows->setContentsMargins(medidas::Margin, medidas::Margin, medidas::Margin, medidas::Margin);
   rows->setSpacing(medidas::Gap);
@@ -83,7 +55,7 @@ FrmSlides::FrmSlides(const SlideDoors &doors, EstadoSlides &estado)
   desk->setSpacing(medidas::Margin);
   desk->addWidget(MakeStrip());
   desk->addWidget(MakeSlide(), 1);
-  desk->addWidget(MakeLook(), 1);
+  desk->addWidget(MakeLook());
   rows->addLayout(desk, 1);
   MakeBottom(rows);
   MakeKeys();
@@ -214,7 +186,7 @@ QWidget *FrmSlides::MakeStrip() {
   });
   connect(m_picPics, &PictureStrip::Escolhida, this, [this](int index) {
     m_editor.SelecionaSlide(index);
-    ShowSlide();
+    m_slide->Load();
     Mudou();
   });
   connect(m_intervalo, &QComboBox::activated, this, [this](int posicao) {
@@ -230,121 +202,16 @@ QWidget *FrmSlides::MakeSlide() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(medidas::Gap);
   m_preview = new SlidePreview(m_doors, panel);
-  column->addWidget(m_preview);
-  m_slide = new QWidget(panel);
-  auto *slide = new QVBoxLayout(m_slide);
-  slide->setContentsMargins(0, 0, 0, 0);
-  slide->setSpacing(medidas::Step);
-  m_text1 = new QLineEdit(m_slide);
-  m_text1->setObjectName(QStringLiteral("Text1"));
-  m_text1->setMaxLength(MaiorTextoDeSlide);
-  m_text1->setPlaceholderText(tr("Title"));
-  m_text1->setAccessibleName(tr("Title of the slide"));
-  m_text1->setToolTip(tr("Title of the slide, one line"));
-  m_text1->installEventFilter(this);
-  m_text2 = new QPlainTextEdit(m_slide);
-  m_text2->setObjectName(QStringLiteral("Text2"));
-  m_text2->setUndoRedoEnabled(false); // the document has a history of its own
-  m_text2->setTabChangesFocus(true);
-  m_text2->setPlaceholderText(tr("Text"));
-  m_text2->setAccessibleName(tr("Text of the slide"));
-  m_text2->setToolTip(tr("Text of the slide"));
-  m_text2->setMinimumHeight(48);
-  m_text2->installEventFilter(this);
-  slide->addWidget(m_text1);
-  slide->addWidget(m_text2, 1);
-  MakeSlideSettings(slide);
+  column->addWidget(m_preview, 3); // its own limit is the projection's shape
+  m_slide = new SlideFields(m_editor, panel);
   column->addWidget(m_slide, 1);
-
-  connect(m_text1, &QLineEdit::textChanged, this, [this](const QString &titulo) {
-    if (m_loading)
-      return;
-    m_editor.DefineTitulo(titulo);
+  connect(m_slide, &SlideFields::Mudou, this, [this] {
     ShowStrip();
     Mudou();
   });
-  connect(m_text2, &QPlainTextEdit::textChanged, this, [this] {
-    if (m_loading || m_editor.Indice() == 0)
-      return;
-    const QString typed = m_text2->toPlainText();
-    m_editor.DefineTexto(typed);
-    Mudou();
-    if (const QString kept = m_editor.Documento().Em(m_editor.Indice()).Texto;
-        QString(kept).replace(QStringLiteral("\r\n"), QStringLiteral("\n")) != typed) {
-      m_loading = true;
-      TakeText(m_text2, kept);
-      m_loading = false;
-      Tell(tr("The text of a slide ends at %1 characters.").arg(MaiorTextoDeSlide));
-    }
-  });
+  connect(m_slide, &SlideFields::NaoCoube, this,
+          [this] { Tell(tr("The text of a slide ends at %1 characters.").arg(MaiorTextoDeSlide)); });
   return panel;
-}
-
-ValueSlider *FrmSlides::MakeScale(QGridLayout *grid, int row, const char *name, const QString &caption, int least,
-                                  int most, QLabel *&value) {
-  auto *label = new QLabel(caption, m_slide);
-  label->setProperty("look", QStringLiteral("quiet"));
-  auto *slider = new ValueSlider(m_slide);
-  slider->setObjectName(QLatin1String(name));
-  slider->setRange(least, most);
-  slider->setAccessibleName(caption);
-  slider->setToolTip(caption);
-  value = new QLabel(m_slide);
-  value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("100%")) + medidas::Step);
-  grid->addWidget(label, row, 0);
-  grid->addWidget(slider, row, 1);
-  grid->addWidget(value, row, 2);
-  return slider;
-}
-
-void FrmSlides::MakeSlideSettings(QVBoxLayout *column) {
-  auto *row = new QHBoxLayout;
-  row->setSpacing(medidas::Gap);
-  m_check1 = new QCheckBox(tr("S&how text"), m_slide);
-  m_check1->setObjectName(QStringLiteral("Check1"));
-  m_check1->setAccessibleName(tr("Show text"));
-  m_check1->setToolTip(tr("Shows title and text over the picture"));
-  row->addWidget(m_check1);
-  row->addStretch(1);
-  auto *group = new QButtonGroup(m_slide);
-  const QString spoken[] = {tr("Text to the left"), tr("Text centred")};
-  const char *const drawings[] = {"align-left", "align-center"};
-  for (int i = 0; i < 2; ++i) {
-    m_alinhar[i] = NewIconButton(QStringLiteral("BtAlinhar%1").arg(Alinhamentos[i]), drawings[i], spoken[i], m_slide);
-    m_alinhar[i]->setCheckable(true);
-    group->addButton(m_alinhar[i]);
-    row->addWidget(m_alinhar[i]);
-    connect(m_alinhar[i], &QPushButton::clicked, this, [this, i] {
-      m_editor.DefineAlinhamento(Alinhamentos[i]);
-      Mudou();
-    });
-  }
-  column->addLayout(row);
-  auto *grid = new QGridLayout;
-  grid->setHorizontalSpacing(medidas::Gap);
-  grid->setVerticalSpacing(0);
-  m_sliderFontSize = MakeScale(grid, 0, "sliderFontSize", tr("Text size"), 1, MostFontSize, m_valorFontSize);
-  m_slider5 = MakeScale(grid, 1, "slider5", tr("Line height"), LeastSpacing, MostSpacing, m_valor5);
-  grid->setColumnStretch(1, 1);
-  column->addLayout(grid);
-
-  connect(m_check1, &QCheckBox::clicked, this, [this](bool on) {
-    m_editor.DefineIncluirTexto(on);
-    Mudou();
-  });
-  connect(m_sliderFontSize, &ValueSlider::Changed, this, [this](int value) {
-    if (m_loading)
-      return;
-    m_editor.DefineFontSize(static_cast<qint16>(value));
-    Mudou();
-  });
-  connect(m_slider5, &ValueSlider::Changed, this, [this](int value) {
-    if (m_loading)
-      return;
-    m_editor.DefineEspacamento(static_cast<qint16>(value));
-    Mudou();
-  });
 }
 
 QWidget *FrmSlides::MakeLook() {
@@ -454,9 +321,7 @@ void FrmSlides::LoadDraft(const QString &id, const SlideDraft &draft) {
 }
 
 void FrmSlides::TomaImagens(const QStringList &imagens, const QString &nome) {
-  for (const QString &imagem : imagens)
-    m_editor.AddImage(imagem);
-  m_editor.SelecionaSlide(1);
+  m_editor.AddImages(imagens);
   m_editor.nome = nome;
   ShowAll();
   Mudou();
@@ -488,7 +353,7 @@ void FrmSlides::ImgAddImagem() {
     m_editor.AddImage(path);
     ShowAll();
     Mudou();
-    m_text1->setFocus();
+    m_slide->FocusTitle();
   });
 }
 
@@ -504,9 +369,9 @@ void FrmSlides::ShowStrip() {
   QStringList semCopia;
   QStringList legendas;
   for (int i = 1; i <= documento.Count(); ++i) {
-    nomes.append(FileNameOf(documento.Em(i).Imagem));
+    nomes.append(documento.Em(i).Imagem);
     legendas.append(Legenda(i));
-    if (!m_copias.contains(nomes.last()))
+    if (!nomes.last().isEmpty() && !m_copias.contains(nomes.last()))
       semCopia.append(nomes.last());
   }
   if (nomes == m_naTira) {
@@ -522,22 +387,6 @@ void FrmSlides::ShowStrip() {
   m_loader.Deseja(semCopia);
 }
 
-void FrmSlides::ShowSlide() {
-  m_loading = true;
-  const bool tem = m_editor.Indice() > 0;
-  const Slide slide = tem ? m_editor.Documento().Em(m_editor.Indice()) : Slide();
-  TakeText(m_text1, slide.Titulo);
-  TakeText(m_text2, slide.Texto);
-  m_check1->setChecked(slide.incluirTexto == 1);
-  m_alinhar[slide.Alinhamento == AlinhamentoCentrado ? 1 : 0]->setChecked(true);
-  const QSignalBlocker quietSize(m_sliderFontSize);
-  const QSignalBlocker quietSpacing(m_slider5);
-  m_sliderFontSize->setValue(slide.FontSize);
-  m_slider5->setValue(slide.Espacamento);
-  m_slide->setEnabled(tem);
-  m_loading = false;
-}
-
 void FrmSlides::ShowAll() {
   m_visual = m_editor.Documento().visual;
   m_look->Load();
@@ -546,18 +395,14 @@ void FrmSlides::ShowAll() {
   TakeText(m_txtNomeArquivo, m_editor.nome);
   m_loading = false;
   ShowStrip();
-  ShowSlide();
+  m_slide->Load();
 }
 
 void FrmSlides::Mudou() {
   const SlideDocument &documento = m_editor.Documento();
   const bool tem = m_editor.Indice() > 0;
   Tell({});
-  if (tem) {
-    const Slide &slide = documento.Em(m_editor.Indice());
-    m_valorFontSize->setText(QString::number(slide.FontSize) + u'%');
-    m_valor5->setText(QString::number(slide.Espacamento / 10.0, 'f', 1));
-  }
+  m_slide->ShowValues();
   for (QWidget *control : {m_remover, m_trocar, m_duplicar, m_modelo, m_command4})
     control->setEnabled(tem);
   m_desfazer->setEnabled(m_editor.PodeDesfazer());
@@ -618,18 +463,6 @@ void FrmSlides::SalvaModelo() {
   Mudou();
   Tell(tr("New slides begin with this look."));
   m_txtNomeArquivo->setFocus();
-}
-
-bool FrmSlides::eventFilter(QObject *watched, QEvent *event) {
-  // Undo is the document's, not that of one box.
-  if (event->type() == QEvent::ShortcutOverride && (watched == m_text1 || watched == m_text2)) {
-    const auto *key = static_cast<QKeyEvent *>(event);
-    if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-      event->ignore();
-      return true;
-    }
-  }
-  return QWidget::eventFilter(watched, event);
 }
 
 void FrmSlides::keyPressEvent(QKeyEvent *event) {

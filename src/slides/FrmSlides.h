@@ -10,21 +10,18 @@
 #include <QWidget>
 #include <memory>
 
-class QCheckBox;
 class QComboBox;
-class QGridLayout;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QPushButton;
 class QVBoxLayout;
 
 namespace tolmira {
 
 class PictureStrip;
+class SlideFields;
 class SlidePreview;
 class ThemeLook;
-class ValueSlider;
 
 // The window in which a slide document is made. The preview follows each change; what is not saved is kept as a draft.
 class FrmSlides : public QWidget {
@@ -50,7 +47,6 @@ signals:
   void Closed();
 
 protected:
-  bool eventFilter(QObject *watched, QEvent *event) override;
   void keyPressEvent(QKeyEvent *event) override;
   void hideEvent(QHideEvent *event) override;
   void closeEvent(QCloseEvent *event) override;
@@ -59,9 +55,6 @@ private:
   void MakeTop(QVBoxLayout *rows);
   QWidget *MakeStrip();
   QWidget *MakeSlide();
-  void MakeSlideSettings(QVBoxLayout *column);
-  ValueSlider *MakeScale(QGridLayout *grid, int row, const char *name, const QString &caption, int least, int most,
-                         QLabel *&value);
   QWidget *MakeLook();
   void MakeBottom(QVBoxLayout *rows);
   void MakeKeys();
@@ -74,7 +67,6 @@ private:
 
   void ShowAll(); // all controls take what the document holds
   void ShowStrip();
-  void ShowSlide();
   void Mudou(); // the document has changed or another slide is chosen: preview, title, buttons, draft
   void Tell(const QString &text);
   QString Legenda(int index) const;
@@ -84,7 +76,7 @@ private:
   SlideEditor m_editor;
   DraftKeeper m_draft;
   SmallCopyLoader m_loader;
-  QHash<QString, PictureImage> m_copias; // by bare name
+  QHash<QString, PictureImage> m_copias; // by stored path
   TemaRecord m_visual;                   // what the controls of the look write into
   QStringList m_naTira;                  // pictures and captions of the strip as it stands
   bool m_asking = false;
@@ -99,15 +91,7 @@ private:
   QPushButton *m_duplicar = nullptr;
   QComboBox *m_intervalo = nullptr;
   SlidePreview *m_preview = nullptr;
-  QWidget *m_slide = nullptr; // what belongs to one slide
-  QLineEdit *m_text1 = nullptr;
-  QPlainTextEdit *m_text2 = nullptr;
-  QCheckBox *m_check1 = nullptr;
-  QPushButton *m_alinhar[2] = {}; // left, centred
-  ValueSlider *m_sliderFontSize = nullptr;
-  QLabel *m_valorFontSize = nullptr;
-  ValueSlider *m_slider5 = nullptr;
-  QLabel *m_valor5 = nullptr;
+  SlideFields *m_slide = nullptr;
   ThemeLook *m_look = nullptr;
   QLabel *m_fonte = nullptr;
   QPushButton *m_modelo = nullptr;

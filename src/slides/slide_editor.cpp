@@ -142,6 +142,19 @@ void SlideEditor::AddImage(const QString &path) {
   });
 }
 
+void SlideEditor::AddImages(const QStringList &paths) {
+  if (paths.isEmpty())
+    return;
+  Change({}, [&paths](Moment &now) {
+    now.indice = now.documento.Count() + 1;
+    for (const QString &path : paths) {
+      Slide slide;
+      slide.Imagem = path;
+      now.documento.slides.append(slide);
+    }
+  });
+}
+
 void SlideEditor::TrocaImagem(const QString &path) {
   m_history.EndStep();
   ChangeSlide("Imagem", [&path](Slide &slide) { slide.Imagem = path; });
@@ -214,9 +227,16 @@ void SlideEditor::DefineIntervalo(int posicao) {
   Change({}, [posicao](Moment &now) { now.documento.Intervalo = posicao; });
 }
 
-// The controls of the look are sliders for the most part, whose moves come one after the other.
+// A slider's moves come one after the other and are one step; everything else is a step of its own.
 void SlideEditor::DefineVisual(const TemaRecord &visual) {
-  Change(QStringLiteral("Visual"), [&visual](Moment &now) { now.documento.visual = visual; });
+  constexpr QString TemaRecord::*sliders[] = {&TemaRecord::FontSombra_Right, &TemaRecord::FontSombra_Down,
+                                              &TemaRecord::FontSombra_Blur, &TemaRecord::FontSombra_Opacity,
+                                              &TemaRecord::FontBorda_Espessura};
+  QString key;
+  for (int i = 0; i < 5; ++i)
+    if (visual.*sliders[i] != m_now.documento.visual.*sliders[i])
+      key = QStringLiteral("Visual%1").arg(i);
+  Change(key, [&visual](Moment &now) { now.documento.visual = visual; });
 }
 
 void SlideEditor::Desfaz() {

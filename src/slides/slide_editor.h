@@ -33,8 +33,9 @@ public:
   QString nome;           // TxtNomeArquivo, as it is typed
   QString Titulo() const; // of the window
 
-  void AddImage(const QString &path);    // a slide at the end, which is edited then
-  void TrocaImagem(const QString &path); // of the slide that is being edited
+  void AddImage(const QString &path);       // a slide at the end, which is edited then
+  void AddImages(const QStringList &paths); // slides at the end, as one step; the first of them is edited then
+  void TrocaImagem(const QString &path);    // of the slide that is being edited
   void RemoveSlide(int index);
   void DuplicaSlide(int index);
   void MoveSlide(int from, int to);

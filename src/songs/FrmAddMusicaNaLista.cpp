@@ -358,7 +358,7 @@ void FrmAddMusicaNaLista::Command4() {
   if (m_doors.prompt.Ask(TituloDaCaixa, QStringLiteral("Do you really want to delete '") + row + u"' ?",
                          {QStringLiteral("Yes"), QStringLiteral("No")}) != 0)
     return;
-  if (!RemoveToTrash(path)) {
+  if (!RemoveFile(path)) {
     Diz(tr("The file could not be deleted."));
     return;
   }

@@ -81,10 +81,8 @@ FrmConfigFormatTexto::FrmConfigFormatTexto(const SongEditorDoors &doors, TextFor
 }
 
 void FrmConfigFormatTexto::Open() {
-  const TextFormat now = m_format.le();
-  m_capitals->setChecked(now.maiusculas);
-  m_style->setValue(now.estilo);
-  m_styleValue->setText(QString::number(now.estilo));
+  m_loaded = m_format.le();
+  Load(m_loaded);
   if (!isVisible())
     m_doors.posicoes.RestoreFormPosition(*this, false);
   show();
@@ -94,8 +92,29 @@ void FrmConfigFormatTexto::Open() {
   ShowSample();
 }
 
+void FrmConfigFormatTexto::Refaz() {
+  if (!isVisible())
+    return;
+  const TextFormat chosen = Chosen();
+  m_loaded = m_format.le();
+  Load(chosen);
+  ShowSample();
+}
+
+void FrmConfigFormatTexto::Load(const TextFormat &format) {
+  m_capitals->setChecked(format.maiusculas);
+  m_style->setValue(format.estilo);
+  m_styleValue->setText(QString::number(format.estilo));
+}
+
+// What was not touched here is as it is in force now.
 TextFormat FrmConfigFormatTexto::Chosen() const {
-  return {m_capitals->isChecked(), m_style->value()};
+  TextFormat chosen = m_format.le();
+  if (m_capitals->isChecked() != m_loaded.maiusculas)
+    chosen.maiusculas = m_capitals->isChecked();
+  if (m_style->value() != m_loaded.estilo)
+    chosen.estilo = m_style->value();
+  return chosen;
 }
 
 void FrmConfigFormatTexto::ShowSample() {

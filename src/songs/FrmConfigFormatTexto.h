@@ -20,6 +20,7 @@ class FrmConfigFormatTexto : public QWidget {
 public:
   FrmConfigFormatTexto(const SongEditorDoors &doors, TextFormatDoors formato);
   void Open();
+  void Refaz(); // the theme in force has changed; what the operator chose here stays chosen
 
 protected:
   void keyPressEvent(QKeyEvent *event) override;
@@ -27,11 +28,13 @@ protected:
 
 private:
   TextFormat Chosen() const;
+  void Load(const TextFormat &format);
   void ShowSample();
   void Command1(); // OK
 
   SongEditorDoors m_doors;
   TextFormatDoors m_format;
+  TextFormat m_loaded; // what the boxes showed before the operator touched them
   StanzaPreview *m_preview;
   QCheckBox *m_capitals;
   QSlider *m_style;

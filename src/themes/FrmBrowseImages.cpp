@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -98,7 +99,7 @@ void FrmBrowseImages::MakeGrid() {
     AmpliaSelecionada();
   });
   connect(m_preview, &PictureView::MenuPedido, this, [this](const QPoint &global) {
-    MenusDeImagem::MenuImg3(this, Primeira(), [this](MarcaDeImagem marca) { Faz(marca); })->popup(global);
+    MenusDeImagem::MenuImg3(this, Primeira(), FazCom(m_preview->Nome()))->popup(global);
   });
 }
 
@@ -171,6 +172,7 @@ void FrmBrowseImages::Open(const PedidoDeImagem &pedido) {
   FechaPreview();
   if (!m_adder.Trabalhando())
     m_estado->clear();
+  m_grade->EsqueceTodas(); // files may have changed since it was open
   m_grade->carregaImagensPorData();
   if (m_grade->IndexSelecionado() < 0)
     m_grade->scrollToTop();
@@ -235,8 +237,9 @@ void FrmBrowseImages::ExibireFechar() {
 }
 
 void FrmBrowseImages::Label17() {
+  const QPointer<FrmBrowseImages> alive(this);
   const QStringList paths = m_doors.prompt.OpenFiles(tr("Add pictures"), m_galeria.PastaAddImg(), FiltroDeImagens());
-  if (paths.isEmpty())
+  if (!alive || paths.isEmpty())
     return;
   m_galeria.GuardaPastaAddImg(QFileInfo(paths.first()).absolutePath());
   m_adder.Adiciona(paths);
@@ -250,17 +253,30 @@ void FrmBrowseImages::Adicionadas(const QStringList &nomes) {
   for (const QString &nome : nomes)
     m_grade->Esquece(nome);
   m_grade->carregaImagensPorData();
-  if (!nomes.isEmpty() && !m_preview->isVisible()) {
-    m_grade->SetIndexSelecionado(m_grade->Modelo().LinhaDe(nomes.last()));
-    m_grade->setFocus(); // so that Enter uses it
+  if (!m_preview->isVisible()) {
+    if (!nomes.isEmpty())
+      m_grade->SetIndexSelecionado(m_grade->Modelo().LinhaDe(nomes.last()));
+    m_grade->setFocus(); // so that the keys work on the pictures again, also when none could be added
   }
   AtualizaTitulo();
 }
 
 void FrmBrowseImages::AbreMenu(int index, const QPoint &global) {
-  const auto faz = [this](MarcaDeImagem marca) { Faz(marca); };
-  QMenu *menu = index < 0 ? MenusDeImagem::MenuImg(this, faz) : MenusDeImagem::MenuImg2(this, Primeira(), faz);
+  QMenu *menu = index < 0 ? MenusDeImagem::MenuImg(this, [this](MarcaDeImagem marca) { Faz(marca); })
+                          : MenusDeImagem::MenuImg2(this, Primeira(), FazCom(m_grade->NomeArquivo()));
   menu->popup(global);
+}
+
+// While a menu stands open an adding may end and move the selection; what is chosen is meant for the picture under the
+// menu.
+std::function<void(MarcaDeImagem)> FrmBrowseImages::FazCom(const QString &nome) {
+  return [this, nome](MarcaDeImagem marca) {
+    const int linha = m_grade->Modelo().LinhaDe(nome);
+    if (linha < 0)
+      return;
+    m_grade->SetIndexSelecionado(linha);
+    Faz(marca);
+  };
 }
 
 void FrmBrowseImages::Faz(MarcaDeImagem marca) {
@@ -293,6 +309,7 @@ void FrmBrowseImages::Preview() {
     return;
   }
   m_preview->setGeometry(m_grade->geometry());
+  m_grade->setFocusPolicy(Qt::NoFocus); // its keys would choose another picture than the one that is seen
   m_preview->show();
   m_preview->raise();
   m_preview->setFocus();
@@ -305,17 +322,19 @@ void FrmBrowseImages::AmpliaSelecionada() {
 }
 
 void FrmBrowseImages::FechaPreview() {
-  if (!m_preview->isVisible())
+  m_grade->setFocusPolicy(Qt::StrongFocus);
+  if (m_preview->isHidden()) // not isVisible(): the whole window may be hidden
     return;
   m_preview->hide();
   m_grade->setFocus();
 }
 
 void FrmBrowseImages::Exclui() {
-  const int index = m_grade->IndexSelecionado();
-  if (index < 0 || !m_galeria.Exclui(m_grade->NomeArquivo(), m_doors.prompt))
+  const QString nome = m_grade->NomeArquivo();
+  const QPointer<FrmBrowseImages> alive(this); // the box may outlast the window
+  if (nome.isEmpty() || !m_galeria.Exclui(nome, m_doors.prompt) || !alive)
     return;
-  m_grade->Retira(index);
+  m_grade->Retira(m_grade->Modelo().LinhaDe(nome));
   AtualizaTitulo();
   if (!m_preview->isVisible())
     return;
@@ -326,7 +345,9 @@ void FrmBrowseImages::Exclui() {
 }
 
 void FrmBrowseImages::keyPressEvent(QKeyEvent *event) {
-  if (event->key() == Qt::Key_Escape)
+  if (event->key() == Qt::Key_Escape && !m_preview->isHidden())
+    FechaPreview();
+  else if (event->key() == Qt::Key_Escape)
     close();
   else
     QWidget::keyPressEvent(event);
@@ -336,10 +357,11 @@ void FrmBrowseImages::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
   layout()->activate();
   m_preview->setGeometry(m_grade->geometry());
+  if (m_preview->isVisible())
+    m_loader.Amplia(m_preview->Nome(), m_preview->AreaPx());
 }
 
 void FrmBrowseImages::hideEvent(QHideEvent *event) {
-  m_adder.Para();
   m_doors.posicoes.SaveFormPosition(*this, false);
   QWidget::hideEvent(event);
 }

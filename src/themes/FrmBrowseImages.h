@@ -6,6 +6,7 @@
 #include "themes/ui/theme_doors.h"
 
 #include <QWidget>
+#include <functional>
 
 class QCheckBox;
 class QLabel;
@@ -43,6 +44,7 @@ private:
   void Adicionadas(const QStringList &nomes);
   void AbreMenu(int index, const QPoint &global);
   void Faz(MarcaDeImagem marca);
+  std::function<void(MarcaDeImagem)> FazCom(const QString &nome);
   void Preview();
   void AmpliaSelecionada();
   void FechaPreview();

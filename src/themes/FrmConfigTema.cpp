@@ -37,7 +37,9 @@ enum Kind { Colour, Pictures, Video };
 const QString &TipoOf(int kind) {
   return kind == Pictures ? TipoImagem : kind == Video ? TipoVideo : TipoCorDeFundo;
 }
-int KindOf(const QString &tipo) { return tipo == TipoImagem ? Pictures : tipo == TipoVideo ? Video : Colour; }
+int KindOf(const QString &tipo) {
+  return tipo == TipoImagem ? Pictures : tipo == TipoVideo ? Video : Colour;
+}
 
 QLabel *Sentence(const char *name, QWidget *parent) {
   auto *label = new QLabel(parent);
@@ -73,7 +75,7 @@ FrmConfigTema::FrmConfigTema(const ThemeEditorDoors &doors)
   auto *left = new QVBoxLayout;
   left->setSpacing(medidas::Gap);
   MakeLeft(left);
-  desk->addLayout(left, 1);
+  desk->addLayout(left, 3); // of a large window the preview gets more
   auto *scroll = new QScrollArea(this);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setWidgetResizable(true);
@@ -82,7 +84,7 @@ FrmConfigTema::FrmConfigTema(const ThemeEditorDoors &doors)
   m_look = new ThemeLook(m_editor.tema, m_doors.prompt, ThemeLook::Filters::With, scroll);
   scroll->setWidget(m_look);
   scroll->setMinimumWidth(m_look->minimumSizeHint().width() + medidas::Margin);
-  desk->addWidget(scroll, 1);
+  desk->addWidget(scroll, 2);
   rows->addLayout(desk, 1);
   MakeButtons(rows);
   WireLook();
@@ -106,7 +108,7 @@ FrmConfigTema::~FrmConfigTema() = default;
 
 void FrmConfigTema::MakeLeft(QVBoxLayout *column) {
   m_preview = new ThemePreview(m_doors, this);
-  column->addWidget(m_preview);
+  column->addWidget(m_preview, 100); // before the empty room at the foot; its own limit is the projection's shape
   m_amostra = new QLineEdit(this);
   m_amostra->setObjectName(QStringLiteral("TextoAmostra"));
   m_amostra->setPlaceholderText(tr("Another sample text"));
@@ -120,9 +122,9 @@ void FrmConfigTema::MakeLeft(QVBoxLayout *column) {
   MakeKinds(column);
   m_fonte = Sentence("LbFonte", this);
   m_contraste = Sentence("LbContraste", this);
-  column->addStretch(1);
   column->addWidget(m_fonte);
   column->addWidget(m_contraste);
+  column->addStretch(1);
 }
 
 void FrmConfigTema::MakeKinds(QVBoxLayout *column) {
@@ -381,6 +383,7 @@ void FrmConfigTema::PedeImagem() {
 bool FrmConfigTema::AdicionarAoTema(const QString &path) {
   if (!m_editor.AdicionarAoTema(path))
     return false;
+  m_copias.remove(FileNameOf(m_editor.Imagens().last())); // there may have been another picture of that name
   ShowKind();
   Monta();
   return true;
@@ -406,6 +409,14 @@ void FrmConfigTema::Monta() {
   m_preview->Monta(m_editor.tema, m_editor.GetTextoTema());
   if (m_editor.tema.Tipo == TipoImagem && m_editor.Imagem() > 1)
     m_preview->GotoSlideImage(m_editor.Imagem());
+  m_timerContraste->Stop(); // the new page has to show something first
+  Mudou();
+}
+
+void FrmConfigTema::MaiusculasMudaram(bool maiusculas) {
+  m_editor.MaiusculasMudaram(maiusculas);
+  m_look->Load();
+  m_preview->Texto(m_editor.tema, m_editor.GetTextoTema());
   Mudou();
 }
 
@@ -416,7 +427,8 @@ void FrmConfigTema::Mudou() {
   Say(m_fonte, FonteInstalada(fonte) == fonte
                    ? QString()
                    : tr("The font '%1' is not installed here; another one is shown in its place.").arg(fonte));
-  m_timerContraste->Start(m_editor.tema.Tipo == TipoVideo ? VideoContrastMs : ContrastMs);
+  if (!m_timerContraste->IsActive()) // a drag is looked at now and then
+    m_timerContraste->Start(m_editor.tema.Tipo == TipoVideo ? VideoContrastMs : ContrastMs);
 }
 
 // The worst of all pictures counts: the text has to be read over each of them.
@@ -447,12 +459,16 @@ bool FrmConfigTema::Salva() {
   if (m_editor.tema.Tipo == TipoVideo)
     m_editor.DefineTextVideo(m_textVideo->text());
   m_timerSaida->Stop();
-  const bool saved = m_editor.SalvarDados([this] { return m_preview->Retrato(); });
+  const QStringList before = m_editor.Imagens();
+  const bool saved =
+      m_editor.SalvarDados([this] { return m_preview->Retrato(m_editor.tema, m_editor.GetTextoTema()); });
   m_saving = false;
   if (saved && m_doors.salvo)
     m_doors.salvo(m_editor.Index());
-  else if (!saved)
-    ShowKind(); // pictures that have gone are no longer in the list
+  if (!saved && m_editor.Imagens() != before) { // some have gone
+    ShowKind();
+    Monta();
+  }
   return saved;
 }
 

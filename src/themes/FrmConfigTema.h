@@ -36,6 +36,8 @@ public:
   void Open();
   bool Ocupado() const { return m_saving; }
   bool Alterado() const { return m_editor.Alterado(); }
+  // They were switched and stored elsewhere meanwhile.
+  void MaiusculasMudaram(bool maiusculas);
 
   bool AdicionarAoTema(const QString &path);
   ThemePreview *Preview() const { return m_preview; }

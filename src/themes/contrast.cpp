@@ -16,10 +16,11 @@ constexpr QSize Looked{96, 54}; // px: a letter of a verse is about as large as 
 constexpr double AreaWidth = 0.84;
 constexpr double AreaHeight = 0.6;
 
-// How much of what the eye sees beside a letter's edge is outline or shadow. Both are soft; the outline lies all round,
-// the shadow on one side.
-constexpr double OutlineShare = 0.35;
-constexpr double ShadowShare = 0.2;
+// How much of what the eye sees beside a letter's edge is outline or shadow. Both are soft; the outline lies all round
+// and counts by its thickness, the shadow lies on one side. From the back row a thin one is hardly there.
+constexpr double OutlineSharePerPx = 0.08;
+constexpr double LargestOutlineShare = 0.3;
+constexpr double ShadowShare = 0.1;
 
 double Linear(int channel) {
   const double c = channel / 255.0;
@@ -33,7 +34,9 @@ double Luminance(QRgb colour) {
 QRgb FromStored(qint32 colour) { // 0x00BBGGRR
   return qRgb(colour & 0xff, (colour >> 8) & 0xff, (colour >> 16) & 0xff);
 }
-QRgb FromStored(const QString &colour) { return FromStored(RoundHalfEven(NumericPrefix(colour))); }
+QRgb FromStored(const QString &colour) {
+  return FromStored(RoundHalfEven(NumericPrefix(colour)));
+}
 
 QRgb Mix(QRgb under, QRgb over, double share) {
   const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };
@@ -71,7 +74,8 @@ QImage BehindText(const QImage &picture, const QSize &real, const QSize &proport
     return {};
   // The part of the picture that fills the screen, in parts of its own size: the copy may be squeezed.
   const QSizeF seen = QSizeF(proportions).scaled(real, Qt::KeepAspectRatio);
-  const QRectF area = AreaOfText(seen).translated((real.width() - seen.width()) / 2, (real.height() - seen.height()) / 2);
+  const QRectF area =
+      AreaOfText(seen).translated((real.width() - seen.width()) / 2, (real.height() - seen.height()) / 2);
   const double across = picture.width() / static_cast<double>(real.width());
   const double down = picture.height() / static_cast<double>(real.height());
   const QRect part(qFloor(area.x() * across), qFloor(area.y() * down), std::max(1, qRound(area.width() * across)),
@@ -99,10 +103,11 @@ double TextContrast(const QImage &behind, const TemaRecord &tema) {
   const QRgb text = FromStored(tema.Font_Cor);
   const QRgb outline = FromStored(tema.FontBorda_Cor);
   const QRgb shadow = FromStored(tema.FontSombra_Cor);
-  const bool hasOutline = tema.FontBorda_Enabled && NumericPrefix(tema.FontBorda_Espessura) > 0;
-  const bool hasShadow = tema.FontSombra_Enabled && (NumericPrefix(tema.FontSombra_Right) != 0 ||
-                                                     NumericPrefix(tema.FontSombra_Down) != 0 ||
-                                                     NumericPrefix(tema.FontSombra_Blur) != 0);
+  const double thickness = tema.FontBorda_Enabled ? std::max(0.0, NumericPrefix(tema.FontBorda_Espessura)) : 0;
+  const double outlineShare = std::min(thickness * OutlineSharePerPx, LargestOutlineShare);
+  const bool hasShadow =
+      tema.FontSombra_Enabled && (NumericPrefix(tema.FontSombra_Right) != 0 ||
+                                  NumericPrefix(tema.FontSombra_Down) != 0 || NumericPrefix(tema.FontSombra_Blur) != 0);
   std::vector<double> ratios;
   ratios.reserve(static_cast<size_t>(behind.width()) * static_cast<size_t>(behind.height()));
   for (int y = 0; y < behind.height(); ++y) {
@@ -110,8 +115,7 @@ double TextContrast(const QImage &behind, const TemaRecord &tema) {
       QRgb beside = behind.pixel(x, y);
       if (hasShadow)
         beside = Mix(beside, shadow, ShadowShare);
-      if (hasOutline)
-        beside = Mix(beside, outline, OutlineShare);
+      beside = Mix(beside, outline, outlineShare);
       ratios.push_back(ContrastRatio(text, beside));
     }
   }

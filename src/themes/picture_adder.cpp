@@ -1,5 +1,6 @@
 #include "themes/picture_adder.h"
 
+#include "foundation/real_path.h"
 #include "foundation/text_file.h"
 #include "themes/small_copy.h"
 
@@ -87,38 +88,40 @@ void PictureAdder::Examinou(const QString &path, const NomeDeImagem &nome) {
     }
   }
   m_pool.start([this, path, nome] {
-    const bool chegou = CopiaParaImagens(m_app, path, nome.nome);
-    if (chegou)
+    const Copia copia = CopiaParaImagens(m_app, path, nome.nome);
+    if (copia == Copia::Feita)
       CriaMiniatura(m_app, nome.nome, true);
     QMetaObject::invokeMethod(
-        this, [this, nome, chegou] { Copiou(nome, chegou); }, Qt::QueuedConnection);
+        this, [this, path, nome, copia] { Copiou(path, nome, copia); }, Qt::QueuedConnection);
   });
 }
 
-void PictureAdder::Copiou(const NomeDeImagem &nome, bool chegou) {
-  if (!chegou) {
-    // What kept this one away, a full disk for example, keeps the others away too.
-    m_fila.clear();
-    const QPointer<PictureAdder> alive(this);
-    Diz(MessageKind::Warning, QStringLiteral("Could not copy the image to the images folder."));
-    if (alive)
-      Acaba();
-    return;
+void PictureAdder::Copiou(const QString &path, const NomeDeImagem &nome, Copia copia) {
+  if (copia == Copia::Feita) {
+    // As the folder spells it: a picture that was written over keeps its capitals.
+    const QString chegou = QFileInfo(MapStoredPath(m_app.At(u"\\Images\\") + nome.nome).text()).fileName();
+    m_chegaram.append(chegou);
+    if (nome.converte)
+      m_convertidas.append(chegou);
+  } else {
+    (copia == Copia::SemImagem ? m_recusadas : m_perdidas).append(QFileInfo(path).fileName());
   }
-  m_chegaram.append(nome.nome);
-  if (nome.converte)
-    m_convertidas.append(nome.nome);
   Proximo();
 }
 
 void PictureAdder::Acaba() {
   m_trabalhando = false;
-  m_feitos = m_total = 0;
+  const bool umaSo = std::exchange(m_total, 0) == 1;
+  m_feitos = 0;
   const QStringList chegaram = std::exchange(m_chegaram, {});
   const QStringList convertidas = std::exchange(m_convertidas, {});
   const QStringList recusadas = std::exchange(m_recusadas, {});
+  const QStringList perdidas = std::exchange(m_perdidas, {});
   const QPointer<PictureAdder> alive(this);
-  if (!recusadas.isEmpty())
+  if (!perdidas.isEmpty())
+    Diz(MessageKind::Warning, QStringLiteral("Could not copy the image to the images folder.") +
+                                  (umaSo ? QString() : QString(u'\n' + Nomes(perdidas))));
+  if (alive && !recusadas.isEmpty())
     Diz(MessageKind::Warning, (recusadas.size() == 1 ? tr("This file cannot be used as a picture.")
                                                      : tr("These files cannot be used as pictures.")) +
                                   u'\n' + Nomes(recusadas));

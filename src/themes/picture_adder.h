@@ -33,7 +33,7 @@ signals:
 private:
   void Proximo();
   void Examinou(const QString &path, const NomeDeImagem &nome);
-  void Copiou(const NomeDeImagem &nome, bool chegou);
+  void Copiou(const QString &path, const NomeDeImagem &nome, Copia copia);
   void Acaba();
   void Diz(MessageKind kind, const QString &text);
 
@@ -43,7 +43,8 @@ private:
   QStringList m_fila;
   QStringList m_chegaram;
   QStringList m_convertidas;
-  QStringList m_recusadas;
+  QStringList m_recusadas; // no pictures
+  QStringList m_perdidas;  // could not be written
   int m_feitos = 0;
   int m_total = 0;
   bool m_trabalhando = false;

@@ -54,10 +54,44 @@ bool IsWholeJpeg(const QByteArray &bytes) {
   return scan >= 0 && bytes.lastIndexOf("\xff\xd9") > scan;
 }
 
-bool IsWholePng(QFile &file) {
+template <typename Number> Number LittleEndian(const QByteArray &bytes, qsizetype at) {
+  return at + qsizetype(sizeof(Number)) <= bytes.size() ? qFromLittleEndian<Number>(bytes.constData() + at) : Number{};
+}
+
+bool IsWholeBmp(const QByteArray &head, qint64 fileSize) {
+  if (LittleEndian<quint32>(head, 14) < 40) // the oldest kind of header, which has other fields
+    return true;
+  const qint64 begin = LittleEndian<quint32>(head, 10);
+  const qint64 width = LittleEndian<qint32>(head, 18);
+  const qint64 height = LittleEndian<qint32>(head, 22);
+  const qint64 rowBytes = (width * LittleEndian<quint16>(head, 28) + 31) / 32 * 4;
+  const quint32 compression = LittleEndian<quint32>(head, 30);
+  const bool packed = compression == 1 || compression == 2;
+  return begin + (packed ? LittleEndian<quint32>(head, 34) : rowBytes * qAbs(height)) <= fileSize;
+}
+
+bool IsWholeGif(QByteArray tail) {
+  while (tail.endsWith('\0'))
+    tail.chop(1);
+  return tail.endsWith(';');
+}
+
+// Formats whose decoders take a missing rest for black or for whatever memory holds.
+bool IsWhole(QFile &file, const QByteArray &format) {
   const qint64 begin = file.pos();
-  file.seek(qMax<qint64>(0, file.size() - TailBytes));
-  const bool whole = file.read(TailBytes).contains("IEND");
+  const auto bytes = [&file](qint64 at, qint64 count) {
+    file.seek(qMax<qint64>(0, at));
+    return file.read(count);
+  };
+  bool whole = true;
+  if (format == "png")
+    whole = bytes(file.size() - TailBytes, TailBytes).contains("IEND");
+  else if (format == "bmp")
+    whole = IsWholeBmp(bytes(0, 64), file.size());
+  else if (format == "gif")
+    whole = IsWholeGif(bytes(file.size() - TailBytes, TailBytes));
+  else if (format == "webp")
+    whole = qint64(LittleEndian<quint32>(bytes(0, 12), 4)) + 8 <= file.size();
   file.seek(begin);
   return whole;
 }
@@ -78,7 +112,7 @@ public:
   void LookAtEnd() {
     if (facts.problem != PictureProblem::None)
       return;
-    const bool whole = facts.format == "jpeg" ? TakeJpeg() : facts.format != "png" || IsWholePng(m_file);
+    const bool whole = facts.format == "jpeg" ? TakeJpeg() : IsWhole(m_file, facts.format);
     if (!whole)
       facts.problem = PictureProblem::CutOff;
   }

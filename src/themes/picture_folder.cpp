@@ -26,6 +26,8 @@ QString NomeSeguro(const QString &nome) {
   limpo = limpo.trimmed();
   if (limpo.startsWith(u'\'') && limpo.endsWith(u'\''))
     limpo = u'_' + limpo;
+  if (limpo.startsWith(u'.')) // it would be hidden
+    limpo = u'_' + limpo;
   return limpo.isEmpty() ? QStringLiteral("picture") : limpo;
 }
 
@@ -86,12 +88,14 @@ QString Traz(const AppFolder &app, const QString &path, const std::function<QStr
   const QString pasta = app.At(u"\\Images\\");
   const QFileInfo file(path);
   const bool dentro = file.canonicalPath() == QFileInfo(MapStoredPath(pasta).text()).canonicalFilePath();
-  if (dentro && nome == file.fileName())
-    return nome;
+  // A page goes by what a picture holds; only the name has to be one that lists can keep.
+  const QString agora = file.fileName();
+  if (dentro && agora == NomeSeguro(agora) && TemExtensaoListada(agora))
+    return agora;
   for (int n = 1; n < NomesDemais; ++n) {
     const QString tentado = candidato(nome, n);
     if (!FileExists(pasta + tentado))
-      return CopiaParaImagens(app, path, tentado) ? tentado : QString();
+      return CopiaParaImagens(app, path, tentado) == Copia::Feita ? tentado : QString();
     const QString destino = MapStoredPath(pasta + tentado).text();
     if (MesmoConteudo(path, destino))
       return QFileInfo(destino).fileName();
@@ -118,18 +122,23 @@ NomeDeImagem NomeEmImagens(const QString &path) {
   return {NomePara(QFileInfo(path).fileName(), facts.format), !FicaComoEsta(facts.format)};
 }
 
-bool CopiaParaImagens(const AppFolder &app, const QString &path, const QString &nome) {
+Copia CopiaParaImagens(const AppFolder &app, const QString &path, const QString &nome) {
   const QString destino = app.At(u"\\Images\\") + nome;
   const PictureFacts facts = ExaminePicture(path);
   if (facts.problem != PictureProblem::None)
-    return false;
-  const bool posto =
-      FicaComoEsta(facts.format)
-          ? CopiaInteiro(path, MapStoredPath(destino).text())
-          : SalvaJpeg(ReadPicture(path, [](const QSize &size) { return size; }).image, destino, QualidadeConvertida);
-  if (posto)
-    QFile::remove(MapStoredPath(app.At(u"\\Images\\Mini\\") + nome).text());
-  return posto;
+    return Copia::SemImagem;
+  if (FicaComoEsta(facts.format)) {
+    if (!CopiaInteiro(path, MapStoredPath(destino).text()))
+      return Copia::SemLugar;
+  } else {
+    const QImage imagem = ReadPicture(path, [](const QSize &size) { return size; }).image;
+    if (imagem.isNull())
+      return Copia::SemImagem;
+    if (!SalvaJpeg(imagem, destino, QualidadeConvertida))
+      return Copia::SemLugar;
+  }
+  QFile::remove(MapStoredPath(app.At(u"\\Images\\Mini\\") + nome).text());
+  return Copia::Feita;
 }
 
 QString TrazParaImagens(const AppFolder &app, const QString &path) {

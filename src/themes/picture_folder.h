@@ -23,8 +23,13 @@ struct NomeDeImagem {
 NomeDeImagem NomeEmImagens(const QString &path);
 
 // Puts the picture there under that name as one step: whole, or not at all. What stood there is replaced, and its small
-// copy removed. False when nothing was written. Can be called from any thread.
-bool CopiaParaImagens(const AppFolder &app, const QString &path, const QString &nome);
+// copy removed. Can be called from any thread.
+enum class Copia {
+  Feita,
+  SemImagem, // the file is no picture, or its end is missing
+  SemLugar,  // it could not be read to its end or not be written: a full disk, a folder that may not be changed
+};
+Copia CopiaParaImagens(const AppFolder &app, const QString &path, const QString &nome);
 
 // The bare name under which the picture at `path` lies there, as a setting can keep it. A picture from elsewhere, or
 // with a name that a setting or a list of pictures would break, is copied in first, under a free name; nothing there is

@@ -2,6 +2,7 @@
 
 #include "foundation/real_path.h"
 #include "foundation/text_fields.h"
+#include "foundation/trash.h"
 #include "themes/theme_record.h"
 
 #include <QCollator>
@@ -107,7 +108,7 @@ bool PictureGallery::Exclui(const QString &nome, UserPrompt &prompt) const {
   const QString uso = Uso(nome);
   if (!uso.isEmpty() && prompt.Ask(Titulo, uso + u'\n' + Traduz("Do you want to delete it all the same?"), simNao) != 0)
     return false;
-  if (QFileInfo(path).isFile() && !QFile::moveToTrash(path)) {
+  if (QFileInfo(path).isFile() && !MoveToTrash(path)) {
     const QString question =
         Traduz("“%1” cannot be moved to the trash.").arg(nome) + u'\n' + Traduz("Do you want to delete it for good?");
     if (prompt.Ask(Titulo, question, simNao) != 0)

@@ -19,6 +19,8 @@ struct Copy {
       : picture(MapStoredPath(app.At(u"\\Images\\") + nome).text()), stored(app.At(u"\\Images\\Mini\\") + nome) {}
   QString Small() const { return MapStoredPath(stored).text(); }
 
+  QDateTime DateOfPicture() const { return QFileInfo(picture).lastModified(); }
+
   QString picture; // real path
   QString stored;  // of the small copy
 };
@@ -27,12 +29,13 @@ PictureImage ReadAtSmallSize(const QString &picture) {
   return ReadPicture(picture, [](const QSize &) { return SmallCopySize; });
 }
 
-// With the picture's date, so that the order of the gallery does not depend on which copies were made first.
-bool Write(const Copy &copy, const QImage &image) {
+// With the date that the picture had before it was read: the order of the gallery does not depend on which copies were
+// made first, and a picture that changed meanwhile is newer than its copy.
+bool Write(const Copy &copy, const QImage &image, const QDateTime &date) {
   if (!SalvaJpeg(image, copy.stored, Quality, DiskWait::DontWait))
     return false;
   if (QFile file(copy.Small()); file.open(QIODevice::ReadWrite))
-    file.setFileTime(QFileInfo(copy.picture).lastModified(), QFileDevice::FileModificationTime);
+    file.setFileTime(date, QFileDevice::FileModificationTime);
   return true;
 }
 
@@ -50,9 +53,10 @@ bool CriaMiniatura(const AppFolder &app, const QString &nome, bool refazer) {
   const Copy copy(app, nome);
   if (!refazer && FileExists(copy.stored))
     return true;
+  const QDateTime date = copy.DateOfPicture();
   const PictureImage read = ReadAtSmallSize(copy.picture);
   if (!read.image.isNull())
-    Write(copy, read.image);
+    Write(copy, read.image, date);
   return FileExists(copy.stored);
 }
 
@@ -64,10 +68,19 @@ PictureImage TrazMiniatura(const AppFolder &app, const QString &nome) {
     result.size = PictureSize(copy.picture);
     return result;
   }
+  const QDateTime date = copy.DateOfPicture();
   result = ReadAtSmallSize(copy.picture);
   if (!result.image.isNull())
-    Write(copy, result.image);
+    Write(copy, result.image, date);
   return result;
+}
+
+PictureImage TrazMiniaturaDe(const AppFolder &app, const QString &caminho) {
+  const auto comBarras = [](QString path) { return path.replace(u'\\', u'/'); };
+  const QString pasta = comBarras(app.At(u"\\Images\\"));
+  const QString onde = comBarras(caminho);
+  const bool deImagens = onde.startsWith(pasta, Qt::CaseInsensitive) && !onde.mid(pasta.size()).contains(u'/');
+  return deImagens ? TrazMiniatura(app, onde.mid(pasta.size())) : ReadAtSmallSize(MapStoredPath(caminho).text());
 }
 
 } // namespace tolmira

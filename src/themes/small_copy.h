@@ -16,4 +16,8 @@ bool CriaMiniatura(const AppFolder &app, const QString &nome, bool refazer);
 // picture itself is given, at that size. The `size` is the picture's. Can be called from any thread.
 PictureImage TrazMiniatura(const AppFolder &app, const QString &nome);
 
+// The same for a picture by its stored path. One that lies elsewhere than in <app>\Images\ is read at that size, and
+// nothing is written.
+PictureImage TrazMiniaturaDe(const AppFolder &app, const QString &caminho);
+
 } // namespace tolmira

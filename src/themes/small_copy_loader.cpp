@@ -91,7 +91,8 @@ void SmallCopyLoader::Trabalha() {
           this, [this, nome, imagem] { emit Ampliada(nome, imagem); }, Qt::QueuedConnection);
       continue;
     }
-    const PictureImage imagem = TrazMiniatura(m_app, nome);
+    const bool caminho = nome.contains(u'\\') || nome.contains(u'/');
+    const PictureImage imagem = caminho ? TrazMiniaturaDe(m_app, nome) : TrazMiniatura(m_app, nome);
     QMetaObject::invokeMethod(
         this,
         [this, nome, imagem] {

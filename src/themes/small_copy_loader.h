@@ -23,7 +23,7 @@ public:
   ~SmallCopyLoader() override; // waits for the pictures that are being decoded
 
   // The small copies wanted from now on, the most wanted first, in place of all that were wanted before. An empty list
-  // stops.
+  // stops. A name is that of a picture of the gallery, or a full stored path.
   void Deseja(const QStringList &nomes);
   // One picture as large as fits into `area` (px), before all small copies; in place of one that still waits.
   void Amplia(const QString &nome, const QSize &area);

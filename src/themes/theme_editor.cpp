@@ -1,7 +1,5 @@
 #include "themes/theme_editor.h"
 
-#include <algorithm>
-
 #include "foundation/ini_text.h"
 #include "foundation/real_path.h"
 #include "foundation/text_fields.h"
@@ -13,6 +11,7 @@
 #include "themes/theme_store.h"
 
 #include <QFileInfo>
+#include <algorithm>
 
 namespace tolmira {
 
@@ -29,7 +28,9 @@ constexpr int ConcessoesAoSalvar = 10;
 
 using Chaves = QList<std::pair<QString, QString>>;
 
-QString Digito(bool ligado) { return ligado ? QStringLiteral("1") : QStringLiteral("0"); }
+QString Digito(bool ligado) {
+  return ligado ? QStringLiteral("1") : QStringLiteral("0");
+}
 
 QString NomesNus(const QStringList &imagens) {
   QString nomes;
@@ -89,10 +90,18 @@ void ThemeEditor::SetIndex(int n) {
   m_imagem = 1;
 }
 
-QString ThemeEditor::Titulo() const { return QStringLiteral("THEME %1 - Settings").arg(m_n); }
+QString ThemeEditor::Titulo() const {
+  return QStringLiteral("THEME %1 - Settings").arg(m_n);
+}
 
 bool ThemeEditor::Alterado() const {
   return tema != m_antes || (tema.Tipo == TipoVideo && m_textVideo != m_textVideoAntes);
+}
+
+void ThemeEditor::MaiusculasMudaram(bool maiusculas) {
+  if (tema.Maiusculas == m_antes.Maiusculas)
+    tema.Maiusculas = maiusculas;
+  m_antes.Maiusculas = maiusculas;
 }
 
 QString ThemeEditor::GetTextoTema() const {
@@ -100,7 +109,9 @@ QString ThemeEditor::GetTextoTema() const {
   return tema.Maiusculas ? texto.toUpper() : texto;
 }
 
-bool ThemeEditor::VideoExiste() const { return FileExists(SplitField(m_textVideo, Separador, 1)); }
+bool ThemeEditor::VideoExiste() const {
+  return FileExists(SplitField(m_textVideo, Separador, 1));
+}
 
 bool ThemeEditor::CheckTipo(const QString &tipo) {
   tema.Tipo = tipo;
@@ -113,12 +124,17 @@ bool ThemeEditor::CheckTipo(const QString &tipo) {
   return tipo != TipoImagem || !Imagens().isEmpty();
 }
 
-QStringList ThemeEditor::Imagens() const { return tema.Imagem.split(Separador, Qt::SkipEmptyParts); }
+QStringList ThemeEditor::Imagens() const {
+  return tema.Imagem.split(Separador, Qt::SkipEmptyParts);
+}
 
-bool ThemeEditor::PicIntervaloVisible() const { return tema.Tipo == TipoImagem && Imagens().size() > 1; }
+bool ThemeEditor::PicIntervaloVisible() const {
+  return tema.Tipo == TipoImagem && Imagens().size() > 1;
+}
 
 int ThemeEditor::PicIntervalo() const {
-  return std::clamp(static_cast<int>(NumericPrefix(tema.Efeito_Imagem_timeout)), 0, MaiorPosicao);
+  // A code that no timer runs by is "None"; saving it as something else would set the pictures in motion.
+  return IntervaloDoCodigo(tema.Efeito_Imagem_timeout) > 0 ? tema.Efeito_Imagem_timeout.toInt() : 0;
 }
 
 void ThemeEditor::DefinePicIntervalo(int posicao) {
@@ -196,6 +212,7 @@ void ThemeEditor::AtualizaImagens() {
     if (FileExists(imagem))
       existentes += imagem + Separador;
   tema.Imagem = existentes;
+  m_imagem = std::clamp(m_imagem, 1, std::max(1, static_cast<int>(Imagens().size())));
 }
 
 bool ThemeEditor::SalvarDados(const std::function<QImage()> &retrato) {
@@ -221,8 +238,13 @@ bool ThemeEditor::SalvarDados(const std::function<QImage()> &retrato) {
     chaves.append({QStringLiteral("img"), NomesNus(Imagens())});
     chaves.append({QStringLiteral("vid"), QString()});
   }
-  if (novo.Tipo != TipoImagem)
+  // As it will be loaded: the thumbnail is named after what the theme really uses.
+  if (novo.Tipo != TipoImagem) {
+    novo.Imagem.clear();
     novo.MoveImagens = false;
+  }
+  if (novo.Tipo != TipoVideo)
+    novo.Video.clear();
   novo.Efeito_Imagem_timeout = PicIntervaloVisible() ? QString::number(PicIntervalo()) : SemRotacao;
   chaves.append({QStringLiteral("Intervalo"), novo.Efeito_Imagem_timeout});
   JuntaComum(chaves, novo);

@@ -1,16 +1,15 @@
 #pragma once
 
-#include <QImage>
-#include <QSize>
-#include <QString>
-#include <QStringList>
-
-#include <functional>
-
 #include "foundation/app_folder.h"
 #include "foundation/ini_store.h"
 #include "foundation/seams.h"
 #include "themes/theme_record.h"
+
+#include <QImage>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <functional>
 
 namespace tolmira {
 
@@ -44,6 +43,8 @@ public:
   // their own ways below.
   TemaRecord tema;
   bool Alterado() const;
+  // The theme's capitals were switched and stored elsewhere meanwhile.
+  void MaiusculasMudaram(bool maiusculas);
 
   QString textoDoOperador; // for the preview; not part of the theme
   QString GetTextoTema() const;
@@ -52,8 +53,8 @@ public:
   const QString &TextVideo() const { return m_textVideo; }
   void DefineTextVideo(const QString &path) { m_textVideo = path; }
 
-  // True when the page has to be built anew for it. A kind whose files are missing is chosen all the same, and waits for
-  // them.
+  // True when the page has to be built anew for it. A kind whose files are missing is chosen all the same, and waits
+  // for them.
   bool CheckTipo(const QString &tipo);
 
   QStringList Imagens() const; // full stored paths

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringList>
-
 #include <array>
 
 namespace tolmira {
@@ -14,8 +13,8 @@ inline constexpr int SemTemaNaFila = -1; // value of ProximoTema when no theme i
 // 0x00BBGGRR. The defaults are those of a file without the key.
 struct TemaRecord {
   QString Tipo = QStringLiteral("CorDeFundo"); // "Imagem", "Video" or "CorDeFundo"
-  QString Imagem; // full stored paths, each followed by "|"
-  QString Video;  // full stored path; a "|" may follow
+  QString Imagem;                              // full stored paths, each followed by "|"
+  QString Video;                               // full stored path; a "|" may follow
   bool MoveImagens = false;
   qint32 CordeFundo = 0;
   QString Font_Name = QStringLiteral("Myriad Pro");
@@ -31,13 +30,13 @@ struct TemaRecord {
   bool FontBorda_Enabled = true;
   QString FontBorda_Cor = QStringLiteral("1513494");
   QString FontBorda_Espessura = QStringLiteral("2"); // px
-  int brightness = 100; // per cent
-  int contrast = 100;   // per cent
-  int saturate = 100;   // per cent
-  int blur = 0;         // px
+  int brightness = 100;                              // per cent
+  int contrast = 100;                                // per cent
+  int saturate = 100;                                // per cent
+  int blur = 0;                                      // px
   QString Efeito_Imagem_Fx = QStringLiteral("Fade");
   QString Efeito_Imagem_FxExtra = QStringLiteral("Random");
-  QString Efeito_Imagem_FxOut; // written by the editor, not read at load
+  QString Efeito_Imagem_FxOut;                          // written by the editor, not read at load
   QString Efeito_Imagem_speed = QStringLiteral("1000"); // ms
   QString Efeito_Imagem_timeout = QStringLiteral("1");  // interval code; "-1" means no rotation
   QString Efeito_Imagem_sync = QStringLiteral("1");

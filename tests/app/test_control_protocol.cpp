@@ -96,6 +96,16 @@ private slots:
              call.startsWith(u"PorNaLista") ? QStringLiteral("Added Pão") : QString());
   }
 
+  void quitClosesAWindowThatAsksNothing() {
+    QWidget gallery;
+    gallery.setWindowModality(Qt::ApplicationModal);
+    gallery.show();
+    QTRY_COMPARE(QApplication::activeModalWidget(), &gallery);
+    QCOMPARE(Error(m->client->Ask(Request(R"({"do":"quit"})"))), QString());
+    QTRY_COMPARE(m->calls, QStringList(QStringLiteral("fecha")));
+    QVERIFY(!gallery.isVisible());
+  }
+
   void mistakes_data() {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QString>("error");

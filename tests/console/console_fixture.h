@@ -35,7 +35,7 @@ public:
       : app(folder.path()), store(app),
         core({app, store, clock, random, yielder, prompt, measure, [this] { return &display; },
               [this] { return &preview; }}) {
-    for (const char *sub : {"Data", "Lyrics", "Harpa", "Cantor", "Images", "html"})
+    for (const char *sub : {"Data", "Lyrics", "Harpa", "Cantor", "Images", "Slides", "html"})
       QDir(folder.path()).mkdir(QLatin1String(sub));
     for (const char *page : {"backcolor.html", "imagem.html", "video.html"})
       Write(QStringLiteral("html/") + QLatin1String(page), "<html>[letra]</html>");
@@ -69,6 +69,16 @@ public:
       if (comando.startsWith(u"UpdateText|#"))
         verses.append(comando.section(QStringLiteral("|#"), 4, 4));
     return verses;
+  }
+  // A document of `count` slides, "Title 1" and so on, with more keys of its own at the end.
+  void WriteSlides(const QString &name, int count, const QByteArray &keys = {}) {
+    QByteArray text = "[Config]\r\nCount=" + QByteArray::number(count) + "\r\n";
+    for (int i = 1; i <= count; ++i) {
+      const QByteArray n = QByteArray::number(i);
+      text += "Imagem" + n + "=C:\\p" + n + ".jpg\r\nTitulo" + n + "=Title " + n + "\r\nTexto" + n + "=Text " + n +
+              "\r\nFontSize" + n + "=5\r\n";
+    }
+    Write(u"Slides/" + name, text + "Maiusculas=0\r\n" + keys);
   }
   void Show(const QString &song) { core.flow.ShowEntry(2, 1, song, song); }
   QString Config(const char *key) const {

@@ -101,7 +101,7 @@ private slots:
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("message");
     QTest::newRow("video") << 4 << QStringLiteral("Videos cannot be shown yet.");
-    QTest::newRow("slides") << 5 << QStringLiteral("Slides cannot be shown yet.");
+    QTest::newRow("missing slides") << 5 << QStringLiteral("File not found!");
     QTest::newRow("show") << 6 << QStringLiteral("Slide shows cannot be shown yet.");
     QTest::newRow("missing song")
         << 2

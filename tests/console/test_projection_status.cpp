@@ -17,7 +17,8 @@ private:
     FaixaTexto faixa;
     ListTarefas lista;
     QStringList capitulo;
-    SituacaoDaTela Dita() const { return DescreveSituacao({estado, painel, faixa, lista, capitulo}); }
+    SlideDocument slides;
+    SituacaoDaTela Dita() const { return DescreveSituacao({estado, painel, faixa, lista, capitulo, slides}); }
   };
 
   // A song of three verses with the second one out.

@@ -114,6 +114,39 @@ private slots:
     QVERIFY(!clear->isEnabled());
   }
 
+  void slidesStandInPlaceOfTheStrip() {
+    Desk desk;
+    desk.WriteSlides(QStringLiteral("Culto.sld"), 200);
+    desk.core.flow.ShowEntry(5, 1, QStringLiteral("Culto"), QStringLiteral("Culto.sld"));
+    auto *tiles = desk.Find<QListView>(QStringLiteral("ControlSlides1"));
+    QVERIFY(tiles->isVisible());
+    QVERIFY(!desk.Find(QStringLiteral("Label1"))->isVisible());
+    QCOMPARE(tiles->model()->rowCount(), 200);
+    const auto inSight = [tiles](int slide) {
+      return tiles->viewport()->rect().contains(tiles->visualRect(tiles->model()->index(slide - 1, 0)));
+    };
+    QTest::mouseClick(tiles->viewport(), Qt::LeftButton, {},
+                      tiles->visualRect(tiles->model()->index(1, 0)).center());
+    QCOMPARE(desk.core.estado.SlideAtual, 2);
+    // Wherever the focus went by that, the keys step on, and the tile that is out stays in sight.
+    for (int i = 0; i < 40; ++i)
+      desk.Key(Qt::Key_Down);
+    QCOMPARE(desk.core.estado.SlideAtual, 42);
+    QVERIFY(inSight(42) && inSight(43));
+    QCOMPARE(desk.Find<QLabel>(QStringLiteral("LbContagem"))->text(), QStringLiteral("42 / 200"));
+    desk.Key(Qt::Key_End);
+    QVERIFY(inSight(200));
+
+    auto *brightness = desk.Find<QSlider>(QStringLiteral("slider1"));
+    brightness->setFocus();
+    desk.Key(Qt::Key_Home); // the slider's own key
+    QCOMPARE(desk.core.estado.SlideAtual, 200);
+
+    desk.core.flow.ShowEntry(2, 1, QStringLiteral("Santo Santo"), QStringLiteral("Santo Santo"));
+    QVERIFY(!tiles->isVisible());
+    QVERIFY(desk.Find(QStringLiteral("Label1"))->isVisible());
+  }
+
   void doubleClickShowsAndMarksTheEntry() {
     Desk desk;
     desk.Fill();

@@ -56,6 +56,7 @@ private slots:
   void easingWithAndWithoutQuotes_data();
   void easingWithAndWithoutQuotes();
   void brokenPictureLeavesBlack();
+  void onlyPicturesNearTheOneOnShowAreRead();
   void neutralFilterCostsNothing();
   void movementIsSwitched();
   void flatColour();
@@ -412,6 +413,31 @@ void PagesTest::brokenPictureLeavesBlack() {
 
   QVERIFY(m_page->Load(Imagem, {{QStringLiteral("listaImages"), QStringLiteral("<div></div>")}}));
   QVERIFY(m_page->WaitForPixel(640, 360, Qt::black));
+  QCOMPARE(m_page->errors(), QStringList());
+}
+
+// A list of hundreds costs no more than one of three, also when the operator jumps in it.
+void PagesTest::onlyPicturesNearTheOneOnShowAreRead() {
+  QStringList pictures;
+  for (int i = 0; i < 60; ++i)
+    pictures << (i % 2 ? m_green : m_red);
+  pictures[30] = m_blue;
+  QVERIFY(m_page->Load(Imagem, {{QStringLiteral("listaImages"), PageFixture::PictureList(pictures)},
+                                {QStringLiteral("fximage"), QStringLiteral("none")},
+                                {QStringLiteral("primeiraimage"), QStringLiteral("7")}}));
+  QVERIFY(m_page->WaitForPixel(640, 360, Qt::green));
+  const QString read =
+      QStringLiteral("$('#slideshow img').get().map((e,i)=>e.getAttribute('src')?i:-1).filter(i=>i>=0).join()");
+  QVERIFY(m_page->WaitFor(read + u"==='6,7,8'"));
+  m_page->Eval(QStringLiteral("GotoSlideImage(30)"));
+  QVERIFY(m_page->WaitForPixel(640, 360, Qt::blue));
+  QVERIFY(m_page->WaitFor(read + u"==='29,30,31'"));
+  // The last one wanted comes, and those in between are left out.
+  m_page->Eval(QStringLiteral("GotoSlideImage(50); GotoSlideImage(51); GotoSlideImage(40); GotoSlideImage(59)"));
+  QVERIFY(m_page->WaitForPixel(640, 360, Qt::green));
+  QVERIFY(m_page->WaitFor(QStringLiteral("$('#slideshow').data('cycle.opts').currSlide===59")));
+  m_page->Eval(QStringLiteral("GotoNextImage()"));
+  QVERIFY(m_page->WaitFor(QStringLiteral("$('#slideshow').data('cycle.opts').currSlide===0")));
   QCOMPARE(m_page->errors(), QStringList());
 }
 

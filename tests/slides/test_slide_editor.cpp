@@ -154,8 +154,8 @@ private slots:
     editor.DefineTexto(typed.chopped(1));
     editor.SelecionaSlide(1);
     editor.MoveSlide(1, 3);
-    for (const qint16 size : {5, 6, 7}) // a slider on its way
-      editor.DefineFontSize(size);
+    for (const int size : {5, 6, 7}) // a slider on its way
+      editor.DefineFontSize(static_cast<qint16>(size));
     QCOMPARE(Titles(editor), QStringList({QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("a")}));
 
     editor.Desfaz();

@@ -132,7 +132,7 @@ private slots:
     room.Type("Text1", QStringLiteral("First"));
     room.Add();
     QCOMPARE(room.asked, QList<int>({1, 2}));
-    room.Type("Text1", QStringLiteral("C:\\new 'ж' ção"));
+    room.Named<QLineEdit>("Text1")->insert(QStringLiteral("C:\\new 'ж' ção"));
     room.Type("Text2", QStringLiteral("one"));
     QTest::keyClick(room.Named<QWidget>("Text2"), Qt::Key_Return);
     room.Type("Text2", QStringLiteral("|# \\'two"));

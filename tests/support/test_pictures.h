@@ -61,6 +61,11 @@ inline QByteArray PngThatClaims(const QSize &size) {
   return bytes;
 }
 
+// One pixel.
+inline QByteArray Gif() {
+  return QByteArray::fromHex("47494638396101000100800000000000ffffff21f90400000000002c00000000010001000002024401003b");
+}
+
 inline QByteArray HalfOf(const QByteArray &bytes) {
   return bytes.left(bytes.size() / 2);
 }

@@ -17,9 +17,9 @@ namespace tolmira::testing {
 class GalleryRoom {
 public:
   GalleryRoom() : app(folder.filePath(QStringLiteral("app"))), store(app), gallery(app, store) {
-    for (const char *name : {"app/Data", "app/Images/Mini", "mine", "home"})
+    for (const char *name : {"app/Data", "app/Images/Mini", "mine"})
       QDir(folder.path()).mkpath(QLatin1String(name));
-    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(QStringLiteral("home")))); // the trash is there
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(QStringLiteral("home")))); // the trash will be there
   }
 
   QString Path(const QString &name) const { return folder.filePath(name); }

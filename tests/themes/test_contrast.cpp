@@ -51,6 +51,7 @@ private slots:
     QTest::newRow("yellow on white") << Plain("65535") << QColor(Qt::white) << false;
     QTest::newRow("red on blue") << Plain("255") << QColor(Qt::blue) << false;
     QTest::newRow("black on white") << Plain("0") << QColor(Qt::white) << true;
+    QTest::newRow("white on white as every theme begins") << TemaRecord() << QColor(Qt::white) << false;
     QTest::newRow("an outline helps a little") << with(white, [](TemaRecord &t) { t.FontBorda_Enabled = true; })
                                                << QColor(150, 150, 150) << true;
     QTest::newRow("the same without") << white << QColor(150, 150, 150) << false;

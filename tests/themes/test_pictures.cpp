@@ -43,6 +43,11 @@ private slots:
                              << PictureProblem::NoPicture;
     QTest::newRow("half a JPEG") << HalfOf(NoisyJpeg({200, 100})) << PictureProblem::CutOff;
     QTest::newRow("half a PNG") << HalfOf(PictureBytes({300, 200}, "png")) << PictureProblem::CutOff;
+    QTest::newRow("half a BMP") << HalfOf(PictureBytes({30, 20}, "bmp")) << PictureProblem::CutOff;
+    QTest::newRow("half a WebP") << HalfOf(Webp()) << PictureProblem::CutOff;
+    QTest::newRow("half an animation") << Gif().chopped(2) << PictureProblem::CutOff;
+    QTest::newRow("BMP") << PictureBytes({30, 20}, "bmp") << PictureProblem::None;
+    QTest::newRow("animation") << Gif() << PictureProblem::None;
     QTest::newRow("hostile PNG") << PngThatClaims({30000, 30000}) << PictureProblem::TooLarge;
     QTest::newRow("PNG in a JPEG's clothes") << PictureBytes({30, 20}, "png") << PictureProblem::None;
     QTest::newRow("behind the end") << NoisyJpeg({20, 10}) + QByteArray(5000, 'x') << PictureProblem::None;
@@ -158,6 +163,8 @@ private slots:
                          << QStringList{Own} << QStringList{QStringLiteral("new.png")};
     QTest::newRow("overwritten") << QStringList{mine("old.png")} << QList<int>{0} << QStringList{Taken}
                                  << QStringList{QStringLiteral("old.png")};
+    QTest::newRow("overwritten in capitals") << QStringList{mine("OLD.PNG")} << QList<int>{0} << QStringList{Taken}
+                                             << QStringList{QStringLiteral("old.png")};
     QTest::newRow("kept") << QStringList{mine("old.png"), mine("new.png")} << QList<int>{1} << QStringList{Taken}
                           << QStringList{QStringLiteral("new.png")};
     QTest::newRow("no answer") << QStringList{mine("old.png")} << QList<int>{} << QStringList{Taken} << none;
@@ -178,7 +185,7 @@ private slots:
     GalleryRoom room;
     room.Picture(QStringLiteral("old.png"));
     room.Write(QStringLiteral("app/Images/Mini/old.png"), "old copy");
-    for (const char *name : {"new.png", "old.png", "ç d'água #1 100%.png", "a|b.png"})
+    for (const char *name : {"new.png", "old.png", "OLD.PNG", "ç d'água #1 100%.png", "a|b.png"})
       room.Write(u"mine/" + QString::fromUtf8(name), PictureBytes({64, 48}, "png"));
     room.Write(QStringLiteral("mine/a.webp"), Webp());
     room.Write(QStringLiteral("mine/b.JPEG"), PictureBytes({64, 48}, "jpg"));
@@ -209,14 +216,15 @@ private slots:
     const QByteArray before = NoisyJpeg({32, 32});
     room.Write(u"app/Images/" + nome, before);
     const QString from = room.Write(u"mine/" + nome, NoisyJpeg({200, 200}));
+    const QString next = room.Write(QStringLiteral("mine/next.jpg"), NoisyJpeg({200, 200}));
     room.prompt.answers = {0};
     QStringList arrived{QStringLiteral("?")};
     {
       const FullDisk full(8000);
-      arrived = Add(room, {from, room.Write(QStringLiteral("mine/next.jpg"), before)});
+      arrived = Add(room, {from, next});
     }
     QCOMPARE(arrived, QStringList());
-    QCOMPARE(room.Said(), QStringList({Taken, NotCopied}));
+    QCOMPARE(room.Said(), QStringList({Taken, NotCopied + u"\nold.jpg\nnext.jpg"}));
     QCOMPARE(room.Read(u"app/Images/" + nome), before);
     QCOMPARE(room.Images(), QStringList(nome));
   }
@@ -253,6 +261,9 @@ private slots:
     if (taken)
       QCOMPARE(room.Read(u"app/Images/" + name.toLower()), QByteArray("another picture"));
     QCOMPARE(bring(room.Path(u"app/Images/" + kept)), kept);
+    const QString disguised = QStringLiteral("animation.png"); // a page shows it all the same
+    QCOMPARE(bring(room.Write(u"app/Images/" + disguised, Gif())), disguised);
+    QFile::remove(room.Path(u"app/Images/" + disguised));
     QCOMPARE(room.Images().size(), taken ? 2 : 1);
     QCOMPARE(bring(room.Write(QStringLiteral("mine/letter.png"), "no picture")), QString());
   }

@@ -30,8 +30,8 @@ private:
         : positions(store, yielder),
           windows(ThemeDoors{
               app, store, positions, prompt, &desk,
-              [this](const QString &path) { used.append(u"background " + NameOf(path)); },
-              [this](const QString &path, bool move) { used.append((move ? u"moving " : u"still ") + NameOf(path)); },
+              [this](const QString &path) { Use(u"background " + NameOf(path)); },
+              [this](const QString &path, bool move) { Use((move ? u"moving " : u"still ") + NameOf(path)); },
               [] { return true; }}) {
       desk.resize(1200, 900);
       positions.SetConsole(&desk);
@@ -44,6 +44,11 @@ private:
         SetDate(u"app/Images/" + name, date = date.addSecs(-3600));
       }
     }
+    // The console builds a page and lets events run meanwhile.
+    void Use(const QString &what) {
+      used.append(what);
+      QCoreApplication::processEvents();
+    }
     QString NameOf(const QString &path) const {
       return path.startsWith(app.At(u"\\Images\\")) ? path.mid(app.At(u"\\Images\\").size()) : path;
     }
@@ -54,7 +59,7 @@ private:
         windows.AbreGaleriaDoTelao();
       else
         windows.AbreGaleria(
-            {modo, numero, [this](const QString &path) { used.append(u"client " + NameOf(path)); }, {}});
+            {modo, numero, [this](const QString &path) { Use(u"client " + NameOf(path)); }, {}});
       window = desk.findChild<FrmBrowseImages *>();
       grid = window->findChild<cExibeMiniaturas *>();
     }
@@ -67,8 +72,9 @@ private:
       QMenu *menu = Menu();
       for (QAction *action : menu->actions())
         if (action->text() == entry)
-          action->trigger();
-      menu->close();
+          menu->setActiveAction(action);
+      QTest::keyClick(menu, Qt::Key_Return);
+      QCoreApplication::processEvents(); // it is done when the menu has gone
     }
     QStringList MenuOf(QWidget *widget) const {
       QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
@@ -155,13 +161,13 @@ private slots:
     QCOMPARE(room.MenuOf(room.grid), QStringList({first, QStringLiteral("Select this image"), QStringLiteral("Preview"),
                                                   QStringLiteral("Delete")}));
     room.Choose(QStringLiteral("Select this image")); // and stays
+    QTRY_VERIFY(!room.Menu() && room.used == QStringList(result));
     QVERIFY(room.window->isVisible());
-    QTRY_VERIFY(!room.Menu());
     QTest::keyClick(room.grid, Qt::Key_Space);
     QFETCH(QString, firstLarge);
     QCOMPARE(room.MenuOf(room.View()), QStringList({firstLarge, QStringLiteral("Delete")}));
     room.Choose(firstLarge);
-    QVERIFY(!room.window->isVisible());
+    QTRY_VERIFY(!room.window->isVisible());
     QCOMPARE(room.used, QStringList({result, result}));
   }
 
@@ -180,7 +186,9 @@ private slots:
       QTest::keyClick(room.grid, key);
       return room.grid->IndexSelecionado();
     };
+    QVERIFY(!room.Button("CmdPreview")->isEnabled());
     QCOMPARE(press(Qt::Key_Down), 0);
+    QVERIFY(room.Button("CmdPreview")->isEnabled());
     QCOMPARE(press(Qt::Key_Down), 5);
     QCOMPARE(press(Qt::Key_Right), 6);
     QCOMPARE(press(Qt::Key_Left), 5);
@@ -200,8 +208,10 @@ private slots:
     QTRY_VERIFY(!room.View()->Imagem().isNull());
     QTest::keyClick(room.View(), Qt::Key_Left);
     QCOMPARE(room.View()->Nome(), names[17]);
-    QTest::keyClick(room.View(), Qt::Key_Escape);
-    QVERIFY(!room.View()->isVisible() && room.window->isVisible());
+    QTest::keyClick(room.View(), Qt::Key_Backtab);
+    QVERIFY(!room.grid->hasFocus()); // its keys would choose a picture that is not seen
+    QTest::keyClick(room.window->focusWidget(), Qt::Key_Escape);
+    QVERIFY(!room.View()->isVisible() && room.window->isVisible() && room.grid->hasFocus());
 
     QTest::keyClick(room.grid, Qt::Key_Delete);
     QVERIFY(!room.Images().contains(names[17]));
@@ -211,6 +221,11 @@ private slots:
     QCOMPARE(room.used, QStringList(u"moving " + names[18]));
     QVERIFY(!room.window->isVisible());
     room.Open(QStringLiteral("FrmMonitor"));
+    QTest::keyClick(room.grid, Qt::Key_Space);
+    QTest::keyClick(room.View(), Qt::Key_Return);
+    QVERIFY(!room.window->isVisible());
+    room.Open(QStringLiteral("FrmMonitor"));
+    QVERIFY(!room.View()->isVisible());
     QTest::keyClick(room.grid, Qt::Key_Escape);
     QVERIFY(!room.window->isVisible());
   }

@@ -1,6 +1,8 @@
 #include "console/ui/console_keys.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSlider>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
@@ -23,6 +25,13 @@ bool TakesText(const QWidget *widget) {
 // A text box has its own use for Ctrl+A, and none for these.
 bool OpensFromText(const QKeyEvent &event) {
   return (event.key() == Qt::Key_B || event.key() == Qt::Key_M) && event.modifiers() == Qt::ControlModifier;
+}
+
+// Keys by which a list, a slider or a box with a list moves itself.
+bool MovesWithin(int key, const QWidget *focus) {
+  const bool paging = key == Qt::Key_PageUp || key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End;
+  return paging && (qobject_cast<const QAbstractSlider *>(focus) || qobject_cast<const QComboBox *>(focus) ||
+                    qobject_cast<const QAbstractItemView *>(focus));
 }
 
 bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
@@ -110,8 +119,8 @@ bool ConsoleKeys::KeyPressed(const QKeyEvent &event) {
   QWidget *focus = QApplication::focusWidget();
   const bool onList = focus == m_list;
   const ConsoleContext &console = m_parts.console;
-  const bool textShown = console.faixa.Label1Visible || console.painel.biblia.Visible;
-  const bool used = m_parts.teclas.KeyDown(key, ctrl, onList);
+  const bool textShown = console.faixa.Label1Visible || console.painel.biblia.Visible || console.estado.EhSlides();
+  const bool used = !MovesWithin(key, focus) && m_parts.teclas.KeyDown(key, ctrl, onList);
   const bool arrow = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
   if (used)
     return textShown || !arrow; // with no text loaded the arrows move in the list as well

@@ -19,10 +19,12 @@ struct ConsoleParts {
   KeyTable &teclas;
   BibleStore &biblia;
   BibleLoader &leitura;
+  ControlSlides &slides;
 
   static ConsoleParts Of(ConsoleCore &core) {
     return {core.contexto, core.agenda, core.stepper,   core.loader, core.temaControle,
-            core.loja,     core.controles, core.textos, core.efeitos, core.flow,    core.teclas, core.lojaBiblia,  core.leitura};
+            core.loja,     core.controles, core.textos, core.efeitos, core.flow,    core.teclas, core.lojaBiblia,  core.leitura,
+            core.slides};
   }
 };
 

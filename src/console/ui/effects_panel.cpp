@@ -15,6 +15,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tolmira {
 
 namespace {
@@ -108,7 +110,7 @@ QGridLayout *EffectsPanel::MakeCombos() {
   combos->addWidget(zoomImagem, 1, 5);
   named(tr("Text"), m_texto, 2);
   combos->addWidget(m_texto, 2, 1);
-  combos->addWidget(m_textoExtra, 2, 2);
+  combos->addWidget(m_textoExtra, 2, 2, 1, 2); // "FadeIn Down" wants the room
   combos->addWidget(fadeTexto, 2, 4);
   combos->addWidget(zoomTexto, 2, 5);
   combos->setColumnStretch(1, 1);
@@ -191,14 +193,14 @@ void EffectsPanel::CarregaFontes() {
 
 // A font of the theme that is not installed is named all the same, though it is no choice.
 void EffectsPanel::ShowFont() {
-  const QString &fonte = m_parts.console.estado.TemaAtual.Font_Name;
+  const QString &fonte = std::as_const(m_parts.efeitos).Visual().Font_Name;
   m_fontes->setPlaceholderText(fonte);
   m_fontes->setCurrentIndex(m_fontes->findText(fonte));
 }
 
 void EffectsPanel::ShowColour() {
   QPixmap swatch(medidas::Icon, medidas::Icon);
-  swatch.fill(FromStored(m_parts.console.estado.TemaAtual.CordeFundo));
+  swatch.fill(FromStored(std::as_const(m_parts.efeitos).Visual().CordeFundo));
   QPainter painter(&swatch);
   painter.setPen(QColor(cores::Quiet)); // the edge of a colour that is like the panel's
   painter.drawRect(swatch.rect().adjusted(0, 0, -1, -1));
@@ -208,7 +210,7 @@ void EffectsPanel::ShowColour() {
 
 // The controls only copy what the theme in force says; nothing is sent by that.
 void EffectsPanel::ThemesChanged() {
-  const TemaRecord &tema = m_parts.console.estado.TemaAtual;
+  const TemaRecord &tema = std::as_const(m_parts.efeitos).Visual();
   ShowFont();
   ShowColour();
   m_move->setChecked(tema.MoveImagens);

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "console/ui/slides_panel.h"
 #include "controls/ui/elided_label.h"
 #include "controls/ui/hint_label.h"
 #include "controls/ui/palette.h"
@@ -41,7 +42,8 @@ Qt::Alignment AlignmentOf(int alinhamento) {
 } // namespace
 
 StripArea::StripArea(ConsoleParts parts, QWidget *parent)
-    : QFrame(parent), m_parts(parts), m_label1(new TextStrip(this)), m_passagem(new PassageCard(this)) {
+    : QFrame(parent), m_parts(parts), m_label1(new TextStrip(this)), m_passagem(new PassageCard(this)),
+      m_slides(new SlidesPanel(parts, this)) {
   SetSpokenRole(this, QAccessible::StaticText);
   setObjectName(QStringLiteral("PicAbac2"));
   setAccessibleName(tr("Text of the item on show"));
@@ -57,6 +59,7 @@ StripArea::StripArea(ConsoleParts parts, QWidget *parent)
   m_passagem->setObjectName(QStringLiteral("LabelBiblia"));
   m_passagem->setAccessibleName(tr("Bible passage"));
   m_passagem->hide();
+  m_slides->hide();
   const auto twips = [](double px) { return static_cast<int>(px * Twips); };
   VerseStepper &stepper = m_parts.stepper;
   connect(m_label1, &TextStrip::Pressed, this, [this, twips, &stepper](double y) {
@@ -119,6 +122,7 @@ void StripArea::Atualiza() {
   m_label1->setVisible(faixa.Label1Visible);
   MarkVerse();
   ShowPassage();
+  ShowSlides();
   ShowHints();
   StripMoved();
   if (!faixa.Label1Visible)
@@ -160,6 +164,16 @@ void StripArea::ShowPassage() {
   m_passagem->SetContent(content);
   m_passagem->SetFrame(FrameRect());
   Speak(m_passagem, biblia.Referencia + u". " + biblia.Texto);
+}
+
+void StripArea::ShowSlides() {
+  m_slides->Atualiza();
+  const int index = m_parts.console.painel.SlideEscolhido;
+  if (const SlideDocument &documento = m_parts.slides.Documento(); m_parts.slides.Visible() && documento.Tem(index)) {
+    const Slide &slide = documento.Em(index);
+    const QStringList spoken{tr("Slide %1 of %2").arg(index).arg(documento.Count()), slide.Titulo, slide.Texto};
+    Speak(m_slides, spoken.join(QStringLiteral(". ")).simplified());
+  }
 }
 
 // Of the text and of the area that holds it, which has the focus.
@@ -209,7 +223,7 @@ void StripArea::ShowHints() {
 void StripArea::paintEvent(QPaintEvent *event) {
   QFrame::paintEvent(event);
   QPainter painter(this);
-  if (!m_label1->isVisible() && !m_passagem->isVisible())
+  if (!m_label1->isVisible() && !m_passagem->isVisible() && !m_slides->isVisible())
     TextStrip::PaintFrame(painter, FrameRect());
   if (hasFocus()) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -222,6 +236,7 @@ void StripArea::resizeEvent(QResizeEvent *event) {
   QFrame::resizeEvent(event);
   m_label1->setGeometry(rect().adjusted(1, 1, -1, -1));
   m_passagem->setGeometry(m_label1->geometry());
+  m_slides->setGeometry(rect().adjusted(medidas::Step, medidas::Step, -medidas::Step, -medidas::Step));
   FaixaTexto &faixa = m_parts.console.faixa;
   faixa.PainelLargura = m_label1->width() * TwipsPerPixel;
   faixa.PainelAltura = m_label1->height() * TwipsPerPixel;
@@ -262,7 +277,7 @@ StripPanel::StripPanel(ConsoleParts parts, QWidget *parent) : QWidget(parent), m
   m_contagem->setProperty("look", QStringLiteral("quiet"));
   m_contagem->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   m_contagem->setFixedWidth(64);
-  m_contagem->setToolTip(tr("Verse in the frame, and how many the item has"));
+  m_contagem->setToolTip(tr("Verse in the frame or slide on show, and how many the item has"));
   row->addWidget(m_contagem);
   column->addWidget(picture8);
 
@@ -281,6 +296,9 @@ void StripPanel::Atualiza() {
   if (console.faixa.Label1Visible && estado.TotalEstrofes > 0)
     count = (estado.EstrofeAtual > 0 ? QString::number(estado.EstrofeAtual) : QStringLiteral("–")) + u" / " +
             QString::number(estado.TotalEstrofes);
+  if (estado.EhSlides())
+    count = (estado.SlideAtual > 0 ? QString::number(estado.SlideAtual) : QStringLiteral("–")) + u" / " +
+            QString::number(estado.TotalSlides);
   m_contagem->setText(count);
   m_area->Atualiza();
 }

@@ -11,6 +11,7 @@ namespace tolmira {
 
 class HintLabel;
 class PassageCard;
+class SlidesPanel;
 class TextStrip;
 
 // PicAbac2: the panel with the text strip and its frame. Tips lie over it and never move anything.
@@ -34,11 +35,13 @@ private:
   void Speak(QWidget *text, const QString &verse);
   void MarkVerse();
   void ShowPassage();
+  void ShowSlides();
   QRectF FrameRect() const;
 
   ConsoleParts m_parts;
   TextStrip *m_label1;
   PassageCard *m_passagem; // in place of the strip while a Bible passage is on show
+  SlidesPanel *m_slides;   // in place of the strip while a slide document is
   // In the middle of the panel while it holds no text.
   HintLabel *m_picAviso2;
   HintLabel *m_picDicaAgenda;

@@ -51,6 +51,9 @@ QString DeskStyleSheet() {
   QString sheet = QStringLiteral(R"(
 QToolTip { background: @raised; color: @text; border: 1px solid @line; padding: 4px 6px; }
 
+QProgressBar { background: @raised; border: 1px solid @line; border-radius: 4px; min-height: 8px; max-height: 8px; }
+QProgressBar::chunk { background: @accent; border-radius: 3px; }
+
 QMenuBar { background: @desk; color: @text; padding: 2px 4px; }
 QMenuBar::item { padding: 5px 10px; border-radius: 6px; background: transparent; }
 QMenuBar::item:selected, QMenuBar::item:pressed { background: @hover; }
@@ -113,7 +116,7 @@ QPlainTextEdit { background: @panel; border: 1px solid @line; border-radius: 6px
 QPlainTextEdit:focus { border-color: @accent; }
 QLineEdit:disabled { color: @faint; background: @panel; }
 
-QComboBox { background: @raised; color: @text; border: 1px solid @line; border-radius: 6px; padding: 0 8px;
+QComboBox { background: @raised; color: @text; border: 1px solid @line; border-radius: 6px; padding: 0 2px 0 8px;
   min-height: 28px; }
 QComboBox:hover { background: @hover; }
 QComboBox:focus { border-color: @accent; }
@@ -121,6 +124,7 @@ QComboBox:disabled { color: @faint; background: @panel; }
 QComboBox::drop-down { border: none; width: 24px; }
 QComboBox::down-arrow { image: url(:/tolmira/icons/indicator-down.svg); width: 14px; height: 14px; }
 QComboBox::down-arrow:disabled { image: url(:/tolmira/icons/indicator-down-off.svg); }
+tolmira--FontBox { combobox-popup: 0; }
 QComboBox QAbstractItemView { background: @raised; color: @text; border: 1px solid @line; outline: 0; padding: 4px;
   selection-background-color: @selection; selection-color: @text; }
 
@@ -153,6 +157,7 @@ QAbstractItemView[look="column"]::item:selected { background: @selection; color:
 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
 QScrollBar::handle:vertical { background: @line; border-radius: 4px; min-height: 28px; margin: 1px; }
 QScrollBar::handle:vertical:hover { background: @faint; }
+QScrollBar::handle:vertical:disabled { background: transparent; }
 QScrollBar:horizontal { background: transparent; height: 10px; margin: 0; }
 QScrollBar::handle:horizontal { background: @line; border-radius: 4px; min-width: 28px; margin: 1px; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }

@@ -3,6 +3,7 @@
 #include "display/ui/web_page_host.h"
 
 #include <QShowEvent>
+#include <algorithm>
 
 namespace tolmira {
 
@@ -10,12 +11,12 @@ namespace {
 constexpr QSize UsualProjection{1280, 720};
 }
 
-ProjectionFrame::ProjectionFrame(const QString &nome, std::function<Display *()> telao, const PageProfile &perfil,
-                                 QWidget *parent)
-    : QFrame(parent), m_telao(std::move(telao)), m_host(new WebPageHost(nome, this, perfil)) {
+ProjectionFrame::ProjectionFrame(const QString &nome, Altura altura, std::function<Display *()> telao,
+                                 const PageProfile &perfil, QWidget *parent)
+    : QFrame(parent), m_altura(altura), m_telao(std::move(telao)), m_host(new WebPageHost(nome, this, perfil)) {
   setObjectName(QStringLiteral("PicPreview"));
   setProperty("look", QStringLiteral("screen"));
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Expanding, altura == Altura::PelaLargura ? QSizePolicy::Fixed : QSizePolicy::Expanding);
   m_host->setObjectName(QStringLiteral("PicWV"));
   m_host->setFocusPolicy(Qt::NoFocus);
   m_host->OnRecovered = [this] { Recuperada(); };
@@ -28,23 +29,28 @@ QSize ProjectionFrame::TamanhoDoTelao() const {
 
 void ProjectionFrame::Fit() {
   const QSize projection = TamanhoDoTelao();
-  const int inside = width() - 2;
-  const int height = inside * projection.height() / projection.width();
-  setFixedHeight(height + 2);
-  m_host->setGeometry(1, 1, inside, height);
+  const int wanted = (width() - 2) * projection.height() / projection.width() + 2;
+  if (m_altura == Altura::PelaLargura)
+    setFixedHeight(wanted);
+  else
+    setMaximumHeight(std::max(minimumHeight(), wanted));
+  const QRect inside = rect().adjusted(1, 1, -1, -1);
+  QRect page(QPoint(), projection.scaled(inside.size(), Qt::KeepAspectRatio));
+  page.moveCenter(inside.center());
+  m_host->setGeometry(page);
+  Ajustada();
 }
 
 void ProjectionFrame::resizeEvent(QResizeEvent *event) {
   QFrame::resizeEvent(event);
   Fit();
-  Ajustada();
 }
 
 void ProjectionFrame::showEvent(QShowEvent *event) {
   QFrame::showEvent(event);
-  Fit();
   if (!m_host->WV())
     m_host->CriaBrowser();
+  Fit();
   Exibida();
 }
 

@@ -16,15 +16,18 @@ class ProjectionFrame : public QFrame {
   Q_OBJECT
 
 public:
+  // The page follows the frame's breadth, or fits into whatever the frame is given, and stands in its middle then.
+  enum class Altura { PelaLargura, Livre };
   // `nome` is the page's name for observers.
-  ProjectionFrame(const QString &nome, std::function<Display *()> telao, const PageProfile &perfil, QWidget *parent);
+  ProjectionFrame(const QString &nome, Altura altura, std::function<Display *()> telao, const PageProfile &perfil,
+                  QWidget *parent);
 
   WebPageHost *PicWV() const { return m_host; }
   QSize TamanhoDoTelao() const; // px; that of a usual one while there is none
 
 protected:
+  virtual void Ajustada() {}   // the page may have another size
   virtual void Exibida() {}    // shown, and there is an engine if there can be one
-  virtual void Ajustada() {}   // the page has another size
   virtual void Recuperada() {} // the page's process had died; the page is empty
   void resizeEvent(QResizeEvent *event) override;
   void showEvent(QShowEvent *event) override;
@@ -32,6 +35,7 @@ protected:
 private:
   void Fit();
 
+  const Altura m_altura;
   std::function<Display *()> m_telao;
   WebPageHost *m_host;
 };

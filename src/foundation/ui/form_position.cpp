@@ -13,6 +13,12 @@ QString SectionOf(const QWidget &form, bool useTag) {
   return useTag ? QString(form.objectName() + form.property("varTAG").toString()) : form.objectName();
 }
 
+// What the desktop puts round a window. One that never stood on it does not know, so the console's counts.
+QSize FrameOf(const QWidget &form, const QWidget *console) {
+  const QSize own = form.frameGeometry().size() - form.size();
+  return own.isNull() && console ? console->frameGeometry().size() - console->size() : own;
+}
+
 } // namespace
 
 void FormPositions::SaveFormPosition(const QWidget &form, bool useTag) const {
@@ -21,8 +27,11 @@ void FormPositions::SaveFormPosition(const QWidget &form, bool useTag) const {
 
 void FormPositions::RestoreFormPosition(QWidget &form, bool useTag, int fixedTop, int fixedLeft) const {
   const QScreen *screen = m_console ? m_console->screen() : QGuiApplication::primaryScreen();
+  const QSize frame = FrameOf(form, m_console);
+  if (screen && m_console != &form) // a small screen must show its lowest row of buttons too
+    form.resize(form.size().boundedTo(screen->availableGeometry().size() - frame));
   WindowPlacement placement;
-  placement.window = form.frameGeometry();
+  placement.window = QRect(form.pos(), form.size() + frame);
   placement.screen = screen ? screen->geometry() : QRect();
   placement.console = m_console ? m_console->frameGeometry() : placement.screen;
   placement.isConsole = m_console == &form;

@@ -5,7 +5,9 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -38,7 +40,10 @@ void Prepare(QMessageBox &box, MessageKind kind, const QString &title, const QSt
 
 QStringList ChooseFiles(QWidget *parent, const QString &title, const QString &folder, const QString &filter,
                         QFileDialog::FileMode mode) {
-  const QPointer<QFileDialog> dialog = new QFileDialog(parent, title, MapStoredPath(folder).text(), filter);
+  // A folder that is not there would stand in the dialogue as the name of a file.
+  const QString start = MapStoredPath(folder).text();
+  const QPointer<QFileDialog> dialog =
+      new QFileDialog(parent, title, QFileInfo(start).isDir() ? start : QDir::homePath(), filter);
   dialog->setObjectName(QStringLiteral("FileDialog"));
   dialog->setOption(QFileDialog::DontUseNativeDialog);
   dialog->setFileMode(mode);

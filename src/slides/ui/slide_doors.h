@@ -16,6 +16,10 @@ class QWidget;
 
 namespace tolmira {
 
+// Opens the editor on new slides of these pictures (stored paths), with a name to propose. False when the editor stands
+// open on others and the operator wants to go on with them.
+using AbreImagens = std::function<bool(const QStringList &imagens, const QString &nome)>;
+
 // What the windows of the slides work with. All of it outlives them.
 struct SlideDoors {
   const IniStore &store;
@@ -30,10 +34,8 @@ struct SlideDoors {
   std::function<QString()> tituloDaAgenda; // of the active agenda
   // Lets the operator choose a picture for slide `numero`; `usa` takes its path. Empty: a file dialogue asks.
   std::function<void(int numero, QWidget *dono, const std::function<void(const QString &path)> &usa)> galeria;
-  // Brings a document of another kind in as pictures in <app>\Images; `pronto` takes their stored paths and a name for
-  // the slides. Empty while nothing does.
-  std::function<void(QWidget *dono, const std::function<void(const QStringList &imagens, const QString &nome)> &pronto)>
-      importa;
+  // Brings a document of another kind in as pictures in <app>\Images. Empty while nothing does.
+  std::function<void(const AbreImagens &pronto)> importa;
   PageProfile perfil;      // shared with the other pages; without one the preview makes its own
   QWidget *dono = nullptr; // the console's window, which they stand over
 };

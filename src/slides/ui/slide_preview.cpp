@@ -27,8 +27,9 @@ QString EfeitoDe(const TemaRecord &visual) {
 } // namespace
 
 SlidePreview::SlidePreview(const SlideDoors &doors, QWidget *parent)
-    : ProjectionFrame(QStringLiteral("slides"), doors.telao, doors.perfil, parent), m_app(doors.store.App()),
-      m_store(doors.store), m_estado(doors.estado), m_ajustes(doors.ajustes), m_random(doors.random) {
+    : ProjectionFrame(QStringLiteral("slides"), Altura::Livre, doors.telao, doors.perfil, parent),
+      m_app(doors.store.App()), m_store(doors.store), m_estado(doors.estado), m_ajustes(doors.ajustes),
+      m_random(doors.random) {
   setMinimumSize(320, 182);
   setAccessibleName(tr("The slide as the projection shows it"));
 }

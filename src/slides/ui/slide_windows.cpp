@@ -34,8 +34,8 @@ void SlideWindows::AbreLista() {
         m_doors.prompt.Message(MessageKind::Information, BoxTitle, QStringLiteral("Slide not found"));
     };
     const auto importa = [this] {
-      m_doors.importa(m_lista.get(),
-                      [this](const QStringList &imagens, const QString &nome) { AbreComImagens(imagens, nome); });
+      m_doors.importa(
+          [this](const QStringList &imagens, const QString &nome) { return AbreComImagens(imagens, nome); });
     };
     m_lista =
         std::make_unique<FrmListaSlides>(m_doors, m_estado, FrmListaSlides::Editor{[this] { Novo(); }, edita, importa});
@@ -74,14 +74,15 @@ void SlideWindows::Novo() {
   AbreComImagens({}, {});
 }
 
-void SlideWindows::AbreComImagens(const QStringList &imagens, const QString &nome) {
+bool SlideWindows::AbreComImagens(const QStringList &imagens, const QString &nome) {
   if (!LivraEditor())
-    return;
+    return false;
   FrmSlides *editor = Make();
   editor->LoadSlide({});
   if (!imagens.isEmpty())
     editor->TomaImagens(imagens, nome);
   editor->Open();
+  return true;
 }
 
 bool SlideWindows::Edita(const QString &path) {

@@ -25,7 +25,7 @@ public:
   // Opens the editor on a document, or brings it to the front when it stands on it. One that stands on another document
   // is closed first, as the operator would. False when the file cannot be read.
   bool Edita(const QString &path);
-  void AbreComImagens(const QStringList &imagens, const QString &nome); // a new document of these pictures
+  bool AbreComImagens(const QStringList &imagens, const QString &nome); // AbreImagens
 
   bool FechaTodos();       // as the operator would; false when the editor stays
   void OfereceRascunhos(); // asks about what an earlier run left behind

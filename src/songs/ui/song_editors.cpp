@@ -76,7 +76,9 @@ bool SongEditors::AbertoEmOutra(const QString &path) const {
   return !m_editors.empty() && !EstaAberto(path);
 }
 
-bool SongEditors::FechaTodos() { return CloseAll(m_editors, m_closing); }
+bool SongEditors::FechaTodos() {
+  return CloseAll(m_editors, m_closing);
+}
 
 void SongEditors::OfereceRascunhos(SongEditorParent *parent) {
   const SongDrafts drafts(m_doors.store.App());
@@ -105,6 +107,11 @@ void SongEditors::AbreFormato() {
   if (!m_format)
     m_format = std::make_unique<FrmConfigFormatTexto>(m_doors, m_formatDoors);
   m_format->Open();
+}
+
+void SongEditors::RefazFormato() {
+  if (m_format)
+    m_format->Refaz();
 }
 
 } // namespace tolmira

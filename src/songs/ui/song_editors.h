@@ -33,7 +33,8 @@ public:
 
   // Asks about each unsaved text that an earlier run left behind.
   void OfereceRascunhos(SongEditorParent *parent = nullptr);
-  void AbreFormato(); // the text-format options
+  void AbreFormato();  // the text-format options
+  void RefazFormato(); // another theme is in force
 
 private:
   FrmEditar *Make(SongEditorParent *parent);

@@ -21,11 +21,12 @@ QString VerseOf(const QString &stanza, const TemaRecord &tema) {
 } // namespace
 
 StanzaPreview::StanzaPreview(const SongEditorDoors &doors, QWidget *parent)
-    : ProjectionFrame(QStringLiteral("editor"), doors.telao, doors.perfil, parent), m_ajustes(doors.ajustes), m_canal(m_estado, [] { return nullptr; }),
+    : ProjectionFrame(QStringLiteral("editor"), Altura::PelaLargura, doors.telao, doors.perfil, parent),
+      m_ajustes(doors.ajustes), m_canal(m_estado, [] { return nullptr; }),
       m_letras(
           m_estado, m_ajustes, m_canal, doors.telao, [] { return nullptr; }, doors.measure, doors.random),
-      m_paginas(doors.store.App(), doors.store, m_estado, m_ajustes, m_canal, m_letras, Hosts(doors.telao), doors.random,
-                doors.yielder) {
+      m_paginas(doors.store.App(), doors.store, m_estado, m_ajustes, m_canal, m_letras, Hosts(doors.telao),
+                doors.random, doors.yielder) {
   setMinimumSize(240, 137);
   setAccessibleName(tr("The stanza at the caret as the projection shows it"));
 }
@@ -75,7 +76,7 @@ void StanzaPreview::Show(const QString &stanza, double tamanhoBase, const TemaRe
     m_built = true;
     m_pageOf = page;
     PicWV()->WV()->Navigate(QString(u"file:///" + m_paginas.MontaPaginaConfig(PicWV()->size(), page, 1, QString())),
-                           PageSeconds);
+                            PageSeconds);
   }
   Send();
 }
@@ -85,7 +86,8 @@ void StanzaPreview::Send() {
   PageObject *page = PicWV()->WV();
   if (!page)
     return;
-  const double points = TamanhoNaPrevia(NumericPrefix(m_estado.FonteTamanho), TamanhoDoTelao().width(), PicWV()->width());
+  const double points =
+      TamanhoNaPrevia(NumericPrefix(m_estado.FonteTamanho), TamanhoDoTelao().width(), PicWV()->width());
   CallPageScript(page, QStringLiteral("ChangeCSS"), QStringLiteral("set_text"), QStringLiteral("font-size"),
                  QString(NumberText(points) + u"pt"));
   page->ExecuteScript(u"SetAttributeByClass('textoContainer','style','justify-content: " +

@@ -121,6 +121,9 @@ cExibeMiniaturas::cExibeMiniaturas(const PictureGallery &galeria, SmallCopyLoade
   m_pede->setInterval(0);
   connect(m_pede, &QTimer::timeout, this, &cExibeMiniaturas::PedeVisiveis);
   connect(verticalScrollBar(), &QScrollBar::valueChanged, m_pede, qOverload<>(&QTimer::start));
+  // The bar keeps its place, and shows a handle only where there is something to scroll.
+  connect(verticalScrollBar(), &QScrollBar::rangeChanged, verticalScrollBar(),
+          [bar = verticalScrollBar()](int least, int most) { bar->setEnabled(most > least); });
   connect(m_modelo, &QAbstractItemModel::modelReset, m_pede, qOverload<>(&QTimer::start));
   connect(m_modelo, &QAbstractItemModel::rowsRemoved, m_pede, qOverload<>(&QTimer::start));
   connect(&loader, &SmallCopyLoader::Pronta, m_modelo, &GalleryModel::Recebe);
@@ -130,7 +133,11 @@ cExibeMiniaturas::cExibeMiniaturas(const PictureGallery &galeria, SmallCopyLoade
 
 int cExibeMiniaturas::Colunas() const {
   const int width = CellDelegate::CellSize(m_borda, fontMetrics()).width() + m_distancia;
-  return m_colunas > 0 ? m_colunas : qMax(1, (viewport()->width() - m_distancia) / width);
+  return m_colunas > 0 ? m_colunas : qMax(1, (LarguraInteira() - m_distancia) / width);
+}
+
+int cExibeMiniaturas::LarguraInteira() const {
+  return viewport()->width() + viewportMargins().left();
 }
 
 void cExibeMiniaturas::SetColunas(int colunas) {
@@ -155,8 +162,12 @@ void cExibeMiniaturas::Setcordefundo(const QColor &cor) {
 
 void cExibeMiniaturas::AjustaGrade() {
   const QSize cell = CellDelegate::CellSize(m_borda, fontMetrics());
-  // The list breaks a row that would end at the very edge.
-  const QSize grid((viewport()->width() - 1) / Colunas(), cell.height() + m_distancia);
+  // As much room beside the pictures as between them; in the list itself it lies right of each. The list breaks a row
+  // that would end at the very edge.
+  const int columns = Colunas();
+  const int beside = qMax(0, (LarguraInteira() - 1 - columns * cell.width()) / (columns + 1));
+  setViewportMargins(beside, medidas::Step, 0, 0);
+  const QSize grid((viewport()->width() - 1) / columns, cell.height() + m_distancia);
   if (grid != gridSize())
     setGridSize(grid);
   verticalScrollBar()->setSingleStep(qMax(1, grid.height() / 3));
@@ -215,6 +226,10 @@ void cExibeMiniaturas::Retira(int index) {
   m_modelo->Remove(index);
   SetIndexSelecionado(qMin(index, GetTotal() - 1));
   emit Mudou();
+}
+
+void cExibeMiniaturas::EsqueceTodas() {
+  m_modelo->EsqueceTodas();
 }
 
 void cExibeMiniaturas::Esquece(const QString &nome) {
@@ -301,8 +316,9 @@ QModelIndex cExibeMiniaturas::moveCursor(CursorAction action, Qt::KeyboardModifi
   return m_modelo->index(now < 0 && action != MoveEnd ? 0 : qBound(0, row, total - 1), 0);
 }
 
-void cExibeMiniaturas::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
-  QListView::currentChanged(current, previous);
+// Not the current picture: the first one is that as soon as the list has the focus, chosen or not.
+void cExibeMiniaturas::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) {
+  QListView::selectionChanged(selected, deselected);
   emit Mudou();
 }
 

@@ -51,7 +51,8 @@ public:
   void RemovePics();                 // empties the grid; no file is touched
   void Retira(int index);            // the file is gone; its neighbour is selected
   void Esquece(const QString &nome); // the file changed: its small copy is fetched again
-  void MoveScroll(int linhas);       // scrolls by whole rows; negative is up
+  void EsqueceTodas();
+  void MoveScroll(int linhas); // scrolls by whole rows; negative is up
   void SetTextoVazio(const QString &text) { m_textoVazio = text; }
 
   const GalleryModel &Modelo() const { return *m_modelo; }
@@ -67,7 +68,7 @@ signals:
 
 protected:
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-  void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+  void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
   void keyPressEvent(QKeyEvent *event) override;
   void contextMenuEvent(QContextMenuEvent *event) override;
   void resizeEvent(QResizeEvent *event) override;
@@ -81,6 +82,7 @@ protected:
 
 private:
   void Carrega(const QStringList &nomes);
+  int LarguraInteira() const; // px, with the margin beside the pictures
   void AjustaGrade();
   void PedeVisiveis();
   int LinhasPorPagina() const;

@@ -13,6 +13,10 @@ GalleryModel::GalleryModel(QObject *parent) : QAbstractListModel(parent), m_copi
 void GalleryModel::SetNomes(const QStringList &nomes) {
   beginResetModel();
   m_nomes = nomes;
+  // What could not be read may be readable by now: a copy that was still under way.
+  for (const QString &nome : m_copias.keys())
+    if (m_copias.object(nome)->problem != PictureProblem::None)
+      m_copias.remove(nome);
   NumeraLinhas();
   endResetModel();
 }

@@ -23,6 +23,7 @@ public:
 
   void Recebe(const QString &nome, const PictureImage &imagem);
   void Esquece(const QString &nome); // the file changed
+  void EsqueceTodas() { m_copias.clear(); }
   bool Tem(const QString &nome) const { return m_copias.contains(nome); }
   // Null while it has not come; owned by the model, until the next call of Recebe.
   const PictureImage *Copia(int linha) const;

@@ -1,6 +1,7 @@
 #include "themes/ui/picture_menus.h"
 
 #include <QMenu>
+#include <QTimer>
 #include <initializer_list>
 #include <utility>
 
@@ -14,8 +15,10 @@ QMenu *Menu(QWidget *dono, const char *nome, std::initializer_list<Entrada> entr
   auto *menu = new QMenu(dono);
   menu->setObjectName(QLatin1String(nome));
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  // What is chosen is done when the menu has gone: it may yield to the event loop, which then deletes the menu.
   for (const auto &[texto, marca] : entradas)
-    menu->addAction(texto, menu, [faz, marca = marca] { faz(marca); });
+    menu->addAction(texto, dono,
+                    [dono, faz, marca = marca] { QTimer::singleShot(0, dono, [faz, marca] { faz(marca); }); });
   return menu;
 }
 

@@ -1,6 +1,7 @@
 #include "themes/ui/picture_strip.h"
 
 #include "controls/ui/palette.h"
+#include "foundation/text_utils.h"
 
 #include <QHash>
 #include <QKeyEvent>
@@ -14,7 +15,7 @@ namespace tolmira {
 
 namespace {
 constexpr QSize Picture{104, 58};
-constexpr QSize Cell{Picture.width() + 10, Picture.height() + 10};
+constexpr QSize Cell{Picture.width() + 18, Picture.height() + 10}; // as much on the right as the style puts on the left
 constexpr int Plate = 170; // of 255: as dark as a caption needs over any picture
 
 // Writes the caption over the foot of the picture.
@@ -28,7 +29,7 @@ public:
     if (caption.isEmpty())
       return;
     const int height = option.fontMetrics.height() + 2;
-    const QRect cell = QRect(option.rect.topLeft(), Cell).adjusted(5, 5, -5, -5);
+    const QRect cell = QRect(option.rect.topLeft(), Cell).adjusted(9, 5, -9, -5);
     const QRect plate(cell.left(), cell.bottom() + 1 - height, cell.width(), height);
     QColor dark = QColor::fromRgb(cores::Desk);
     dark.setAlpha(Plate);
@@ -61,8 +62,9 @@ PictureStrip::PictureStrip(Qt::Orientation direcao, QWidget *parent) : QListWidg
   }
   setDragDropMode(QAbstractItemView::InternalMove);
   setAccessibleName(tr("Pictures of the theme"));
-  setToolTip(tr("A click shows the picture above. Drag, or Alt with Left and Right, changes the order; Delete takes one\n"
-                "out of the theme, its file stays."));
+  setToolTip(
+      tr("A click shows the picture above. Drag, or Alt with Left and Right, changes the order; Delete takes one\n"
+         "out of the theme, its file stays."));
   connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
     if (!m_filling && row >= 0)
       emit Escolhida(row + 1);
@@ -79,7 +81,7 @@ PictureStrip::PictureStrip(Qt::Orientation direcao, QWidget *parent) : QListWidg
 
 void PictureStrip::Grava(QListWidgetItem *cell, const QString &legenda) {
   cell->setData(Qt::UserRole, legenda);
-  const QString nome = cell->toolTip();
+  const QString nome = FileNameOf(cell->toolTip());
   cell->setData(Qt::AccessibleTextRole, legenda.isEmpty() ? nome : QString(legenda + QStringLiteral(", ") + nome));
 }
 
@@ -132,7 +134,8 @@ void PictureStrip::keyPressEvent(QKeyEvent *event) {
     emit Removida(row + 1);
   else if (row > 0 && alt && event->key() == (m_direcao == Qt::Horizontal ? Qt::Key_Left : Qt::Key_Up))
     emit Movida(row + 1, row);
-  else if (row >= 0 && row + 1 < count() && alt && event->key() == (m_direcao == Qt::Horizontal ? Qt::Key_Right : Qt::Key_Down))
+  else if (row >= 0 && row + 1 < count() && alt &&
+           event->key() == (m_direcao == Qt::Horizontal ? Qt::Key_Right : Qt::Key_Down))
     emit Movida(row + 1, row + 2);
   else
     QListWidget::keyPressEvent(event);

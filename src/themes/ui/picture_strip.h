@@ -5,15 +5,15 @@
 
 namespace tolmira {
 
-// PicPics: pictures in their order, as small copies in a row or a column. Positions count from 1. It only asks: who owns
-// the list changes it and shows it again.
+// PicPics: pictures in their order, as small copies in a row or a column. Positions count from 1. It only asks: who
+// owns the list changes it and shows it again.
 class PictureStrip : public QListWidget {
   Q_OBJECT
 
 public:
   explicit PictureStrip(Qt::Orientation direcao, QWidget *parent);
 
-  // Bare file names; `legendas`, if any, are written over the pictures.
+  // By names of pictures, bare or with their paths; `legendas`, if any, are written over the pictures.
   void Show(const QStringList &nomes, int escolhida, const QStringList &legendas = {});
   void MudaLegenda(int posicao, const QString &legenda);
   void Escolhe(int posicao); // without a signal

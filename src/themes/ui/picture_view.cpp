@@ -83,9 +83,7 @@ void PictureView::paintEvent(QPaintEvent *event) {
   painter.setPen(QColor(cores::Quiet));
   QString line = m_nome;
   if (!m_imagem.image.isNull()) {
-    const QSize whole = m_imagem.image.size() / devicePixelRatioF();
-    const bool fits = whole.width() <= area.width() && whole.height() <= area.height();
-    QRect place(QPoint(), fits ? whole : whole.scaled(area.size(), Qt::KeepAspectRatio));
+    QRect place(QPoint(), m_imagem.image.size().scaled(area.size(), Qt::KeepAspectRatio));
     place.moveCenter(area.center());
     painter.drawImage(place, m_imagem.image);
     line += QStringLiteral("   %1 × %2").arg(m_imagem.size.width()).arg(m_imagem.size.height());

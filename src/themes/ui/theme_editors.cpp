@@ -39,10 +39,17 @@ void ThemeEditors::AbreConfigTema(int n) {
   editor->Open();
 }
 
+void ThemeEditors::MaiusculasMudaram(int n, bool maiusculas) {
+  if (FrmConfigTema *editor = EditorOf(n))
+    editor->MaiusculasMudaram(maiusculas);
+}
+
 PageObject *ThemeEditors::WV() const {
   return m_editors.empty() ? nullptr : m_editors.back()->Preview()->PicWV()->WV();
 }
 
-bool ThemeEditors::FechaTodos() { return CloseAll(m_editors, m_closing); }
+bool ThemeEditors::FechaTodos() {
+  return CloseAll(m_editors, m_closing);
+}
 
 } // namespace tolmira

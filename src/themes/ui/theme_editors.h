@@ -17,6 +17,8 @@ public:
 
   // Opens the editor on theme n, or brings the one that stands on it to the front.
   void AbreConfigTema(int n);
+  // Theme n was given or lost capital letters by another window.
+  void MaiusculasMudaram(int n, bool maiusculas);
   PageObject *WV() const; // of the editor that was opened last; null when none stands open
   // Closes all of them, as the operator would; false when one of them stays.
   bool FechaTodos();

@@ -20,7 +20,9 @@ constexpr int LargestOffset = 20; // px
 constexpr int LargestSpread = 40; // px
 constexpr int LargestFilter = 200;
 constexpr int LargestBlur = 20;
-constexpr int Columns = 6;
+// Two halves of a caption, a slider and its value each, with a gap between them.
+constexpr int Right = 4;
+constexpr int Columns = 7;
 
 // A value that the catalogue does not name, from a file somebody edited, is shown all the same.
 void Choose(QComboBox *combo, const QString &value) {
@@ -59,7 +61,8 @@ ThemeLook::ThemeLook(TemaRecord &tema, UserPrompt &prompt, Filters filters, QWid
     MakeFilters(grid);
   MakeEffects(grid);
   grid->setColumnStretch(1, 1);
-  grid->setColumnStretch(4, 1);
+  grid->setColumnMinimumWidth(Right - 1, medidas::Gap);
+  grid->setColumnStretch(Right + 1, 1);
   grid->setRowStretch(grid->rowCount(), 1);
 }
 
@@ -85,39 +88,35 @@ void ThemeLook::MakeText(QGridLayout *grid) {
   auto *caption = new QLabel(tr("Font"), this);
   caption->setProperty("look", QStringLiteral("quiet"));
   grid->addWidget(caption, row, 0);
-  grid->addWidget(m_fontes, row, 1, 1, 2);
-  auto *beside = new QHBoxLayout;
-  beside->addWidget(MakeColour("SelectColorsFont", tr("Colour of the text"), &TemaRecord::Font_Cor));
-  beside->addSpacing(medidas::Step);
-  beside->addWidget(MakeTick("ChkMaiusculas", tr("&Capital letters"), &TemaRecord::Maiusculas, &ThemeLook::TextoMudou));
-  beside->addStretch(1);
-  grid->addLayout(beside, row, 3, 1, 3);
+  auto *font = new QHBoxLayout; // names of fonts are long
+  font->setSpacing(medidas::Gap);
+  font->addWidget(m_fontes, 1);
+  font->addWidget(MakeColour("SelectColorsFont", tr("Colour of the text"), &TemaRecord::Font_Cor));
+  grid->addLayout(font, row, 1, 1, Columns - 1);
+  grid->addWidget(MakeTick("ChkMaiusculas", tr("&Capital letters"), &TemaRecord::Maiusculas, &ThemeLook::TextoMudou),
+                  row + 1, 1, 1, Columns - 1);
 
-  const auto pair = [this, grid](QCheckBox *tick, ColourButton *colour) {
-    auto *line = new QHBoxLayout;
-    line->addWidget(tick);
-    line->addWidget(colour);
-    line->addStretch(1);
+  const auto pair = [grid](QCheckBox *tick, ColourButton *colour) {
     const int at = grid->rowCount();
-    grid->addLayout(line, at, 0, 1, 3);
+    grid->addWidget(tick, at, 0);
+    grid->addWidget(colour, at, 1, Qt::AlignLeft);
     return at;
   };
   const QString px = QStringLiteral(" px");
   row = pair(MakeTick("ChkSombra", tr("Sh&adow"), &TemaRecord::FontSombra_Enabled, &ThemeLook::TextoMudou),
              MakeColour("SelectColorsSombra", tr("Colour of the shadow"), &TemaRecord::FontSombra_Cor));
-  AddTextScale(grid, row, 3, {"SliderSombraOpacity", tr("Strength"), 0, 10, {}, {}, {}, nullptr},
-               &TemaRecord::FontSombra_Opacity);
-  row = grid->rowCount();
-  AddTextScale(grid, row, 0, {"SliderSombraRight", tr("To the right"), -LargestOffset, LargestOffset, px, {}, {}, nullptr},
-               &TemaRecord::FontSombra_Right);
-  AddTextScale(grid, row, 3, {"SliderSombraDown", tr("Down"), -LargestOffset, LargestOffset, px, {}, {}, nullptr},
-               &TemaRecord::FontSombra_Down);
-  row = grid->rowCount();
-  AddTextScale(grid, row, 0, {"SliderSombraBlur", tr("Softness"), 0, LargestSpread, px, {}, {}, nullptr},
+  // Its strength is kept in the file, but no page draws by it.
+  AddTextScale(grid, row, Right, {"SliderSombraBlur", tr("Softness"), 0, LargestSpread, px, {}, {}, nullptr},
                &TemaRecord::FontSombra_Blur);
+  row = grid->rowCount();
+  AddTextScale(grid, row, 0,
+               {"SliderSombraRight", tr("To the right"), -LargestOffset, LargestOffset, px, {}, {}, nullptr},
+               &TemaRecord::FontSombra_Right);
+  AddTextScale(grid, row, Right, {"SliderSombraDown", tr("Down"), -LargestOffset, LargestOffset, px, {}, {}, nullptr},
+               &TemaRecord::FontSombra_Down);
   row = pair(MakeTick("ChkBorda", tr("&Outline"), &TemaRecord::FontBorda_Enabled, &ThemeLook::TextoMudou),
              MakeColour("SelectColorsBorda", tr("Colour of the outline"), &TemaRecord::FontBorda_Cor));
-  AddTextScale(grid, row, 3, {"SliderBordaEspessura", tr("Thickness"), 0, LargestSpread, px, {}, {}, nullptr},
+  AddTextScale(grid, row, Right, {"SliderBordaEspessura", tr("Thickness"), 0, LargestSpread, px, {}, {}, nullptr},
                &TemaRecord::FontBorda_Espessura);
 }
 
@@ -132,9 +131,9 @@ void ThemeLook::MakeFilters(QGridLayout *grid) {
   const QString percent = QStringLiteral("%");
   const int row = grid->rowCount();
   filter(row, 0, "slider1", tr("Brightness"), LargestFilter, percent, &TemaRecord::brightness);
-  filter(row, 3, "slider3", tr("Contrast"), LargestFilter, percent, &TemaRecord::contrast);
+  filter(row, Right, "slider3", tr("Contrast"), LargestFilter, percent, &TemaRecord::contrast);
   filter(row + 1, 0, "slider4", tr("Saturation"), LargestFilter, percent, &TemaRecord::saturate);
-  filter(row + 1, 3, "slider5", tr("Blur"), LargestBlur, QStringLiteral(" px"), &TemaRecord::blur);
+  filter(row + 1, Right, "slider5", tr("Blur"), LargestBlur, QStringLiteral(" px"), &TemaRecord::blur);
 }
 
 void ThemeLook::MakeEffects(QGridLayout *grid) {
@@ -148,24 +147,23 @@ void ThemeLook::MakeEffects(QGridLayout *grid) {
   m_imagem = MakeCombo("ComboEfeitoImagem", tr("Effect of pictures"));
   m_imagem->addItems(FamiliasDeEfeito(GrupoEfeito::Imagem, DirecaoEfeito::In));
   m_imagemExtra = MakeCombo("ComboEfeitoImagemExtra", tr("Variant of the picture effect"));
-  m_move = MakeTick("ChkMoveImagem", tr("&Move"), &TemaRecord::MoveImagens, &ThemeLook::MovimentoMudou);
-  m_move->setToolTip(tr("Pictures move slowly"));
+  m_move = MakeTick("ChkMoveImagem", tr("Pictures &move slowly"), &TemaRecord::MoveImagens, &ThemeLook::MovimentoMudou);
   caption(tr("Pictures"), row);
-  grid->addWidget(m_imagem, row, 1);
-  grid->addWidget(m_imagemExtra, row, 3, 1, 2);
-  grid->addWidget(m_move, row, 5);
+  grid->addWidget(m_imagem, row, 1, 1, 2);
+  grid->addWidget(m_imagemExtra, row, Right, 1, 3);
+  grid->addWidget(m_move, row + 1, 1, 1, 2);
   row = grid->rowCount();
   m_texto = MakeCombo("ComboEfeitoTexto", tr("Effect by which a text comes"));
   m_texto->addItems(FamiliasDeEfeito(GrupoEfeito::Texto, DirecaoEfeito::In));
   m_textoExtra = MakeCombo("ComboEfeitoTextoExtra", tr("Variant of the text effect"));
   caption(tr("Text in"), row);
-  grid->addWidget(m_texto, row, 1);
-  grid->addWidget(m_textoExtra, row, 3, 1, 2);
+  grid->addWidget(m_texto, row, 1, 1, 2);
+  grid->addWidget(m_textoExtra, row, Right, 1, 3);
   row = grid->rowCount();
   m_saida = MakeCombo("ComboEfeitoTextoOut", tr("Effect by which a text goes"));
   m_saida->addItems(FamiliasDeEfeito(GrupoEfeito::Texto, DirecaoEfeito::Out));
   caption(tr("Text out"), row);
-  grid->addWidget(m_saida, row, 1);
+  grid->addWidget(m_saida, row, 1, 1, 2);
 
   connect(m_imagem, &QComboBox::textActivated, this, [this](const QString &familia) {
     m_tema.Efeito_Imagem_Fx = familia;
@@ -193,7 +191,8 @@ void ThemeLook::MakeEffects(QGridLayout *grid) {
   });
 }
 
-// Values that a slider cannot stand on (a file somebody edited) are shown as its nearest one and kept until it is moved.
+// Values that a slider cannot stand on (a file somebody edited) are shown as its nearest one and kept until it is
+// moved.
 void ThemeLook::AddScale(QGridLayout *grid, int row, int column, const Scale &scale) {
   auto *label = new QLabel(scale.caption, this);
   label->setProperty("look", QStringLiteral("quiet"));
@@ -208,7 +207,7 @@ void ThemeLook::AddScale(QGridLayout *grid, int row, int column, const Scale &sc
   connect(slider, &ValueSlider::Changed, this, [this, value, scale](int now) {
     value->setText(QString::number(now) + scale.unit);
     scale.write(now);
-    emit (this->*scale.changed)();
+    emit(this->*scale.changed)();
   });
   m_load.push_back([slider, value, scale] {
     const QSignalBlocker quiet(slider);
@@ -233,9 +232,10 @@ QCheckBox *ThemeLook::MakeTick(const char *name, const QString &caption, bool Te
   auto *box = new QCheckBox(caption, this);
   box->setObjectName(QLatin1String(name));
   box->setAccessibleName(QString(caption).remove(u'&'));
+  box->setToolTip(box->accessibleName());
   connect(box, &QCheckBox::clicked, this, [this, field, changed](bool on) {
     m_tema.*field = on;
-    emit (this->*changed)();
+    emit(this->*changed)();
   });
   m_load.push_back([this, box, field] { box->setChecked(m_tema.*field); });
   return box;
@@ -283,8 +283,8 @@ void ThemeLook::Load() {
 }
 
 void ThemeLook::SetPictures(bool temImagens) {
-  for (QWidget *control : {static_cast<QWidget *>(m_imagem), static_cast<QWidget *>(m_imagemExtra),
-                           static_cast<QWidget *>(m_move)})
+  for (QWidget *control :
+       {static_cast<QWidget *>(m_imagem), static_cast<QWidget *>(m_imagemExtra), static_cast<QWidget *>(m_move)})
     control->setEnabled(temImagens);
 }
 

@@ -23,7 +23,7 @@ class ThemeLook : public QWidget {
 public:
   enum class Filters { With, Without };
   ThemeLook(TemaRecord &tema, UserPrompt &prompt, Filters filters, QWidget *parent);
-  void Load(); // the controls take the record's values; nothing is said
+  void Load();                       // the controls take the record's values; nothing is said
   void SetPictures(bool temImagens); // effects and movement of pictures count for this kind only
 
 signals:

@@ -5,23 +5,27 @@
 #include "display/ui/web_page_host.h"
 #include "foundation/text_utils.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QPainter>
 #include <QPixmap>
 #include <QPointer>
+#include <QTimer>
 
 namespace tolmira {
 
 namespace {
 
 constexpr int PageSeconds = 8;
-constexpr int PatienceMs = 2000; // for a page's first picture, before the theme is saved without it
+constexpr int PatienceMs = 2000; // for a page's picture, before the theme is saved with what there is
+constexpr int LookMs = 20;
 constexpr double PageFontPt = 36;
+constexpr int PageWidth = 480; // px; the letters have their measure on it, so a larger preview magnifies the page
 
 // The family as a quoted name in a style attribute: a name may begin with a digit or hold an apostrophe.
 QString QuotedFamily(const QString &nome) {
-  return u"&quot;" + EscapeHtml(nome).remove(u'"').replace(u'\\', QStringLiteral("&#92;")).replace(u'\'', QStringLiteral("&#39;")) + u"&quot;";
+  return u"&quot;" +
+         EscapeHtml(nome).remove(u'"').replace(u'\\', QStringLiteral("&#92;")).replace(u'\'', QStringLiteral("&#39;")) +
+         u"&quot;";
 }
 
 // Text of the operator's between the quotes of a script.
@@ -32,19 +36,20 @@ QString PlainText(const QString &texto) {
 } // namespace
 
 ThemePreview::ThemePreview(const ThemeEditorDoors &doors, QWidget *parent)
-    : ProjectionFrame(QStringLiteral("theme"), doors.telao, doors.perfil, parent), m_telao(doors.telao), m_random(doors.random), m_canal(m_estado, [] { return nullptr; }),
+    : ProjectionFrame(QStringLiteral("theme"), Altura::Livre, doors.telao, doors.perfil, parent), m_telao(doors.telao),
+      m_random(doors.random), m_canal(m_estado, [] { return nullptr; }),
       m_letras(
           m_estado, m_ajustes, m_canal, doors.telao, [] { return nullptr; }, doors.measure, doors.random),
       m_paginas(doors.store.App(), doors.store, m_estado, m_ajustes, m_canal, m_letras, Hosts(), doors.random,
                 doors.yielder) {
-  setMinimumSize(400, 227);
+  setMinimumSize(320, 182);
   setAccessibleName(tr("The theme as the projection shows it"));
 }
 
 PageBuilder::Hosts ThemePreview::Hosts() {
   PageBuilder::Hosts hosts;
   hosts.telao = m_telao;
-  hosts.larguraPrevia = [this] { return PicWV()->width(); };
+  hosts.larguraPrevia = [] { return PageWidth; };
   hosts.fonteDisplay = [] { return PageFontPt; };
   return hosts;
 }
@@ -68,13 +73,14 @@ void ThemePreview::Navega() {
     return;
   m_montada = true;
   TemaRecord tema = m_tema;
-  const QString path = m_paginas.MontaPaginaConfig(PicWV()->size(), tema, 1, Html(tema, m_texto, {}));
+  const QString path = m_paginas.MontaPaginaConfig(PicWV()->size() / Escala(), tema, 1, Html(tema, m_texto, {}));
   const int carga = ++m_carga;
   page->Navigate(u"file:///" + path, PageSeconds);
-  page->Evaluate(QStringLiteral("document.readyState"), [this, carga, alive = QPointer<ThemePreview>(this)](const QString &) {
-    if (alive)
-      m_pronta = carga;
-  });
+  page->Evaluate(QStringLiteral("document.readyState"),
+                 [this, carga, alive = QPointer<ThemePreview>(this)](const QString &) {
+                   if (alive)
+                     m_pronta = carga;
+                 });
 }
 
 void ThemePreview::EfeitoDaImagem(const TemaRecord &tema) {
@@ -126,14 +132,37 @@ void ThemePreview::GotoSlideImage(int posicao) {
   CallPageScript(PicWV()->WV(), QStringLiteral("GotoSlideImage"), QString::number(posicao - 1));
 }
 
-QImage ThemePreview::Retrato() {
+QImage ThemePreview::Retrato(const TemaRecord &tema, const QString &texto) {
   if (!m_montada || !PicWV()->WV())
     return {};
-  QElapsedTimer waited;
-  waited.start();
-  while ((m_pronta != m_carga || PicWV()->IsHolding()) && waited.elapsed() < PatienceMs)
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
+  Espera([this] { return m_pronta == m_carga; });
+  Texto(tema, texto); // an effect may just have it out of sight
+  m_quieta = false;
+  PicWV()->WV()->ExecuteScript(QStringLiteral(
+      "document.documentElement.dataset.quieta = ''; $(':animated').finish();"
+      "requestAnimationFrame(() => requestAnimationFrame(() => document.documentElement.dataset.quieta = '1'))"));
+  Espera([this] {
+    PicWV()->WV()->Evaluate(QStringLiteral("document.documentElement.dataset.quieta"),
+                            [this, alive = QPointer<ThemePreview>(this)](const QString &json) {
+                              if (alive)
+                                m_quieta = json == u"\"1\"";
+                            });
+    return m_quieta && !PicWV()->IsHolding();
+  });
   return PicWV()->grab().toImage();
+}
+
+void ThemePreview::Espera(const std::function<bool()> &pronto) {
+  QEventLoop loop;
+  QTimer look;
+  connect(&look, &QTimer::timeout, &loop, [&] {
+    if (pronto())
+      loop.quit();
+  });
+  look.start(LookMs);
+  QTimer::singleShot(PatienceMs, &loop, &QEventLoop::quit);
+  if (!pronto())
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 QImage ThemePreview::AoLadoDoTexto() const {
@@ -148,6 +177,15 @@ QImage ThemePreview::AoLadoDoTexto() const {
   painter.drawImage(QPoint(0, strip), page, QRect(0, page.height() * 62 / 100, page.width(), strip));
   painter.end();
   return beside.scaled(96, 2 * 9, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+void ThemePreview::Ajustada() {
+  if (PageObject *object = PicWV()->WV())
+    object->SetZoomFactor(Escala());
+}
+
+double ThemePreview::Escala() const {
+  return PicWV()->width() / double(PageWidth);
 }
 
 void ThemePreview::Exibida() {

@@ -10,8 +10,8 @@
 
 namespace tolmira {
 
-// A theme with a sample text in the projection's own page. It has records of its own, so nothing that it does reaches the
-// console or the projection. Everything but Monta changes the page that is there.
+// A theme with a sample text in the projection's own page. It has records of its own, so nothing that it does reaches
+// the console or the projection. Everything but Monta changes the page that is there.
 class ThemePreview : public ProjectionFrame {
   Q_OBJECT
 
@@ -30,18 +30,23 @@ public:
   void Saida(const TemaRecord &tema, const QString &texto);   // with its exit effect
   void GotoSlideImage(int posicao);                           // from 1
 
-  // What stands on the page; waits a moment for a page that is still drawing itself. Null when there is no page.
-  QImage Retrato();
-  QImage AoLadoDoTexto() const; // above and below the text, for a background that is not known otherwise; null while it loads
+  // The page with the text at rest, all movement at its end. Waits a moment, without the operator's keys and clicks,
+  // for a page that is still drawing itself. Null when there is no page.
+  QImage Retrato(const TemaRecord &tema, const QString &texto);
+  QImage
+  AoLadoDoTexto() const; // above and below the text, for a background that is not known otherwise; null while it loads
 
 protected:
+  void Ajustada() override;
   void Exibida() override;
   void Recuperada() override { Navega(); }
 
 private:
   QString Html(const TemaRecord &tema, const QString &texto, const QString &classes) const;
   PageBuilder::Hosts Hosts();
+  double Escala() const; // of the page to its measures
   void Navega();
+  void Espera(const std::function<bool()> &pronto);
 
   const std::function<Display *()> m_telao;
   RandomSource &m_random;
@@ -53,8 +58,9 @@ private:
   TemaRecord m_tema; // of the page, for a page that has to be made again
   QString m_texto;
   bool m_montada = false;
-  int m_carga = 0;  // counts the pages
-  int m_pronta = 0; // the last one that takes scripts
+  int m_carga = 0;       // counts the pages
+  int m_pronta = 0;      // the last one that takes scripts
+  bool m_quieta = false; // what was told last stands on the page
 };
 
 } // namespace tolmira

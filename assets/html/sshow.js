@@ -133,7 +133,6 @@
       quadro.difusa = novo('difusa', interior, 'canvas');
       quadro.foto = novo('foto', interior, 'canvas');
       quadro.sombra = novo('sombra', interior);
-      [quadro.difusa, quadro.foto].forEach((c) => (c.style.cssText = 'position:absolute;width:100%;height:100%'));
       desenha(quadro, imagem);
       quadro.refaz = () => le(item.src).then((outra) => desenha(quadro, outra), () => {});
       return quadro;
@@ -146,6 +145,7 @@
   const BALANCO = 'cubic-bezier(0.45, 0.05, 0.3, 1)';
 
   const mostra = (q) => (q.camada.style.opacity = 1);
+  const usa = (elemento) => elemento.classList.add('usada');
   const escala = (q) => q.camada.classList.add('escala');
   const surge = (q, ms) => move(q.camada, { opacity: [0, 1] }, ms);
 
@@ -189,6 +189,7 @@
     descobre('translateY(-100%)', 'translateY(100%)'),
     cresce('perspective(120vw) translateX(22%) rotateY(-50deg)'),
     (q, ms) => {
+      usa(q.difusa);
       q.foto.style.opacity = 0;
       return Promise.all([
         move(q.camada, { opacity: [0, 1] }, ms * 0.55),
@@ -205,17 +206,25 @@
     };
   }
 
+  function escurece(q, ms, quanto) {
+    usa(q.sombra);
+    return move(q.sombra, { opacity: [0, quanto] }, ms);
+  }
+
   const SAIDAS = [
     () => Promise.resolve(),
     deriva('scale(1.22)'),
-    (q, ms) => Promise.all([deriva('scale(0.92)')(q, ms), move(q.sombra, { opacity: [0, 0.35] }, ms)]),
+    (q, ms) => Promise.all([deriva('scale(0.92)')(q, ms), escurece(q, ms, 0.35)]),
     deriva('translateX(-12%) scale(1.26)'),
     deriva('translateX(12%) scale(1.26)'),
     deriva('translateY(-12%) scale(1.26)'),
     deriva('translateY(12%) scale(1.26)'),
     deriva('rotate(3deg) scale(1.2)'),
-    (q, ms) => move(q.sombra, { opacity: [0, 0.5] }, ms),
-    (q, ms) => move(q.foto, { opacity: [1, 0] }, ms),
+    (q, ms) => escurece(q, ms, 0.5),
+    (q, ms) => {
+      usa(q.difusa);
+      return move(q.foto, { opacity: [1, 0] }, ms);
+    },
   ];
 
   const escolhe = (efeitos, numero) => efeitos[numero - 1] || efeitos[0];
@@ -223,6 +232,7 @@
   function fica(q) {
     q.camada.classList.remove('escala');
     q.camada.style.opacity = q.foto.style.opacity = 1;
+    q.difusa.classList.remove('usada');
   }
 
   // The text as large as the screen has room for.

@@ -107,6 +107,10 @@ void ConsoleCore::TelaoRefeito() {
     slides.CarregarSlides(estado.SlideAtual, Telao);
     return;
   }
+  if (show.EstaNoTelao()) {
+    show.TelaoRefeito();
+    return;
+  }
   paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, Telao);
   leitura.ReenviaVersiculo(); // of a passage the builder only tells the preview
 }

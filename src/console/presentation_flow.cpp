@@ -55,15 +55,11 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
   FechaSlideShow();
   cancelaWMP();
 
-  if (kind == 6 && !name.isEmpty()) {
-    painel.CommandBtEnabled = true;
-    if (controleDeShows.abre)
-      controleDeShows.abre(name);
-  } else if (!name.isEmpty()) {
+  if (!name.isEmpty()) {
     if (!Carrega(kind, caption, name))
       return;
     painel.SliderExBibliaVisible = kind == 1;
-    painel.SliderExLouvorVisible = kind != 1 && kind != 5;
+    painel.SliderExLouvorVisible = kind != 1 && kind != 5 && kind != 6;
     painel.LbFaixaVisible = kind == 2;
     painel.CommandBtEnabled = kind != 5;
     painel.DefineAlinhamentoVertical(LeAlinhamentoVertical(m_console.store));
@@ -75,9 +71,18 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
 }
 
 bool PresentationFlow::Carrega(int kind, const QString &caption, const QString &name) {
+  if (kind == 6)
+    return CarregaShow(name);
   if (kind != 5)
     return CarregaTexto(kind, caption, name);
   return m_slides.Exibe(m_slides.Resolve(name), caption);
+}
+
+bool PresentationFlow::CarregaShow(const QString &path) {
+  if (!controleDeShows.abre)
+    return false;
+  controleDeShows.abre(path);
+  return true;
 }
 
 bool PresentationFlow::CarregaTexto(int kind, const QString &caption, const QString &name) {

@@ -44,6 +44,7 @@ private:
   void FechaSlideShow();
   void Mostra(int kind, const QString &caption, const QString &name);
   bool Carrega(int kind, const QString &caption, const QString &name);
+  bool CarregaShow(const QString &path);
   bool CarregaTexto(int kind, const QString &caption, const QString &name);
 
   ConsoleContext &m_console;

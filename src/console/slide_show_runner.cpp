@@ -10,6 +10,7 @@ namespace tolmira {
 namespace {
 
 const QString SlideShow = QStringLiteral("SlideShow");
+constexpr QStringView PaginaDoShow = u"\\html\\sshow.html";
 constexpr int VolumeDoAudio = 50;
 constexpr int TempoLimiteSegundos = 8;
 
@@ -144,8 +145,14 @@ void SlideShowRunner::ImagemMudou(const QString &nome) {
 }
 
 void SlideShowRunner::PaginaVoltou(Alvo qual) {
-  if (m_console.estado.PaginaAtual == u"sshow.html" && Parado())
+  if (EstaNoTelao() && Parado())
     m_console.ScriptNasPaginas(QStringLiteral("Pause()"), qual);
+}
+
+void SlideShowRunner::TelaoRefeito() {
+  if (PageObject *pagina = m_console.Pagina(Alvo::Telao))
+    pagina->Navigate(m_console.app.At(PaginaDoShow), TempoLimiteSegundos);
+  PaginaVoltou(Alvo::Telao);
 }
 
 void SlideShowRunner::Fecha() {

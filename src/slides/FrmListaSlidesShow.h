@@ -48,6 +48,7 @@ private:
   Editor m_editor;
   QListWidget *m_list1;
   QLabel *m_label2; // what came of the last add
+  QLabel *m_keys = nullptr;
   QPushButton *m_command2 = nullptr;
 };
 

@@ -232,6 +232,29 @@ private slots:
     QVERIFY(m_fixture->preview.scripts.last().contains(u"Title 3"));
   }
 
+  // The rotation of the document before may be due while the pages of the next one are built.
+  void aDocumentBeginsWhereItWasToldTo_data() {
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("shown");
+    QTest::newRow("its first slide") << 1 << 1;
+    QTest::newRow("no slide of its") << 9 << 0;
+  }
+  void aDocumentBeginsWhereItWasToldTo() {
+    QFETCH(int, index);
+    QFETCH(int, shown);
+    ShowSlides(QStringLiteral("Natal.sld"));
+    m_fixture->WriteSlides(QStringLiteral("Advento.sld"), 3, "Intervalo=1\r\n");
+    m_fixture->yielder.onYield = [this](int) {
+      m_fixture->yielder.onYield = nullptr;
+      m_fixture->clock.Advance(10500);
+    };
+    m_fixture->Forget();
+    const QString path = m_fixture->app.At(u"\\Slides\\Advento.sld");
+    QVERIFY(Core().slides.LoadmSlide(path, index, QStringLiteral("Advento")));
+    QCOMPARE(Estado().SlideAtual, shown);
+    QCOMPARE(Titles().size(), shown);
+  }
+
   // A key that arrives while the pages are built is not taken back by what the opening still has to do.
   void aStepDuringTheOpeningStands() {
     m_fixture->yielder.onYield = [this](int) {

@@ -61,7 +61,7 @@ private slots:
                           QStringLiteral("GotoSlideImage|#1"), QStringLiteral("GotoSlideImage|#0"),
                           QStringLiteral("GotoSlideImage|#2")}));
     QCOMPARE(m_fixture->preview.scripts.filter(QStringLiteral("GotoSlideImage")).size(), 5);
-    QCOMPARE(Situacao().LbProximo, QStringLiteral("Last slide"));
+    QCOMPARE(Situacao().LbProximo, QStringLiteral("Next: slide 1, Title 1")); // it rotates
     // In the agenda's list the paging keys are the list's.
     QVERIFY(!Core().teclas.KeyDown(Qt::Key_PageUp, false, true));
     QCOMPARE(Estado().SlideAtual, 3);

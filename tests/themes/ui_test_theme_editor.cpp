@@ -201,7 +201,7 @@ private slots:
   }
 
   void whatTheOperatorIsTold() {
-    Room room(*m_page, "[Tema-1]\r\nFont_Name=No Such Font\r\nCordeFundo=9868950\r\n");
+    Room room(*m_page, "[Tema-1]\r\nFont_Name=No Such Font\r\nCordeFundo=11184810\r\n");
     QVERIFY(room.Open(1));
     QVERIFY(room.Named<QLabel>("LbFonte")->text().contains(QStringLiteral("'No Such Font' is not installed")));
     room.clock.Advance(1000);

@@ -10,6 +10,7 @@
   const $ = (id) => document.getElementById(id);
   const MAIOR_TEXTO = 9; // vh, font size of a short text
   const MENOR_TEXTO = 2;
+  const LEITURA = 10000; // ms after which a picture is given up
   const ATRASO = 300; // ms after which a movement counts as over though no frame has told so: the page may be hidden
 
   let parado = false;
@@ -31,6 +32,7 @@
     relogio.fim = new Promise((pronto) => {
       relogio.acaba = () => {
         clearTimeout(relogio.id);
+        relogio.resta = 0;
         relogios.delete(relogio);
         pronto();
       };
@@ -115,10 +117,20 @@
     pinta(pixels(quadro.difusa), soft, true);
   }
 
+  // Fails for what cannot be read, and for what takes so long that its disk may be gone.
   async function le(endereco) {
     const imagem = new Image();
+    let limite = 0;
+    const tarde = new Promise((_, falha) => (limite = setTimeout(falha, LEITURA)));
     imagem.src = endereco;
-    await imagem.decode();
+    try {
+      await Promise.race([imagem.decode(), tarde]);
+    } catch (e) {
+      imagem.removeAttribute('src');
+      throw e;
+    } finally {
+      clearTimeout(limite);
+    }
     return imagem;
   }
 
@@ -248,7 +260,7 @@
   function poeTexto(molde) {
     if (!molde || !molde.content.textContent.trim())
       return null;
-    const texto = novo('texto', $('palco'));
+    const texto = novo('fala', $('palco'));
     novo('', texto).appendChild(molde.content.cloneNode(true));
     cabe(texto);
     return texto;
@@ -264,7 +276,8 @@
 
   function vaiAcabar(ms) {
     fimPrevisto = espera(ms);
-    relata('http://vaiacabar/', Math.round(ms));
+    if (!parado) // Play() tells it
+      relata('http://vaiacabar/', Math.round(ms));
   }
 
   async function corre(show) {
@@ -279,25 +292,33 @@
     const entrada = numero(show.entrada, 2000);
     const saida = numero(show.saida, 2000);
 
-    // The next picture that can be read. It lies on the page before it is shown, invisible.
+    const prontos = new Set(); // painted and not yet gone, which a change of the screen's size paints again
+
+    // The next picture that can be read.
     let proximo = 0;
     async function busca() {
       while (proximo < itens.length) {
         const quadro = await prepara(itens[proximo++]);
-        if (quadro)
+        if (quadro) {
+          prontos.add(quadro);
           return quadro;
+        }
       }
       return null;
     }
 
+    function larga(quadro) {
+      quadro.camada.remove();
+      prontos.delete(quadro);
+    }
+
     let atual = null;
-    let ultimo = null; // on the screen or on its way to it, for a change of its size
     let aguardado = busca();
     addEventListener('resize', () => {
       clearTimeout(corre.redesenho);
       corre.redesenho = setTimeout(() => {
-        [atual, ultimo].forEach((q) => q && q.refaz());
-        document.querySelectorAll('.texto').forEach(cabe);
+        prontos.forEach((q) => q.refaz());
+        document.querySelectorAll('.fala').forEach(cabe);
       }, 150);
     });
 
@@ -313,8 +334,8 @@
     }
 
     let quadro = await aguardado;
+    aguardado = null; // it would keep the first picture's layers until the end
     while (quadro) {
-      ultimo = quadro;
       palco.appendChild(quadro.camada);
       relata('http://image/', quadro.item.nome);
       const antes = atual;
@@ -324,7 +345,7 @@
       atual = quadro;
       if (antes) {
         await saindo; // what of it lies behind the new picture is not seen any more
-        antes.camada.remove();
+        larga(antes);
       }
       const estada = espera(tempo);
       const seguinte = busca();
@@ -338,12 +359,11 @@
         escolhe(SAIDAS, atual.item.saida)(atual, saida),
         move(atual.camada, { opacity: [1, 0] }, saida, 'ease-in'),
       ]);
-      atual.camada.remove();
-      atual = ultimo = null;
+      larga(atual);
+      atual = null;
     } else {
       vaiAcabar(0);
     }
-    document.documentElement.classList.add('acabou');
     const fim = poeTexto($('final'));
     if (fim)
       await move(fim, { opacity: [0, 1], transform: ['translateY(2vh)', 'none'] }, entrada, SUAVE);
@@ -357,14 +377,15 @@
     parado = true;
   }
 
-  // The program has ended the fade of the sound when it paused the show, so it hears of the end again.
+  // The program has ended the fade of the sound when it paused the show, so it hears of the end again, also of one that
+  // has passed. A movement that has come to its end meanwhile would begin anew.
   function Play() {
     if (!parado)
       return;
     parado = false;
     relogios.forEach((r) => r.anda());
-    movimentos.forEach((m) => m.play());
-    if (fimPrevisto && relogios.has(fimPrevisto))
+    movimentos.forEach((m) => (m.currentTime >= m.effect.getComputedTiming().endTime ? m.finish() : m.play()));
+    if (fimPrevisto)
       relata('http://vaiacabar/', Math.round(fimPrevisto.resta));
   }
 

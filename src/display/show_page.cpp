@@ -137,7 +137,7 @@ RespostaDaGaleria LeRespostaDaGaleria(const QString &uri, const QStringList &ima
   }
   for (const QString &pedaco : endereco.mid(corte + 1).split(u'|')) {
     if (pedaco.isEmpty())
-      continue;
+      break; // behind the last picture
     const QString item = TextoRelatado(pedaco);
     const auto conhecida = conhecidas.constFind(item);
     resposta.imagens.append(conhecida != conhecidas.constEnd()

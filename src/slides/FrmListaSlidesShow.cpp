@@ -149,10 +149,13 @@ void FrmListaSlidesShow::Exclui() {
                          {QStringLiteral("Yes"), QStringLiteral("No")}) != 0)
     return;
   const int row = m_list1->currentRow();
-  if (RemoveFile(CaminhoDoSlideShow(m_doors.app, nome)))
+  const QString path = Path();
+  if (RemoveFile(path)) {
     m_doors.console.RemoveFromAgendas(TipoSlideShow, nome);
-  else
+    m_doors.console.RemoveFromAgendas(TipoSlideShow, path); // the agenda may spell its label otherwise
+  } else {
     Diz(tr("The file could not be deleted."));
+  }
   AtualizaLista();
   m_list1->setCurrentRow(std::min(row, m_list1->count() - 1));
 }

@@ -148,6 +148,7 @@ QWidget *FrmSlideShow::MakeGallery() {
   m_wv->setObjectName(QStringLiteral("PicWV"));
   m_wv->SetInteractive();
   m_wv->setMinimumSize(330, 200);
+  m_wv->OnRecovered = [this] { carregaGaleria(); }; // with what was moved and removed since it was written
   m_wv->installEventFilter(this);
   column->addWidget(m_wv, 1);
   auto *keys = new QLabel(tr("Drag a picture to its place. By keys: arrows, Ctrl with an arrow moves, Del removes"), panel);
@@ -156,10 +157,7 @@ QWidget *FrmSlideShow::MakeGallery() {
   column->addWidget(keys);
 
   connect(fromGallery, &QPushButton::clicked, this, [this] {
-    m_doors.galeria(this, [this](const QString &path) {
-      m_editor.Adiciona({path});
-      carregaGaleria();
-    });
+    m_doors.galeria(this, [this](const QString &path) { Acrescenta({path}); });
   });
   connect(fromFiles, &QPushButton::clicked, this, &FrmSlideShow::PedeArquivos);
   return panel;
@@ -309,6 +307,14 @@ void FrmSlideShow::carregaGaleria() {
   page->Navigate(pagina, PageTimeoutSeconds);
 }
 
+void FrmSlideShow::Acrescenta(const QStringList &imagens) {
+  const auto primeira = m_editor.Imagens().size();
+  m_editor.Adiciona(imagens);
+  carregaGaleria();
+  if (PageObject *page = m_wv->WV())
+    page->ExecuteScript(QStringLiteral("window.VaiPara && VaiPara(%1)").arg(primeira));
+}
+
 void FrmSlideShow::PedeArquivos() {
   AdicionaArquivos(m_doors.prompt.OpenFiles(tr("Add pictures"), QString(), FiltroDeImagens()));
 }
@@ -317,13 +323,8 @@ void FrmSlideShow::AdicionaArquivos(const QStringList &paths) {
   if (paths.isEmpty())
     return;
   const Achadas achadas = ImagensEm(paths);
-  if (!achadas.imagens.isEmpty()) {
-    const auto primeira = m_editor.Imagens().size();
-    m_editor.Adiciona(achadas.imagens);
-    carregaGaleria();
-    if (PageObject *page = m_wv->WV())
-      page->ExecuteScript(QStringLiteral("window.VaiPara && VaiPara(%1)").arg(primeira));
-  }
+  if (!achadas.imagens.isEmpty())
+    Acrescenta(achadas.imagens);
   if (achadas.outros > 0)
     m_estado->setText(achadas.outros == 1 ? tr("1 file is no picture") : tr("%1 files are no pictures").arg(achadas.outros));
 }

@@ -60,6 +60,7 @@ private:
   void Pede(AcaoDoShow acao);
   void Recebe(const RespostaDaGaleria &resposta);
   void carregaGaleria();
+  void Acrescenta(const QStringList &imagens); // and brings the first of them into sight
   void Mudou(); // title, mark of changes, buttons
   void Diz(const QString &texto);
 

@@ -98,11 +98,13 @@ void FrmSlideShowControl::SetSlideShow(const QString &path) {
     return;
   }
   m_labelTitulo->setText(FileNameWithoutExtension(path, QStringLiteral(".")));
+  m_labelTitulo->setToolTip(m_labelTitulo->text());
   Inicia();
 }
 
 void FrmSlideShowControl::Inicia() {
   m_labelImagemName->clear();
+  m_labelImagemName->setToolTip(QString());
   m_doors.player.IniciaSlideShow(m_path);
   Mostra();
 }

@@ -51,7 +51,7 @@ bool ShowEditor::Alterado() const { return !(Documento() == m_gravado); }
 
 SlideShowDocument ShowEditor::Documento() const {
   SlideShowDocument show;
-  show.Titulo = TxtNome.trimmed();
+  show.Titulo = TxtNome;
   show.Tempo = Tempo;
   show.TempoIntevalo = TempoIntevalo;
   show.TempoIntevaloSaida = TempoIntevaloSaida;
@@ -77,7 +77,6 @@ PassoDoEditor ShowEditor::Recebe(const RespostaDaGaleria &resposta) {
     Diz(QStringLiteral("There are still no items to display in this presentation."));
     return passo;
   }
-  passo.mudaram = m_imagens != resposta.imagens;
   m_imagens = resposta.imagens;
   if (resposta.verbo != RespostaDaGaleria::Lista)
     return passo;

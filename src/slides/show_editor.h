@@ -20,10 +20,9 @@ struct RespostaDaGaleria {
 
 // What the window does after an answer of its gallery.
 struct PassoDoEditor {
-  QString exibe;         // the file of the show that starts now
-  QString adiciona;      // the file that goes to the agenda
-  bool fecha = false;    // the editor
-  bool mudaram = false;  // the pictures are others, or stand in another order
+  QString exibe;      // the file of the show that starts now
+  QString adiciona;   // the file that goes to the agenda
+  bool fecha = false; // the editor
 };
 
 // One slide show under change. It knows the pictures as they were laid out last; the order that counts is that on the

@@ -104,6 +104,8 @@ private slots:
         RespostaDaGaleria::Lista, {pipe, hard});
     row("as the engine names it", "http://lista//?file:///p/it's%20100%25%20%231%20%C3%A7.jpg|", RespostaDaGaleria::Lista,
         {hard});
+    row("up to the first without a path", "http://lista//?/x/a.jpg||/x/b.jpg|", RespostaDaGaleria::Lista,
+        {QStringLiteral("/x/a.jpg")});
     row("nothing", "http://lista//?", RespostaDaGaleria::Lista);
     row("no question mark", "http://lista//", RespostaDaGaleria::Lista);
     row("another verb", "http://lista/?/x/a.jpg|", RespostaDaGaleria::Outro);

@@ -43,7 +43,7 @@ private slots:
     QVERIFY(room.editor.Pede(AcaoDoShow::ApenasSalvar));
     QVERIFY(!room.Answer({QStringLiteral("C:\\b.jpg"), QStringLiteral("/p/c.jpg")}).fecha);
     QCOMPARE(room.Read("SlideShow/Demo.sw"),
-             QByteArray("[Setup]\r\nTitulo=Demo\r\nTempo=7000\r\nTempoIntevalo=2000\r\nTempoIntevaloSaida=2000\r\n"
+             QByteArray("[Setup]\r\nTitulo=\"  Demo \"\r\nTempo=7000\r\nTempoIntevalo=2000\r\nTempoIntevaloSaida=2000\r\n"
                         "ArquivodeAudio=" +
                         room.folder.path().toUtf8() +
                         "\\\\a.mp3\r\ntextoInicio=one<br>two\r\ntextoFim=\r\n"
@@ -148,7 +148,7 @@ private slots:
   void theListIsKeptWhoeverSendsIt() {
     Room room;
     room.editor.Adiciona({QStringLiteral("a"), QStringLiteral("b")});
-    QVERIFY(room.editor.Recebe({RespostaDaGaleria::Indice, {QStringLiteral("b"), QStringLiteral("a")}}).mudaram);
+    room.editor.Recebe({RespostaDaGaleria::Indice, {QStringLiteral("b"), QStringLiteral("a")}});
     QCOMPARE(room.editor.Imagens(), QStringList({QStringLiteral("b"), QStringLiteral("a")}));
     room.editor.Recebe({RespostaDaGaleria::Outro, {}});
     QCOMPARE(room.prompt.TakeTexts(),

@@ -12,11 +12,11 @@
 #include "support/scripted_prompt.h"
 #include "support/scripted_random.h"
 #include "support/web_fixture.h"
-#include "support/window_walker.h"
 #include "support/window_warnings.h"
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QQuickWidget>
 #include <QSlider>
@@ -52,8 +52,10 @@ private:
     explicit Room(PageFixture &page) : app(page.appPath()), store(app), positions(store, yielder) {
       for (const char *folder : {"Data", "SlideShow"})
         QDir(app.path()).mkdir(QLatin1String(folder));
+      qputenv("XDG_DATA_HOME", QFile::encodeName(home.path())); // the trash is there
       windows = std::make_unique<ShowWindows>(ShowDoors{
-          app, prompt, console, positions, player, [] { return QStringLiteral("Agenda 1"); }, {}, {}, &desk});
+          app, prompt, console, positions, player, [] { return QStringLiteral("Agenda 1"); },
+          [this](QWidget *, const std::function<void(const QString &)> &usa) { usa(chosen); }, {}, &desk});
     }
     QString Show(const QStringList &imagens) {
       SlideShowDocument show;
@@ -66,9 +68,12 @@ private:
     }
     FrmSlideShow *Edit(const QStringList &imagens) {
       windows->Edita(Show(imagens));
+      return qobject_cast<FrmSlideShow *>(Shown("FrmSlideShow"));
+    }
+    static QWidget *Shown(const char *name) {
       for (QWidget *top : QApplication::topLevelWidgets())
-        if (auto *form = qobject_cast<FrmSlideShow *>(top); form && form->isVisible())
-          return form;
+        if (top->objectName() == QLatin1String(name) && top->isVisible())
+          return top;
       return nullptr;
     }
     QStringList Saved(FrmSlideShow *form) {
@@ -77,6 +82,8 @@ private:
       [&] { QTRY_VERIFY(QFile::exists(MapStoredPath(form->Path()).text())); }();
       return LeSlideShow(form->Path()).imagens;
     }
+    QTemporaryDir home;
+    QString chosen; // in the gallery of the program
     AppFolder app;
     IniStore store;
     CountingYielder yielder;
@@ -166,6 +173,25 @@ private slots:
     QCOMPARE(LeSlideShow(CaminhoDoSlideShow(room.app, QStringLiteral("Demo"))).imagens.size(), 8);
   }
 
+  // What was done to the order since the page was written, and the place in it.
+  void theGalleryComesBackAsItWas() {
+    Room room(*m_page);
+    room.chosen = m_imagens[2];
+    FrmSlideShow *form = room.Edit(m_imagens);
+    form->findChild<QPushButton *>(QStringLiteral("CmdGaleria"))->click();
+    const QString focused = QStringLiteral("[...document.querySelectorAll('.box')].indexOf(document.activeElement)");
+    QTRY_COMPARE(Eval(form->WV(), focused), QStringLiteral("4"));
+    Eval(form->WV(), QStringLiteral("document.querySelector('.retira').click()"));
+    QTRY_COMPARE(form->findChild<QLabel *>(QStringLiteral("LbEstado"))->text(), QStringLiteral("4 pictures"));
+    bool died = false;
+    form->WV()->Evaluate(QStringLiteral("for(;;);"), [&](const QString &) { died = true; });
+    KillRenderProcesses();
+    QTRY_VERIFY_WITH_TIMEOUT(died, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(Eval(form->WV(), QStringLiteral("document.querySelectorAll('.box').length")),
+                              QStringLiteral("4"), 20000);
+    QCOMPARE(room.Saved(form), QStringList({m_imagens[1], m_imagens[2], m_imagens[3], m_imagens[2]}));
+  }
+
   void theShowRunsStandsAndEnds() {
     Room room(*m_page);
     ScriptedRandom random{0.05, 0.35, 0.65, 0.95};
@@ -201,8 +227,15 @@ private slots:
     const int rest = said[2].section(u'?', 1).toInt();
     QVERIFY2(rest >= 200 && rest <= 500, qPrintable(said[2])); // of 300 ms on show and 200 on its way out
     QTRY_COMPARE_WITH_TIMEOUT(Eval(host.WV(), QStringLiteral("document.querySelectorAll('.quadro').length + "
-                                                             "document.querySelector('.texto')?.textContent")),
+                                                             "document.querySelector('.fala')?.textContent")),
                               QStringLiteral("\"0The end\""), 20000);
+
+    // The keys for the screen go on calling the page as any other. Music that goes on with the page ends with it.
+    host.WV()->ExecuteScript(QStringLiteral("ChangeCSS('texto','display','block');Pause();Play()"));
+    QTRY_COMPARE(said.size(), 4);
+    QCOMPARE(said[3], QStringLiteral("http://vaiacabar/?0"));
+    QCOMPARE(Eval(host.WV(), QStringLiteral("getComputedStyle(document.querySelector('.fala')).display")),
+             QStringLiteral("\"flex\""));
   }
 
   // Wherever the focus is, Space only pauses: it must not end a show.
@@ -211,10 +244,7 @@ private slots:
     const QString path = room.Show(m_imagens);
     room.windows->AbreControle(path);
     QCOMPARE(room.player.calls, QStringList({QStringLiteral("open"), u"start " + path}));
-    QWidget *form = nullptr;
-    for (QWidget *top : QApplication::topLevelWidgets())
-      if (top->objectName() == u"FrmSlideShowControl" && top->isVisible())
-        form = top;
+    QWidget *form = Room::Shown("FrmSlideShowControl");
     QVERIFY(form);
     for (const char *name : {"Image3", "ImageRestart", "ImageStop", "sliderVolume"}) {
       const bool before = room.player.stands;
@@ -235,29 +265,25 @@ private slots:
     QVERIFY(!room.windows->FechaControle());
   }
 
-  void windowsAreWholeAndSpoken() {
+  void oneEditorAtATime() {
     Room room(*m_page);
-    room.windows->AbreControle(room.Show(m_imagens));
     room.Edit(m_imagens);
     room.windows->AbreLista();
-    for (const char *name : {"FrmSlideShow", "FrmSlideShowControl", "FrmListaSlidesShow"}) {
-      QWidget *window = nullptr;
-      for (QWidget *top : QApplication::topLevelWidgets())
-        if (top->objectName() == QLatin1String(name) && top->isVisible())
-          window = top;
-      QVERIFY2(window, name);
-      window->resize(window->minimumSizeHint().expandedTo(window->minimumSize()));
-      QCoreApplication::processEvents();
-      QVERIFY2(window->width() <= 1024 && window->height() <= 560, name);
-      const QStringList faults = LayoutFaults(window, true) + SpeechFaults(window);
-      QVERIFY2(faults.isEmpty(), qPrintable(QLatin1String(name) + u": " + faults.join(u'\n')));
-    }
-    QPushButton *edit = nullptr;
-    for (QWidget *top : QApplication::topLevelWidgets())
-      if (top->objectName() == u"FrmListaSlidesShow")
-        edit = top->findChild<QPushButton *>(QStringLiteral("Command3"));
-    edit->click();
+    Room::Shown("FrmListaSlidesShow")->findChild<QPushButton *>(QStringLiteral("Command3"))->click();
     QCOMPARE(room.prompt.TakeTexts(), QStringList{QStringLiteral("First, close the slideshow editing screen.")});
+  }
+
+  void aDeletedShowLeavesTheAgendas() {
+    Room room(*m_page);
+    const QString path = room.Show(m_imagens);
+    room.windows->AbreLista();
+    QWidget *list = Room::Shown("FrmListaSlidesShow");
+    list->findChild<QListWidget *>(QStringLiteral("List1"))->setCurrentRow(0);
+    room.prompt.answers = {0};
+    list->findChild<QPushButton *>(QStringLiteral("Command4"))->click();
+    QVERIFY(!QFile::exists(MapStoredPath(path).text()));
+    QCOMPARE(room.console.calls,
+             QStringList({QStringLiteral("RemoveFromAgendas 6 Demo"), u"RemoveFromAgendas 6 " + path}));
   }
 };
 

@@ -11,7 +11,6 @@
 #include "support/scripted_prompt.h"
 #include "support/scripted_random.h"
 #include "support/web_fixture.h"
-#include "support/window_walker.h"
 #include "support/window_warnings.h"
 #include "themes/ui/picture_strip.h"
 
@@ -245,25 +244,6 @@ private slots:
     QVERIFY(!room.Named<QPushButton>("Command4")->isEnabled());
     QVERIFY(room.windows->FechaTodos());
     QVERIFY(DraftFolder(room.app).All().isEmpty());
-  }
-
-  void theWindowsAreWholeAndSpoken() {
-    Room room(*m_page);
-    room.windows->AbreLista();
-    room.windows->Novo();
-    room.Add();
-    QWidget *const windows[] = {room.Editor(), room.List()};
-    for (QWidget *window : windows) {
-      QVERIFY(window->minimumSizeHint().width() <= 1000 && window->minimumSizeHint().height() <= 560);
-      for (const QSize &size : {window->minimumSizeHint(), QSize(1400, 900)}) {
-        window->resize(size);
-        QCoreApplication::processEvents();
-        QCOMPARE(LayoutFaults(window, true).join(u'\n'), QString());
-      }
-      QCOMPARE(SpeechFaults(window).join(u'\n'), QString());
-    }
-    room.prompt.answers = {1};
-    QVERIFY(room.windows->FechaTodos());
   }
 
 private:

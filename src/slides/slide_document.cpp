@@ -161,6 +161,8 @@ SlideDocument LoadSlideNew(const QString &path) {
   SlideDocument documento;
   LeSlides(ini, path, u"12", u"4", documento);
   LeComum(ini, documento);
+  if (documento.Intervalo < SlideManual || documento.Intervalo > SlideUmMinuto)
+    documento.Intervalo = SlideManual; // the editor's list has no such place
   TemaRecord &visual = documento.visual;
   visual.Maiusculas = ini.Ligado(u"Maiusculas", u"0");
   visual.FontBorda_Enabled = ini.Ligado(u"FontBorda", u"1");

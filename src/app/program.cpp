@@ -271,7 +271,8 @@ void Program::Impl::ImportaDocumento(const AbreImagens &pronto) {
                     [this] {
                       const bool rehearsal = core.painel.Ensaio || core.painel.SemProjetor;
                       return quendar && !rehearsal ? quendar->SizePx() * quendar->devicePixelRatioF() : QSize();
-                    }},
+                    },
+                    [this] { return slides->EditorAberto(); }},
         console.get());
   importar->Pergunta(pronto);
 }

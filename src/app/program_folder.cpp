@@ -9,6 +9,8 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include "foundation/app_folder.h"
+#include "foundation/code_page.h"
 #include "foundation/real_path.h"
 #include "foundation/text_file.h"
 
@@ -79,6 +81,11 @@ private:
   QMap<QString, QByteArray> m_checksums;
   bool m_changed = false;
 };
+
+// Samples that name other files of the folder. What they name them by is a full path, which is not known before.
+bool NamesFiles(const QString &relative) {
+  return relative.endsWith(u".sld") || relative.endsWith(u".sw") || relative.startsWith(u"Data/agenda");
+}
 
 class Filling {
 public:
@@ -187,9 +194,21 @@ private:
   void AddMissing(const QString &root, const QString &prefix) {
     for (const QString &name : FilesUnder(root)) {
       const QString relative = prefix + name;
-      if (!QFileInfo::exists(InApp(relative)))
+      if (QFileInfo::exists(InApp(relative)))
+        continue;
+      if (NamesFiles(relative))
+        CopyWithPaths(QDir(root).filePath(name), relative);
+      else
         Copy(QDir(root).filePath(name), relative);
     }
+  }
+
+  void CopyWithPaths(const QString &source, const QString &relative) {
+    const QString text = AppFolder(m_app).ExpandAppPath(ReadWholeFile(source));
+    if (!text.isEmpty() && WriteFileAtomically(InApp(relative), EncodeText(text)))
+      m_result.written << relative;
+    else
+      Problem(QStringLiteral("the file %1 could not be written").arg(relative));
   }
 
   void Templates() {

@@ -9,7 +9,9 @@ namespace {
 
 const QString TituloDaCaixa = QStringLiteral("Tolmira");
 
-QString Padrao(int n) { return QStringLiteral("Agenda ") + QString::number(n); }
+QString Padrao(int n) {
+  return QStringLiteral("Agenda ") + QString::number(n);
+}
 
 // The first letter and each letter behind a blank or a "-" in capitals, the rest in lower case.
 QString FormaPropria(const QString &label) {
@@ -44,7 +46,9 @@ QString AgendaDesk::TabTitle(int n) const {
   return m_store.ReadConfig(QStringLiteral("Agenda"), QString::number(n), Padrao(n));
 }
 
-bool AgendaDesk::TabHasOwnTitle(int n) const { return TabTitle(n) != Padrao(n); }
+bool AgendaDesk::TabHasOwnTitle(int n) const {
+  return TabTitle(n) != Padrao(n);
+}
 
 void AgendaDesk::RenameTab(int n, const QString &title) {
   // An empty title counts as missing, which gives the tab its default title back.
@@ -208,7 +212,8 @@ QString AgendaDesk::ClearCaption() const {
 
 bool AgendaDesk::CanEdit() const {
   const int kind = m_lista.SelectedKind();
-  return m_lista.HasSelection() && (kind == 2 || kind == 3 ? editorDeMusicas.edita != nullptr : editores.contains(kind));
+  return m_lista.HasSelection() &&
+         (kind == 2 || kind == 3 ? editorDeMusicas.edita != nullptr : editores.contains(kind));
 }
 
 void AgendaDesk::EditaMusica(const QString &target) {
@@ -261,7 +266,7 @@ void AgendaDesk::EditSelected() {
 // label may be spelt otherwise.
 QStringList AgendaDesk::NomesNaAgenda(int kind, const QString &name) const {
   if (kind == 5)
-    return {name, name + u".sld"};
+    return {name, name + u".sld", m_app.At(u"\\Slides\\") + name + u".sld"};
   const QString label = LabelOf(name);
   const bool song = kind == 2 || kind == 3;
   if (!song || label == name || !ResolveSongPath(m_app, label + u".txt").isEmpty())

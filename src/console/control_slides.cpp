@@ -1,15 +1,16 @@
 #include "console/control_slides.h"
 
-#include <algorithm>
-
 #include "console/page_zoom.h"
 #include "console/stepping.h"
 #include "console/theme_control.h"
 #include "display/slide_html.h"
 #include "display/text_style.h"
 #include "display/verse_text.h"
+#include "foundation/real_path.h"
 #include "foundation/text_file.h"
 #include "foundation/text_utils.h"
+
+#include <algorithm>
 
 namespace tolmira {
 
@@ -22,7 +23,7 @@ bool TemEfeitoDeSaida(const TemaRecord &visual) {
   return !efeito.isEmpty() && efeito.compare(u"none", Qt::CaseInsensitive) != 0;
 }
 
-bool MesmoArquivo(const QString &a, const QString &b) {
+bool MesmoNome(const QString &a, const QString &b) {
   return FileNameOf(a).compare(FileNameOf(b), Qt::CaseInsensitive) == 0;
 }
 
@@ -32,12 +33,16 @@ ControlSlides::ControlSlides(ConsoleContext &console, SlidePages &paginas, Verse
     : m_console(console), m_paginas(paginas), m_stepper(stepper), m_temas(temas) {
   m_timerSlides = console.clock.NewTimer([this] { TickSlides(); });
   m_timerAnota = console.clock.NewTimer([this] { Anota(); });
-  m_temas.RedesenhaSlides = [this] { ExibirSlideNoTelao(m_console.estado.SlideAtual, true, true); };
+  m_temas.RedesenhaSlides = [this] { Envia(m_console.estado.SlideAtual, true, true); };
 }
 
 QString ControlSlides::Resolve(const QString &name) const {
+  if (name.contains(u'\\') || name.contains(u'/')) {
+    const QString path = m_console.app.ExpandAppPath(name);
+    return FileExists(path) ? path : QString();
+  }
   const QString inItsFolder = m_console.app.At(u"\\Slides\\") + name;
-  for (const QString &path : {m_console.app.ExpandAppPath(name), inItsFolder, QString(inItsFolder + u".sld")})
+  for (const QString &path : {inItsFolder, QString(inItsFolder + u".sld")})
     if (FileExists(path))
       return path;
   return {};
@@ -53,23 +58,12 @@ bool ControlSlides::Le(const QString &path) {
   return true;
 }
 
-bool ControlSlides::Exibe(const QString &path, const QString &caption) {
+bool ControlSlides::LoadmSlide(const QString &path, int index, const QString &caption) {
   if (!Le(path)) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
-                             QStringLiteral("There is no slide."));
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), QStringLiteral("There is no slide."));
     return false;
   }
   m_console.painel.Label9 = m_console.estado.TituloAtual = caption;
-  Mostra(1);
-  return true;
-}
-
-bool ControlSlides::LoadmSlide(const QString &path, int index) {
-  if (!Le(path)) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
-                             QStringLiteral("There is no slide."));
-    return false;
-  }
   Mostra(index);
   return true;
 }
@@ -104,6 +98,9 @@ void ControlSlides::TomaConsole() {
 void ControlSlides::Mostra(int index) {
   EstadoConsole &estado = m_console.estado;
   const int carga = ++m_carga;
+  // A document that was on show before may be due for its next slide while the pages are built.
+  m_timerSlides->Stop();
+  m_timerAnota->Stop();
   TomaConsole();
   estado.TotalSlides = m_documento.Count();
   estado.SlideAtual = m_console.painel.SlideEscolhido = m_documento.Tem(index) ? index : 0;
@@ -118,8 +115,7 @@ void ControlSlides::Mostra(int index) {
 
 void ControlSlides::CarregarSlides(int index, int alvo) {
   if (m_documento.Count() < 1) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
-                             QStringLiteral("There is no slide."));
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), QStringLiteral("There is no slide."));
     return;
   }
   m_paginas.CarregarSlides(m_documento, index, alvo);
@@ -133,6 +129,15 @@ void ControlSlides::ExibirSlideNoTelao(int index, bool mudaImagem, bool mudaText
   else
     m_timerSlides->Stop();
   m_console.estado.SlideAtual = m_console.painel.SlideEscolhido = index;
+  m_console.painel.MensagemTira.clear();
+  Envia(index, mudaImagem, mudaTexto);
+  m_timerAnota->Start(EsperaDaAnotacao);
+  m_console.Atualiza();
+}
+
+void ControlSlides::Envia(int index, bool mudaImagem, bool mudaTexto) {
+  if (!Visible() || !m_documento.Tem(index))
+    return;
   if (mudaImagem) {
     const QString imagem = QString::number(index - 1);
     m_console.canal.SendToDisplay(u"GotoSlideImage|#" + imagem);
@@ -140,8 +145,6 @@ void ControlSlides::ExibirSlideNoTelao(int index, bool mudaImagem, bool mudaText
   }
   if (mudaTexto)
     EnviaTexto(Alvo::Ambas);
-  m_timerAnota->Start(EsperaDaAnotacao);
-  m_console.Atualiza();
 }
 
 QString ControlSlides::TextoDoSlide(bool previa) const {
@@ -170,6 +173,7 @@ void ControlSlides::Escolhe(int index) {
   if (!Visible() || !m_documento.Tem(index))
     return;
   m_console.painel.SlideEscolhido = index;
+  m_console.painel.MensagemTira.clear();
   if (m_console.estado.EnviarAoTelao)
     ExibirSlideNoTelao(index, true, true);
   else
@@ -199,15 +203,20 @@ void ControlSlides::TickSlides() {
 }
 
 void ControlSlides::DocumentoMudou(const QString &oldName, const QString &newName) {
-  if (!Visible() || (!MesmoArquivo(m_caminho, oldName) && !MesmoArquivo(m_caminho, newName)))
+  // The editor saves to one folder; a document that was shown from elsewhere is another one.
+  const bool daPasta = IsSameFile(m_caminho, m_console.app.At(u"\\Slides\\") + FileNameOf(m_caminho));
+  if (!daPasta || (!MesmoNome(m_caminho, oldName) && !MesmoNome(m_caminho, newName)))
     return;
+  const bool outroNome = MesmoNome(m_caminho, oldName) && !MesmoNome(oldName, newName);
   const QString novo = Resolve(FileNameOf(newName));
-  const int index = m_console.estado.SlideAtual;
   // One that lost its slides cannot be shown: what is out stays.
   if (novo.isEmpty() || !Le(novo))
     return;
-  m_console.painel.Label9 = m_console.estado.TituloAtual = FileNameWithoutExtension(novo, QStringLiteral("."));
-  Mostra(std::clamp(index, 1, m_documento.Count()));
+  if (outroNome)
+    m_console.estado.TituloAtual = FileNameWithoutExtension(novo, QStringLiteral("."));
+  m_console.estado.SlideAtual = std::clamp(m_console.estado.SlideAtual, 1, m_documento.Count());
+  if (Visible())
+    Volta();
 }
 
 void ControlSlides::Fecha() {

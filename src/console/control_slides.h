@@ -22,11 +22,10 @@ public:
   // The document that an entry of the agenda names, by a path or by a name in <app>\Slides\; empty when there is none.
   QString Resolve(const QString &name) const;
 
-  // The document becomes the item on show, under the title `caption`, beginning with its first slide. False when it has
-  // no slides: the operator is told, and what is on show stays.
-  bool Exibe(const QString &path, const QString &caption);
-  // Reads a document and shows slide `index`; the picture of the first one, without text, when there is no such slide.
-  bool LoadmSlide(const QString &path, int index);
+  // The document becomes the item on show, under the title `caption`, and begins with slide `index`; with the picture
+  // of the first one, without text, when there is no such slide. False when it has no slides: the operator is told, and
+  // what is on show stays.
+  bool LoadmSlide(const QString &path, int index, const QString &caption);
   // Builds the page: alvo 1 the display's, 2 the preview's, 0 both. `index` as SlidePages takes it.
   void CarregarSlides(int index, int alvo);
   void ExibirSlideNoTelao(int index, bool mudaImagem, bool mudaTexto);
@@ -46,15 +45,16 @@ public:
 
   // What its font, colours, effects and filters are now, and what the panels change for as long as it is on show.
   TemaRecord &Visual() { return m_documento.visual; }
-  void EnviaTexto(Alvo alvo);     // the slide's text, at the size of the page that gets it
-  void PreviaMudou();             // the preview has another size
-  void PaginaVoltou(Alvo qual);   // a page came back after its process died
+  void EnviaTexto(Alvo alvo);   // the slide's text, at the size of the page that gets it
+  void PreviaMudou();           // the preview has another size
+  void PaginaVoltou(Alvo qual); // a page came back after its process died
 
 private:
   bool Le(const QString &path);
   void TomaConsole();
   void Mostra(int index);
   void TickSlides();
+  void Envia(int index, bool mudaImagem, bool mudaTexto);
   void Anota();
   QString TextoDoSlide(bool previa) const;
 

@@ -32,7 +32,9 @@ const TemaRecord &EffectControls::Visual() const {
   return m_slides.Visible() ? m_slides.Visual() : m_console.estado.TemaAtual;
 }
 
-TemaRecord &EffectControls::Visual() { return m_slides.Visible() ? m_slides.Visual() : m_console.estado.TemaAtual; }
+TemaRecord &EffectControls::Visual() {
+  return m_slides.Visible() ? m_slides.Visual() : m_console.estado.TemaAtual;
+}
 
 void EffectControls::Terminou() {
   if (m_console.view && (m_console.faixa.Label1Visible || m_slides.Visible()))
@@ -98,9 +100,8 @@ void EffectControls::ImagemDaGaleria(const QString &path, bool move) {
   EstadoConsole &estado = m_console.estado;
   if (!Carregado())
     return;
-  if (estado.EhSlides()) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
-                             QStringLiteral("Not applicable during slideshow display."));
+  if (estado.EhSlides() || estado.EhSlideShow()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), NaoDuranteSlides);
     return;
   }
   estado.FundoPreso = true;
@@ -111,8 +112,7 @@ void EffectControls::ImagemDaGaleria(const QString &path, bool move) {
 
 void EffectControls::EnviaMovimento(Alvo alvo) {
   m_console.SetPageStyle(QStringLiteral("img"), QStringLiteral("animation-play-state"),
-                         Visual().MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"),
-                         alvo);
+                         Visual().MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"), alvo);
 }
 
 void EffectControls::ChkFadeImagem(bool ligado) {
@@ -190,7 +190,9 @@ void EffectControls::SelectColors1() {
     updateEfeitos2();
   } else if (cor) {
     estado.TemaAtual.CordeFundo = *cor;
-    if (estado.TemaAtual.Tipo != u"CorDeFundo")
+    if (estado.EhSlideShow()) // whose page stays; the colour is there behind it
+      estado.TemaAtual.Tipo = QStringLiteral("CorDeFundo");
+    else if (estado.TemaAtual.Tipo != u"CorDeFundo")
       m_temas.DefineTipo(QStringLiteral("CorDeFundo"));
     EnviaCorDeFundo();
     updateEfeitos2();

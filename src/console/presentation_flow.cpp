@@ -52,7 +52,7 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
     return;
   }
-  FechaSlideShow();
+  FechaSlideShow(kind);
   cancelaWMP();
 
   if (!name.isEmpty()) {
@@ -75,7 +75,7 @@ bool PresentationFlow::Carrega(int kind, const QString &caption, const QString &
     return CarregaShow(name);
   if (kind != 5)
     return CarregaTexto(kind, caption, name);
-  return m_slides.Exibe(m_slides.Resolve(name), caption);
+  return m_slides.LoadmSlide(m_slides.Resolve(name), 1, caption);
 }
 
 bool PresentationFlow::CarregaShow(const QString &path) {
@@ -103,9 +103,9 @@ bool PresentationFlow::CarregaTexto(int kind, const QString &caption, const QStr
   return shown;
 }
 
-void PresentationFlow::FechaSlideShow() {
-  // Another item comes, so slides that lay beneath the show do not come back.
-  if (!m_console.estado.SlideShowAtivo.isEmpty())
+void PresentationFlow::FechaSlideShow(int kind) {
+  // Another item comes, so slides that lay beneath the show do not come back, unless they lie beneath the next one.
+  if (kind != 6 && !m_console.estado.SlideShowAtivo.isEmpty())
     m_slides.Fecha();
   if (!controleDeShows.fecha || !controleDeShows.fecha())
     return;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "console/agenda_desk.h"
 #include "console/bible_loader.h"
 #include "console/console_context.h"
@@ -9,6 +7,8 @@
 #include "console/presentation.h"
 #include "console/song_loader.h"
 #include "console/theme_control.h"
+
+#include <functional>
 
 namespace tolmira {
 
@@ -41,7 +41,7 @@ public:
   ControleDeShows controleDeShows;
 
 private:
-  void FechaSlideShow();
+  void FechaSlideShow(int kind);
   void Mostra(int kind, const QString &caption, const QString &name);
   bool Carrega(int kind, const QString &caption, const QString &name);
   bool CarregaShow(const QString &path);

@@ -122,6 +122,8 @@ QString ProximoDosSlides(const OlharDaTela &olhar, bool preso) {
     return QObject::tr("On release: %1").arg(NomeDoSlide(olhar.slides, escolhido));
   if (olhar.slides.Tem(escolhido + 1))
     return QObject::tr("Next: %1").arg(NomeDoSlide(olhar.slides, escolhido + 1));
+  if (olhar.slides.Count() > 1 && IntervaloDoCodigo(QString::number(olhar.slides.Intervalo)) > 0)
+    return QObject::tr("Next: %1").arg(NomeDoSlide(olhar.slides, 1));
   return QObject::tr("Last slide");
 }
 

@@ -71,6 +71,9 @@ void SlideShowRunner::LimpaTexto() {
   estado.TextoEstrofes.clear();
   estado.TotalEstrofes = 0;
   estado.EstrofeAtual = -1;
+  estado.ArquivoAtual.clear();
+  estado.ReferenciaAtual.clear();
+  estado.TextoBiblia.clear();
   estado.VersoHtmlAtual.clear();
   estado.VersoTextoAtual.clear();
   estado.UltimoTexto.clear();
@@ -104,6 +107,7 @@ void SlideShowRunner::ParaAudio() {
   if (!wmp)
     return;
   wmp->ControlsStop();
+  wmp->SetLoop(false);
   m_console.telao()->EscondeMidia();
 }
 
@@ -111,8 +115,7 @@ void SlideShowRunner::Pause() {
   m_console.ScriptNasPaginas(QStringLiteral("Pause()"));
   if (MediaPlayer *wmp = m_comAudio ? Wmp() : nullptr) {
     wmp->ControlsPause();
-    // Any command ends a fade of the sound that has begun. The page announces its end again when it goes on.
-    m_console.canal.SendToDisplay(QStringLiteral("VideoComando|#pause"));
+    m_console.telao()->ParaRampa(); // the page announces its end again when it goes on
   }
   m_console.painel.slideShow.Parado = true;
   m_console.Atualiza();
@@ -169,13 +172,16 @@ void SlideShowRunner::Fecha() {
     bool forcar = true;
     m_temas.aplicaTema(estado.IndiceTema, forcar);
   }
+  // Where the page could not be made, the console still holds what was on it.
+  const bool noConsole = m_console.faixa.Label1Visible || painel.biblia.Visible;
   // A song, a passage or slides that lay beneath are not on the console any more, so nothing is on show then.
-  const bool foiEmbora =
-      slidesAbaixo || m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Harpa" || m_tipoAbaixo == u"Bíblia";
+  const bool foiEmbora = slidesAbaixo || (!noConsole && (m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Bíblia"));
   if (estado.TipoAtual == SlideShow)
     estado.DefineTipo(foiEmbora ? QString() : m_tipoAbaixo);
-  painel.Label9.clear();
-  painel.PicAviso2 = true;
+  if (!noConsole) {
+    painel.Label9.clear();
+    painel.PicAviso2 = true;
+  }
   m_console.Atualiza();
 }
 

@@ -1,9 +1,9 @@
 #include "console/theme_control.h"
 
+#include "display/effects.h"
+
 #include <algorithm>
 #include <utility>
-
-#include "display/effects.h"
 
 namespace tolmira {
 
@@ -11,7 +11,9 @@ namespace {
 
 constexpr int TempoDoAviso = 10000; // ms that the queued tile blinks
 
-QString NomeDaEscolha(int n) { return QStringLiteral("chkim") + QString::number(n); }
+QString NomeDaEscolha(int n) {
+  return QStringLiteral("chkim") + QString::number(n);
+}
 
 } // namespace
 
@@ -117,7 +119,9 @@ void ThemeControl::ClearQueue() {
   m_console.painel.PicAvisoProximo = 0;
 }
 
-void ThemeControl::StopRotation() { m_timerTrocaImagem->Stop(); }
+void ThemeControl::StopRotation() {
+  m_timerTrocaImagem->Stop();
+}
 
 void ThemeControl::DefineTimerInterval() {
   const TemaRecord &tema = m_console.estado.TemaAtual;
@@ -184,8 +188,7 @@ void ThemeControl::PressTile(int n) {
   if (n < 1 || n > NumeroDeTemas)
     return;
   if (estado.TipoAtual == u"Slides" || estado.TipoAtual == u"SlideShow") {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
-                             QStringLiteral("Not applicable during slideshow display."));
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), NaoDuranteSlides);
     return;
   }
   const bool textOnShow = estado.EhLetra() || estado.TipoAtual == u"Bíblia";
@@ -202,6 +205,10 @@ void ThemeControl::PressTile(int n) {
 }
 
 void ThemeControl::MenuAplicar(int n) {
+  if (m_console.estado.EhSlideShow()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), NaoDuranteSlides);
+    return;
+  }
   bool forcar = false;
   aplicaTema(n, forcar);
 }

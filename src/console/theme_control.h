@@ -1,14 +1,16 @@
 #pragma once
 
-#include <QString>
-
-#include <array>
-#include <functional>
-
 #include "console/console_context.h"
 #include "themes/theme_store.h"
 
+#include <QString>
+#include <array>
+#include <functional>
+
 namespace tolmira {
+
+// What the operator reads who wants another background while slides or a slide show cover it.
+inline const QString NaoDuranteSlides = QStringLiteral("Not applicable during slideshow display.");
 
 // The sixteen slots on the console: applying, queueing, drawing, and the rotation of pictures.
 class ThemeControl {
@@ -49,7 +51,7 @@ public:
   std::function<void()> ReenviaVersiculo;
   // Slides are on show: they are drawn again in place of a page of the theme; set by their owner.
   std::function<void()> RedesenhaSlides;
-  std::function<void()> RefazFormato;    // the text-format options show another theme; may be empty
+  std::function<void()> RefazFormato; // the text-format options show another theme; may be empty
 
 private:
   void AplicaTemaAtual();

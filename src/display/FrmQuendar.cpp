@@ -355,6 +355,9 @@ void FrmQuendar::EscondeMidia() {
   m_impl->picwmp->hide();
   m_impl->picwmp->setGeometry({});
 }
+void FrmQuendar::ParaRampa() {
+  m_impl->commands->ParaRampa();
+}
 QSize FrmQuendar::SizePx() const {
   return size();
 }

@@ -52,6 +52,7 @@ public:
   PageObject *WV() override;
   MediaPlayer *wmp() override;
   void EscondeMidia() override;
+  void ParaRampa() override;
   QSize SizePx() const override;
   bool DisplayVisivel() const override;
   void DefineTelaPreta(bool ligado) override;

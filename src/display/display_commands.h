@@ -31,6 +31,7 @@ public:
   void DefineTelaPreta(bool ligado);
   void DefineFundoPadrao(const QString &caminho);
   void PreparaVideo();
+  void ParaRampa() { m_timerVolume->Stop(); }
 
   // Hooked to the page object of the display. LabelImagemName receives the text behind "http://image/?"; null while the
   // slide show control is closed.

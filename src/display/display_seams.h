@@ -100,6 +100,7 @@ public:
   virtual MediaPlayer *wmp() = 0;
   // The player's area becomes invisible and takes no room; the sound goes on. A video gets its room again from its command.
   virtual void EscondeMidia() = 0;
+  virtual void ParaRampa() = 0; // a fade of the sound that has begun ends where it is
   virtual QSize SizePx() const = 0; // of the projection window, in pixels
   virtual bool DisplayVisivel() const = 0;
   virtual void DefineTelaPreta(bool ligado) = 0;

@@ -71,6 +71,7 @@ struct EstadoConsole {
     }
   }
   bool EhSlides() const { return TipoAtual == u"Slides"; }
+  bool EhSlideShow() const { return TipoAtual == u"SlideShow"; }
   // The page on the projection takes verses.
   bool PaginaDeTexto() const {
     return PaginaAtual == u"backcolor.html" || PaginaAtual == u"imagem.html" || PaginaAtual == u"video.html";

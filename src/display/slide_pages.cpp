@@ -4,10 +4,8 @@
 #include "display/slide_html.h"
 #include "display/text_style.h"
 #include "foundation/code_page.h"
-#include "foundation/real_path.h"
 #include "foundation/text_fields.h"
-
-#include <QFile>
+#include "foundation/text_file.h"
 
 namespace tolmira {
 
@@ -58,7 +56,9 @@ QString Preenche(const Fontes &fontes, const SlideDocument &documento, int index
   return p.Preenche(LeModelo(fontes.app, QStringLiteral("imagem.html")));
 }
 
-QString CaminhoDaPagina(bool previa) { return TempFolder() + (previa ? u"\\temp-pv.html" : u"\\temp.html"); }
+QString CaminhoDaPagina(bool previa) {
+  return TempFolder() + (previa ? u"\\temp-pv.html" : u"\\temp.html");
+}
 
 } // namespace
 
@@ -109,13 +109,9 @@ void SlidePages::MontaAlvo(const SlideDocument &documento, int index, bool previ
   m_yielder.Yield(ConcessoesPorPagina);
 }
 
-// Straight into the file: a page that is read by nobody now need not wait for the disk.
 void SlidePages::AnotaPaginas(const SlideDocument &documento, int index) {
-  for (const bool previa : {false, true}) {
-    QFile file(MapStoredPath(CaminhoDaPagina(previa)).text());
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-      file.write(EncodePage(Pagina(documento, index, previa)));
-  }
+  for (const bool previa : {false, true})
+    ReplaceFile(CaminhoDaPagina(previa), EncodePage(Pagina(documento, index, previa)));
 }
 
 QString MontaPaginaDoEditor(const AppFolder &app, const IniStore &store, const EstadoConsole &estado,
@@ -124,7 +120,8 @@ QString MontaPaginaDoEditor(const AppFolder &app, const IniStore &store, const E
   FolhaDeSlides folha;
   folha.letra = html;
   const QString caminho = TempFolder() + u"\\temp-ts.html";
-  GravaPagina(caminho, Preenche({app, store, estado, ajustes, random}, documento, index, HtmlDasImagens(documento), folha));
+  GravaPagina(caminho,
+              Preenche({app, store, estado, ajustes, random}, documento, index, HtmlDasImagens(documento), folha));
   return caminho;
 }
 

@@ -9,7 +9,6 @@
 #include <QJsonDocument>
 #include <QUuid>
 #include <algorithm>
-#include <cstdio>
 
 namespace tolmira {
 
@@ -56,17 +55,8 @@ bool DraftFolder::Keep(const QString &id, const QJsonObject &draft) const {
   QDir().mkdir(Folder());
   QJsonObject object = draft;
   object[Moment] = QDateTime::currentMSecsSinceEpoch();
-  const QByteArray bytes = QJsonDocument(object).toJson(QJsonDocument::Compact);
-  // Handed to the system and not forced onto the disk: a crash of the program loses nothing that way, and no slow disk
-  // halts the projection every second while somebody types.
-  QFile file(PathOf(id) + New);
-  const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
-  file.close();
-  if (written &&
-      std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(PathOf(id)).constData()) == 0)
-    return true;
-  file.remove();
-  return false;
+  // No slow disk may halt the projection every second while somebody types.
+  return ReplaceFile(PathOf(id), QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
 void DraftFolder::Drop(const QString &id) const {

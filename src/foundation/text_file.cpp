@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <unistd.h>
 
 namespace tolmira {
@@ -88,6 +89,18 @@ bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes) {
   const bool written = CommitWhole(file);
   qCDebug(logStore) << (written ? "written:" : "not written:") << path << bytes.size();
   return written;
+}
+
+bool ReplaceFile(const QString &storedPath, const QByteArray &bytes) {
+  const QString path = MapStoredPath(storedPath).text();
+  QFile file(path + QStringLiteral(".new"));
+  const bool written =
+      !path.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+  file.close();
+  if (written && std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(path).constData()) == 0)
+    return true;
+  file.remove();
+  return false;
 }
 
 bool CommitWhole(QSaveFile &file) {

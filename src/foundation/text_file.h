@@ -31,6 +31,10 @@ QString ReadWholeFile(const QString &storedPath);
 // folder. False when nothing was written; the old content then stands.
 bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes);
 
+// The same without waiting for the disk: a crash of the program loses nothing that way, one of the machine may. For what
+// is written often or can be made again.
+bool ReplaceFile(const QString &storedPath, const QByteArray &bytes);
+
 // The last step for whoever fills a QSaveFile itself: puts it in its place only when every byte reached the disk, which
 // commit() alone does not make sure of.
 bool CommitWhole(QSaveFile &file);

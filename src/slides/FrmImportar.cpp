@@ -19,6 +19,8 @@ namespace {
 constexpr int Largura = 460;
 constexpr int LinhasDoEstado = 4; // the longest sentence, so that the window keeps its size
 
+enum Resposta { AbreAsQueEsperam = 0, OutroDocumento = 1 };
+
 const QString Secao = QStringLiteral("Config");
 const QString ChaveDaPasta = QStringLiteral("pastaImportar"); // the folder of the last document
 
@@ -65,7 +67,7 @@ FrmImportar::FrmImportar(const ImportDoors &doors, QWidget *parent)
   connect(&m_import, &DocumentImport::Terminou, this, [this](const QStringList &imagens, const QString &nome) {
     m_imagens = imagens;
     m_nome = nome;
-    Entrega();
+    Terminou();
   });
 }
 
@@ -96,6 +98,17 @@ void FrmImportar::MakeSenha() {
 
 void FrmImportar::Pergunta(const AbreImagens &pronto) {
   QString path;
+  if (!m_imagens.isEmpty()) {
+    const int resposta =
+        m_doors.prompt.Ask(tr("Import document"), tr("The pages of '%1' wait to be opened.").arg(m_nome),
+                           {tr("Open"), tr("Another document")});
+    if (resposta == AbreAsQueEsperam) {
+      m_pronto = pronto;
+      return Entrega();
+    }
+    if (resposta != OutroDocumento)
+      return;
+  }
   if (!m_import.Trabalha()) {
     const QString antes = m_doors.store.ReadConfig(Secao, ChaveDaPasta, QString());
     const QString pasta =
@@ -159,15 +172,33 @@ void FrmImportar::DaSenha() {
   m_import.DaSenha(senha);
 }
 
-// The pages wait here while the editor is not free for them.
+// The operator may be in the middle of the service by now. Only whoever looks at this window gets the editor unasked.
+void FrmImportar::Terminou() {
+  if (m_doors.editorAberto())
+    EsperaEditor();
+  else if (isActiveWindow())
+    Entrega();
+  else
+    Espera(tr("The pages are ready. Open them here. They stay in the picture gallery in any case."));
+}
+
 void FrmImportar::Entrega() {
-  if (m_pronto(m_imagens, m_nome)) {
-    m_imagens.clear();
-    return hide();
+  if (!m_pronto(m_imagens, m_nome)) {
+    EsperaEditor();
+    return show();
   }
-  Acabou(
+  m_imagens.clear();
+  hide();
+}
+
+void FrmImportar::EsperaEditor() {
+  Espera(
       tr("The pages are ready, but the editor stands open on other slides. Close it, then open them here. They stay in "
          "the picture gallery in any case."));
+}
+
+void FrmImportar::Espera(const QString &frase) {
+  Acabou(frase);
   m_painelSenha->show();
   m_senha->hide();
   m_parar->setDefault(false);

@@ -23,10 +23,11 @@ struct ImportDoors {
   FormPositions &posicoes;
   std::function<DocumentImport::Programas()> programas; // asked each time: LibreOffice may have been installed since
   std::function<QSize()> telaPx;                        // of the projection; empty where there is no projector
+  std::function<bool()> editorAberto;                   // the editor that takes the pages stands open already
 };
 
 // Shows how far the import of a document is, asks for its password, says why it came to nothing. It is not modal: the
-// service goes on meanwhile.
+// service goes on meanwhile, and the end of an import asks nothing and brings nothing to the front of it.
 class FrmImportar : public QDialog {
   Q_OBJECT
 
@@ -34,6 +35,7 @@ public:
   FrmImportar(const ImportDoors &doors, QWidget *parent);
 
   // Asks for a document and imports it; `pronto` gets its pages. While one is at work its window comes to the front.
+  // Pages that still wait for somebody are offered first.
   void Pergunta(const AbreImagens &pronto);
   void Importa(const QString &path, const AbreImagens &pronto);
   bool Trabalha() const { return m_import.Trabalha(); }
@@ -51,7 +53,10 @@ private:
   void PedeSenha(bool errada);
   void DaSenha();
   void MostraSenha(bool mostra);
-  void Entrega(); // the pages to whoever asked for them
+  void Terminou();
+  void Entrega();      // the pages to whoever asked for them
+  void EsperaEditor(); // the pages wait until it is free
+  void Espera(const QString &frase);
   void Acabou(const QString &frase);
 
   ImportDoors m_doors;

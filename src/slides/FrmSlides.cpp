@@ -20,6 +20,7 @@
 #include <QScrollArea>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace tolmira {
 
@@ -76,7 +77,13 @@ FrmSlides::FrmSlides(const SlideDoors &doors, EstadoSlides &estado)
 }
 
 FrmSlides::~FrmSlides() {
-  m_estado.editorAberto.clear();
+  Desmarca();
+}
+
+// Once only: a window that has closed goes later, when the next one may be open.
+void FrmSlides::Desmarca() {
+  if (std::exchange(m_marcado, false))
+    m_estado.editorAberto.clear();
 }
 
 void FrmSlides::MakeTop(QVBoxLayout *rows) {
@@ -261,7 +268,6 @@ void FrmSlides::MakeBottom(QVBoxLayout *rows) {
   row->setSpacing(medidas::Gap);
   m_modelo = new QPushButton(tr("Save as tem&plate"), this);
   m_modelo->setObjectName(QStringLiteral("BtModelo"));
-  m_modelo->setToolTip(tr("New slides begin with the look of these; a new document follows"));
   m_state = new QLabel(this);
   m_state->setObjectName(QStringLiteral("LbEstado"));
   m_state->setProperty("look", QStringLiteral("quiet"));
@@ -334,18 +340,24 @@ void FrmSlides::Open() {
   }
   show();
   m_estado.editorAberto = QStringLiteral("true");
+  m_marcado = true;
   raise();
   activateWindow();
 }
 
 void FrmSlides::PedeImagem(int numero, const std::function<void(const QString &path)> &usa) {
+  const auto toma = [this, usa](const QString &path) {
+    m_copias.remove(path); // the gallery may have got another picture of that name
+    m_naTira.clear();
+    usa(path);
+  };
   if (m_doors.galeria) {
-    m_doors.galeria(numero, this, usa);
+    m_doors.galeria(numero, this, toma);
     return;
   }
   const QString path = m_doors.prompt.OpenFile(BoxTitle, QString(), FiltroDeImagens());
   if (!path.isEmpty())
-    usa(path);
+    toma(path);
 }
 
 void FrmSlides::ImgAddImagem() {
@@ -403,8 +415,10 @@ void FrmSlides::Mudou() {
   const bool tem = m_editor.Indice() > 0;
   Tell({});
   m_slide->ShowValues();
-  for (QWidget *control : {m_remover, m_trocar, m_duplicar, m_modelo, m_command4})
+  for (QWidget *control : {m_remover, m_trocar, m_duplicar, m_command4})
     control->setEnabled(tem);
+  m_modelo->setToolTip(tem ? tr("New slides begin with the look of these; a new document follows")
+                           : tr("Without slides: new ones begin with the program's own look again"));
   m_desfazer->setEnabled(m_editor.PodeDesfazer());
   m_refazer->setEnabled(m_editor.PodeRefazer());
   setWindowTitle(m_editor.Titulo() + QStringLiteral("[*]"));
@@ -457,11 +471,14 @@ bool FrmSlides::PodeLargar() {
 void FrmSlides::SalvaModelo() {
   if (m_asking)
     return;
-  if (!PodeLargar() || !m_editor.SalvarModelo())
+  if (!PodeLargar())
+    return;
+  const bool tem = m_editor.Documento().Count() > 0;
+  if (!m_editor.SalvarModelo())
     return;
   ShowAll();
   Mudou();
-  Tell(tr("New slides begin with this look."));
+  Tell(tem ? tr("New slides begin with this look.") : tr("New slides begin with the program's own look again."));
   m_txtNomeArquivo->setFocus();
 }
 
@@ -483,7 +500,7 @@ void FrmSlides::closeEvent(QCloseEvent *event) {
     return;
   }
   m_draft.Forget();
-  m_estado.editorAberto.clear();
+  Desmarca();
   event->accept();
   emit Closed();
 }

@@ -70,6 +70,7 @@ private:
   void Mudou(); // the document has changed or another slide is chosen: preview, title, buttons, draft
   void Tell(const QString &text);
   QString Legenda(int index) const;
+  void Desmarca(); // this window is open no more
 
   SlideDoors m_doors;
   EstadoSlides &m_estado;
@@ -79,6 +80,7 @@ private:
   QHash<QString, PictureImage> m_copias; // by stored path
   TemaRecord m_visual;                   // what the controls of the look write into
   QStringList m_naTira;                  // pictures and captions of the strip as it stands
+  bool m_marcado = false;                // the state says "open" because of this window
   bool m_asking = false;
   bool m_loading = false; // the controls are being filled
 

@@ -1,6 +1,6 @@
 #include "slides/document_import.h"
 
-#include "slides/page_pictures.h"
+#include "foundation/real_path.h"
 #include "slides/page_protocol.h"
 
 #include <QCoreApplication>
@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QTemporaryDir>
+#include <filesystem>
 #include <utility>
 
 namespace tolmira {
@@ -17,11 +18,19 @@ namespace {
 
 constexpr qint64 Pedaco = 1 << 20;
 constexpr QSize TelaSemProjecao{1920, 1080};
+constexpr quint64 ReservaDoDisco = 128 << 20; // bytes that an import leaves to everything else
 
 bool EhApresentacao(const QString &path) {
   static const QStringList extensoes{QStringLiteral("pptx"), QStringLiteral("ppt"), QStringLiteral("ppsx"),
                                      QStringLiteral("pps"), QStringLiteral("odp")};
   return extensoes.contains(QFileInfo(path).suffix().toLower());
+}
+
+// A folder that cannot be asked has room: what is wrong with it shows when it is written.
+bool TemLugar(const QString &pasta) {
+  std::error_code erro;
+  const std::filesystem::space_info espaco = std::filesystem::space(QFile::encodeName(pasta).toStdString(), erro);
+  return erro || espaco.available >= ReservaDoDisco;
 }
 
 // False when it was not copied whole.
@@ -79,7 +88,7 @@ DocumentImport::~DocumentImport() {
   if (m_largue)
     *m_largue = true;
   m_pool.waitForDone();
-  if (m_chegando && m_chegando->guardada)
+  if (m_chegando && m_chegando->posta == Posta::Sim)
     m_guardadas.append(m_chegando->nome);
   RetiraPaginas(m_app, m_guardadas);
 }
@@ -91,6 +100,7 @@ void DocumentImport::Comeca(const QString &path, const QSize &telaPx, const Prog
   m_programas = programas;
   m_tela = telaPx.isEmpty() ? TelaSemProjecao : telaPx.boundedTo({paginas::MaiorLado, paginas::MaiorLado});
   m_total = 0;
+  m_bytes = 0;
   m_deuSenha = m_desenhado = false;
   m_guardadas.clear();
   m_largue = std::make_shared<std::atomic<bool>>(false);
@@ -166,6 +176,12 @@ void DocumentImport::Para() {
 void DocumentImport::Chegou(int pagina, const QString &arquivo) {
   if (m_fase != Fase::Desenha)
     return;
+  m_bytes += QFileInfo(arquivo).size();
+  if (m_bytes > maiorTotal)
+    return Desfaz(
+        tr("The pages of this document take too much room. Save the pages that you need as a PDF of their own."));
+  if (!TemLugar(m_pasta->path()) || !TemLugar(MapStoredPath(m_app.At(u"\\Images")).text()))
+    return Desfaz(tr("The disk is nearly full. Make room on it, then import the document again."));
   m_fila.enqueue({arquivo, NomeDaPagina(m_serie, pagina, m_total, QFileInfo(arquivo).suffix())});
   GuardaProxima();
 }
@@ -176,7 +192,7 @@ void DocumentImport::GuardaProxima() {
   m_ocupado = true;
   m_chegando = std::make_shared<Chegada>(m_fila.dequeue());
   m_pool.start([this, pagina = m_chegando, app = m_app, tela = m_tela] {
-    pagina->guardada = PoePagina(app, pagina->arquivo, pagina->nome, tela);
+    pagina->posta = PoePagina(app, pagina->arquivo, pagina->nome, tela);
     QFile::remove(pagina->arquivo);
     QMetaObject::invokeMethod(this, &DocumentImport::Guardou, Qt::QueuedConnection);
   });
@@ -185,15 +201,23 @@ void DocumentImport::GuardaProxima() {
 void DocumentImport::Guardou() {
   m_ocupado = false;
   const std::shared_ptr<Chegada> pagina = std::exchange(m_chegando, nullptr);
-  if (pagina->guardada)
+  if (pagina->posta == Posta::Sim)
     m_guardadas.append(pagina->nome);
   if (m_fase == Fase::Desfaz)
     return TalvezDesfez();
-  if (!pagina->guardada)
-    return Desfaz(tr("The pages could not be written to the images folder. Is the disk full?"));
+  if (pagina->posta != Posta::Sim)
+    return Desfaz(FraseDe(pagina->posta));
   emit Andou(static_cast<int>(m_guardadas.size()), m_total);
   GuardaProxima();
   TalvezTerminou();
+}
+
+QString DocumentImport::FraseDe(Posta posta) const {
+  if (posta == Posta::SemLugar)
+    return tr("The pages could not be written to the images folder. Is the disk full?");
+  if (posta == Posta::Tomada)
+    return tr("A picture with the name of a page came into the images folder meanwhile. Import the document again.");
+  return FraseDe(PageRenderer::Problema::Quebrado);
 }
 
 void DocumentImport::TalvezTerminou() {

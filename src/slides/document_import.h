@@ -2,6 +2,7 @@
 
 #include "foundation/app_folder.h"
 #include "slides/office_converter.h"
+#include "slides/page_pictures.h"
 #include "slides/page_renderer.h"
 
 #include <QObject>
@@ -44,6 +45,7 @@ public:
 
   int prazoDaPaginaMs = 30'000;
   int prazoDoEscritorioMs = 5 * 60'000;
+  qint64 maiorTotal = qint64(8) << 30; // bytes of all pages together
 
 signals:
   void Convertendo(); // LibreOffice is at work and does not say how far it is
@@ -57,11 +59,11 @@ signals:
 private:
   enum class Fase { Nenhuma, Copia, Converte, Desenha, EsperaSenha, Desfaz };
 
-  // A picture on its way from the temporary folder to the others; `guardada` is the pool's, until it is done.
+  // A picture on its way from the temporary folder to the others; `posta` is the pool's, until it is done.
   struct Chegada {
     QString arquivo;
     QString nome;
-    bool guardada = false;
+    Posta posta = Posta::Estranha;
   };
 
   void CopiaParaConverter();
@@ -76,6 +78,7 @@ private:
   void Desfaz(const QString &frase); // empty: the operator stopped it
   void TalvezDesfez();
   QString FraseDe(PageRenderer::Problema problema) const;
+  QString FraseDe(Posta posta) const;
 
   const AppFolder m_app;
   std::shared_ptr<QTemporaryDir> m_pasta; // stays until those who work in it have gone
@@ -92,6 +95,7 @@ private:
   QString m_serie;
   QSize m_tela;
   int m_total = 0;
+  qint64 m_bytes = 0; // of the pages that were drawn
   bool m_deuSenha = false;
   bool m_desenhado = false; // the last page has been drawn
   bool m_ocupado = false;   // the pool works

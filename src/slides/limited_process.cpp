@@ -2,6 +2,7 @@
 
 #include <QProcessEnvironment>
 #include <csignal>
+#include <fcntl.h>
 #include <linux/close_range.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -22,12 +23,22 @@ void Limita(int qual, quint64 quanto) {
   }
 }
 
+// When memory runs out the kernel takes this one, and not the page that the audience sees.
+void OfereceAoFimDaMemoria() {
+  const int pontos = open("/proc/self/oom_score_adj", O_WRONLY | O_CLOEXEC);
+  if (pontos < 0)
+    return;
+  [[maybe_unused]] const ssize_t escritos = write(pontos, "1000", 4);
+  close(pontos);
+}
+
 // Runs between fork and exec, where only plain system calls are allowed.
 void Confina(const Limites &limites) {
   setsid();
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
   setpriority(PRIO_PROCESS, 0, Gentileza);
+  OfereceAoFimDaMemoria();
   close_range(PrimeiroDepois, ~0U, CLOSE_RANGE_CLOEXEC);
   const rlimit none{0, 0};
   setrlimit(RLIMIT_CORE, &none);
@@ -56,6 +67,8 @@ LimitedProcess::LimitedProcess(QObject *parent) : QObject(parent) {
   connect(&m_prazo, &QTimer::timeout, this, [this] { Mata(Fim::Demorou); });
   connect(&m_process, &QProcess::readyReadStandardOutput, this, &LimitedProcess::Le);
   connect(&m_process, &QProcess::finished, this, [this](int codigo, QProcess::ExitStatus status) {
+    MataGrupo(); // what it left running
+    m_grupo = 0;
     Le();
     m_prazo.stop();
     if (m_fim == Fim::Saiu && status == QProcess::CrashExit)
@@ -68,6 +81,7 @@ LimitedProcess::LimitedProcess(QObject *parent) : QObject(parent) {
         if (error != QProcess::FailedToStart)
           return;
         m_prazo.stop();
+        m_grupo = 0;
         emit Acabou(Fim::NaoComecou, -1);
       },
       Qt::QueuedConnection);
@@ -92,6 +106,7 @@ void LimitedProcess::Comeca(const Comando &comando) {
   m_process.setChildProcessModifier([limites = comando.limites] { Confina(limites); });
   m_prazo.start(comando.prazoMs);
   m_process.start();
+  m_grupo = static_cast<pid_t>(m_process.processId());
   m_process.write(comando.entrada);
   m_process.closeWriteChannel();
 }
@@ -101,13 +116,15 @@ void LimitedProcess::Para() {
 }
 
 void LimitedProcess::Mata(Fim porque) {
-  const qint64 pid = m_process.processId();
-  if (pid <= 0)
-    return;
   if (m_fim == Fim::Saiu)
     m_fim = porque;
-  kill(static_cast<pid_t>(-pid), SIGKILL);
+  MataGrupo();
   m_process.kill(); // in the moment before it has a group
+}
+
+void LimitedProcess::MataGrupo() {
+  if (m_grupo > 0)
+    kill(-m_grupo, SIGKILL);
 }
 
 void LimitedProcess::Le() {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTimer>
+#include <sys/types.h>
 
 namespace tolmira {
 
@@ -17,9 +18,10 @@ struct Limites {
   quint64 abertos = 0; // open files
 };
 
-// Another program that works on a file from elsewhere: with limits, at low priority, without the program's environment,
-// files or privileges, in a process group that ends as a whole and does not outlive the program. What it says comes
-// line by line. Runs one at a time.
+// Another program that works on a file from elsewhere: with limits, at low priority, the first to go when memory runs
+// out, without the program's environment, files or privileges. It leads a process group that is ended as a whole,
+// however it ends. When this program crashes it dies too; what it has started itself lives on then, up to its limits.
+// What it says comes line by line. Runs one at a time.
 class LimitedProcess : public QObject {
   Q_OBJECT
 
@@ -57,10 +59,12 @@ signals:
 private:
   void Le();
   void Mata(Fim porque);
+  void MataGrupo();
 
   QProcess m_process;
   QTimer m_prazo;
   QByteArray m_resto; // of a line that is not whole
+  pid_t m_grupo = 0;  // its process group; 0 for none
   int m_maiorLinha = 0;
   Fim m_fim = Fim::Saiu;
 };

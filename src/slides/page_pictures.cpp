@@ -22,7 +22,19 @@ const QString Pagina = QStringLiteral(" - page ");
 
 void Retira(const AppFolder &app, const QString &nome) {
   for (const QStringView pasta : {u"\\Images\\", u"\\Images\\Mini\\"})
-    QFile::remove(MapStoredPath(app.At(pasta) + nome).text());
+    QFile::remove(MapStoredPath(app.At(pasta)).text() + nome); // not one that is spelt otherwise
+}
+
+// The first bytes are looked at here, so that what somebody else drew meets no decoder but the two that a page is for.
+bool EhPagina(const QString &arquivo, const QSize &tela) {
+  const bool png = QFileInfo(arquivo).suffix() == u"png";
+  const QByteArray inicio = png ? QByteArrayLiteral("\x89PNG\r\n\x1a\n") : QByteArrayLiteral("\xff\xd8\xff");
+  QFile file(arquivo);
+  if (!file.open(QIODevice::ReadOnly) || file.read(inicio.size()) != inicio)
+    return false;
+  file.close();
+  const PictureFacts facts = ExaminePicture(arquivo);
+  return facts.problem == PictureProblem::None && facts.format == (png ? "png" : "jpeg") && facts.size == tela;
 }
 
 } // namespace
@@ -55,13 +67,24 @@ QString NomeDaPagina(const QString &serie, int pagina, int total, const QString 
   return serie + Pagina + QStringLiteral("%1.").arg(pagina, algarismos, 10, QChar(u'0')) + extensao;
 }
 
-bool PoePagina(const AppFolder &app, const QString &arquivo, const QString &nome, const QSize &tela) {
-  if (FileExists(app.At(u"\\Images\\") + nome) || PictureSize(arquivo) != tela)
-    return false;
-  if (CopiaParaImagens(app, arquivo, nome) == Copia::Feita && CriaMiniatura(app, nome, true))
-    return true;
-  Retira(app, nome);
-  return false;
+Posta PoePagina(const AppFolder &app, const QString &arquivo, const QString &nome, const QSize &tela) {
+  if (FileExists(app.At(u"\\Images\\") + nome))
+    return Posta::Tomada;
+  if (!EhPagina(arquivo, tela))
+    return Posta::Estranha;
+  const Copia copia = CopiaParaImagens(app, arquivo, nome);
+  Posta posta = copia == Copia::SemLugar ? Posta::SemLugar : Posta::Estranha;
+  // Whoever drew it can still write into it, but not into the copy.
+  const QString copiada = MapStoredPath(app.At(u"\\Images\\") + nome).text();
+  if (copia == Copia::Feita && EhPagina(copiada, tela)) {
+    if (CriaMiniatura(app, nome, true))
+      posta = Posta::Sim;
+    else if (!ReadPicture(copiada, [](const QSize &size) { return size; }).image.isNull())
+      posta = Posta::SemLugar;
+  }
+  if (posta != Posta::Sim)
+    Retira(app, nome);
+  return posta;
 }
 
 void RetiraPaginas(const AppFolder &app, const QStringList &nomes) {

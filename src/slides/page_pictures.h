@@ -19,9 +19,15 @@ QString NomeDaSerie(const AppFolder &app, const QString &titulo);
 // "Name - page 007.png": the gallery's order by name is the order of the pages.
 QString NomeDaPagina(const QString &serie, int pagina, int total, const QString &extensao);
 
-// Copies the picture at `arquivo` (a real path) in under that name, with its small copy. False, with nothing left
-// there, when it is no picture of that size, when the name is taken or when it could not be written.
-bool PoePagina(const AppFolder &app, const QString &arquivo, const QString &nome, const QSize &tela);
+// Copies the picture at `arquivo` (a real path) in under that name, with its small copy. Unless it is put, nothing of
+// it is left there.
+enum class Posta {
+  Sim,
+  Estranha, // it is no PNG or JPEG, as its name says, of that size
+  Tomada,   // the name
+  SemLugar, // it could not be written
+};
+Posta PoePagina(const AppFolder &app, const QString &arquivo, const QString &nome, const QSize &tela);
 
 void RetiraPaginas(const AppFolder &app, const QStringList &nomes);
 

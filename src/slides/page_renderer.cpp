@@ -63,8 +63,10 @@ void PageRenderer::Ouve(const QByteArray &linha) {
   } else if (palavras.size() == 3 && palavras[0] == "page") {
     entendida = OuvePagina(palavras);
   } else if (palavras.size() == 2 && palavras[0] == "failed") {
-    entendida = true;
-    m_problema = ProblemaDe(palavras[1]);
+    const Problema problema = ProblemaDe(palavras[1]);
+    entendida = problema != Problema::FaltaSenha || m_total == 0; // whose pages it has counted, that one is open
+    if (entendida)
+      m_problema = problema;
   } else if (linha == "done") {
     entendida = m_completo = m_total > 0 && m_feitas == m_total;
   }

@@ -20,6 +20,7 @@ const QString QuebraDeLinha = QStringLiteral("\r\n");
 
 // A file that promises more slides than this is believed only as far as its keys go.
 constexpr int ContagemPlausivel = 2000;
+constexpr int MaiorContagem = 20000; // whatever its keys say
 
 class Leitor {
 public:
@@ -65,7 +66,7 @@ int MaiorNumeroDeSlide(const QString &path) {
 }
 
 int LeContagem(const Leitor &ini, const QString &path) {
-  const int count = std::max(0, ini.Numero<int>(QStringLiteral("Count"), u"0"));
+  const int count = std::clamp(ini.Numero<int>(QStringLiteral("Count"), u"0"), 0, MaiorContagem);
   return count <= ContagemPlausivel ? count : std::min(count, std::max(ContagemPlausivel, MaiorNumeroDeSlide(path)));
 }
 
@@ -160,6 +161,8 @@ SlideDocument LoadSlideNew(const QString &path) {
   SlideDocument documento;
   LeSlides(ini, path, u"12", u"4", documento);
   LeComum(ini, documento);
+  if (documento.Intervalo < SlideManual || documento.Intervalo > SlideUmMinuto)
+    documento.Intervalo = SlideManual; // the editor's list has no such place
   TemaRecord &visual = documento.visual;
   visual.Maiusculas = ini.Ligado(u"Maiusculas", u"0");
   visual.FontBorda_Enabled = ini.Ligado(u"FontBorda", u"1");

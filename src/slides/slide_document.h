@@ -11,6 +11,7 @@ namespace tolmira {
 // Positions in the list of intervals, which are also the interval codes: "Manual", "10 sec", "15 sec", "20 sec", "30
 // sec", "1 min".
 inline constexpr int SlideManual = 0;
+inline constexpr int SlideUmMinuto = 5;
 
 inline constexpr qint16 AlinhamentoCentrado = 2; // any other value means left
 

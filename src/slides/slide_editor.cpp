@@ -15,8 +15,8 @@ namespace {
 
 const QString BoxTitle = QStringLiteral("Tolmira");
 const QString Extension = QStringLiteral(".sld");
-constexpr QStringView Folder = u"\\Slides\\";
 constexpr QStringView Template = u"\\Slides\\template.tp";
+enum Answer { Yes = 0 };
 
 qsizetype CommonStart(QStringView one, QStringView other) {
   return std::mismatch(one.begin(), one.end(), other.begin(), other.end()).first - one.begin();
@@ -90,17 +90,18 @@ void SlideEditor::LoadDraft(const SlideDraft &draft) {
 }
 
 void SlideEditor::Begin(const QString &path, const SlideDocument &documento) {
-  m_path = path;
+  const QString name = FileNameOf(path);
+  m_path = path.chopped(name.size()) + FileNameOf(MapStoredPath(path).text());
   m_file = path.isEmpty() ? FileState() : FileStateOf(path);
   m_now = {documento, documento.Count() > 0 ? 1 : 0};
   m_saved = documento;
-  m_savedName = path.isEmpty() ? QString() : BaseNameBefore(FileNameOf(path), QStringLiteral("."));
+  m_savedName = path.isEmpty() ? QString() : BaseNameBefore(FileNameOf(m_path), QStringLiteral("."));
   nome = m_savedName;
   m_history.Clear();
 }
 
 bool SlideEditor::Alterado() const {
-  return m_now.documento != m_saved || TidyFileName(nome) != m_savedName;
+  return m_now.documento != m_saved || (nome != m_savedName && TidyFileName(nome) != m_savedName);
 }
 
 QString SlideEditor::Titulo() const {
@@ -207,6 +208,7 @@ void SlideEditor::DefineTexto(const QString &texto) {
 }
 
 void SlideEditor::DefineAlinhamento(qint16 alinhamento) {
+  m_history.EndStep();
   ChangeSlide("Alinhamento", [alinhamento](Slide &slide) { slide.Alinhamento = alinhamento; });
 }
 
@@ -249,12 +251,22 @@ void SlideEditor::Refaz() {
     m_now = m_history.Redo();
 }
 
+// A name that differs by case alone leads to the own file, unless both stand there side by side.
+bool SlideEditor::IsOwn(const QString &target) const {
+  return IsSameFile(target, m_path);
+}
+
+// The rules are for names that are chosen here. A document from elsewhere keeps the one that it has.
 bool SlideEditor::NameIsGood() {
-  nome = TidyFileName(nome);
+  const QString tidy = TidyFileName(nome);
+  if (nome != m_savedName || !IsOwn(Target()))
+    nome = tidy;
   const QStringList forbidden = ForbiddenInFileName(nome);
   QString problem;
-  if (nome.isEmpty())
+  if (tidy.isEmpty())
     problem = QStringLiteral("Enter a name for the file.");
+  else if (IsOwn(Target()))
+    return true;
   else if (!forbidden.isEmpty())
     problem = QStringLiteral("The name becomes the name of a file, which cannot hold  ") +
               forbidden.join(QStringLiteral("  "));
@@ -273,13 +285,9 @@ bool SlideEditor::SalvarSlide() {
   }
   if (!NameIsGood())
     return false;
-  const QString target = m_app.At(Folder) + nome + Extension;
-  // A name that differs by case alone leads to the own file, unless both stand there side by side.
-  if (FileExists(target) && !IsSameFile(target, m_path)) {
-    Say(MessageKind::Information, QStringLiteral("A Slide with this name already exists in your collection.\n\n") +
-                                      nome + QStringLiteral("\n\nEnter another name for the file."));
+  const QString target = Target();
+  if (!MayWriteOver(target))
     return false;
-  }
   if (!GravaSlide(target, m_now.documento)) {
     Say(MessageKind::Critical,
         QStringLiteral("Could not save the file.\n\n%1\n\nThe slides stay in the window.").arg(nome + Extension));
@@ -297,6 +305,19 @@ bool SlideEditor::SalvarSlide() {
   return true;
 }
 
+bool SlideEditor::MayWriteOver(const QString &target) {
+  if (FileExists(target) && !IsOwn(target)) {
+    Say(MessageKind::Information, QStringLiteral("A Slide with this name already exists in your collection.\n\n") +
+                                      nome + QStringLiteral("\n\nEnter another name for the file."));
+    return false;
+  }
+  // Under another name too: the file of the old one would go, with what somebody else wrote into it.
+  return !DocumentHasChanged(Draft()) ||
+         m_prompt.Ask(BoxTitle,
+                      QStringLiteral("The file of these slides was changed since.\nDo you want to overwrite?"),
+                      {QStringLiteral("Yes"), QStringLiteral("No")}) == Yes;
+}
+
 // The document stands safely under its new name; the file of the old one goes, or it would be there twice.
 void SlideEditor::FinishRename(const QString &target) {
   if (m_path.isEmpty())
@@ -310,7 +331,9 @@ void SlideEditor::FinishRename(const QString &target) {
       QFile::rename(now, wanted);
     return;
   }
-  if (FileExists(m_path) && !IsSameFile(m_path, target) && !QFile::remove(old))
+  // One that is spelt otherwise has come into its place and is another document.
+  const bool there = FileExists(m_path) && FileNameOf(old) == FileNameOf(m_path);
+  if (there && !IsSameFile(m_path, target) && !QFile::remove(old))
     Say(MessageKind::Warning, QStringLiteral("The slides were saved as: ") + FileNameOf(target) +
                                   QStringLiteral("\n\nThe file with the old name could not be removed: ") +
                                   FileNameOf(m_path));

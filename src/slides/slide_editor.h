@@ -18,14 +18,14 @@ class SlideEditor {
 public:
   SlideEditor(const AppFolder &app, UserPrompt &prompt) : m_app(app), m_prompt(prompt) {}
 
-  // With a path that document; false when there is no file that can be read whole as text, and nothing has changed
-  // then. Without one a new document, which takes its look from the template.
+  // With a path that document, in whatever case the path is; false when there is no file that can be read whole as
+  // text, and nothing has changed then. Without one a new document, which takes its look from the template.
   bool LoadSlide(const QString &path);
   // What an earlier run left behind. Where the document was changed since, it is a new one.
   void LoadDraft(const SlideDraft &draft);
   SlideDraft Draft() const { return {m_path, nome, m_now.documento, m_file}; }
 
-  const QString &Path() const { return m_path; } // empty for a new document
+  const QString &Path() const { return m_path; } // the file's name as the disk spells it; empty for a new document
   const SlideDocument &Documento() const { return m_now.documento; }
   int Indice() const { return m_now.indice; } // the slide that is being edited; 0 for none
   bool Alterado() const;
@@ -60,7 +60,8 @@ public:
 
   // False after a message: documents and files are as they were.
   bool SalvarSlide();
-  // Makes this document the template of new ones, and leaves a new one here. False after a message.
+  // Makes this document the template of new ones, and leaves a new one here. One without slides brings back the look
+  // that the program itself begins with. False after a message.
   bool SalvarModelo();
 
   // After each save, with file names; there was no old one before the first save of a document.
@@ -72,7 +73,10 @@ private:
   void ChangeSlide(const char *key, const std::function<void(Slide &)> &change);
   void ChangeText(const char *key, QString Slide::*field, const QString &text);
   void Begin(const QString &path, const SlideDocument &documento);
+  QString Target() const { return m_app.At(u"\\Slides\\") + nome + u".sld"; }
+  bool IsOwn(const QString &target) const;
   bool NameIsGood();
+  bool MayWriteOver(const QString &target);
   void FinishRename(const QString &target);
   void Say(MessageKind kind, const QString &text);
 

@@ -10,6 +10,11 @@ void SlideHistory::Record(const QString &key, const Moment &before, const Moment
   m_steps.resize(m_at);
   if (m_open && !key.isEmpty() && !m_steps.isEmpty() && m_steps.last().key == key) {
     m_steps.last().after = after;
+    if (after.documento == m_steps.last().before.documento) { // back where it began
+      m_steps.removeLast();
+      m_at = m_steps.size();
+      m_open = false;
+    }
     return;
   }
   m_steps.append({key, before, after});

@@ -75,7 +75,23 @@ PictureImage TrazMiniatura(const AppFolder &app, const QString &nome) {
   return result;
 }
 
+namespace {
+
+// Documents of earlier installations name pictures in "\\Imagens\\", whose small copies lie in "\\Imagens\\mini\\".
+QString MiniaturaAntiga(const QString &caminho) {
+  static const QString pasta = QStringLiteral("\\Imagens\\");
+  const QString comBarras = QString(caminho).replace(u'/', u'\\');
+  if (!comBarras.contains(pasta, Qt::CaseInsensitive))
+    return {};
+  return QString(comBarras).replace(pasta, pasta + QStringLiteral("mini\\"), Qt::CaseInsensitive);
+}
+
+} // namespace
+
 PictureImage TrazMiniaturaDe(const AppFolder &app, const QString &caminho) {
+  if (const QString antiga = MiniaturaAntiga(caminho); !antiga.isEmpty() && FileExists(antiga))
+    if (PictureImage result = ReadAtSmallSize(MapStoredPath(antiga).text()); !result.image.isNull())
+      return result;
   const auto comBarras = [](QString path) { return path.replace(u'\\', u'/'); };
   const QString pasta = comBarras(app.At(u"\\Images\\"));
   const QString onde = comBarras(caminho);

@@ -30,6 +30,7 @@ private slots:
     WriteBytes(Temp(QStringLiteral("assets/html/imagem.html")), "page 1");
     WriteBytes(Temp(QStringLiteral("libs/jquery.min.js")), "library 1");
     WriteBytes(Temp(QStringLiteral("assets/sample/Data/agenda1.dat")), "2|#|Lamp|#|Lamp\r\n");
+    WriteBytes(Temp(QStringLiteral("assets/sample/Slides/Welcome.sld")), "Imagem1=(APP)\\Images\\hills.jpg\r\n");
     WriteBytes(Temp(QStringLiteral("assets/sample/Lyrics/Lamp.txt")), "Lamp\r\n");
     WriteBytes(Temp(QStringLiteral("media/Images/hills.jpg")), "picture");
     WriteBytes(Temp(QStringLiteral("media/made")), "");
@@ -56,6 +57,7 @@ private slots:
     QCOMPARE(InApp(QStringLiteral("html/lib/jquery.min.js")), "library 1");
     QCOMPARE(InApp(QStringLiteral("Lyrics/Lamp.txt")), "Lamp\r\n");
     QCOMPARE(InApp(QStringLiteral("Images/hills.jpg")), "picture");
+    QCOMPARE(InApp(QStringLiteral("Slides/Welcome.sld")), "Imagem1=" + m_app.toUtf8() + "\\Images\\hills.jpg\r\n");
     QCOMPARE(InApp(QStringLiteral("Bible/NEW_KJV.txt")), "new");
     QVERIFY(QFileInfo(m_app + QStringLiteral("/Imagens/Mini")).isDir());
     QVERIFY(QFileInfo(m_app + QStringLiteral("/SlideShow")).isDir());

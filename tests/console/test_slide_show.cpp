@@ -78,9 +78,8 @@ private slots:
     house.Forget();
     house.core.show.Pause();
     QVERIFY(house.core.show.Parado());
-    QCOMPARE(house.TakeJournal().mid(0, 3),
-             QStringList({QStringLiteral("display: Pause()"), QStringLiteral("preview: Pause()"),
-                          QStringLiteral("wmp: pause")}));
+    QCOMPARE(house.TakeJournal(), QStringList({QStringLiteral("display: Pause()"), QStringLiteral("preview: Pause()"),
+                                               QStringLiteral("wmp: pause"), QStringLiteral("fade stopped")}));
     // A page that comes back stands too.
     house.core.PaginaVoltou(Alvo::Previa);
     QVERIFY(house.preview.scripts.contains(QStringLiteral("Pause()")));
@@ -97,6 +96,7 @@ private slots:
     QTest::newRow("nothing") << QString() << QString();
     QTest::newRow("a song") << QStringLiteral("Louvor") << QString();
     QTest::newRow("a passage") << QStringLiteral("Bíblia") << QString();
+    QTest::newRow("a hymn") << QStringLiteral("Harpa") << QStringLiteral("Harpa");
     QTest::newRow("a web video") << QStringLiteral("Youtube") << QStringLiteral("Youtube");
   }
   void theItemBeneathComesBackByItsKind() {
@@ -110,9 +110,36 @@ private slots:
     QTEST(house.core.estado.TipoAtual, "depois");
     QCOMPARE(house.core.estado.SlideShowAtivo, QString());
     const QStringList journal = house.TakeJournal();
-    QCOMPARE(journal.mid(0, 2), QStringList({QStringLiteral("wmp: stop"), QStringLiteral("player hidden")}));
+    QCOMPARE(journal.mid(0, 3), QStringList({QStringLiteral("wmp: stop"), QStringLiteral("wmp: loop 0"),
+                                              QStringLiteral("player hidden")}));
     QVERIFY(!journal.filter(QStringLiteral("CarregaTema|#")).isEmpty());
     QVERIFY(house.core.estado.PaginaDeTexto());
+  }
+
+  // As they are by then: the document was saved under another name while the show ran over it.
+  void slidesComeBackBehindTheShow() {
+    House house;
+    house.WriteSlides(QStringLiteral("Natal.sld"), 3);
+    house.core.flow.ShowEntry(5, 0, QStringLiteral("Natal"), QStringLiteral("Natal.sld"));
+    house.core.slides.Escolhe(2);
+    house.ShowIt();
+    house.ShowIt();
+    house.clock.Advance(60000); // no slide of theirs is sent meanwhile
+    QCOMPARE(house.core.estado.TipoAtual, QStringLiteral("SlideShow"));
+    house.core.temaControle.MenuAplicar(2);
+    house.core.efeitos.ImagemDaGaleria(QStringLiteral("/p/b.jpg"), false);
+    const QString refusal = QStringLiteral("Not applicable during slideshow display.");
+    QCOMPARE(house.prompt.TakeTexts(), QStringList({refusal, refusal}));
+    house.WriteSlides(QStringLiteral("Advento.sld"), 2);
+    house.core.flow.ProcessaEditarSlide(QStringLiteral("Natal.sld"), QStringLiteral("Advento.sld"));
+    QCOMPARE(house.core.painel.Label9, QStringLiteral("Demo"));
+    house.Forget();
+    house.core.flow.controleDeShows.fecha();
+    QCOMPARE(house.core.estado.TipoAtual, QStringLiteral("Slides"));
+    QCOMPARE(house.core.estado.SlideAtual, 2);
+    QCOMPARE(house.core.estado.TotalSlides, 2);
+    QCOMPARE(house.core.painel.Label9, QStringLiteral("Advento"));
+    QCOMPARE(house.display.commands.filter(QStringLiteral("CarregaTema|#")).size(), 1); // no theme in between
   }
 
   void aSongEndsTheShow() {

@@ -61,7 +61,7 @@ private slots:
                           QStringLiteral("GotoSlideImage|#1"), QStringLiteral("GotoSlideImage|#0"),
                           QStringLiteral("GotoSlideImage|#2")}));
     QCOMPARE(m_fixture->preview.scripts.filter(QStringLiteral("GotoSlideImage")).size(), 5);
-    QCOMPARE(Situacao().LbProximo, QStringLiteral("Last slide"));
+    QCOMPARE(Situacao().LbProximo, QStringLiteral("Next: slide 1, Title 1")); // it rotates
     // In the agenda's list the paging keys are the list's.
     QVERIFY(!Core().teclas.KeyDown(Qt::Key_PageUp, false, true));
     QCOMPARE(Estado().SlideAtual, 3);
@@ -230,6 +230,29 @@ private slots:
     QVERIFY(m_fixture->preview.scripts.contains(QStringLiteral("GotoSlideImage(2)")));
     QVERIFY(m_fixture->preview.scripts.contains(QStringLiteral("ChangeCSS('texto','display','none')")));
     QVERIFY(m_fixture->preview.scripts.last().contains(u"Title 3"));
+  }
+
+  // The rotation of the document before may be due while the pages of the next one are built.
+  void aDocumentBeginsWhereItWasToldTo_data() {
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("shown");
+    QTest::newRow("its first slide") << 1 << 1;
+    QTest::newRow("no slide of its") << 9 << 0;
+  }
+  void aDocumentBeginsWhereItWasToldTo() {
+    QFETCH(int, index);
+    QFETCH(int, shown);
+    ShowSlides(QStringLiteral("Natal.sld"));
+    m_fixture->WriteSlides(QStringLiteral("Advento.sld"), 3, "Intervalo=1\r\n");
+    m_fixture->yielder.onYield = [this](int) {
+      m_fixture->yielder.onYield = nullptr;
+      m_fixture->clock.Advance(10500);
+    };
+    m_fixture->Forget();
+    const QString path = m_fixture->app.At(u"\\Slides\\Advento.sld");
+    QVERIFY(Core().slides.LoadmSlide(path, index, QStringLiteral("Advento")));
+    QCOMPARE(Estado().SlideAtual, shown);
+    QCOMPARE(Titles().size(), shown);
   }
 
   // A key that arrives while the pages are built is not taken back by what the opening still has to do.

@@ -106,7 +106,7 @@ void StarterServiceTest::agendasNameSongsThatAreThere() {
       const QStringList fields = line.split(QStringLiteral("|#|"));
       QCOMPARE(fields.size(), 3);
       const int kind = fields.at(0).toInt();
-      QVERIFY2(kind >= lastKind && kind <= 3, qPrintable(line));
+      QVERIFY2(kind >= lastKind && kind <= 6, qPrintable(line));
       lastKind = kind;
       const QString file = fields.at(2) + u".txt";
       if (kind == 2)
@@ -114,6 +114,11 @@ void StarterServiceTest::agendasNameSongsThatAreThere() {
       if (kind == 3)
         QVERIFY2(QFile::exists(Sample().filePath(u"Harpa/" + file)) ||
                      QFile::exists(Sample().filePath(u"Cantor/" + file)),
+                 qPrintable(line));
+      if (kind == 5)
+        QVERIFY2(QFile::exists(Sample().filePath(u"Slides/" + fields.at(2))), qPrintable(line));
+      if (kind == 6)
+        QVERIFY2(QFile::exists(Sample().filePath(QString(fields.at(2)).remove(QStringLiteral("(APP)\\")).replace(u'\\', u'/'))),
                  qPrintable(line));
     }
   }
@@ -123,6 +128,10 @@ void StarterServiceTest::themesNameMediaThatAreMade() {
   QStringList made;
   for (const auto &scene : tolmira::media::Scenes())
     made << scene.file;
+  for (const char *name : {"Slides/Welcome.sld", "SlideShow/Morning Light.sw"})
+    for (const QString &line : Lines(Sample().filePath(QLatin1String(name))))
+      if (line.startsWith(u"Imagem"))
+        QVERIFY2(made.contains(line.section(u"(APP)\\Images\\", 1)), qPrintable(line));
   int themes = 0;
   QStringList kinds;
   const QStringList lines = Lines(Sample().filePath(QStringLiteral("Data/Themes.ini")));

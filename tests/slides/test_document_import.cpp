@@ -60,7 +60,8 @@ private slots:
   void presentationsGoThroughLibreOffice();
   void tellsWhatIsWrongWithAPresentation_data();
   void tellsWhatIsWrongWithAPresentation();
-  void stopEndsAllOfLibreOffice();
+  void allOfLibreOfficeEnds_data();
+  void allOfLibreOfficeEnds();
 };
 
 void TestDocumentImport::everyPageBecomesASlide() {
@@ -183,8 +184,12 @@ void TestDocumentImport::theDrawerIsNotTrusted_data() {
   row("promises what is not there", "echo pages 1; echo page 1 page-1.png; echo done\n");
   row("points elsewhere", "echo pages 1; echo page 1 ../../page.png; echo done\n");
   row("links elsewhere", "echo pages 1; ln -s $ROOM/page.png $2/page-1.png; echo page 1 page-1.png; echo done\n");
-  row("draws no picture", "echo pages 1; echo hi > $2/page-1.png; echo page 1 page-1.png; echo done\n",
-      "images folder");
+  row("draws no picture", "echo pages 1; echo hi > $2/page-1.png; echo page 1 page-1.png; echo done\n", "damaged");
+  row("draws for another reader", "echo pages 1; cp $ROOM/page.bmp $2/page-1.png; echo page 1 page-1.png; echo done\n");
+  row("asks for a password behind a page",
+      "echo pages 2; cp $ROOM/page.png $2/page-1.png; echo page 1 page-1.png; echo failed password; exit 1\n");
+  row("fills the disk", "echo pages 1; head -c 300000 /dev/zero > $2/page-1.png; echo page 1 page-1.png; sleep 600\n",
+      "too much room");
   row("counts without end", "echo pages 2001\n");
 }
 
@@ -193,9 +198,11 @@ void TestDocumentImport::theDrawerIsNotTrusted() {
   QFETCH(QString, word);
   ImportRoom room;
   room.programs.paginas = room.Script("pages", lines);
+  room.Write("page.bmp", PictureBytes(ImportRoom::Screen, "bmp"));
   ImportRun run(room);
   if (lines.contains("sleep"))
     run.import.prazoDaPaginaMs = 1000;
+  run.import.maiorTotal = 256 * 1024;
   QVERIFY(run.Run(room.Write("mine/a.pdf", "x")));
   QVERIFY2(run.sentence.contains(word), qPrintable(run.sentence));
   QVERIFY(room.LeftNothing());
@@ -210,6 +217,7 @@ void TestDocumentImport::theDrawerIsConfined() {
                                                           "[ $(ulimit -c) = 0 ] && [ $(ulimit -n) = 128 ] || exit 4\n"
                                                           "[ $(ulimit -f) != unlimited ] || exit 5\n"
                                                           "[ $(ulimit -t) != unlimited ] || exit 6\n"
+                                                          "[ $(cat /proc/self/oom_score_adj) = 1000 ] || exit 9\n"
                                                           "grep -q 'NoNewPrivs:.*1' /proc/self/status || exit 7\n"
                                                           "ls -l /proc/self/fd | grep -q page.png && exit 8\n") +
                                                    OnePage);
@@ -302,16 +310,27 @@ void TestDocumentImport::tellsWhatIsWrongWithAPresentation() {
   QVERIFY(room.LeftNothing());
 }
 
-void TestDocumentImport::stopEndsAllOfLibreOffice() {
+void TestDocumentImport::allOfLibreOfficeEnds_data() {
+  QTest::addColumn<QByteArray>("after"); // the start of the part that stays
+  QTest::addColumn<bool>("stop");
+  QTest::newRow("it is stopped") << QByteArray("wait\n") << true;
+  QTest::newRow("its first process ends") << QByteArray() << false;
+}
+
+void TestDocumentImport::allOfLibreOfficeEnds() {
+  QFETCH(QByteArray, after);
+  QFETCH(bool, stop);
   ImportRoom room;
   room.programs.escritorio = room.Script("soffice", "sleep 600 &\necho $! > $ROOM/pid.part\n"
-                                                    "mv $ROOM/pid.part $ROOM/pid\nwait\n");
+                                                    "mv $ROOM/pid.part $ROOM/pid\n" +
+                                                        after);
   ImportRun run(room);
   run.import.Comeca(room.Write("mine/a.ppt", "x"), ImportRoom::Screen, room.programs);
   QVERIFY(QTest::qWaitFor([&] { return QFile::exists(room.Path("pid")); }));
-  run.import.Para();
+  if (stop)
+    run.import.Para();
   QVERIFY(QTest::qWaitFor([&] { return run.Ended(); }));
-  QVERIFY(run.stopped);
+  QCOMPARE(run.stopped, stop);
   const QByteArray pid = ReadBytes(room.Path("pid")).trimmed();
   const QString status = u"/proc/" + QString::fromLatin1(pid) + u"/status";
   QVERIFY(QTest::qWaitFor([&] {

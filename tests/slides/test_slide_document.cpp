@@ -114,6 +114,7 @@ void TestSlideDocument::believesACountAsFarAsItIsPlausible_data() {
   QTest::newRow("a million") << QByteArray("[Config]\r\nCount=1000000\r\nImagem1=a\r\n") << 2000;
   QTest::newRow("a million, some of them there")
       << QByteArray("[Config]\r\nCount=1000000\r\nTexto2500=a\r\nImagem2400=a\r\n") << 2500;
+  QTest::newRow("a thousand million") << QByteArray("[Config]\r\nCount=999999999\r\nImagem999999999=a\r\n") << 20000;
 }
 
 void TestSlideDocument::believesACountAsFarAsItIsPlausible() {

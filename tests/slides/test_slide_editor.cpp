@@ -120,6 +120,56 @@ private slots:
     QCOMPARE(room.TitleIn(QStringLiteral("Song.sld")), QStringLiteral("two"));
   }
 
+  // Made on another system, and opened by an agenda that spells it in its own way.
+  void aDocumentKeepsTheNameThatItHas_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("opened");
+    QTest::newRow("other case") << QStringLiteral("Old.sld") << QStringLiteral("oLD.sld");
+    QTest::newRow("a character that no name may have") << QStringLiteral("Who?.sld") << QStringLiteral("Who?.sld");
+    QTest::newRow("blanks around it") << QStringLiteral(" Old .sld") << QStringLiteral(" Old .sld");
+  }
+  void aDocumentKeepsTheNameThatItHas() {
+    QFETCH(QString, name);
+    QFETCH(QString, opened);
+    Room room;
+    room.Document(name, "Old");
+    QVERIFY(room.editor.LoadSlide(room.app.At(u"\\Slides\\") + opened));
+    QVERIFY(!room.editor.Alterado());
+    room.editor.DefineTitulo(QStringLiteral("New"));
+    QVERIFY(room.editor.SalvarSlide());
+    QCOMPARE(room.prompt.TakeTexts(), QStringList());
+    QCOMPARE(room.Files(), QStringList(name));
+    QCOMPARE(room.TitleIn(name), QStringLiteral("New"));
+    QCOMPARE(room.told, QString(name + u" -> " + name));
+    QVERIFY(!room.editor.Alterado());
+  }
+
+  void whatSomebodyElseSavedIsNotOverwrittenUnasked_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("under its name") << QStringLiteral("Old");
+    QTest::newRow("renamed") << QStringLiteral("Fresh");
+  }
+  void whatSomebodyElseSavedIsNotOverwrittenUnasked() {
+    QFETCH(QString, name);
+    Room room;
+    room.Document(QStringLiteral("Old.sld"), "Old");
+    QVERIFY(room.editor.LoadSlide(room.app.At(u"\\Slides\\Old.sld")));
+    room.editor.DefineTitulo(QStringLiteral("Mine"));
+    room.Document(QStringLiteral("Old.sld"), "Somebody else's");
+    room.editor.nome = name;
+    room.prompt.answers = {1, 0};
+    QVERIFY(!room.editor.SalvarSlide());
+    QCOMPARE(room.Files(), QStringList(QStringLiteral("Old.sld")));
+    QCOMPARE(room.TitleIn(QStringLiteral("Old.sld")), QStringLiteral("Somebody else's"));
+    QVERIFY(room.editor.Alterado());
+    QVERIFY(room.editor.SalvarSlide());
+    QVERIFY(room.editor.SalvarSlide()); // its own writing is no change
+    QCOMPARE(room.prompt.TakeTexts(),
+             QStringList(2, QStringLiteral("The file of these slides was changed since.\nDo you want to overwrite?")));
+    QCOMPARE(room.Files(), QStringList(QString(name + u".sld")));
+    QCOMPARE(room.TitleIn(name + u".sld"), QStringLiteral("Mine"));
+  }
+
   void anEmptyDocumentIsNotSaved() {
     Room room;
     room.Document(QStringLiteral("Old.sld"), "Old");
@@ -173,6 +223,16 @@ private slots:
     editor.Refaz();
     editor.Refaz();
     QCOMPARE(editor.Documento().Em(3).Texto, typed);
+
+    // Each click is a step, and a slider that was put back where it stood is none.
+    for (const qint16 alignment : {AlinhamentoCentrado, qint16(0)})
+      editor.DefineAlinhamento(alignment);
+    editor.Desfaz();
+    QCOMPARE(editor.Documento().Em(editor.Indice()).Alinhamento, AlinhamentoCentrado);
+    for (const int size : {5, 4})
+      editor.DefineFontSize(static_cast<qint16>(size));
+    editor.Desfaz();
+    QCOMPARE(editor.Documento().Em(editor.Indice()).Alinhamento, qint16(0));
 
     // A new change ends what could be made again, and all of it can be taken back to where it began.
     editor.RemoveSlide(3);

@@ -26,9 +26,10 @@ private:
     }
     FrmImportar &Window() {
       if (!window)
-        window = std::make_unique<FrmImportar>(
-            ImportDoors{store, prompt, positions, [this] { return programs; }, [] { return ImportRoom::Screen; }},
-            &desk);
+        window = std::make_unique<FrmImportar>(ImportDoors{store, prompt, positions, [this] { return programs; },
+                                                           [] { return ImportRoom::Screen; },
+                                                           [this] { return editorIsTaken; }},
+                                               &desk);
       return *window;
     }
     QString State() { return Window().findChild<QLabel *>(QStringLiteral("LbEstado"))->text(); }
@@ -36,6 +37,7 @@ private:
     void Import(const QString &path) {
       prompt.files = {path};
       Window().Pergunta([this](const QStringList &pictures, const QString &name) {
+        ++offered;
         if (!editorIsTaken)
           opened.append(name + u' ' + QString::number(pictures.size()));
         return !editorIsTaken;
@@ -51,6 +53,7 @@ private:
     QWidget desk;
     ScriptedPrompt prompt;
     QStringList opened;
+    int offered = 0; // times that the pages came to the editor
     bool editorIsTaken = false;
     std::unique_ptr<FrmImportar> window;
   };
@@ -62,6 +65,7 @@ private slots:
   void stopsByItsButtonAndByEscape();
   void saysWhyNothingCame();
   void waitsForAnEditorThatIsTaken();
+  void interruptsNobodyWhoWorksElsewhere();
 };
 
 void UiTestImport::opensTheDocumentBehindItsPassword() {
@@ -123,7 +127,9 @@ void UiTestImport::waitsForAnEditorThatIsTaken() {
   auto *open = room.The<QPushButton>("CmdAbrir");
   QTRY_VERIFY(open->isVisible());
   QVERIFY(room.State().contains(u"open on other slides"));
+  QCOMPARE(room.offered, 0); // it would ask what to do with the other slides
   QTest::mouseClick(open, Qt::LeftButton);
+  QCOMPARE(room.offered, 1);
   QVERIFY(room.Window().isVisible());
   room.editorIsTaken = false;
   QTest::keyClick(&room.Window(), Qt::Key_Return);
@@ -132,6 +138,29 @@ void UiTestImport::waitsForAnEditorThatIsTaken() {
   room.Import({}); // given up in the file dialogue
   QVERIFY(!room.Window().isVisible());
   QVERIFY(room.prompt.fileQuestions.last().folder.endsWith(u"/mine"));
+}
+
+void UiTestImport::interruptsNobodyWhoWorksElsewhere() {
+  Room room;
+  room.desk.show();
+  const QString path = room.Write("mine/Psalm.pdf", OnePagePdf("/MediaBox[0 0 160 90]"));
+  room.Import(path);
+  room.desk.activateWindow();
+  QTRY_VERIFY(room.desk.isActiveWindow());
+  QTRY_VERIFY(room.The<QPushButton>("CmdAbrir")->isVisible());
+  QVERIFY(room.State().contains(u"are ready"));
+  QCOMPARE(room.offered, 0);
+  QVERIFY(room.desk.isActiveWindow());
+
+  // Closed, and asked for again: first given up, then opened.
+  QTest::keyClick(&room.Window(), Qt::Key_Escape);
+  QVERIFY(!room.Window().isVisible());
+  room.prompt.answers = {-1, 0};
+  room.Import(path);
+  room.Import(path);
+  QCOMPARE(room.prompt.TakeTexts(), QStringList(2, QStringLiteral("The pages of 'Psalm' wait to be opened.")));
+  QCOMPARE(room.prompt.fileQuestions.size(), 1);
+  QCOMPARE(room.opened, QStringList{QStringLiteral("Psalm 1")});
 }
 
 QTEST_MAIN(UiTestImport)

@@ -165,6 +165,23 @@ private slots:
     QCOMPARE(list->findChild<QListWidget *>(QStringLiteral("List1"))->count(), 0);
   }
 
+  void anEditorThatTookAnothersPlaceStandsOpen() {
+    Room room(*m_page);
+    for (const char *name : {"A", "B"})
+      WriteBytes(room.File("Slides/") + QLatin1String(name) + u".sld", "[Config]\r\nCount=1\r\n");
+    for (const char *name : {"A", "B"})
+      QVERIFY(room.windows->Edita(room.app.At(u"\\Slides\\") + QLatin1String(name) + u".sld"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    room.windows->AbreLista();
+    auto *names = room.List()->findChild<QListWidget *>(QStringLiteral("List1"));
+    names->setCurrentRow(1);
+    QTest::keyClick(names, Qt::Key_Delete);
+    QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("First, close the slide editing screen.")));
+    QVERIFY(room.windows->FechaTodos());
+    QTest::keyClick(names, Qt::Key_Delete);
+    QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Confirm the permanent deletion of: B?")));
+  }
+
   void thePageIsBuiltAnewForPicturesOnly() {
     Room room(*m_page);
     room.windows->Novo();

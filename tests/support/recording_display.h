@@ -22,6 +22,7 @@ public:
   PageObject *WV() override { return hasPage ? &page : nullptr; }
   MediaPlayer *wmp() override { return &player; }
   void EscondeMidia() override { Note(QStringLiteral("player hidden")); }
+  void ParaRampa() override { Note(QStringLiteral("fade stopped")); }
   QSize SizePx() const override { return size; }
   bool DisplayVisivel() const override { return visivel; }
   void DefineTelaPreta(bool ligado) override {

@@ -201,12 +201,12 @@ private slots:
   }
 
   void whatTheOperatorIsTold() {
-    Room room(*m_page, "[Tema-1]\r\nFont_Name=No Such Font\r\nCordeFundo=16777215\r\n");
+    Room room(*m_page, "[Tema-1]\r\nFont_Name=No Such Font\r\nCordeFundo=11184810\r\n");
     QVERIFY(room.Open(1));
     QVERIFY(room.Named<QLabel>("LbFonte")->text().contains(QStringLiteral("'No Such Font' is not installed")));
     room.clock.Advance(1000);
     auto *contrast = room.Named<QLabel>("LbContraste");
-    QVERIFY(!contrast->isVisible()); // white on white, but with outline and shadow
+    QVERIFY(!contrast->isVisible()); // white on grey, but with outline and shadow
     room.Named<QAbstractButton>("ChkBorda")->click();
     room.clock.Advance(1000);
     QCOMPARE(contrast->text(), QStringLiteral("The text is hard to read from afar on this background."));

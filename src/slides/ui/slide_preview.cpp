@@ -48,17 +48,17 @@ QString SlidePreview::Html(const QString &efeito) const {
                                  m_documento.Em(m_index).incluirTexto == 1);
 }
 
+bool SlidePreview::Move() const {
+  return m_documento.visual.MoveImagens && !m_estado.ImagensCongeladas;
+}
+
 void SlidePreview::Navega() {
   PageObject *page = PicWV()->WV();
   if (!isVisible() || !page)
     return;
-  m_contado = {true,
-               ImagensDe(m_documento),
-               m_index,
-               Html({}),
-               EstiloTexto(m_documento.visual),
-               EfeitoDe(m_documento.visual),
-               m_documento.visual.MoveImagens};
+  m_contado = {true,     ImagensDe(m_documento),          m_index,
+               Html({}), EstiloTexto(m_documento.visual), EfeitoDe(m_documento.visual),
+               Move()};
   EstadoConsole estado; // the text can be seen here while it is hidden on the projection
   estado.ImagensCongeladas = m_estado.ImagensCongeladas;
   const QString path = m_contado.imagens.isEmpty() ? m_app.At(u"\\html\\emptyback.html")
@@ -91,10 +91,10 @@ void SlidePreview::Conta() {
     CallPageScript(page, QStringLiteral("ChangeOptions"), QStringLiteral("fx"),
                    EfeitoCycle(visual.Efeito_Imagem_Fx, visual.Efeito_Imagem_FxExtra, m_random));
   }
-  if (visual.MoveImagens != m_contado.move) {
-    m_contado.move = visual.MoveImagens;
+  if (Move() != m_contado.move) {
+    m_contado.move = Move();
     CallPageScript(page, QStringLiteral("ChangeCSS"), QStringLiteral("img"), QStringLiteral("animation-play-state"),
-                   visual.MoveImagens ? QStringLiteral("running") : QStringLiteral("paused"));
+                   m_contado.move ? QStringLiteral("running") : QStringLiteral("paused"));
   }
   if (const QString html = Html({}); html != m_contado.html)
     MandaTexto(html);

@@ -29,6 +29,7 @@ private:
   void Navega();
   void Conta(); // tells the page what is new
   QString Html(const QString &efeito) const;
+  bool Move() const; // the slow movement runs
   void MandaTexto(const QString &html);
 
   const AppFolder m_app;

@@ -6,6 +6,8 @@
 #include "foundation/file_name.h"
 #include "foundation/real_path.h"
 #include "foundation/text_fields.h"
+#include "foundation/text_file.h"
+#include "foundation/text_utils.h"
 #include "slides/FrmListaSlides.h"
 #include "slides/FrmSlides.h"
 #include "slides/slide_drafts.h"
@@ -48,14 +50,19 @@ void SlideWindows::AgendaChanged() {
     m_lista->AtualizaAgenda();
 }
 
-FrmSlides *SlideWindows::Make() {
+FrmSlides *SlideWindows::Make(const QString &pedido) {
   FrmSlides *editor = m_editors.emplace_back(std::make_unique<FrmSlides>(m_doors, m_estado)).get();
-  QObject::connect(editor, &FrmSlides::Salvou, editor, [this](const QString &oldName, const QString &newName) {
+  const auto salvou = [this, outro = QString(pedido)](const QString &oldName, const QString &newName) mutable {
     if (!oldName.isEmpty())
       m_doors.console.ProcessaEditarSlide(oldName, newName);
+    // An agenda may know the document by another spelling than the disk; from now on it has the disk's.
+    if (outro != oldName && outro.compare(oldName, Qt::CaseInsensitive) == 0)
+      m_doors.console.ProcessaEditarSlide(outro, newName);
+    outro.clear();
     if (m_lista && m_lista->isVisible())
       m_lista->AtualizaLista(BaseNameBefore(newName, QStringLiteral(".")));
-  });
+  };
+  QObject::connect(editor, &FrmSlides::Salvou, editor, salvou);
   // It is still handling the event that closed it.
   QObject::connect(editor, &FrmSlides::Closed, editor, [this] {
     if (m_editors.empty())
@@ -92,10 +99,15 @@ bool SlideWindows::Edita(const QString &path) {
   }
   if (!LivraEditor())
     return true; // the operator wants to go on with the other one
-  FrmSlides *editor = Make();
+  FrmSlides *editor = Make(FileNameOf(path));
   if (!editor->LoadSlide(path)) {
     m_editors.clear();
-    return false;
+    if (!FileExists(path))
+      return false;
+    m_doors.prompt.Message(MessageKind::Warning, BoxTitle,
+                           QStringLiteral("These slides cannot be read. Their file is damaged, or it is no text.\n\n") +
+                               FileNameOf(path));
+    return true;
   }
   editor->Open();
   return true;

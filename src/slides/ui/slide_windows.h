@@ -23,8 +23,9 @@ public:
 
   void Novo();
   // Opens the editor on a document, or brings it to the front when it stands on it. One that stands on another document
-  // is closed first, as the operator would. False when the file cannot be read.
+  // is closed first, as the operator would. False when there is no such file.
   bool Edita(const QString &path);
+  bool EditorAberto() const { return !m_editors.empty(); }
   bool AbreComImagens(const QStringList &imagens, const QString &nome); // AbreImagens
 
   bool FechaTodos();       // as the operator would; false when the editor stays
@@ -32,7 +33,7 @@ public:
   PageObject *WV() const;  // of the editor; null when it is closed
 
 private:
-  FrmSlides *Make();
+  FrmSlides *Make(const QString &pedido = {}); // the document's name as whoever wants it spells it
   bool LivraEditor();
 
   SlideDoors m_doors;

@@ -152,10 +152,10 @@ inline std::shared_ptr<FrmImportar> OpenedImport(House &house) {
   const DocumentImport::Programas programs{qEnvironmentVariable("TOLMIRA_BIN_DIR") + QStringLiteral("/tolmira-pages"),
                                            QString()};
   house.Write(House::LongName + u".pdf", LockedPdf("amen"));
-  auto form =
-      std::make_shared<FrmImportar>(ImportDoors{house.store, house.prompt, house.positions,
-                                                [programs] { return programs; }, [] { return QSize(320, 180); }},
-                                    &house.desk);
+  auto form = std::make_shared<FrmImportar>(ImportDoors{house.store, house.prompt, house.positions,
+                                                        [programs] { return programs; }, [] { return QSize(320, 180); },
+                                                        [] { return false; }},
+                                            &house.desk);
   form->Importa(house.folder.filePath(House::LongName + u".pdf"),
                 [](const QStringList &, const QString &) { return true; });
   [&] { QTRY_VERIFY(form->findChild<QLineEdit *>(QStringLiteral("TxtSenha"))->isVisible()); }();

@@ -282,7 +282,7 @@ private slots:
     room.prompt.answers = {0};
     list->findChild<QPushButton *>(QStringLiteral("Command4"))->click();
     QVERIFY(!QFile::exists(MapStoredPath(path).text()));
-    QCOMPARE(list->findChild<QLabel *>(QStringLiteral("LbTeclas"))->text(), QStringLiteral("There are no slide shows yet."));
+    QCOMPARE(list->findChild<QLabel *>(QStringLiteral("LbQuantos"))->text(), QStringLiteral("There are no slide shows yet."));
     QCOMPARE(room.console.calls,
              QStringList({QStringLiteral("RemoveFromAgendas 6 Demo"), u"RemoveFromAgendas 6 " + path}));
   }

@@ -160,7 +160,7 @@ private slots:
     room.prompt.answers = {0};
     list->findChild<QPushButton *>(QStringLiteral("Command4"))->click();
     QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Confirm the permanent deletion of: Harvest?")));
-    QCOMPARE(room.console.TakeCalls(), QStringList(QStringLiteral("RemoveFromAgendas 5 Harvest")));
+    QCOMPARE(room.console.TakeCalls(), QStringList({QStringLiteral("RemoveFromAgendas 5 Harvest"), QStringLiteral("RemoveFromAgendas 5 Harvest.sld")}));
     QVERIFY(!QFile::exists(room.File("Slides/Harvest.sld")));
     QCOMPARE(list->findChild<QListWidget *>(QStringLiteral("List1"))->count(), 0);
   }

@@ -131,7 +131,7 @@ void StarterServiceTest::themesNameMediaThatAreMade() {
   for (const char *name : {"Slides/Welcome.sld", "SlideShow/Morning Light.sw"})
     for (const QString &line : Lines(Sample().filePath(QLatin1String(name))))
       if (line.startsWith(u"Imagem"))
-        QVERIFY2(made.contains(line.section(u"(APP)\\Images\\", 1)), qPrintable(line));
+        QVERIFY2(made.contains(line.section(QStringLiteral("(APP)\\Images\\"), 1)), qPrintable(line));
   int themes = 0;
   QStringList kinds;
   const QStringList lines = Lines(Sample().filePath(QStringLiteral("Data/Themes.ini")));

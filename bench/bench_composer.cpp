@@ -15,6 +15,8 @@ public:
   void ProcessaComando(const QString &) override {}
   PageObject *WV() override { return nullptr; }
   MediaPlayer *wmp() override { return nullptr; }
+  void EscondeMidia() override {}
+  void ParaRampa() override {}
   QSize SizePx() const override { return QSize(1920, 1080); }
   bool DisplayVisivel() const override { return true; }
   void DefineTelaPreta(bool) override {}

@@ -236,6 +236,8 @@ void SlidesPanel::AjustaGrade() {
 void SlidesPanel::resizeEvent(QResizeEvent *event) {
   AjustaGrade();
   QListView::resizeEvent(event);
+  if (currentIndex().isValid()) // the slide on show stays in sight
+    scrollTo(currentIndex(), EnsureVisible);
   m_pede->start();
 }
 

@@ -108,7 +108,7 @@ void DocumentList::MakeButtons(QVBoxLayout *column) {
   if (m_kind.import)
     button("CmdImportar", tr("I&mport…"), tr("Makes slides of a document's pages"), beside(m_kind.import));
   button("Command3", tr("&Edit…"), tr("Opens the chosen one in the editor"), [this] { Edita(); });
-  button("Command4", tr("&Delete…"), tr("Moves the chosen file to the trash (Del)"), [this] { Exclui(); });
+  button("Command4", tr("Dele&te…"), tr("Moves the chosen file to the trash (Del)"), [this] { Exclui(); });
   column->addLayout(row);
 }
 
@@ -248,12 +248,16 @@ bool DocumentList::eventFilter(QObject *watched, QEvent *event) {
     if (!key->isAutoRepeat())
       (key->modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier ? Exibe() : Adiciona();
     return true;
-  case Qt::Key_Escape:
-    close();
-    return true;
   default:
     return false;
   }
+}
+
+void DocumentList::keyPressEvent(QKeyEvent *event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QWidget::keyPressEvent(event);
 }
 
 // Files may have come or gone while somebody was elsewhere.

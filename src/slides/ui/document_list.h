@@ -60,6 +60,7 @@ public:
 
 protected:
   bool eventFilter(QObject *watched, QEvent *event) override;
+  void keyPressEvent(QKeyEvent *event) override;
   void changeEvent(QEvent *event) override;
   void hideEvent(QHideEvent *event) override;
 

@@ -272,6 +272,14 @@
   };
   const lista = (texto) => String(texto || '').split(',').map((s) => parseInt(s, 10));
 
+  // Behind the last picture without a name.
+  function lugar(itens, { nome, vez }) {
+    if (!nome)
+      return itens.length;
+    let vista = 0;
+    return Math.max(0, itens.findIndex((item) => item.nome === nome && ++vista === vez));
+  }
+
   let fimPrevisto = null; // runs until the end of the show, once that is in sight
 
   function vaiAcabar(ms) {
@@ -280,7 +288,12 @@
       relata('http://vaiacabar/', Math.round(ms));
   }
 
-  async function corre(show) {
+  let curso = 0; // counts the runs: one that was given up does nothing any more
+
+  // `retoma` names the picture to begin with and which of those of its name it is; without it the start text comes first.
+  async function corre(show, retoma) {
+    const meu = ++curso;
+    const vale = () => meu === curso;
     const palco = $('palco');
     const itens = Array.from($('lista').content.querySelectorAll('img'), (img, i) => ({
       src: img.getAttribute('src'),
@@ -295,7 +308,7 @@
     const prontos = new Set(); // painted and not yet gone, which a change of the screen's size paints again
 
     // The next picture that can be read.
-    let proximo = 0;
+    let proximo = retoma ? lugar(itens, retoma) : 0;
     async function busca() {
       while (proximo < itens.length) {
         const quadro = await prepara(itens[proximo++]);
@@ -317,16 +330,19 @@
     addEventListener('resize', () => {
       clearTimeout(corre.redesenho);
       corre.redesenho = setTimeout(() => {
-        prontos.forEach((q) => q.refaz());
+        if (vale())
+          prontos.forEach((q) => q.refaz());
         document.querySelectorAll('.fala').forEach(cabe);
       }, 150);
     });
 
-    const inicio = poeTexto($('inicio'));
+    const inicio = retoma ? null : poeTexto($('inicio'));
     if (inicio) {
       await move(inicio, { opacity: [0, 1], transform: ['translateY(2vh)', 'none'] }, entrada, SUAVE);
       await espera(tempo).fim;
       aguardado = aguardado.then(async (quadro) => {
+        if (!vale())
+          return null;
         await move(inicio, { opacity: [1, 0], transform: ['none', 'translateY(-2vh)'] }, saida, 'ease-in');
         inicio.remove();
         return quadro;
@@ -334,6 +350,8 @@
     }
 
     let quadro = await aguardado;
+    if (!vale())
+      return;
     aguardado = null; // it would keep the first picture's layers until the end
     while (quadro) {
       palco.appendChild(quadro.camada);
@@ -349,9 +367,11 @@
       }
       const estada = espera(tempo);
       const seguinte = busca();
-      seguinte.then((q) => q || vaiAcabar(Math.max(0, estada.quantoResta()) + saida));
+      seguinte.then((q) => q || !vale() || vaiAcabar(Math.max(0, estada.quantoResta()) + saida));
       await estada.fim;
       quadro = await seguinte;
+      if (!vale())
+        return;
     }
 
     if (atual) {
@@ -389,5 +409,23 @@
       relata('http://vaiacabar/', Math.round(fimPrevisto.resta));
   }
 
-  Object.assign(window, { Pause, Play, IniciaShow: (show) => void corre(show) });
+  let pedido = null;
+
+  function IniciaShow(show) {
+    pedido = show;
+    void corre(show);
+  }
+
+  // Waits and movements that stand still end nothing, so the run that made them ends with them.
+  function Retoma(nome, vez) {
+    relogios.forEach((r) => r.para());
+    movimentos.forEach((m) => m.pause());
+    relogios.clear();
+    movimentos.clear();
+    fimPrevisto = null;
+    $('palco').replaceChildren();
+    void corre(pedido, { nome, vez });
+  }
+
+  Object.assign(window, { Pause, Play, Retoma, IniciaShow });
 })();

@@ -302,6 +302,7 @@ void Program::Impl::MakeDisplay() {
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
+  quendar->Commands().OnShowEnding = [this](int ms) { core.show.FimAVista(ms); };
   quendar->Commands().OnImageName = [this](const QString &nome) { shows->ImagemMudou(TextoRelatado(nome)); };
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
 }

@@ -41,6 +41,8 @@ struct PainelSlideShow {
   bool Ativo = false;
   bool Parado = false;
   QString Imagem; // the picture on show; empty before the first one
+  bool Acabou = false;    // its end text stands, or nothing
+  bool SemMusica = false; // its audio cannot be played
 };
 
 // A line of the menu of screens. The first is the automatic choice.

@@ -44,9 +44,11 @@ QString QualSaiu(const EstadoConsole &estado) {
 }
 
 void DizDoShow(const PainelSlideShow &show, SituacaoDaTela &dita) {
-  dita.LbEstadoTela = show.Parado ? QObject::tr("SHOW PAUSED") : QObject::tr("SLIDE SHOW");
-  dita.CorDoEstado = show.Parado ? Held : Live;
-  dita.LbDetalheTela = show.Imagem;
+  dita.LbEstadoTela = show.Acabou   ? QObject::tr("SHOW ENDED")
+                      : show.Parado ? QObject::tr("SHOW PAUSED")
+                                    : QObject::tr("SLIDE SHOW");
+  dita.CorDoEstado = show.Acabou ? Ready : show.Parado ? Held : Live;
+  dita.LbDetalheTela = show.Acabou ? QString() : show.Imagem;
 }
 
 void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {

@@ -5,6 +5,10 @@
 #include "display/show_page.h"
 #include "foundation/text_utils.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <utility>
+
 namespace tolmira {
 
 namespace {
@@ -12,12 +16,20 @@ namespace {
 const QString SlideShow = QStringLiteral("SlideShow");
 constexpr QStringView PaginaDoShow = u"\\html\\sshow.html";
 constexpr int VolumeDoAudio = 50;
+constexpr int EsperaDoAudio = 1500; // ms between two looks at whether it plays
 constexpr int TempoLimiteSegundos = 8;
 
 } // namespace
 
 SlideShowRunner::SlideShowRunner(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas)
-    : m_console(console), m_stepper(stepper), m_temas(temas) {}
+    : m_console(console), m_stepper(stepper), m_temas(temas), m_timerFim(console.clock.NewTimer([this] { Terminou(); })),
+      m_timerAudio(console.clock.NewTimer([this] { OuveAudio(); })) {}
+
+void SlideShowRunner::Atualiza() {
+  m_console.Atualiza();
+  if (Mudou)
+    Mudou();
+}
 
 MediaPlayer *SlideShowRunner::Wmp() const {
   Display *display = m_console.telao();
@@ -50,8 +62,10 @@ void SlideShowRunner::IniciaSlideShow(const QString &path) {
   estado.PaginaAtual = QStringLiteral("sshow.html");
   LimpaTexto();
   m_temas.StopRotation();
-  painel.slideShow.Parado = false;
-  painel.slideShow.Imagem.clear();
+  const bool ativo = std::exchange(painel.slideShow, {}).Ativo;
+  painel.slideShow.Ativo = ativo;
+  m_timerFim->Stop();
+  m_mostradas.clear();
   for (PageObject *host : {m_console.Pagina(Alvo::Telao), m_console.Pagina(Alvo::Previa)})
     if (host)
       host->Navigate(pagina, TempoLimiteSegundos);
@@ -98,12 +112,27 @@ void SlideShowRunner::IniciaAudio(const QString &arquivo) {
   wmp->SetUiMode(QStringLiteral("none"));
   wmp->SetLoop(true);
   wmp->SetVolume(VolumeDoAudio);
-  m_comAudio = true;
+  m_audio = arquivo;
+  m_timerAudio->Start(EsperaDoAudio);
+}
+
+// A file that cannot be played leaves the player stopped, which it also is when the sound has faded behind the end.
+void SlideShowRunner::OuveAudio() {
+  PainelSlideShow &show = m_console.painel.slideShow;
+  const MediaPlayer *wmp = Wmp();
+  if (!wmp || show.Acabou || m_timerFim->IsActive()) {
+    m_timerAudio->Stop();
+  } else if (wmp->State() == PlayState::Stopped) {
+    m_timerAudio->Stop();
+    show.SemMusica = true;
+    Atualiza();
+  }
 }
 
 void SlideShowRunner::ParaAudio() {
-  MediaPlayer *wmp = m_comAudio ? Wmp() : nullptr;
-  m_comAudio = false;
+  MediaPlayer *wmp = m_audio.isEmpty() ? nullptr : Wmp();
+  m_audio.clear();
+  m_timerAudio->Stop();
   if (!wmp)
     return;
   wmp->ControlsStop();
@@ -113,9 +142,10 @@ void SlideShowRunner::ParaAudio() {
 
 void SlideShowRunner::Pause() {
   m_console.ScriptNasPaginas(QStringLiteral("Pause()"));
-  if (MediaPlayer *wmp = m_comAudio ? Wmp() : nullptr) {
+  m_timerFim->Stop(); // the page announces its end again when it goes on
+  if (MediaPlayer *wmp = m_audio.isEmpty() ? nullptr : Wmp()) {
     wmp->ControlsPause();
-    m_console.telao()->ParaRampa(); // the page announces its end again when it goes on
+    m_console.telao()->ParaRampa();
   }
   m_console.painel.slideShow.Parado = true;
   m_console.Atualiza();
@@ -123,7 +153,7 @@ void SlideShowRunner::Pause() {
 
 void SlideShowRunner::Play() {
   m_console.ScriptNasPaginas(QStringLiteral("Play()"));
-  if (MediaPlayer *wmp = m_comAudio ? Wmp() : nullptr)
+  if (MediaPlayer *wmp = m_audio.isEmpty() ? nullptr : Wmp())
     wmp->ControlsPlay();
   m_console.yielder.Yield(1);
   m_console.painel.slideShow.Parado = false;
@@ -144,11 +174,36 @@ void SlideShowRunner::ImagemMudou(const QString &nome) {
   if (!m_console.painel.slideShow.Ativo)
     return;
   m_console.painel.slideShow.Imagem = nome;
+  m_mostradas.append(nome);
   m_console.Atualiza();
 }
 
+void SlideShowRunner::FimAVista(int ms) {
+  if (!m_console.painel.slideShow.Ativo)
+    return;
+  if (ms > 0)
+    m_timerFim->Start(ms);
+  else
+    Terminou();
+}
+
+void SlideShowRunner::Terminou() {
+  m_timerFim->Stop();
+  m_console.painel.slideShow.Acabou = true;
+  Atualiza();
+}
+
 void SlideShowRunner::PaginaVoltou(Alvo qual) {
-  if (EstaNoTelao() && Parado())
+  if (!EstaNoTelao())
+    return;
+  const PainelSlideShow &show = m_console.painel.slideShow;
+  if (show.Acabou || !m_mostradas.isEmpty()) {
+    const QString nome = show.Acabou ? QString() : m_mostradas.last();
+    const QJsonArray onde{nome, static_cast<int>(m_mostradas.count(nome))};
+    m_console.ScriptNasPaginas(u"Retoma(..." + QString::fromUtf8(QJsonDocument(onde).toJson(QJsonDocument::Compact)) + u')',
+                               qual);
+  }
+  if (Parado())
     m_console.ScriptNasPaginas(QStringLiteral("Pause()"), qual);
 }
 
@@ -156,6 +211,11 @@ void SlideShowRunner::TelaoRefeito() {
   if (PageObject *pagina = m_console.Pagina(Alvo::Telao))
     pagina->Navigate(m_console.app.At(PaginaDoShow), TempoLimiteSegundos);
   PaginaVoltou(Alvo::Telao);
+  if (m_audio.isEmpty() || Acabou())
+    return;
+  IniciaAudio(QString(m_audio));
+  if (Parado())
+    Wmp()->ControlsPause();
 }
 
 void SlideShowRunner::Fecha() {
@@ -165,6 +225,7 @@ void SlideShowRunner::Fecha() {
   ParaAudio();
   estado.SlideShowAtivo.clear();
   painel.slideShow = {};
+  m_timerFim->Stop();
   const bool slidesAbaixo = m_tipoAbaixo == u"Slides";
   if (slidesAbaixo && estado.TelaPronta && VoltaAosSlides && VoltaAosSlides())
     return;

@@ -4,7 +4,9 @@
 #include "slides/slide_show_player.h"
 
 #include <QString>
+#include <QStringList>
 #include <functional>
+#include <memory>
 
 namespace tolmira {
 
@@ -12,7 +14,7 @@ class ThemeControl;
 class VerseStepper;
 
 // The run of a slide show: a page that plays by itself on the projection and on the preview, and its audio in the
-// projection's player. The program is not told when the show has ended; its last picture or its end text stays.
+// projection's player. The page announces its end; its end text, or black, stays until the show is closed.
 class SlideShowRunner : public SlideShowPlayer {
 public:
   SlideShowRunner(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas);
@@ -30,23 +32,32 @@ public:
   int Volume() const override;
   void DefineVolume(int volume) override;
   void ImagemMudou(const QString &nome) override;
+  void FimAVista(int ms) override;
+  bool Acabou() const override { return m_console.painel.slideShow.Acabou; }
+  bool SemMusica() const override { return m_console.painel.slideShow.SemMusica; }
 
   bool EstaNoTelao() const { return m_console.estado.PaginaAtual == u"sshow.html"; }
-  void TelaoRefeito(); // the projection has a new page host, which begins the show anew; the sound has gone
-  // A page came back after its process died: it begins the show anew, and stands if the show stands.
+  void TelaoRefeito(); // the projection has a new page host and player
+  // A page came back after its process died: it goes on with the picture that was on show, and stands if the show stands.
   void PaginaVoltou(Alvo qual);
 
 private:
+  void Atualiza();
   void LimpaTexto();
   void IniciaAudio(const QString &arquivo);
   void ParaAudio();
+  void OuveAudio();
+  void Terminou();
   MediaPlayer *Wmp() const; // null while there is no projection
 
   ConsoleContext &m_console;
   VerseStepper &m_stepper;
   ThemeControl &m_temas;
   QString m_tipoAbaixo; // the kind of what was on show before
-  bool m_comAudio = false;
+  QString m_audio; // of the running show; empty for none
+  QStringList m_mostradas; // the pictures since the start, as the projection's page reported them
+  std::unique_ptr<PeriodicTimer> m_timerFim;
+  std::unique_ptr<PeriodicTimer> m_timerAudio;
 };
 
 } // namespace tolmira

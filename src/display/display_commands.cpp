@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 #include "display/display_channel.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_utils.h"
@@ -12,6 +14,7 @@ namespace {
 
 constexpr int TempoLimiteSegundos = 8;
 constexpr int VolumeDoVideo = 50;
+constexpr double MaiorAviso = 24 * 60 * 60 * 1000.0; // ms, of an end that a page announces
 constexpr double SilencioDepoisMs = 5000; // the sound is gone this long after the slide show has ended
 
 } // namespace
@@ -237,7 +240,10 @@ void DisplayCommands::AoNavegar(const QString &uri, bool &cancel) {
     if (OnImageName)
       OnImageName(valor);
   } else if (destino == u"http://vaiacabar/") {
-    IniciaRampa(NumericPrefix(valor));
+    const double ms = NumericPrefix(valor);
+    IniciaRampa(ms);
+    if (OnShowEnding)
+      OnShowEnding(RoundHalfEven(std::clamp(ms, 0.0, MaiorAviso)));
   }
 }
 

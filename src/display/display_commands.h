@@ -38,6 +38,7 @@ public:
   void AoNavegar(const QString &uri, bool &cancel);
   void AoPermissao(int kind, int &state);
   std::function<void(const QString &)> OnImageName;
+  std::function<void(int ms)> OnShowEnding; // a slide show ends in so many milliseconds
 
 private:
   void ExecutaVerbo(const QString &comando);

@@ -41,6 +41,12 @@ FrmSlideShowControl::FrmSlideShowControl(const ShowDoors &doors) : QWidget(doors
   m_labelImagemName->setProperty("look", QStringLiteral("quiet"));
   m_labelImagemName->setAccessibleName(tr("Picture on show"));
   column->addWidget(m_labelImagemName);
+  m_labelAviso = new ElidedLabel(this);
+  m_labelAviso->setObjectName(QStringLiteral("LabelAviso"));
+  m_labelAviso->setProperty("look", QStringLiteral("quiet"));
+  m_labelAviso->setProperty("state", QStringLiteral("held"));
+  m_labelAviso->hide();
+  column->addWidget(m_labelAviso);
   column->addStretch(1);
 
   auto *row = new QHBoxLayout;
@@ -79,7 +85,12 @@ FrmSlideShowControl::FrmSlideShowControl(const ShowDoors &doors) : QWidget(doors
   connect(m_sliderVolume, &ValueSlider::Changed, this, [this](int volume) { m_doors.player.DefineVolume(volume); });
 }
 
+FrmSlideShowControl::~FrmSlideShowControl() {
+  m_doors.player.Mudou = nullptr;
+}
+
 void FrmSlideShowControl::Open() {
+  m_doors.player.Mudou = [this] { MostraAvisos(); };
   m_doors.player.Abre();
   Mostra();
   if (!isVisible())
@@ -103,10 +114,10 @@ void FrmSlideShowControl::SetSlideShow(const QString &path) {
 }
 
 void FrmSlideShowControl::Inicia() {
-  m_labelImagemName->clear();
-  m_labelImagemName->setToolTip(QString());
+  MostraImagem(QString());
   m_doors.player.IniciaSlideShow(m_path);
   Mostra();
+  MostraAvisos();
 }
 
 void FrmSlideShowControl::ImageRestart() {
@@ -122,9 +133,20 @@ void FrmSlideShowControl::Image3() {
   Mostra();
 }
 
-void FrmSlideShowControl::ImagemMudou(const QString &nome) {
+void FrmSlideShowControl::MostraImagem(const QString &nome) {
   m_labelImagemName->setText(nome);
   m_labelImagemName->setToolTip(nome);
+}
+
+void FrmSlideShowControl::MostraAvisos() {
+  if (m_doors.player.Acabou())
+    MostraImagem(tr("The show has ended."));
+  m_labelAviso->setText(m_doors.player.SemMusica() ? tr("The music of this show cannot be played.") : QString());
+  m_labelAviso->setVisible(m_doors.player.SemMusica());
+}
+
+void FrmSlideShowControl::ImagemMudou(const QString &nome) {
+  MostraImagem(nome);
   m_doors.player.ImagemMudou(nome);
 }
 

@@ -19,6 +19,7 @@ class FrmSlideShowControl : public QWidget {
 
 public:
   explicit FrmSlideShowControl(const ShowDoors &doors);
+  ~FrmSlideShowControl() override;
 
   // Starts the show. A file that has gone is told of, and closes the window.
   void SetSlideShow(const QString &path);
@@ -37,11 +38,14 @@ private:
   void ImageRestart();
   void Inicia();
   void Mostra();
+  void MostraImagem(const QString &nome);
+  void MostraAvisos(); // that the show has ended, or that its music cannot be played
 
   ShowDoors m_doors;
   QString m_path;
   ElidedLabel *m_labelTitulo;
   ElidedLabel *m_labelImagemName;
+  ElidedLabel *m_labelAviso;
   QPushButton *m_image3;
   QPushButton *m_imageRestart;
   QPushButton *m_imageStop;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 namespace tolmira {
 
@@ -21,6 +22,12 @@ public:
   virtual void DefineVolume(int volume) = 0;
   // The page says which picture is on show.
   virtual void ImagemMudou(const QString &nome) = 0;
+  // It says that the show ends in so many milliseconds.
+  virtual void FimAVista(int ms) = 0;
+  virtual bool Acabou() const = 0;
+  virtual bool SemMusica() const = 0; // the show's audio cannot be played
+
+  std::function<void()> Mudou; // one of the last two: the remote, while it is open
 };
 
 } // namespace tolmira

@@ -82,12 +82,70 @@ private slots:
                                                QStringLiteral("wmp: pause"), QStringLiteral("fade stopped")}));
     // A page that comes back stands too.
     house.core.PaginaVoltou(Alvo::Previa);
-    QVERIFY(house.preview.scripts.contains(QStringLiteral("Pause()")));
+    QCOMPARE(house.preview.scripts.last(), QStringLiteral("Pause()"));
     house.Forget();
     house.core.show.Play();
     QVERIFY(!house.core.show.Parado());
     QCOMPARE(house.TakeJournal(), QStringList({QStringLiteral("display: Play()"), QStringLiteral("preview: Play()"),
                                                QStringLiteral("wmp: play")}));
+  }
+
+  // A page that comes back goes on where the show is, and does not tell everybody its beginning again.
+  void aPageThatComesBackGoesOn() {
+    House house;
+    house.ShowIt();
+    const auto sent = [&]() -> QStringList {
+      house.preview.scripts.clear();
+      house.core.PaginaVoltou(Alvo::Previa);
+      return house.preview.scripts;
+    };
+    QCOMPARE(sent(), QStringList());
+    for (const char *name : {"a.jpg", "it's \"b\".jpg", "a.jpg"})
+      house.core.show.ImagemMudou(QLatin1String(name));
+    QCOMPARE(sent(), QStringList{QStringLiteral("Retoma(...[\"a.jpg\",2])")});
+    house.core.show.ImagemMudou(QStringLiteral("it's \"b\".jpg"));
+    QCOMPARE(sent(), QStringList{QStringLiteral("Retoma(...[\"it's \\\"b\\\".jpg\",2])")});
+
+    // A projection that was made anew gets page and music again.
+    house.Forget();
+    house.core.show.TelaoRefeito();
+    QCOMPARE(house.TakeJournal().filter(QRegularExpression(QStringLiteral("Navigate|Retoma|URL"))).size(), 3);
+
+    house.core.show.FimAVista(400);
+    house.clock.Advance(399);
+    QVERIFY(!house.core.show.Acabou());
+    house.core.show.Pause();
+    house.clock.Advance(60000);
+    QVERIFY(!house.core.show.Acabou());
+    house.core.show.Play();
+    house.core.show.FimAVista(1);
+    house.clock.Advance(1);
+    QVERIFY(house.core.show.Acabou());
+    QCOMPARE(sent(), QStringList{QStringLiteral("Retoma(...[\"\",0])")});
+    house.core.contexto.descreve();
+    QCOMPARE(house.core.painel.situacao.LbEstadoTela, QStringLiteral("SHOW ENDED"));
+    house.ShowIt();
+    QVERIFY(!house.core.show.Acabou());
+  }
+
+  void musicThatCannotBePlayedIsTold() {
+    House house;
+    int told = 0;
+    house.core.show.Mudou = [&] { ++told; };
+    house.ShowIt();
+    house.clock.Advance(60000);
+    QVERIFY(!house.core.show.SemMusica());
+    house.display.player.state = PlayState::Stopped;
+    house.clock.Advance(60000);
+    QVERIFY(house.core.show.SemMusica());
+    QCOMPARE(told, 1);
+    // Silence after the end is meant.
+    house.ShowIt();
+    QVERIFY(!house.core.show.SemMusica());
+    house.core.show.FimAVista(0);
+    house.display.player.state = PlayState::Stopped;
+    house.clock.Advance(60000);
+    QVERIFY(!house.core.show.SemMusica());
   }
 
   void theItemBeneathComesBackByItsKind_data() {

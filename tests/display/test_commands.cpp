@@ -76,6 +76,7 @@ private slots:
   void everyNavigationOfThePageIsRefused();
   void imageNameReachesTheShowControl_data();
   void imageNameReachesTheShowControl();
+  void endReachesTheShow();
   void rampFadesTheSoundToSilence();
   void rampIntervalComesFromTheVolume_data();
   void rampIntervalComesFromTheVolume();
@@ -357,6 +358,15 @@ void TestCommands::imageNameReachesTheShowControl() {
   p.commands.AoNavegar(uri, cancel);
   p.commands.AoNavegar(QStringLiteral("http://image.example/?other"), cancel);
   QCOMPARE(names, QStringList{name});
+}
+
+void TestCommands::endReachesTheShow() {
+  Projection p;
+  QList<int> ends;
+  p.commands.OnShowEnding = [&](int ms) { ends.append(ms); };
+  for (const char *ms : {"10000", "0.5", "-99999", "abc", "9e300"})
+    p.StartRamp(QLatin1String(ms));
+  QCOMPARE(ends, QList<int>({10000, 0, 0, 0, 24 * 60 * 60 * 1000}));
 }
 
 void TestCommands::rampFadesTheSoundToSilence() {

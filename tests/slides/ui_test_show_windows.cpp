@@ -44,8 +44,13 @@ private:
     int Volume() const override { return 50; }
     void DefineVolume(int volume) override { calls << QStringLiteral("volume %1").arg(volume); }
     void ImagemMudou(const QString &nome) override { calls << u"picture " + nome; }
+    void FimAVista(int) override {}
+    bool Acabou() const override { return ended; }
+    bool SemMusica() const override { return silent; }
     QStringList calls;
     bool stands = false;
+    bool ended = false;
+    bool silent = false;
   };
 
   struct Room {
@@ -236,6 +241,17 @@ private slots:
     QCOMPARE(said[3], QStringLiteral("http://vaiacabar/?0"));
     QCOMPARE(Eval(host.WV(), QStringLiteral("getComputedStyle(document.querySelector('.fala')).display")),
              QStringLiteral("\"flex\""));
+
+    // Begun again in the middle, without the start text; and at the end, without a picture.
+    said.clear();
+    host.WV()->ExecuteScript(QStringLiteral("Retoma('d.png', 1)"));
+    QTRY_COMPARE_WITH_TIMEOUT(said.size(), 2, 20000);
+    QCOMPARE(said[0], QStringLiteral("http://image/?d.png"));
+    host.WV()->ExecuteScript(QStringLiteral("Retoma('', 0)"));
+    const QString shown = QStringLiteral("document.querySelectorAll('.quadro').length + "
+                                         "[...document.querySelectorAll('.fala')].map(e => e.textContent).join()");
+    QTRY_COMPARE_WITH_TIMEOUT(Eval(host.WV(), shown), QStringLiteral("\"0The end\""), 20000);
+    QCOMPARE(said.mid(2), QStringList{QStringLiteral("http://vaiacabar/?0")});
   }
 
   // Wherever the focus is, Space only pauses: it must not end a show.
@@ -255,7 +271,12 @@ private slots:
     }
     form->findChild<QSlider *>(QStringLiteral("sliderVolume"))->setValue(30);
     room.windows->ImagemMudou(QStringLiteral("b.jpg"));
-    QCOMPARE(form->findChild<QLabel *>(QStringLiteral("LabelImagemName"))->text(), QStringLiteral("b.jpg"));
+    auto *picture = form->findChild<QLabel *>(QStringLiteral("LabelImagemName"));
+    QCOMPARE(picture->text(), QStringLiteral("b.jpg"));
+    room.player.ended = room.player.silent = true;
+    room.player.Mudou();
+    QCOMPARE(picture->text(), QStringLiteral("The show has ended."));
+    QVERIFY(form->findChild<QLabel *>(QStringLiteral("LabelAviso"))->isVisible());
     QVERIFY(room.windows->FechaControle());
     QVERIFY(!room.windows->FechaControle());
     QCOMPARE(room.player.calls.mid(2), QStringList({QStringLiteral("volume 30"), QStringLiteral("picture b.jpg"),

@@ -57,10 +57,13 @@ private slots:
     RemoteProgram program(m_folder->path());
     StartOnFirstVerse(program);
     for (int round = 0; round < 2; ++round) {
-      const QList<qint64> renderers = program.Renderers();
-      QVERIFY(!renderers.isEmpty());
-      for (const qint64 pid : renderers)
-        ::kill(static_cast<pid_t>(pid), SIGKILL);
+      QVERIFY(!program.Renderers().isEmpty());
+      // The second time in the middle of the coming back.
+      for (const int pauseMs : {0, 40}) {
+        QTest::qWait(pauseMs);
+        for (const qint64 pid : program.Renderers())
+          ::kill(static_cast<pid_t>(pid), SIGKILL);
+      }
       QVERIFY(program.WaitForText(QStringLiteral("display"), QStringLiteral("1 2 3"), 30000));
       QVERIFY(program.WaitForText(QStringLiteral("preview"), QStringLiteral("1 2 3"), 30000));
     }

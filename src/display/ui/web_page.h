@@ -16,6 +16,7 @@ public:
 
   // Loads an address as the load of this number. Reports of the page before it no longer arrive.
   void Load(const QUrl &url, int load);
+  bool HasBegun() const { return m_began; } // the document of the present load exists
 
   std::function<void(const QString &uri, bool &cancel)> OnNavigating; // only what the page itself starts
   std::function<void(int load)> OnReady; // the document is parsed and its own start functions have run
@@ -35,7 +36,7 @@ private:
   int m_load = 0;
   bool m_ready = false;      // OnReady has been called for the present load
   bool m_complete = false;   // pictures and video of the present load are there
-  bool m_began = false;      // the document of the present load exists
+  bool m_began = false;
   bool m_fromServer = false; // the present load may be redirected
 };
 

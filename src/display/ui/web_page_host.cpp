@@ -160,6 +160,8 @@ void WebPageHost::Impl::Create() {
     timer->setSingleShot(true);
   QObject::connect(&timeout, &QTimer::timeout, &host, [this] {
     qCDebug(logPage) << name << "gave up waiting for" << address;
+    if (recovering && !page->HasBegun())
+      return OnProcessEnded(); // the new process died before it was heard of, or never came
     queue.GiveUp();
     ReleasePicture();
   });
@@ -241,7 +243,13 @@ void WebPageHost::Impl::OnLoading(const QWebEngineLoadingInfo &info) {
   // A navigation of the page's own that was refused is reported as stopped; only a load of ours that failed counts.
   if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus || info.url() != address || !queue.IsWaiting())
     return;
-  qCDebug(logPage) << name << "could not load" << address << info.errorString();
+  qCDebug(logPage) << name << "could not load" << address << info.errorDomain() << info.errorString();
+  // Not an answer about the address: the process died on the way to it, which the page may have told or not.
+  if (info.errorDomain() == QWebEngineLoadingInfo::NoErrorDomain) {
+    if (!reload.isActive())
+      OnProcessEnded();
+    return;
+  }
   timeout.stop();
   queue.GiveUp();
   // Black, and nothing of the older page goes on behind it: a video that was to stop has stopped.

@@ -455,6 +455,7 @@ void Program::Impl::ScreensChanged() {
     if (window != console.get() && window != quendar.get() && window->isVisible() &&
         !window->windowFlags().testFlag(Qt::Popup))
       positions.TrazDeVolta(*window, wholeScreen ? quendar->geometry() : QRect());
+  sizeTimer.start(); // what the window told while the desktop was changing was not looked at
 }
 
 void Program::Impl::SizeChanged() {

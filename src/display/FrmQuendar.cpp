@@ -2,6 +2,7 @@
 
 #include "display/ui/grip_strip.h"
 #include "display/ui/picture_layer.h"
+#include "display/ui/state_on_x11.h"
 #include "display/ui/web_page_host.h"
 
 #include <QApplication>
@@ -30,11 +31,9 @@ bool OnWayland() {
   return QGuiApplication::platformName().startsWith(u"wayland");
 }
 
-// A tool window has no entry in the task bar. Only X11 has the notion; elsewhere it would be an ordinary window with a
-// complaint.
+// No tool window, though that would have no entry in the task bar: window managers give such a one no whole screen.
 Qt::WindowFlags ProjectionFlags() {
-  return (OnX11() ? Qt::Tool : Qt::Window) | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
-         Qt::WindowStaysOnTopHint;
+  return Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint;
 }
 
 void PaintBlack(QWidget *widget) {
@@ -70,7 +69,9 @@ struct FrmQuendar::Impl : public DisplayLayers {
   void Unload() override;
   QSize SizePx() const override { return window.size(); }
 
-  bool IsNormal() const { return !window.isFullScreen(); }
+  // By what was asked for: window managers may take the state away for a moment, or never grant it, and no strip may
+  // stand over the projection for that.
+  bool IsNormal() const { return !inteira; }
   void Arrange();
   void ShowGripForState();
   void ApplyAlfa();
@@ -99,6 +100,8 @@ struct FrmQuendar::Impl : public DisplayLayers {
   QPointer<QScreen> screen;   // of the projector; null in a rehearsal window
   QRect lugar;                // of the projector; null in a rehearsal window
   QRect normalRect;           // of the window in normal state
+  bool inteira = false;       // asked to fill the screen, by its place or by the operator
+  StateOnX11 estadoNoX11;
 };
 
 FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
@@ -203,7 +206,8 @@ void FrmQuendar::Impl::TickFade() {
 void FrmQuendar::Impl::ToggleState() {
   if (!parts.estado.ConsoleCarregado)
     return;
-  if (IsNormal()) {
+  inteira = IsNormal();
+  if (inteira) {
     normalRect = window.geometry();
     window.setWindowState(Qt::WindowFullScreen);
   } else {
@@ -302,6 +306,7 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
     return;
   d.screen = wholeScreen ? target : nullptr;
   d.lugar = wholeScreen ? pixels : QRect();
+  d.inteira = wholeScreen;
   // A window that is whole screen already stays where it is, so it becomes a normal one on the way to another screen.
   if (isFullScreen())
     setWindowState(Qt::WindowNoState);
@@ -326,7 +331,9 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
 
 bool FrmQuendar::EstaNoLugar() const {
   const Impl &d = *m_impl;
-  return OnWayland() || d.lugar.isNull() || !isVisible() || !isFullScreen() || geometry() == d.lugar;
+  if (OnWayland() || d.lugar.isNull() || !isVisible() || !d.inteira)
+    return true;
+  return isFullScreen() && geometry() == d.lugar;
 }
 
 void FrmQuendar::IniciaFade() {
@@ -391,11 +398,21 @@ void FrmQuendar::moveEvent(QMoveEvent *) {
 }
 
 void FrmQuendar::changeEvent(QEvent *event) {
-  if (event->type() == QEvent::ActivationChange && isActiveWindow() && m_impl->parts.estado.ConsoleCarregado)
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() && m_impl->parts.estado.ConsoleCarregado) {
     m_impl->SetTopmost(true);
-  else if (event->type() == QEvent::WindowStateChange)
+  } else if (event->type() == QEvent::WindowStateChange) {
     m_impl->Arrange();
+    if (OnResize)
+      OnResize();
+  }
   QWidget::changeEvent(event);
+}
+
+bool FrmQuendar::nativeEvent(const QByteArray &eventType, void *message, qintptr *result) {
+  const Impl &d = *m_impl;
+  if (isVisible() && d.estadoNoX11.IsChange(eventType, message))
+    d.estadoNoX11.Restore(winId(), d.inteira);
+  return QWidget::nativeEvent(eventType, message, result);
 }
 
 bool FrmQuendar::eventFilter(QObject *watched, QEvent *event) {

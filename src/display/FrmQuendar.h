@@ -39,8 +39,8 @@ public:
   // whole screen); otherwise a normal window for rehearsal, with its grip. Shows nothing by itself. A projector that the
   // window fills already sees nothing of it. On Wayland, which takes no places, the screen at `pixels` and the size count.
   void Posiciona(const QRect &pixels, bool wholeScreen);
-  // False for a projector's window that is full screen and does not lie where it was placed: window managers that are
-  // still behind the desktop's change put it on another monitor.
+  // False for a projector's window that shall fill its screen and does not: window managers that are still behind the
+  // desktop's change put it on another monitor, or take its full-screen state away.
   bool EstaNoLugar() const;
   void IniciaFade(); // starts TimerFade
   int Alfa() const;  // opacity, 0 to 255; drawn where the desktop can (X11 with a compositor)
@@ -59,7 +59,7 @@ public:
   void DefineFundoPadrao(const QString &caminho) override;
 
   std::function<void()> OnRecovered;    // the page came back after its render process died
-  std::function<void()> OnResize;       // the window has another size or place
+  std::function<void()> OnResize;       // the window has another size, place or state
   std::function<void()> PosicaoInicial; // after each resize while the console is still loading
   // "Fechar" came: the window is hidden, its page and player are gone. The owner deletes the window, not before the
   // call has returned (deleteLater).
@@ -70,6 +70,7 @@ protected:
   void resizeEvent(QResizeEvent *event) override;
   void moveEvent(QMoveEvent *event) override;
   void changeEvent(QEvent *event) override;
+  bool nativeEvent(const QByteArray &eventType, void *message, qintptr *result) override;
   bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -1,6 +1,6 @@
-#include <QtTest>
-
 #include "remote_program.h"
+
+#include <QtTest>
 
 namespace {
 
@@ -74,7 +74,8 @@ private slots:
     QVERIFY(song.open(QIODevice::WriteOnly));
     song.write("1 2 3\r\n\r\n4 5 6\r\n");
     song.close();
-    m_program->Do(QStringLiteral("show"), {{QStringLiteral("kind"), 2}, {QStringLiteral("label"), QStringLiteral("Teste")}});
+    m_program->Do(QStringLiteral("show"),
+                  {{QStringLiteral("kind"), 2}, {QStringLiteral("label"), QStringLiteral("Teste")}});
     QVERIFY(m_program->WaitFor(QStringLiteral("TituloAtual"), QStringLiteral("Teste"), 30000));
     Key(QStringLiteral("Down"));
     QVERIFY(OnShow(Projector));
@@ -100,6 +101,7 @@ private slots:
       QVERIFY(m_desktop->Set(QStringLiteral("--output DUMMY1 --mode 1280x720 --pos 1280x0")));
       QVERIFY(m_program->WaitFor(QStringLiteral("SemProjetor"), false));
       QVERIFY2(OnShow(Projector, verse), qPrintable(QStringLiteral("round %1").arg(round)));
+      QVERIFY(!StripStands());
     }
     // The frame of the window too: its title bar is in reach.
     QVERIFY(Desk.contains(Place(QStringLiteral("FrmMonitor"))));
@@ -114,8 +116,8 @@ private slots:
     QTest::newRow("left") << QStringLiteral("--output DUMMY1 --pos 0x0 --output DUMMY0 --pos 1280x0")
                           << QRect(0, 0, 1280, 720);
     QTest::newRow("primary") << QStringLiteral("--output DUMMY1 --primary") << Projector;
-    QTest::newRow("the desk's resolution") << QStringLiteral("--output DUMMY0 --mode 1024x768 --output DUMMY1 --pos 1024x0")
-                                           << QRect(1024, 0, 1280, 720);
+    QTest::newRow("the desk's resolution")
+        << QStringLiteral("--output DUMMY0 --mode 1024x768 --output DUMMY1 --pos 1024x0") << QRect(1024, 0, 1280, 720);
   }
   void theProjectorTurnsIntoAnotherOne() {
     QFETCH(QString, change);
@@ -146,6 +148,7 @@ private slots:
     Choose(1); // the walk over the desktop meets the desk's monitor first
     const QRect half(320, 200, 640, 400);
     QVERIFY(OnShow(half));
+    QVERIFY(StripStands());
     QCOMPARE(m_program->State().value(QStringLiteral("TelaoEm")).toString(), QStringLiteral("DUMMY0"));
     QVERIFY(m_desktop->Set(QStringLiteral("--output DUMMY1 --off")));
     QVERIFY(m_desktop->Set(QStringLiteral("--output DUMMY1 --mode 1280x720 --pos 1280x0")));
@@ -159,13 +162,13 @@ private:
     QVERIFY(m_program->Do(QStringLiteral("key"), {{QStringLiteral("key"), key}}).value(QStringLiteral("ok")).toBool());
   }
   void Choose(int option) {
-    QTRY_VERIFY_WITH_TIMEOUT(m_program
-                                 ->Do(QStringLiteral("click"),
-                                      {{QStringLiteral("window"), QStringLiteral("FrmMonitor")},
-                                       {QStringLiteral("control"), QStringLiteral("MnProjecao%1").arg(option)}})
-                                 .value(QStringLiteral("ok"))
-                                 .toBool(),
-                             15000);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        m_program
+            ->Do(QStringLiteral("click"), {{QStringLiteral("window"), QStringLiteral("FrmMonitor")},
+                                           {QStringLiteral("control"), QStringLiteral("MnProjecao%1").arg(option)}})
+            .value(QStringLiteral("ok"))
+            .toBool(),
+        15000);
   }
   QString Banner() {
     return m_program
@@ -181,6 +184,15 @@ private:
       return {};
     return {r[QStringLiteral("x")].toInt(), r[QStringLiteral("y")].toInt(), r[QStringLiteral("width")].toInt(),
             r[QStringLiteral("height")].toInt()};
+  }
+  // The strip by which a rehearsal window is moved, over the projection.
+  bool StripStands() {
+    const QJsonObject answer =
+        m_program->Do(QStringLiteral("controls"), {{QStringLiteral("window"), QStringLiteral("FrmQuendar")}});
+    const QJsonArray controls = answer[QStringLiteral("controls")].toArray();
+    return std::any_of(controls.begin(), controls.end(), [](const QJsonValue &control) {
+      return control[QStringLiteral("name")].toString() == u"PicMove" && control[QStringLiteral("visible")].toBool();
+    });
   }
   // The projection stands exactly there, and its page has the size and the verse.
   bool OnShow(const QRect &place, const QString &verse = Verse) {

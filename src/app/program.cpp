@@ -16,6 +16,7 @@
 #include "console/ui/qt_monitors.h"
 #include "console/ui/screen_repair.h"
 #include "console/ui/themes_panel.h"
+#include "controls/ui/context_menu_key.h"
 #include "display/FrmQuendar.h"
 #include "display/show_page.h"
 #include "display/ui/engine_versions.h"
@@ -95,6 +96,7 @@ struct Program::Impl {
   std::unique_ptr<HelpDesk> help;
   QtMonitors monitors;
   FormPositions positions;
+  ContextMenuKey menuKey;
   QTimer screenTimer;
   QTimer sizeTimer;
   int triesLeft = TentativasDeLugar; // to put the projection's window where the desktop would not leave it

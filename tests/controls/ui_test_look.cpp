@@ -7,6 +7,7 @@
 
 #include <cmath>
 
+#include "controls/ui/context_menu_key.h"
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/entry_drag.h"
 #include "controls/ui/flat_button.h"
@@ -181,6 +182,10 @@ private slots:
     QCOMPARE(list.Neighbour(1), (QPair<int, int>(3, 2)));
     QCOMPARE(list.Neighbour(-1), (QPair<int, int>(1, 1)));
     QCOMPARE(list.Neighbour(9), (QPair<int, int>(3, 2)));
+    ContextMenuKey key;
+    QSignalSpy menu(&list, &GroupList::MenuWanted);
+    QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+    QCOMPARE(menu.size(), 1);
     list.SetChosen(0, 0);
     QCOMPARE(list.Neighbour(1), (QPair<int, int>(1, 1)));
     list.SetEntries({});

@@ -11,6 +11,7 @@ public:
 
   void SetScreenState(int index); // 0 Normal, 1 Text Hidden, 2 Black Screen, 3 Background, 4 No Projection
 
+  QString FundoPadrao() const; // stored path; empty when there is none
   void Image11(); // opens the gallery for the picture of the default background
   // That picture becomes the default background; while the default background is on show, the new one is shown at once.
   // A path without a file changes nothing. The file's bare name is kept, so it lies in <app>\Images\.
@@ -22,7 +23,6 @@ public:
   static QString DicaDoEstado(int index);
 
 private:
-  QString FundoPadrao() const; // stored path; empty when there is none
   void CobreTexto(int index, const QString &fundo);
 
   ConsoleContext &m_console;

@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -190,8 +191,25 @@ private slots:
 
     desk.Key(Qt::Key_F7);
     QCOMPARE(desk.core.estado.EstadoTela, QStringLiteral("TelaPreta"));
+    // From another window too, and over a question.
+    QDialog other(&desk.frm);
+    QLineEdit box(&other);
+    other.setModal(true);
+    other.show();
+    other.activateWindow();
+    box.setFocus();
+    QTRY_COMPARE(QApplication::focusWidget(), &box);
     desk.Key(Qt::Key_F5);
     QCOMPARE(desk.core.estado.EstadoTela, QStringLiteral("Normal"));
+    int choosers = 0;
+    desk.core.controles.AbreGaleria = [&] { ++choosers; };
+    desk.Key(Qt::Key_F8);
+    QCOMPARE(choosers, 0);
+    other.close();
+    desk.frm.activateWindow();
+    QTRY_VERIFY(desk.frm.isActiveWindow());
+    desk.Key(Qt::Key_F8);
+    QCOMPARE(choosers, 1);
     desk.Key(Qt::Key_2, Qt::AltModifier);
     QCOMPARE(desk.core.estado.ActiveAgenda, 2);
     desk.Key(Qt::Key_F12);

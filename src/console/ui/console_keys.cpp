@@ -84,9 +84,13 @@ bool ConsoleKeys::eventFilter(QObject *watched, QEvent *event) {
     if (released->key() == Qt::Key_Control && !released->isAutoRepeat())
       ReleaseCtrl();
   }
-  if (!receiver || (receiver->window() != m_window && !m_others.contains(receiver->window())))
+  if (!receiver)
     return false;
   const auto *key = static_cast<QKeyEvent *>(event);
+  if (event->type() == QEvent::KeyPress && ScreenKeyPressed(*key))
+    return true;
+  if (receiver->window() != m_window && !m_others.contains(receiver->window()))
+    return false;
   if (IsRepeatOf(key, receiver))
     return false;
   const QWidget *modal = QApplication::activeModalWidget();
@@ -101,6 +105,18 @@ bool ConsoleKeys::eventFilter(QObject *watched, QEvent *event) {
   if (used)
     m_lastEvent = nullptr;
   return used;
+}
+
+// The menu has these keys while the console has the focus; the congregation's screen cannot wait until it has.
+bool ConsoleKeys::ScreenKeyPressed(const QKeyEvent &event) {
+  const int state = event.key() - Qt::Key_F5;
+  if (state < 0 || state > 4 || event.modifiers() != Qt::NoModifier || !m_parts.console.estado.TelaPronta)
+    return false;
+  // A choice of the background would open over whatever waits for its answer.
+  const bool asks = state == 3 && m_parts.controles.FundoPadrao().isEmpty();
+  if (!event.isAutoRepeat() && !(asks && QApplication::activeModalWidget()))
+    m_parts.controles.SetScreenState(state);
+  return true;
 }
 
 bool ConsoleKeys::KeyPressed(const QKeyEvent &event) {

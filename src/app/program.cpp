@@ -236,7 +236,7 @@ void Program::Impl::MakeThemeWindows() {
   themes = std::make_unique<ThemeWindows>(
       ThemeDoors{app, store, positions, prompt, console.get(),
                  [this](const QString &path) { core.controles.trocarFundoPadrao(path); },
-                 [this](const QString &path, bool move) { core.efeitos.ImagemDaGaleria(path, move); },
+                 [this](const QString &path, bool move) { return core.efeitos.ImagemDaGaleria(path, move); },
                  [this] { return core.estado.TemaAtual.MoveImagens; }});
   core.controles.AbreGaleria = [this] { themes->AbreGaleriaDoFundo(); };
 }

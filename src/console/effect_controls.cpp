@@ -96,18 +96,19 @@ void EffectControls::ChkMoveImagem(bool ligado) {
   Terminou();
 }
 
-void EffectControls::ImagemDaGaleria(const QString &path, bool move) {
+bool EffectControls::ImagemDaGaleria(const QString &path, bool move) {
   EstadoConsole &estado = m_console.estado;
   if (!Carregado())
-    return;
+    return false;
   if (estado.EhSlides() || estado.EhSlideShow()) {
     m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), NaoDuranteSlides);
-    return;
+    return false;
   }
   estado.FundoPreso = true;
   ChkMoveImagem(move);
   m_temas.ExibirImagem(path, true);
   updateEfeitos2();
+  return true;
 }
 
 void EffectControls::EnviaMovimento(Alvo alvo) {

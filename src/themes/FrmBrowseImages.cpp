@@ -7,6 +7,7 @@
 #include "themes/ui/picture_menus.h"
 #include "themes/ui/picture_view.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -218,12 +219,10 @@ bool FrmBrowseImages::Usa() {
     return false;
   }
   const QString path = m_galeria.Caminho(usavel);
-  if (m_pedido.modo == u"FrmMonitor") {
-    if (m_doors.exibeImagem)
-      m_doors.exibeImagem(path, m_chkMoveImagem->isChecked());
-  } else if (m_pedido.usa) {
+  if (m_pedido.modo == u"FrmMonitor")
+    return !m_doors.exibeImagem || m_doors.exibeImagem(path, m_chkMoveImagem->isChecked());
+  if (m_pedido.usa)
     m_pedido.usa(path);
-  }
   return true;
 }
 
@@ -253,7 +252,7 @@ void FrmBrowseImages::Adicionadas(const QStringList &nomes) {
   for (const QString &nome : nomes)
     m_grade->Esquece(nome);
   m_grade->carregaImagensPorData();
-  if (!m_preview->isVisible()) {
+  if (!m_preview->isVisible() && !QApplication::activePopupWidget()) { // an open menu shows which picture it is for
     if (!nomes.isEmpty())
       m_grade->SetIndexSelecionado(m_grade->Modelo().LinhaDe(nomes.last()));
     m_grade->setFocus(); // so that the keys work on the pictures again, also when none could be added

@@ -31,7 +31,10 @@ private:
           windows(ThemeDoors{
               app, store, positions, prompt, &desk,
               [this](const QString &path) { Use(u"background " + NameOf(path)); },
-              [this](const QString &path, bool move) { Use((move ? u"moving " : u"still ") + NameOf(path)); },
+              [this](const QString &path, bool move) {
+                Use((move ? u"moving " : u"still ") + NameOf(path));
+                return !refuses;
+              },
               [] { return true; }}) {
       desk.resize(1200, 900);
       positions.SetConsole(&desk);
@@ -90,6 +93,7 @@ private:
     QWidget desk;
     ThemeWindows windows;
     QStringList used;
+    bool refuses = false;
     FrmBrowseImages *window = nullptr;
     cExibeMiniaturas *grid = nullptr;
   };
@@ -217,8 +221,12 @@ private slots:
     QVERIFY(!room.Images().contains(names[17]));
     QCOMPARE(room.grid->NomeArquivo(), names[18]);
     QCOMPARE(room.Label("LbTitulo"), QStringLiteral("Image Gallery: 29 images"));
+    room.refuses = true;
     QTest::keyClick(room.grid, Qt::Key_Return);
-    QCOMPARE(room.used, QStringList(u"moving " + names[18]));
+    QVERIFY(room.window->isVisible());
+    room.refuses = false;
+    QTest::keyClick(room.grid, Qt::Key_Return);
+    QCOMPARE(room.used, QStringList(2, u"moving " + names[18]));
     QVERIFY(!room.window->isVisible());
     room.Open(QStringLiteral("FrmMonitor"));
     QTest::keyClick(room.grid, Qt::Key_Space);

@@ -20,8 +20,8 @@ struct ThemeDoors {
   UserPrompt &prompt;
   QWidget *dono = nullptr; // the console's window, which they stand over
   std::function<void(const QString &path)> trocarFundoPadrao;
-  // Puts the picture over the theme at once; `move`: with slow movement.
-  std::function<void(const QString &path, bool move)> exibeImagem;
+  // Puts the picture over the theme at once; `move`: with slow movement. False when it is refused, which was told.
+  std::function<bool(const QString &path, bool move)> exibeImagem;
   std::function<bool()> moveImagens; // whether pictures move now
 };
 

@@ -272,12 +272,23 @@
   };
   const lista = (texto) => String(texto || '').split(',').map((s) => parseInt(s, 10));
 
-  // Behind the last picture without a name.
+  // Where in the list the vez-th picture of that name is; 0 means the end of the list.
   function lugar(itens, { nome, vez }) {
-    if (!nome)
+    if (!vez)
       return itens.length;
-    let vista = 0;
-    return Math.max(0, itens.findIndex((item) => item.nome === nome && ++vista === vez));
+    const assim = itens.flatMap((item, i) => (item.nome === nome ? [i] : []));
+    return assim[Math.min(vez, assim.length) - 1] || 0;
+  }
+
+  // The picture as the browser shows it, until it is painted: the host keeps its old frame while it is being read, and
+  // nobody sees a black screen in between.
+  function guardaLugar(item, palco) {
+    const imagem = item && novo('guarda', palco, 'img');
+    if (imagem) {
+      imagem.alt = '';
+      imagem.src = item.src;
+    }
+    return imagem;
   }
 
   let fimPrevisto = null; // runs until the end of the show, once that is in sight
@@ -288,9 +299,20 @@
       relata('http://vaiacabar/', Math.round(ms));
   }
 
+  const prontos = new Set(); // painted and not yet gone, which a change of the screen's size paints again
+  let redesenho = 0;
+  addEventListener('resize', () => {
+    clearTimeout(redesenho);
+    redesenho = setTimeout(() => {
+      prontos.forEach((q) => q.refaz());
+      document.querySelectorAll('.fala').forEach(cabe);
+    }, 150);
+  });
+
   let curso = 0; // counts the runs: one that was given up does nothing any more
 
-  // `retoma` names the picture to begin with and which of those of its name it is; without it the start text comes first.
+  // `retoma` names the picture to begin with and which of those of its name it is. That picture, or the end text, stands at
+  // once. Without it the start text comes first.
   async function corre(show, retoma) {
     const meu = ++curso;
     const vale = () => meu === curso;
@@ -305,13 +327,13 @@
     const entrada = numero(show.entrada, 2000);
     const saida = numero(show.saida, 2000);
 
-    const prontos = new Set(); // painted and not yet gone, which a change of the screen's size paints again
-
     // The next picture that can be read.
     let proximo = retoma ? lugar(itens, retoma) : 0;
     async function busca() {
       while (proximo < itens.length) {
         const quadro = await prepara(itens[proximo++]);
+        if (!vale())
+          return null;
         if (quadro) {
           prontos.add(quadro);
           return quadro;
@@ -326,15 +348,8 @@
     }
 
     let atual = null;
+    let guarda = retoma && guardaLugar(itens[proximo], palco);
     let aguardado = busca();
-    addEventListener('resize', () => {
-      clearTimeout(corre.redesenho);
-      corre.redesenho = setTimeout(() => {
-        if (vale())
-          prontos.forEach((q) => q.refaz());
-        document.querySelectorAll('.fala').forEach(cabe);
-      }, 150);
-    });
 
     const inicio = retoma ? null : poeTexto($('inicio'));
     if (inicio) {
@@ -358,8 +373,13 @@
       relata('http://image/', quadro.item.nome);
       const antes = atual;
       const saindo = antes && escolhe(SAIDAS, antes.item.saida)(antes, saida);
-      await escolhe(ENTRADAS, quadro.item.entrada)(quadro, entrada);
+      if (!retoma || antes)
+        await escolhe(ENTRADAS, quadro.item.entrada)(quadro, entrada);
       fica(quadro);
+      if (guarda) {
+        guarda.remove();
+        guarda = null;
+      }
       atual = quadro;
       if (antes) {
         await saindo; // what of it lies behind the new picture is not seen any more
@@ -382,10 +402,14 @@
       larga(atual);
       atual = null;
     } else {
+      if (guarda)
+        guarda.remove();
       vaiAcabar(0);
     }
+    if (!vale())
+      return;
     const fim = poeTexto($('final'));
-    if (fim)
+    if (fim && !(retoma && !retoma.vez))
       await move(fim, { opacity: [0, 1], transform: ['translateY(2vh)', 'none'] }, entrada, SUAVE);
   }
 
@@ -422,6 +446,7 @@
     movimentos.forEach((m) => m.pause());
     relogios.clear();
     movimentos.clear();
+    prontos.clear();
     fimPrevisto = null;
     $('palco').replaceChildren();
     void corre(pedido, { nome, vez });

@@ -302,6 +302,7 @@ void Program::Impl::MakeDisplay() {
                                          [](const QString &) { return QString(); }},
                         &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
+  quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
   quendar->Commands().OnShowEnding = [this](int ms) { core.show.FimAVista(ms); };

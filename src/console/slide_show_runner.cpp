@@ -25,7 +25,7 @@ SlideShowRunner::SlideShowRunner(ConsoleContext &console, VerseStepper &stepper,
     : m_console(console), m_stepper(stepper), m_temas(temas), m_timerFim(console.clock.NewTimer([this] { Terminou(); })),
       m_timerAudio(console.clock.NewTimer([this] { OuveAudio(); })) {}
 
-void SlideShowRunner::Atualiza() {
+void SlideShowRunner::Avisa() {
   m_console.Atualiza();
   if (Mudou)
     Mudou();
@@ -36,9 +36,14 @@ MediaPlayer *SlideShowRunner::Wmp() const {
   return display ? display->wmp() : nullptr;
 }
 
+MediaPlayer *SlideShowRunner::Audio() const {
+  return m_audio.isEmpty() ? nullptr : Wmp();
+}
+
 void SlideShowRunner::Abre() {
   m_console.estado.SlideShowAtivo = QStringLiteral("True");
-  m_console.painel.slideShow = {true, false, QString()};
+  m_console.painel.slideShow = {};
+  m_console.painel.slideShow.Ativo = true;
   m_console.Atualiza();
 }
 
@@ -66,6 +71,8 @@ void SlideShowRunner::IniciaSlideShow(const QString &path) {
   painel.slideShow.Ativo = ativo;
   m_timerFim->Stop();
   m_mostradas.clear();
+  m_semPagina = false;
+  m_volume = VolumeDoAudio;
   for (PageObject *host : {m_console.Pagina(Alvo::Telao), m_console.Pagina(Alvo::Previa)})
     if (host)
       host->Navigate(pagina, TempoLimiteSegundos);
@@ -111,26 +118,28 @@ void SlideShowRunner::IniciaAudio(const QString &arquivo) {
   wmp->SetUrl(arquivo);
   wmp->SetUiMode(QStringLiteral("none"));
   wmp->SetLoop(true);
-  wmp->SetVolume(VolumeDoAudio);
+  wmp->SetVolume(m_volume);
   m_audio = arquivo;
+  m_console.painel.slideShow.SemMusica = false;
   m_timerAudio->Start(EsperaDoAudio);
 }
 
-// A file that cannot be played leaves the player stopped, which it also is when the sound has faded behind the end.
+// A file that cannot be played leaves the player stopped, which it also is when the sound has faded behind the end. One
+// that could not be begun at all stays as it was before.
 void SlideShowRunner::OuveAudio() {
   PainelSlideShow &show = m_console.painel.slideShow;
   const MediaPlayer *wmp = Wmp();
   if (!wmp || show.Acabou || m_timerFim->IsActive()) {
     m_timerAudio->Stop();
-  } else if (wmp->State() == PlayState::Stopped) {
+  } else if (wmp->State() == PlayState::Stopped || wmp->State() == PlayState::Undefined) {
     m_timerAudio->Stop();
     show.SemMusica = true;
-    Atualiza();
+    Avisa();
   }
 }
 
 void SlideShowRunner::ParaAudio() {
-  MediaPlayer *wmp = m_audio.isEmpty() ? nullptr : Wmp();
+  MediaPlayer *wmp = Audio();
   m_audio.clear();
   m_timerAudio->Stop();
   if (!wmp)
@@ -143,7 +152,7 @@ void SlideShowRunner::ParaAudio() {
 void SlideShowRunner::Pause() {
   m_console.ScriptNasPaginas(QStringLiteral("Pause()"));
   m_timerFim->Stop(); // the page announces its end again when it goes on
-  if (MediaPlayer *wmp = m_audio.isEmpty() ? nullptr : Wmp()) {
+  if (MediaPlayer *wmp = Audio()) {
     wmp->ControlsPause();
     m_console.telao()->ParaRampa();
   }
@@ -153,7 +162,7 @@ void SlideShowRunner::Pause() {
 
 void SlideShowRunner::Play() {
   m_console.ScriptNasPaginas(QStringLiteral("Play()"));
-  if (MediaPlayer *wmp = m_audio.isEmpty() ? nullptr : Wmp())
+  if (MediaPlayer *wmp = Audio())
     wmp->ControlsPlay();
   m_console.yielder.Yield(1);
   m_console.painel.slideShow.Parado = false;
@@ -166,14 +175,17 @@ int SlideShowRunner::Volume() const {
 }
 
 void SlideShowRunner::DefineVolume(int volume) {
+  m_volume = volume;
   if (MediaPlayer *wmp = Wmp())
     wmp->SetVolume(volume);
 }
 
 void SlideShowRunner::ImagemMudou(const QString &nome) {
-  if (!m_console.painel.slideShow.Ativo)
+  PainelSlideShow &show = m_console.painel.slideShow;
+  if (!show.Ativo || m_semPagina)
     return;
-  m_console.painel.slideShow.Imagem = nome;
+  show.Imagem = nome;
+  show.Acabou = false;
   m_mostradas.append(nome);
   m_console.Atualiza();
 }
@@ -181,30 +193,49 @@ void SlideShowRunner::ImagemMudou(const QString &nome) {
 void SlideShowRunner::FimAVista(int ms) {
   if (!m_console.painel.slideShow.Ativo)
     return;
-  if (ms > 0)
+  if (Parado() || m_semPagina) { // said before the page heard that it stands
+    if (Display *display = m_console.telao())
+      display->ParaRampa();
+  } else if (ms > 0) {
     m_timerFim->Start(ms);
-  else
+  } else {
     Terminou();
+  }
 }
 
 void SlideShowRunner::Terminou() {
   m_timerFim->Stop();
   m_console.painel.slideShow.Acabou = true;
-  Atualiza();
+  Avisa();
+}
+
+void SlideShowRunner::PaginaCaiu() {
+  if (!EstaNoTelao())
+    return;
+  m_semPagina = true;
+  m_timerFim->Stop();
+  if (Audio() && !Acabou())
+    m_console.telao()->ParaRampa();
 }
 
 void SlideShowRunner::PaginaVoltou(Alvo qual) {
   if (!EstaNoTelao())
     return;
-  const PainelSlideShow &show = m_console.painel.slideShow;
-  if (show.Acabou || !m_mostradas.isEmpty()) {
-    const QString nome = show.Acabou ? QString() : m_mostradas.last();
-    const QJsonArray onde{nome, static_cast<int>(m_mostradas.count(nome))};
-    m_console.ScriptNasPaginas(u"Retoma(..." + QString::fromUtf8(QJsonDocument(onde).toJson(QJsonDocument::Compact)) + u')',
+  const QString nome = Acabou() || m_mostradas.isEmpty() ? QString() : m_mostradas.last();
+  const int vez = Acabou() ? 0 : static_cast<int>(m_mostradas.count(nome));
+  if (Acabou() || vez > 0) {
+    const QJsonArray onde{nome, vez};
+    m_console.ScriptNasPaginas(u"if (typeof Retoma === 'function') Retoma(..." +
+                                   QString::fromUtf8(QJsonDocument(onde).toJson(QJsonDocument::Compact)) + u')',
                                qual);
   }
   if (Parado())
     m_console.ScriptNasPaginas(QStringLiteral("Pause()"), qual);
+  if (qual != Alvo::Telao)
+    return;
+  m_semPagina = false;
+  if (vez > 0)
+    m_mostradas.removeLast(); // the page reports it once more
 }
 
 void SlideShowRunner::TelaoRefeito() {
@@ -214,8 +245,8 @@ void SlideShowRunner::TelaoRefeito() {
   if (m_audio.isEmpty() || Acabou())
     return;
   IniciaAudio(QString(m_audio));
-  if (Parado())
-    Wmp()->ControlsPause();
+  if (MediaPlayer *wmp = Parado() ? Wmp() : nullptr)
+    wmp->ControlsPause();
 }
 
 void SlideShowRunner::Fecha() {

@@ -38,23 +38,27 @@ public:
 
   bool EstaNoTelao() const { return m_console.estado.PaginaAtual == u"sshow.html"; }
   void TelaoRefeito(); // the projection has a new page host and player
+  void PaginaCaiu(); // the projection's page lost its process: what it reports before it is back does not count
   // A page came back after its process died: it goes on with the picture that was on show, and stands if the show stands.
   void PaginaVoltou(Alvo qual);
 
 private:
-  void Atualiza();
+  void Avisa(); // the console and the remote
   void LimpaTexto();
   void IniciaAudio(const QString &arquivo);
   void ParaAudio();
   void OuveAudio();
   void Terminou();
-  MediaPlayer *Wmp() const; // null while there is no projection
+  MediaPlayer *Wmp() const;   // null while there is no projection
+  MediaPlayer *Audio() const; // the same, and null for a show without sound
 
   ConsoleContext &m_console;
   VerseStepper &m_stepper;
   ThemeControl &m_temas;
   QString m_tipoAbaixo; // the kind of what was on show before
   QString m_audio; // of the running show; empty for none
+  int m_volume = 0;
+  bool m_semPagina = false;
   QStringList m_mostradas; // the pictures since the start, as the projection's page reported them
   std::unique_ptr<PeriodicTimer> m_timerFim;
   std::unique_ptr<PeriodicTimer> m_timerAudio;

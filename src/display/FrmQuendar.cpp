@@ -130,6 +130,10 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
     if (window.OnRecovered)
       window.OnRecovered();
   };
+  picWV->OnLost = [this] {
+    if (window.OnLost)
+      window.OnLost();
+  };
   picWV->OnMouseMove = [this] { MostraGrip(); };
   for (QWidget *layer : {static_cast<QWidget *>(imagePadrao), telaPreta, static_cast<QWidget *>(picMove),
                          static_cast<QWidget *>(picMove->Label7()), picMove->Image4()})
@@ -323,6 +327,7 @@ void FrmQuendar::Posiciona(const QRect &pixels, bool wholeScreen) {
     d.normalRect = pixels;
   }
   d.withoutScreen = false;
+  d.estadoNoX11.Shown();
   d.SetWindowVisible(d.commands->DisplayVisivel());
   d.Arrange();
   if (d.alfa < FullAlfa)
@@ -409,7 +414,7 @@ void FrmQuendar::changeEvent(QEvent *event) {
 }
 
 bool FrmQuendar::nativeEvent(const QByteArray &eventType, void *message, qintptr *result) {
-  const Impl &d = *m_impl;
+  Impl &d = *m_impl;
   if (isVisible() && d.estadoNoX11.IsChange(eventType, message))
     d.estadoNoX11.Restore(winId(), d.inteira);
   return QWidget::nativeEvent(eventType, message, result);

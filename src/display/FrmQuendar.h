@@ -59,6 +59,7 @@ public:
   void DefineFundoPadrao(const QString &caminho) override;
 
   std::function<void()> OnRecovered;    // the page came back after its render process died
+  std::function<void()> OnLost;         // before that: it reports nothing that counts until it is back
   std::function<void()> OnResize;       // the window has another size, place or state
   std::function<void()> PosicaoInicial; // after each resize while the console is still loading
   // "Fechar" came: the window is hidden, its page and player are gone. The owner deletes the window, not before the

@@ -86,7 +86,8 @@ FrmSlideShowControl::FrmSlideShowControl(const ShowDoors &doors) : QWidget(doors
 }
 
 FrmSlideShowControl::~FrmSlideShowControl() {
-  m_doors.player.Mudou = nullptr;
+  if (!m_closed)
+    m_doors.player.Mudou = nullptr;
 }
 
 void FrmSlideShowControl::Open() {
@@ -181,6 +182,7 @@ void FrmSlideShowControl::closeEvent(QCloseEvent *event) {
   if (std::exchange(m_closed, true)) // the theme is being built already
     return;
   m_doors.posicoes.SaveFormPosition(*this, false);
+  m_doors.player.Mudou = nullptr; // not at the end of the window: by then the next remote may have set its own
   m_doors.player.Fecha();
   emit Closed();
 }

@@ -27,7 +27,7 @@ public:
   virtual bool Acabou() const = 0;
   virtual bool SemMusica() const = 0; // the show's audio cannot be played
 
-  std::function<void()> Mudou; // one of the last two: the remote, while it is open
+  std::function<void()> Mudou; // called when one of the last two has changed; set by the remote while it is open
 };
 
 } // namespace tolmira

@@ -94,38 +94,68 @@ private slots:
   void aPageThatComesBackGoesOn() {
     House house;
     house.ShowIt();
-    const auto sent = [&]() -> QStringList {
-      house.preview.scripts.clear();
-      house.core.PaginaVoltou(Alvo::Previa);
-      return house.preview.scripts;
+    const auto sent = [&](Alvo alvo) -> QStringList {
+      QStringList &scripts = alvo == Alvo::Telao ? house.display.page.scripts : house.preview.scripts;
+      scripts.clear();
+      house.core.PaginaVoltou(alvo);
+      return scripts;
     };
-    QCOMPARE(sent(), QStringList());
+    const auto resume = [](const QString &where) -> QString {
+      return u"if (typeof Retoma === 'function') Retoma(..." + where + u')';
+    };
+    SlideShowRunner &show = house.core.show;
+    QCOMPARE(sent(Alvo::Previa), QStringList());
     for (const char *name : {"a.jpg", "it's \"b\".jpg", "a.jpg"})
-      house.core.show.ImagemMudou(QLatin1String(name));
-    QCOMPARE(sent(), QStringList{QStringLiteral("Retoma(...[\"a.jpg\",2])")});
-    house.core.show.ImagemMudou(QStringLiteral("it's \"b\".jpg"));
-    QCOMPARE(sent(), QStringList{QStringLiteral("Retoma(...[\"it's \\\"b\\\".jpg\",2])")});
+      show.ImagemMudou(QLatin1String(name));
+    QCOMPARE(sent(Alvo::Previa), QStringList{resume(QStringLiteral("[\"a.jpg\",2]"))});
+    show.ImagemMudou(QStringLiteral("it's \"b\".jpg"));
+    QCOMPARE(sent(Alvo::Previa), QStringList{resume(QStringLiteral("[\"it's \\\"b\\\".jpg\",2]"))});
 
-    // A projection that was made anew gets page and music again.
+    // However often it dies at the same picture, which it reports each time; what it says before it is back is nothing.
+    show.ImagemMudou(QStringLiteral("a.jpg"));
+    show.FimAVista(5000);
+    for (int death = 0; death < 3; ++death) {
+      house.core.show.PaginaCaiu();
+      house.clock.Advance(60000);
+      show.ImagemMudou(QStringLiteral("z.jpg"));
+      show.FimAVista(0);
+      QCOMPARE(sent(Alvo::Telao), QStringList{resume(QStringLiteral("[\"a.jpg\",3]"))});
+      show.ImagemMudou(QStringLiteral("a.jpg"));
+      QVERIFY(!show.Acabou());
+    }
+
+    // A projection that was made anew gets page and music again, as loud as it was, and stands if the show stands.
+    show.DefineVolume(20);
+    show.Pause();
     house.Forget();
-    house.core.show.TelaoRefeito();
-    QCOMPARE(house.TakeJournal().filter(QRegularExpression(QStringLiteral("Navigate|Retoma|URL"))).size(), 3);
-
-    house.core.show.FimAVista(400);
-    house.clock.Advance(399);
-    QVERIFY(!house.core.show.Acabou());
-    house.core.show.Pause();
+    show.TelaoRefeito();
+    QStringList journal = house.TakeJournal();
+    QVERIFY(journal.takeFirst().startsWith(QStringLiteral("display: Navigate")));
+    journal.removeAll(QStringLiteral("player hidden"));
+    QCOMPARE(journal, QStringList({u"display: " + resume(QStringLiteral("[\"a.jpg\",3]")), QStringLiteral("display: Pause()"),
+                                   QStringLiteral("wmp: URL /m/a.mp3"), QStringLiteral("wmp: uiMode none"),
+                                   QStringLiteral("wmp: loop 1"), QStringLiteral("wmp: volume 20"),
+                                   QStringLiteral("wmp: pause")}));
+    show.FimAVista(1); // said before the page stood
     house.clock.Advance(60000);
-    QVERIFY(!house.core.show.Acabou());
-    house.core.show.Play();
-    house.core.show.FimAVista(1);
+    QVERIFY(!show.Acabou());
+    show.Play();
+
+    show.FimAVista(400);
+    house.clock.Advance(399);
+    QVERIFY(!show.Acabou());
+    show.Pause();
+    house.clock.Advance(60000);
+    QVERIFY(!show.Acabou());
+    show.Play();
+    show.FimAVista(1);
     house.clock.Advance(1);
-    QVERIFY(house.core.show.Acabou());
-    QCOMPARE(sent(), QStringList{QStringLiteral("Retoma(...[\"\",0])")});
+    QVERIFY(show.Acabou());
+    QCOMPARE(sent(Alvo::Previa), QStringList{resume(QStringLiteral("[\"\",0]"))});
     house.core.contexto.descreve();
     QCOMPARE(house.core.painel.situacao.LbEstadoTela, QStringLiteral("SHOW ENDED"));
     house.ShowIt();
-    QVERIFY(!house.core.show.Acabou());
+    QVERIFY(!show.Acabou());
   }
 
   void musicThatCannotBePlayedIsTold() {

@@ -242,11 +242,16 @@ private slots:
     QCOMPARE(Eval(host.WV(), QStringLiteral("getComputedStyle(document.querySelector('.fala')).display")),
              QStringLiteral("\"flex\""));
 
-    // Begun again in the middle, without the start text; and at the end, without a picture.
+    // Begun again in the middle, where the picture stands at once, also while the show stands; and at the end, without one.
     said.clear();
-    host.WV()->ExecuteScript(QStringLiteral("Retoma('d.png', 1)"));
+    host.WV()->ExecuteScript(QStringLiteral("Retoma('d.png', 7);Pause()"));
+    QTRY_COMPARE_WITH_TIMEOUT(said, QStringList{QStringLiteral("http://image/?d.png")}, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        Eval(host.WV(), QStringLiteral("[...document.getElementById('palco').children].map(e => e.className + "
+                                       "getComputedStyle(e).opacity + getComputedStyle(e).transform).join()")),
+        QStringLiteral("\"quadro1none\""), 20000);
+    host.WV()->ExecuteScript(QStringLiteral("Play()"));
     QTRY_COMPARE_WITH_TIMEOUT(said.size(), 2, 20000);
-    QCOMPARE(said[0], QStringLiteral("http://image/?d.png"));
     host.WV()->ExecuteScript(QStringLiteral("Retoma('', 0)"));
     const QString shown = QStringLiteral("document.querySelectorAll('.quadro').length + "
                                          "[...document.querySelectorAll('.fala')].map(e => e.textContent).join()");

@@ -114,7 +114,7 @@ bool ConsoleKeys::ScreenKeyPressed(const QKeyEvent &event) {
     return false;
   // A choice of the background would open over whatever waits for its answer.
   const bool asks = state == 3 && m_parts.controles.FundoPadrao().isEmpty();
-  if (!event.isAutoRepeat() && !(asks && QApplication::activeModalWidget()))
+  if (!event.isAutoRepeat() && !(asks && (QApplication::activeModalWidget() || QApplication::activePopupWidget())))
     m_parts.controles.SetScreenState(state);
   return true;
 }

@@ -10,10 +10,10 @@ class QKeyEvent;
 
 namespace tolmira {
 
-// Hands the keys of the console to the key table before any control sees them. Left out are text boxes, open menus and
-// lists that have dropped down, and boxes that lie over the console. The keys of the screen's states count in every
-// window. A Ctrl whose release the window will never see
-// (the focus went away while it was down) counts as released.
+// Hands the keys of the console to the key table before any control sees them. The keys of the screen's states count in
+// every window of the program. Of the others those are left out that go to text boxes, open menus and lists that have
+// dropped down, and boxes that lie over the console. A Ctrl whose release the window will never see (the focus went away
+// while it was down) counts as released.
 class ConsoleKeys : public QObject {
   Q_OBJECT
 

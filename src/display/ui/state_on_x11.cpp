@@ -13,6 +13,7 @@ namespace {
 
 constexpr int SentByAProgram = 0x80;
 constexpr uint32_t MostStates = 64;
+constexpr int MostTries = 10;
 constexpr uint32_t AddState = 1;
 constexpr uint32_t FromAnApplication = 1;
 
@@ -70,16 +71,19 @@ std::vector<uint> StateOnX11::Kept(WId window) const {
   return {atoms, atoms + reply->value_len};
 }
 
-void StateOnX11::Restore(WId window, bool fullScreen) const {
-  xcb_connection_t *server = m_state ? Server() : nullptr;
+void StateOnX11::Restore(WId window, bool fullScreen) {
+  xcb_connection_t *server = m_state && m_asked < MostTries ? Server() : nullptr;
   if (!server)
     return;
   const std::vector<uint> kept = Kept(window);
   const auto lacks = [&](uint state) { return std::find(kept.begin(), kept.end(), state) == kept.end(); };
-  if (lacks(m_skipTaskbar) || lacks(m_skipPager))
+  const bool inTaskbar = lacks(m_skipTaskbar) || lacks(m_skipPager);
+  const bool small = fullScreen && lacks(m_fullScreen);
+  if (inTaskbar)
     Ask(server, window, m_state, m_skipTaskbar, m_skipPager);
-  if (fullScreen && lacks(m_fullScreen))
+  if (small)
     Ask(server, window, m_state, m_fullScreen);
+  m_asked += inTaskbar || small;
 }
 
 bool StateOnX11::IsChange(const QByteArray &eventType, const void *message) const {

@@ -12,8 +12,9 @@ class StateOnX11 {
 public:
   StateOnX11();
 
-  // Asks once more for what is missing. A manager that refuses changes nothing.
-  void Restore(WId window, bool fullScreen) const;
+  // Asks once more for what is missing, a few times for each showing: a manager may refuse.
+  void Restore(WId window, bool fullScreen);
+  void Shown() { m_asked = 0; }
   // Whether a native event tells of a change of some window's state.
   bool IsChange(const QByteArray &eventType, const void *message) const;
 
@@ -24,6 +25,7 @@ private:
   uint m_fullScreen = 0;
   uint m_skipTaskbar = 0;
   uint m_skipPager = 0;
+  int m_asked = 0;
 };
 
 } // namespace tolmira

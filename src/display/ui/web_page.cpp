@@ -33,17 +33,18 @@ const QString ReporterSource = QStringLiteral(R"js(
     say('leave:' + e.destination.url);
   });
   addEventListener('DOMContentLoaded', () => setTimeout(() => setTimeout(() => say('ready'), 0), 0));
+  const decoded = () => [...document.images].filter(shown).slice(0, 3).map(i => i.decode().catch(() => {}));
   addEventListener('load', () => {
-    const pictures = [...document.images].filter(shown).slice(0, 3).map(i => i.decode().catch(() => {}));
     const videos = [...document.querySelectorAll('video')].filter(v => shown(v) && v.networkState !== 3).slice(0, 1)
       .map(v => new Promise(done => { v.requestVideoFrameCallback(done); v.addEventListener('error', done, true); }));
-    Promise.all([...pictures, ...videos]).then(() => say('complete'));
+    Promise.all([...decoded(), ...videos]).then(() => say('complete'));
   });
-  window.tolmiraSettle = () => frames(3, () => say('drawn'));
+  window.tolmiraSettle = () => Promise.all(decoded()).then(() => frames(3, () => say('drawn')));
 })();
 )js");
 
-// Run behind the scripts that waited for the page, so that the frames it counts show what these have changed.
+// Run behind the scripts that waited for the page, so that the frames it counts show what these have changed, and
+// pictures that these have put there.
 const QString SettleScript = QStringLiteral("tolmiraSettle()");
 
 } // namespace

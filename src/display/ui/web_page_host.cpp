@@ -245,11 +245,8 @@ void WebPageHost::Impl::OnLoading(const QWebEngineLoadingInfo &info) {
     return;
   qCDebug(logPage) << name << "could not load" << address << info.errorDomain() << info.errorString();
   // Not an answer about the address: the process died on the way to it, which the page may have told or not.
-  if (info.errorDomain() == QWebEngineLoadingInfo::NoErrorDomain) {
-    if (!reload.isActive())
-      OnProcessEnded();
-    return;
-  }
+  if (info.errorDomain() == QWebEngineLoadingInfo::NoErrorDomain)
+    return OnProcessEnded();
   timeout.stop();
   queue.GiveUp();
   // Black, and nothing of the older page goes on behind it: a video that was to stop has stopped.
@@ -259,9 +256,11 @@ void WebPageHost::Impl::OnLoading(const QWebEngineLoadingInfo &info) {
 void WebPageHost::Impl::OnProcessEnded() {
   qCDebug(logPage) << name << "lost its render process";
   FailEvaluations();
-  if (address.isEmpty())
+  if (address.isEmpty() || reload.isActive())
     return;
   HoldLastPicture();
+  if (host.OnLost)
+    host.OnLost();
   reloadDelayMs = sinceCrash.isValid() && sinceCrash.elapsed() < QuietAfterCrashMs
                       ? std::clamp(reloadDelayMs * 2, FirstReloadDelayMs, LongestReloadDelayMs)
                       : 0;

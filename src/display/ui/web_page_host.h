@@ -34,6 +34,7 @@ public:
 
   // Called after a render process died and its page was loaded again; the owner sends the verse on show.
   std::function<void()> OnRecovered;
+  std::function<void()> OnLost;      // its process died; OnRecovered follows, unless it goes to another page
   std::function<void()> OnMouseMove; // the pointer moved over the page
 
 protected:

@@ -481,6 +481,7 @@ Program::~Program() {
   m_impl->quendar.reset();
   m_impl->core.flow.FechaAddBiblia = nullptr;
   m_impl->core.agenda.editorDeMusicas = {};
+  m_impl->core.temaControle.RefazFormato = nullptr;
   m_impl->editors.reset();
   m_impl->themeEditors.reset();
   m_impl->core.agenda.editores.clear();

@@ -170,6 +170,8 @@ void SlideShowRunner::Play() {
 }
 
 int SlideShowRunner::Volume() const {
+  if (!m_audio.isEmpty())
+    return m_volume; // and not that of the fade at the end
   const MediaPlayer *wmp = Wmp();
   return wmp ? wmp->Volume() : VolumeDoAudio;
 }

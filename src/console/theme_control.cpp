@@ -227,6 +227,8 @@ void ThemeControl::TemaSalvo() {
   estado.TemaAtual.Font_Size = tamanho;
   if (m_console.view)
     m_console.view->ThemesChanged();
+  if (RefazFormato)
+    RefazFormato();
 }
 
 void ThemeControl::SetChkIM(int n, bool ticked) {

@@ -1,9 +1,11 @@
 #include "slides/FrmSlideShow.h"
 
 #include "controls/ui/palette.h"
+#include "controls/ui/take_text.h"
 #include "controls/ui/value_slider.h"
 #include "display/show_page.h"
 #include "display/ui/web_page_host.h"
+#include "foundation/real_path.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_utils.h"
 #include "themes/picture_file.h"
@@ -206,13 +208,14 @@ QPlainTextEdit *FrmSlideShow::MakeText(QBoxLayout *column, const char *name, con
     if (m_loading)
       return;
     // What is longer would not come back from the file.
-    if (TextoParaOShow(box->toPlainText()).size() > MaiorTextoDoShow) {
-      box->setPlainText(m_editor.*texto);
-      box->moveCursor(QTextCursor::End);
+    if (TextoParaOShow(TypedText(*box)).size() > MaiorTextoDoShow) {
+      m_loading = true;
+      TakeText(box, m_editor.*texto);
+      m_loading = false;
       m_estado->setText(tr("A text can have %1 characters").arg(MaiorTextoDoShow));
       return;
     }
-    m_editor.*texto = box->toPlainText();
+    m_editor.*texto = TypedText(*box);
     Mudou();
   });
   return box;
@@ -263,8 +266,9 @@ QWidget *FrmSlideShow::MakeSettings() {
   return panel;
 }
 
-void FrmSlideShow::CarregarSlide(const QString &path) {
-  m_editor.CarregarSlide(path);
+bool FrmSlideShow::CarregarSlide(const QString &path) {
+  if (!m_editor.CarregarSlide(path))
+    return false;
   m_loading = true;
   m_txtNome->setText(m_editor.TxtNome);
   for (const Tempo &tempo : std::as_const(m_tempos)) {
@@ -277,6 +281,7 @@ void FrmSlideShow::CarregarSlide(const QString &path) {
   m_textoFim->setPlainText(m_editor.textoFim);
   m_loading = false;
   carregaGaleria();
+  return true;
 }
 
 void FrmSlideShow::Open() {
@@ -362,8 +367,8 @@ void FrmSlideShow::Recebe(const RespostaDaGaleria &resposta) {
   const PassoDoEditor passo = m_editor.Recebe(resposta);
   m_asking = false;
   Mudou();
-  if (!m_editor.Alterado())
-    emit Salvou(m_editor.TxtNome.trimmed());
+  if (!passo.gravado.isEmpty() && IsSameFile(passo.gravado, m_editor.Path()))
+    emit Salvou(FileNameWithoutExtension(passo.gravado, QStringLiteral(".")));
   if (!passo.adiciona.isEmpty()) {
     QString message;
     m_doors.console.PorNaLista(FileNameWithoutExtension(passo.adiciona, QStringLiteral(".")), TipoSlideShow, passo.adiciona,

@@ -26,7 +26,7 @@ public:
   explicit FrmSlideShow(const ShowDoors &doors);
   ~FrmSlideShow() override;
 
-  void CarregarSlide(const QString &path);
+  bool CarregarSlide(const QString &path); // as the editor's
   void Open();
   QString Path() const { return m_editor.Path(); }
   // A question of its own stands open, under which it must not be closed.

@@ -127,6 +127,8 @@ void FrmSlideShowControl::ImageRestart() {
 }
 
 void FrmSlideShowControl::Image3() {
+  if (m_doors.player.Acabou())
+    return;
   if (m_doors.player.Parado())
     m_doors.player.Play();
   else
@@ -142,6 +144,7 @@ void FrmSlideShowControl::MostraImagem(const QString &nome) {
 void FrmSlideShowControl::MostraAvisos() {
   if (m_doors.player.Acabou())
     MostraImagem(tr("The show has ended."));
+  m_image3->setEnabled(!m_doors.player.Acabou());
   m_labelAviso->setText(m_doors.player.SemMusica() ? tr("The music of this show cannot be played.") : QString());
   m_labelAviso->setVisible(m_doors.player.SemMusica());
 }

@@ -1,6 +1,7 @@
 #include "slides/FrmSlides.h"
 
 #include "controls/ui/palette.h"
+#include "controls/ui/take_text.h"
 #include "display/page_builder.h"
 #include "foundation/file_name.h"
 #include "foundation/text_utils.h"
@@ -18,8 +19,10 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSet>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace tolmira {
@@ -31,14 +34,6 @@ constexpr QSize FirstSize{1200, 700};
 constexpr QSize Around{24, 40}; // of the screen, which stays free
 constexpr int ExitMs = 1200;    // until the text comes back that went with its effect
 enum Answer { SaveIt = 0, DropIt = 1 };
-
-void TakeText(QLineEdit *box, const QString &texto) {
-  if (box->text() == texto)
-    return;
-  const int caret = box->cursorPosition();
-  box->setText(texto);
-  box->setCursorPosition(box->hasFocus() ? caret : 0);
-}
 
 } // namespace
 
@@ -392,9 +387,11 @@ void FrmSlides::ShowStrip() {
     m_picPics->Escolhe(m_editor.Indice());
     return;
   }
-  m_naTira = nomes;
+  const QStringList antes = std::exchange(m_naTira, nomes);
   m_picPics->Show(nomes, m_editor.Indice(), legendas);
-  for (const QString &nome : nomes)
+  QSet<QString> novos(nomes.begin(), nomes.end());
+  novos.subtract({antes.begin(), antes.end()}); // the strip keeps the pictures of the others
+  for (const QString &nome : std::as_const(novos))
     m_picPics->SetPicture(nome, m_copias.value(nome).image);
   m_loader.Deseja(semCopia);
 }

@@ -25,7 +25,13 @@ QString Problema(const QString &nome) {
 
 } // namespace
 
-void ShowEditor::CarregarSlide(const QString &path) {
+bool ShowEditor::CarregarSlide(const QString &path) {
+  // What cannot be read whole could not be written back as it was.
+  if (FileExists(path)) {
+    const FileContent content = ReadFileContent(path);
+    if (!content.complete || content.bytes.contains('\0'))
+      return false;
+  }
   const SlideShowDocument show = LeSlideShow(path);
   m_path = path;
   TxtNome = FileNameWithoutExtension(path, QStringLiteral("."));
@@ -38,6 +44,7 @@ void ShowEditor::CarregarSlide(const QString &path) {
   m_imagens = show.imagens;
   m_pendente = AcaoDoShow::Nenhuma;
   m_gravado = Documento();
+  return true;
 }
 
 QString ShowEditor::Titulo() const {
@@ -47,7 +54,7 @@ QString ShowEditor::Titulo() const {
 
 void ShowEditor::Adiciona(const QStringList &paths) { m_imagens += paths; }
 
-bool ShowEditor::Alterado() const { return !(Documento() == m_gravado); }
+bool ShowEditor::Alterado() const { return Documento() != m_gravado; }
 
 SlideShowDocument ShowEditor::Documento() const {
   SlideShowDocument show;
@@ -84,10 +91,10 @@ PassoDoEditor ShowEditor::Recebe(const RespostaDaGaleria &resposta) {
   if (acao == AcaoDoShow::Nenhuma)
     return passo;
   if (acao == AcaoDoShow::ExibirAgora) {
-    passo.exibe = GravaSlideShow(acao);
+    passo.exibe = passo.gravado = GravaSlideShow(acao);
     return passo;
   }
-  const QString gravado = GravaSlideShow(AcaoDoShow::ApenasSalvar);
+  const QString gravado = passo.gravado = GravaSlideShow(AcaoDoShow::ApenasSalvar);
   if (gravado.isEmpty() || !FileExists(gravado))
     return passo;
   passo.fecha = acao == AcaoDoShow::SalvarESair || acao == AcaoDoShow::AdicionarNaAgenda;

@@ -20,18 +20,20 @@ struct RespostaDaGaleria {
 
 // What the window does after an answer of its gallery.
 struct PassoDoEditor {
+  QString gravado;    // the file that was written
   QString exibe;      // the file of the show that starts now
   QString adiciona;   // the file that goes to the agenda
   bool fecha = false; // the editor
 };
 
 // One slide show under change. It knows the pictures as they were laid out last; the order that counts is that on the
-// gallery's page, so each save waits for the page's answer.
+// gallery's page, so each save by a button waits for the page's answer.
 class ShowEditor {
 public:
   ShowEditor(const AppFolder &app, UserPrompt &prompt) : m_app(app), m_prompt(prompt) {}
 
-  void CarregarSlide(const QString &path);
+  // A path without a file makes a new show. False, and nothing is changed, for a file that cannot be read whole.
+  bool CarregarSlide(const QString &path);
   const QString &Path() const { return m_path; } // empty for a show that has no file under \SlideShow
   QString Titulo() const;
 

@@ -44,7 +44,7 @@ bool BeginsStep(const Difference &difference) {
   return !one || (!difference.inserted.isEmpty() && difference.inserted[0].isSpace());
 }
 
-QString WithoutControls(QString text) {
+QString WithoutNul(QString text) {
   return text.remove(QChar(u'\0'));
 }
 
@@ -198,13 +198,13 @@ void SlideEditor::SelecionaSlide(int index) {
 }
 
 void SlideEditor::DefineTitulo(const QString &titulo) {
-  QString line = WithoutControls(titulo);
+  QString line = WithoutNul(titulo);
   line.replace(u'\r', u' ').replace(u'\n', u' ');
   ChangeText("Titulo", &Slide::Titulo, line);
 }
 
 void SlideEditor::DefineTexto(const QString &texto) {
-  ChangeText("Texto", &Slide::Texto, NormalizeLineEnds(WithoutControls(texto)));
+  ChangeText("Texto", &Slide::Texto, NormalizeLineEnds(WithoutNul(texto)));
 }
 
 void SlideEditor::DefineAlinhamento(qint16 alinhamento) {

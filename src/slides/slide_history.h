@@ -7,8 +7,8 @@
 
 namespace tolmira {
 
-// The changes of a document, to be taken back and made again. Documents share what they have in common, so that each
-// step costs little more than what it changes.
+// The changes of a document, to be taken back and made again. Documents share their texts, so that each step
+// costs little more than what it changes and a list of the slides.
 class SlideHistory {
 public:
   struct Moment {

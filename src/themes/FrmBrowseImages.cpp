@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tolmira {
@@ -221,13 +222,14 @@ bool FrmBrowseImages::Usa() {
   const QString path = m_galeria.Caminho(usavel);
   if (m_pedido.modo == u"FrmMonitor")
     return !m_doors.exibeImagem || m_doors.exibeImagem(path, m_chkMoveImagem->isChecked());
-  if (m_pedido.usa)
-    m_pedido.usa(path);
+  if (const auto usa = m_pedido.usa) // which may ask something, and the window be opened for something else meanwhile
+    usa(path);
   return true;
 }
 
 void FrmBrowseImages::ExibireFechar() {
-  if (!Usa())
+  const QPointer<FrmBrowseImages> alive(this);
+  if (!Usa() || !alive)
     return;
   if (m_pedido.modo == u"FrmSlideShow") // which takes many
     m_estado->setText(tr("Added: %1").arg(m_grade->NomeArquivo()));
@@ -348,6 +350,9 @@ void FrmBrowseImages::keyPressEvent(QKeyEvent *event) {
     FechaPreview();
   else if (event->key() == Qt::Key_Escape)
     close();
+  else if (auto *button = qobject_cast<QPushButton *>(focusWidget());
+           button && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+    button->click();
   else
     QWidget::keyPressEvent(event);
 }
@@ -363,6 +368,15 @@ void FrmBrowseImages::resizeEvent(QResizeEvent *event) {
 void FrmBrowseImages::hideEvent(QHideEvent *event) {
   m_doors.posicoes.SaveFormPosition(*this, false);
   QWidget::hideEvent(event);
+  // When it is hidden. Window managers lose the focus when a box and the window below it go at the same moment, and what
+  // is still being added must not end with the editor that the gallery was open for.
+  QTimer::singleShot(0, this, [this] {
+    if (isVisible() || !parentWidget())
+      return;
+    parentWidget()->activateWindow();
+    if (m_doors.dono && parentWidget() != m_doors.dono)
+      setParent(m_doors.dono, Qt::Dialog);
+  });
 }
 
 } // namespace tolmira

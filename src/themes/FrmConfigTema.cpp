@@ -482,7 +482,7 @@ void FrmConfigTema::keyPressEvent(QKeyEvent *event) {
   if (plain && event->key() == Qt::Key_Escape) {
     close();
   } else if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-    if (auto *button = qobject_cast<QAbstractButton *>(focusWidget()))
+    if (auto *button = qobject_cast<QPushButton *>(focusWidget()))
       button->click();
     else
       Command4();

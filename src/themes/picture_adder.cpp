@@ -69,7 +69,7 @@ void PictureAdder::Proximo() {
 
 void PictureAdder::Examinou(const QString &path, const NomeDeImagem &nome) {
   if (nome.nome.isEmpty()) {
-    m_recusadas.append(QFileInfo(path).fileName());
+    (nome.sumiu ? m_perdidas : m_recusadas).append(QFileInfo(path).fileName());
     Proximo();
     return;
   }

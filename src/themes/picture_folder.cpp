@@ -118,15 +118,15 @@ bool EstaEmImagens(const AppFolder &app, const QString &path) {
 NomeDeImagem NomeEmImagens(const QString &path) {
   const PictureFacts facts = ExaminePicture(path);
   if (facts.problem != PictureProblem::None)
-    return {};
-  return {NomePara(QFileInfo(path).fileName(), facts.format), !FicaComoEsta(facts.format)};
+    return {{}, false, facts.problem == PictureProblem::Missing};
+  return {NomePara(QFileInfo(path).fileName(), facts.format), !FicaComoEsta(facts.format), false};
 }
 
 Copia CopiaParaImagens(const AppFolder &app, const QString &path, const QString &nome) {
   const QString destino = app.At(u"\\Images\\") + nome;
   const PictureFacts facts = ExaminePicture(path);
   if (facts.problem != PictureProblem::None)
-    return Copia::SemImagem;
+    return facts.problem == PictureProblem::Missing ? Copia::SemLugar : Copia::SemImagem;
   if (FicaComoEsta(facts.format)) {
     if (!CopiaInteiro(path, MapStoredPath(destino).text()))
       return Copia::SemLugar;

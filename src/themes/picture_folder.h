@@ -19,6 +19,7 @@ bool EstaEmImagens(const AppFolder &app, const QString &path);
 struct NomeDeImagem {
   QString nome;
   bool converte = false; // the picture is none of JPEG, PNG and BMP and becomes a JPEG
+  bool sumiu = false;    // there is no file to look at any more, or none that can be read
 };
 NomeDeImagem NomeEmImagens(const QString &path);
 

@@ -77,21 +77,24 @@ PictureImage TrazMiniatura(const AppFolder &app, const QString &nome) {
 
 namespace {
 
-// Documents of earlier installations name pictures in "\\Imagens\\", whose small copies lie in "\\Imagens\\mini\\".
+// Documents of earlier installations name pictures in \Imagens\, whose small copies lie in \Imagens\mini\.
 QString MiniaturaAntiga(const QString &caminho) {
   static const QString pasta = QStringLiteral("\\Imagens\\");
   const QString comBarras = QString(caminho).replace(u'/', u'\\');
-  if (!comBarras.contains(pasta, Qt::CaseInsensitive))
-    return {};
-  return QString(comBarras).replace(pasta, pasta + QStringLiteral("mini\\"), Qt::CaseInsensitive);
+  const qsizetype onde = comBarras.lastIndexOf(pasta, -1, Qt::CaseInsensitive);
+  return onde < 0 ? QString() : QString(comBarras).insert(onde + pasta.size(), QStringLiteral("mini\\"));
 }
 
 } // namespace
 
 PictureImage TrazMiniaturaDe(const AppFolder &app, const QString &caminho) {
   if (const QString antiga = MiniaturaAntiga(caminho); !antiga.isEmpty() && FileExists(antiga))
-    if (PictureImage result = ReadAtSmallSize(MapStoredPath(antiga).text()); !result.image.isNull())
+    if (PictureImage result = ReadAtSmallSize(MapStoredPath(antiga).text()); !result.image.isNull()) {
+      // Small copies have one size whatever the picture's, which gives back its proportions.
+      if (const QSize size = PictureSize(MapStoredPath(caminho).text()); !size.isEmpty())
+        result.size = size;
       return result;
+    }
   const auto comBarras = [](QString path) { return path.replace(u'\\', u'/'); };
   const QString pasta = comBarras(app.At(u"\\Images\\"));
   const QString onde = comBarras(caminho);

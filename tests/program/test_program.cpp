@@ -85,6 +85,12 @@ private slots:
         QVERIFY(program.WaitForText(page, QStringLiteral("1 2 3")));
         program.Eval(page, QStringLiteral("window.changes = 0; new MutationObserver(() => ++changes)"
                                           ".observe(document, {subtree: true, childList: true, attributes: true})"));
+        const auto calm = [&] { // the verse may still be on its way in
+          program.Eval(page, QStringLiteral("changes = 0"));
+          QTest::qWait(700);
+          return program.Eval(page, QStringLiteral("changes")) == u"0";
+        };
+        QVERIFY(QTest::qWaitFor(calm, 20000));
       }
       const auto lost = [&] {
         QStringList which;

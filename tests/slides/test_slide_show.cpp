@@ -70,7 +70,7 @@ private slots:
     room.editor.Pede(AcaoDoShow::SalvarESair);
     QVERIFY(room.Answer(imagens).fecha);
     ShowEditor other(room.app, room.prompt);
-    other.CarregarSlide(room.editor.Path());
+    QVERIFY(other.CarregarSlide(room.editor.Path()));
     QCOMPARE(other.TxtNome, QStringLiteral("É"));
     QCOMPARE(other.Imagens(), imagens);
     QCOMPARE(other.textoInicio, room.editor.textoInicio);

@@ -282,10 +282,17 @@ private slots:
     room.player.Mudou();
     QCOMPARE(picture->text(), QStringLiteral("The show has ended."));
     QVERIFY(form->findChild<QLabel *>(QStringLiteral("LabelAviso"))->isVisible());
+    room.player.ended = false;
     QVERIFY(room.windows->FechaControle());
     QVERIFY(!room.windows->FechaControle());
     QCOMPARE(room.player.calls.mid(2), QStringList({QStringLiteral("volume 30"), QStringLiteral("picture b.jpg"),
                                                     QStringLiteral("close")}));
+    // The next one hears of its show although the one before it goes only now.
+    room.windows->AbreControle(path);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(room.player.Mudou);
+    QVERIFY(room.windows->FechaControle());
+    QVERIFY(!room.player.Mudou);
     room.windows->AbreControle(QStringLiteral("/gone.sw"));
     QCOMPARE(room.prompt.TakeTexts(), QStringList{QStringLiteral("File not found!")});
     QVERIFY(!room.windows->FechaControle());
@@ -297,6 +304,17 @@ private slots:
     room.windows->AbreLista();
     Room::Shown("FrmListaSlidesShow")->findChild<QPushButton *>(QStringLiteral("Command3"))->click();
     QCOMPARE(room.prompt.TakeTexts(), QStringList{QStringLiteral("First, close the slideshow editing screen.")});
+  }
+
+  // Saved, it would be an empty one.
+  void aShowThatCannotBeReadIsNotEdited() {
+    Room room(*m_page);
+    WriteBytes(room.app.path() + QStringLiteral("/SlideShow/Broken.sw"), QByteArray("[Setup]\0\0", 9));
+    room.windows->Edita(CaminhoDoSlideShow(room.app, QStringLiteral("Broken")));
+    QCOMPARE(room.prompt.TakeTexts(),
+             QStringList{QStringLiteral("This slide show cannot be read. Its file is damaged, or it is no text.\n\nBroken.sw")});
+    QVERIFY(!Room::Shown("FrmSlideShow"));
+    QFile::remove(room.app.path() + QStringLiteral("/SlideShow/Broken.sw"));
   }
 
   void aDeletedShowLeavesTheAgendas() {

@@ -135,15 +135,16 @@ private slots:
     room.Type("Text2", QStringLiteral("one"));
     QTest::keyClick(room.Named<QWidget>("Text2"), Qt::Key_Return);
     room.Type("Text2", QStringLiteral("|# \\'two"));
+    room.Type("Text2", QStringLiteral("\u00a0!")); // a blank at which no line may break
     QTRY_COMPARE(room.Shown("verso"), QStringLiteral("\"C:\\\\new 'ж' ção\""));
-    QTRY_COMPARE(room.Shown("textoSlide"), QStringLiteral("\"one\\n|# \\\\'two\""));
+    QTRY_COMPARE(room.Shown("textoSlide"), QStringLiteral("\"one\\n|# \\\\'two\u00a0!\""));
     QTest::keyClick(room.Editor(), Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(room.prompt.TakeTexts(), QStringList());
     const SlideDocument saved = LoadSlideNew(room.File("Slides/Harvest.sld"));
     QCOMPARE(saved.Count(), 2);
     QCOMPARE(saved.Em(1).Imagem, room.gallery[0]);
     QCOMPARE(saved.Em(1).Titulo, QStringLiteral("First"));
-    QCOMPARE(saved.Em(2).Texto, QStringLiteral("one\r\n|# \\'two"));
+    QCOMPARE(saved.Em(2).Texto, QStringLiteral("one\r\n|# \\'two\u00a0!"));
 
     // The list has it, and adds it when the editor is closed.
     QTest::keyClick(box, Qt::Key_Return);

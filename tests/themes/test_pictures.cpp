@@ -34,6 +34,16 @@ class TestPictures : public QObject {
 private slots:
   void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 
+  void anEarlierInstallationsCopyKeepsItsProportions() {
+    GalleryRoom room;
+    QDir(room.app.path()).mkpath(QStringLiteral("Imagens/mini"));
+    const QString path = room.Write(QStringLiteral("app/Imagens/a.jpg"), NoisyJpeg({400, 100}));
+    room.Write(QStringLiteral("app/Imagens/mini/a.jpg"), NoisyJpeg({160, 120}));
+    QCOMPARE(TrazMiniaturaDe(room.app, path).size, QSize(400, 100));
+    QFile::remove(path);
+    QCOMPARE(TrazMiniaturaDe(room.app, path).size, QSize(160, 120)); // better than nothing
+  }
+
   void whatIsWrongWithAFile_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<PictureProblem>("problem");
@@ -177,8 +187,8 @@ private slots:
     QTest::newRow("names") << QStringList{mine("ç d'água #1 100%.png"), mine("a|b.png")} << QList<int>{} << none
                            << QStringList{QString::fromUtf8("ç d'água #1 100%.png"), QStringLiteral("a_b.png")};
     QTest::newRow("no picture") << QStringList{mine("letter.jpg"), mine("missing.jpg"), mine("new.png")} << QList<int>{}
-                                << QStringList{QStringLiteral(
-                                       "These files cannot be used as pictures.\nletter.jpg\nmissing.jpg")}
+                                << QStringList{NotCopied + u"\nmissing.jpg",
+                                               QStringLiteral("This file cannot be used as a picture.\nletter.jpg")}
                                 << QStringList{QStringLiteral("new.png")};
   }
   void adding() {

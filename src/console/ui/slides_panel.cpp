@@ -2,6 +2,7 @@
 
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/tile_grid.h"
 #include "themes/small_copy.h"
 #include "themes/small_copy_loader.h"
 
@@ -165,16 +166,8 @@ SlidesPanel::SlidesPanel(ConsoleParts parts, QWidget *parent)
   setItemDelegate(new TileDelegate(*m_modelo, parts.console.estado, parts.console.painel, this));
   setFocusPolicy(Qt::NoFocus); // the keys are the area's that it lies in
   setFrameShape(QFrame::NoFrame);
-  setFlow(QListView::LeftToRight);
-  setWrapping(true);
-  setUniformItemSizes(true);
-  setResizeMode(QListView::Adjust);
-  setVerticalScrollMode(ScrollPerPixel);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // or the columns would depend on the rows
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  MakeTileGrid(*this);
   setSelectionMode(NoSelection);
-  setEditTriggers(NoEditTriggers);
-  setMouseTracking(true);
 
   m_pede->setSingleShot(true);
   m_pede->setInterval(0);

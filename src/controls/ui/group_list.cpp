@@ -216,6 +216,12 @@ void GroupList::focusInEvent(QFocusEvent *event) {
   setCurrentItem(nullptr);
 }
 
+void GroupList::resizeEvent(QResizeEvent *event) {
+  QListWidget::resizeEvent(event);
+  if (const QListWidgetItem *chosen = currentItem())
+    scrollToItem(chosen);
+}
+
 void GroupList::mouseDoubleClickEvent(QMouseEvent *event) {
   QListWidget::mouseDoubleClickEvent(event);
   const QListWidgetItem *hit = itemAt(event->pos());

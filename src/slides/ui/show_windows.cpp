@@ -2,6 +2,7 @@
 
 #include "controls/ui/close_all.h"
 #include "foundation/real_path.h"
+#include "foundation/text_utils.h"
 #include "slides/FrmListaSlidesShow.h"
 #include "slides/FrmSlideShow.h"
 #include "slides/FrmSlideShowControl.h"
@@ -38,17 +39,19 @@ void ShowWindows::Edita(const QString &path) {
 
 void ShowWindows::AbreEditor(const QString &path) {
   FrmSlideShow *editor = m_editors.emplace_back(std::make_unique<FrmSlideShow>(m_doors)).get();
-  // It is still handling the event that closed it.
-  QObject::connect(editor, &FrmSlideShow::Closed, editor, [this] {
-    m_editors.back().release()->deleteLater();
-    m_editors.pop_back();
-  });
+  QObject::connect(editor, &FrmSlideShow::Closed, editor, [this, editor] { ForgetClosed(m_editors, editor); });
   QObject::connect(editor, &FrmSlideShow::Salvou, editor, [this](const QString &nome) {
     if (m_lista && m_lista->isVisible())
       m_lista->AtualizaLista(nome);
   });
-  editor->CarregarSlide(path);
-  editor->Open();
+  if (editor->CarregarSlide(path)) {
+    editor->Open();
+    return;
+  }
+  m_editors.pop_back();
+  m_doors.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"),
+                         QStringLiteral("This slide show cannot be read. Its file is damaged, or it is no text.\n\n") +
+                             FileNameOf(path));
 }
 
 bool ShowWindows::FechaTodos() { return CloseAll(m_editors, m_closing); }

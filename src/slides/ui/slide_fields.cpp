@@ -2,6 +2,7 @@
 
 #include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/take_text.h"
 #include "controls/ui/value_slider.h"
 #include "slides/slide_editor.h"
 
@@ -29,32 +30,6 @@ constexpr qint16 Alinhamentos[] = {0, AlinhamentoCentrado};
 
 QString ForBox(QString texto) {
   return texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-}
-
-// Puts `texto` into the box by changing only what differs, so that the caret stays where somebody types.
-void TakeText(QPlainTextEdit *box, const QString &texto) {
-  const QString now = box->toPlainText();
-  if (now == texto)
-    return;
-  qsizetype start = 0;
-  while (start < now.size() && start < texto.size() && now[start] == texto[start])
-    ++start;
-  qsizetype end = 0;
-  while (end < now.size() - start && end < texto.size() - start &&
-         now[now.size() - 1 - end] == texto[texto.size() - 1 - end])
-    ++end;
-  QTextCursor cursor(box->document());
-  cursor.setPosition(static_cast<int>(start));
-  cursor.setPosition(static_cast<int>(now.size() - end), QTextCursor::KeepAnchor);
-  cursor.insertText(texto.mid(start, texto.size() - start - end));
-}
-
-void TakeText(QLineEdit *box, const QString &texto) {
-  if (box->text() == texto)
-    return;
-  const int caret = box->cursorPosition();
-  box->setText(texto);
-  box->setCursorPosition(box->hasFocus() ? caret : 0);
 }
 
 } // namespace
@@ -98,7 +73,7 @@ void SlideFields::MakeTexts(QVBoxLayout *column) {
 void SlideFields::TextTyped() {
   if (m_loading || m_editor.Indice() == 0)
     return;
-  const QString typed = m_text2->toPlainText();
+  const QString typed = TypedText(*m_text2);
   m_editor.DefineTexto(typed);
   emit Mudou();
   const QString kept = ForBox(m_editor.Documento().Em(m_editor.Indice()).Texto);

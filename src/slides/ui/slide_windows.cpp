@@ -63,13 +63,7 @@ FrmSlides *SlideWindows::Make(const QString &pedido) {
       m_lista->AtualizaLista(BaseNameBefore(newName, QStringLiteral(".")));
   };
   QObject::connect(editor, &FrmSlides::Salvou, editor, salvou);
-  // It is still handling the event that closed it.
-  QObject::connect(editor, &FrmSlides::Closed, editor, [this] {
-    if (m_editors.empty())
-      return;
-    m_editors.back().release()->deleteLater();
-    m_editors.clear();
-  });
+  QObject::connect(editor, &FrmSlides::Closed, editor, [this, editor] { ForgetClosed(m_editors, editor); });
   return editor;
 }
 

@@ -31,15 +31,7 @@ FrmEditar *SongEditors::Make(SongEditorParent *parent) {
     return found && found != editor;
   };
   QObject::connect(editor, &FrmEditar::FormatWanted, editor, [this] { AbreFormato(); });
-  // It is still handling the event that closed it.
-  QObject::connect(editor, &FrmEditar::Closed, editor, [this, editor] {
-    const auto found =
-        std::find_if(m_editors.begin(), m_editors.end(), [editor](const auto &one) { return one.get() == editor; });
-    if (found == m_editors.end())
-      return;
-    found->release()->deleteLater();
-    m_editors.erase(found);
-  });
+  QObject::connect(editor, &FrmEditar::Closed, editor, [this, editor] { ForgetClosed(m_editors, editor); });
   return editor;
 }
 

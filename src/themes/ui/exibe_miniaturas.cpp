@@ -2,6 +2,7 @@
 
 #include "controls/ui/desk_icon.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/tile_grid.h"
 #include "themes/small_copy.h"
 #include "themes/small_copy_loader.h"
 
@@ -103,16 +104,8 @@ cExibeMiniaturas::cExibeMiniaturas(const PictureGallery &galeria, SmallCopyLoade
       m_pede(new QTimer(this)), m_corDeFundo(cores::Raised), m_distancia(medidas::Gap), m_borda(medidas::Gap) {
   setModel(m_modelo);
   setItemDelegate(new CellDelegate(this));
-  setFlow(QListView::LeftToRight);
-  setWrapping(true);
-  setUniformItemSizes(true);
-  setResizeMode(QListView::Adjust);
-  setVerticalScrollMode(ScrollPerPixel);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // or the columns would depend on the rows
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  MakeTileGrid(*this);
   setSelectionMode(SingleSelection);
-  setEditTriggers(NoEditTriggers);
-  setMouseTracking(true);
   setTabKeyNavigation(false);
   setAcceptDrops(true);
   setDropIndicatorShown(false);
@@ -121,9 +114,6 @@ cExibeMiniaturas::cExibeMiniaturas(const PictureGallery &galeria, SmallCopyLoade
   m_pede->setInterval(0);
   connect(m_pede, &QTimer::timeout, this, &cExibeMiniaturas::PedeVisiveis);
   connect(verticalScrollBar(), &QScrollBar::valueChanged, m_pede, qOverload<>(&QTimer::start));
-  // The bar keeps its place, and shows a handle only where there is something to scroll.
-  connect(verticalScrollBar(), &QScrollBar::rangeChanged, verticalScrollBar(),
-          [bar = verticalScrollBar()](int least, int most) { bar->setEnabled(most > least); });
   connect(m_modelo, &QAbstractItemModel::modelReset, m_pede, qOverload<>(&QTimer::start));
   connect(m_modelo, &QAbstractItemModel::rowsRemoved, m_pede, qOverload<>(&QTimer::start));
   connect(&loader, &SmallCopyLoader::Pronta, m_modelo, &GalleryModel::Recebe);

@@ -86,7 +86,7 @@ void PictureStrip::Grava(QListWidgetItem *cell, const QString &legenda) {
 }
 
 void PictureStrip::MudaLegenda(int posicao, const QString &legenda) {
-  if (QListWidgetItem *cell = item(posicao - 1))
+  if (QListWidgetItem *cell = item(posicao - 1); cell && cell->data(Qt::UserRole).toString() != legenda)
     Grava(cell, legenda);
 }
 

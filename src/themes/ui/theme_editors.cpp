@@ -26,15 +26,7 @@ void ThemeEditors::AbreConfigTema(int n) {
     return;
   }
   FrmConfigTema *editor = m_editors.emplace_back(std::make_unique<FrmConfigTema>(m_doors)).get();
-  // It is still handling the event that closed it.
-  QObject::connect(editor, &FrmConfigTema::Closed, editor, [this, editor] {
-    const auto found =
-        std::find_if(m_editors.begin(), m_editors.end(), [editor](const auto &one) { return one.get() == editor; });
-    if (found == m_editors.end())
-      return;
-    found->release()->deleteLater();
-    m_editors.erase(found);
-  });
+  QObject::connect(editor, &FrmConfigTema::Closed, editor, [this, editor] { ForgetClosed(m_editors, editor); });
   editor->SetIndex(n);
   editor->Open();
 }

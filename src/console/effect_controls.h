@@ -10,8 +10,9 @@ class SongLoader;
 class ThemeControl;
 enum class GrupoEfeito;
 
-// Effects, filters, font and background colour of the theme in force, or of the slide document on show. They are changed
-// for this session only: applying a theme, or showing the document anew, brings back what it says. A value given before the console has loaded is dropped.
+// Effects, filters, font and background colour of the theme in force, or of the slide document on show. They are
+// changed for this session only: applying a theme, or showing the document anew, brings back what it says. A value
+// given before the console has loaded is dropped.
 class EffectControls {
 public:
   EffectControls(ConsoleContext &console, ThemeControl &temas, SongLoader &loader, BibleLoader &leitura,
@@ -26,8 +27,8 @@ public:
   void ComboEfeitoTexto(const QString &familia);
   void ComboEfeitoTextoExtra(const QString &variante);
 
-  // One picture over the theme, placed by hand: no item changes the theme until the text is moved. `move` as ChkMoveImagem.
-  // False while slides or a show are on, which is told.
+  // One picture over the theme, placed by hand: no item changes the theme until the text is moved. `move` as
+  // ChkMoveImagem. False while slides or a show are on, which is told.
   bool ImagemDaGaleria(const QString &path, bool move);
   void ChkMoveImagem(bool ligado);
   void ChkFadeImagem(bool ligado);
@@ -35,12 +36,12 @@ public:
   void ChkFadeTexto(bool ligado);
   void ChkZoomTexto(bool ligado);
 
-  void slider1(int porCento); // brightness
-  void slider3(int porCento); // contrast
-  void slider4(int porCento); // saturation
-  void slider5(int pixels);   // blur
+  void slider1(int porCento);                  // brightness
+  void slider3(int porCento);                  // contrast
+  void slider4(int porCento);                  // saturation
+  void slider5(int pixels);                    // blur
   void updateEfeitos(Alvo alvo = Alvo::Ambas); // the filters go to the pages
-  void updateEfeitos2();      // the sliders take the theme's values; nothing is sent
+  void updateEfeitos2();                       // the sliders take the theme's values; nothing is sent
 
   void SelectColors1(); // asks for a colour and makes it the background
   void ComboFontes(const QString &fonte);

@@ -25,7 +25,8 @@ private:
 // several candidates that differ only in case, the exact one wins, then the first in name order.
 RealPath MapStoredPath(const QString &stored);
 
-// Whether two stored paths lead to one file: by the same name, in another case on a disk that knows none, or through a link.
+// Whether two stored paths lead to one file: by the same name, in another case on a disk that knows none, or through a
+// link.
 bool IsSameFile(const QString &one, const QString &other);
 
 } // namespace tolmira

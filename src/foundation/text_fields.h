@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringList>
-
 #include <algorithm>
 #include <limits>
 
@@ -28,7 +27,8 @@ double NumericPrefix(const QString &text);
 // Float to whole number, halves to the even neighbour, as every such conversion here.
 int RoundHalfEven(double value);
 
-// The number at the head of a text in that type of integer, as RoundHalfEven makes it; the nearest one that the type has.
+// The number at the head of a text in that type of integer, as RoundHalfEven makes it; the nearest one that the type
+// has.
 template <typename Inteiro> Inteiro WholeNumber(const QString &text) {
   using Limits = std::numeric_limits<Inteiro>;
   return static_cast<Inteiro>(

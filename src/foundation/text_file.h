@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/code_page.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include "foundation/code_page.h"
 
 class QIODevice;
 class QSaveFile;
@@ -31,8 +31,8 @@ QString ReadWholeFile(const QString &storedPath);
 // folder. False when nothing was written; the old content then stands.
 bool WriteFileAtomically(const QString &storedPath, const QByteArray &bytes);
 
-// The same without waiting for the disk: a crash of the program loses nothing that way, one of the machine may. For what
-// is written often or can be made again.
+// The same without waiting for the disk: a crash of the program loses nothing that way, one of the machine may. For
+// what is written often or can be made again.
 bool ReplaceFile(const QString &storedPath, const QByteArray &bytes);
 
 // The last step for whoever fills a QSaveFile itself: puts it in its place only when every byte reached the disk, which

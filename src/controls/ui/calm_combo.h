@@ -5,8 +5,8 @@
 
 namespace tolmira {
 
-// A combo box that the wheel changes only where it has the focus: what a box on the desk chooses goes to the projection, and
-// scrolling past it must change nothing there.
+// A combo box that the wheel changes only where it has the focus: what a box on the desk chooses goes to the
+// projection, and scrolling past it must change nothing there.
 class CalmCombo : public QComboBox {
 public:
   using QComboBox::QComboBox;

@@ -18,10 +18,11 @@ public:
 
   // On unload.
   void SaveFormPosition(const QWidget &form, bool useTag) const;
-  // On load; a window that is larger than its screen becomes as large as that. `fixedTop` and `fixedLeft` in pixels; 0 means centred. Yields twice at the end.
+  // On load; a window that is larger than its screen becomes as large as that. `fixedTop` and `fixedLeft` in pixels; 0
+  // means centred. Yields twice at the end.
   void RestoreFormPosition(QWidget &form, bool useTag, int fixedTop = 0, int fixedLeft = 0) const;
-  // A window that stands on no monitor any more, or behind `covered` (pixels; empty for nothing), comes to the middle of
-  // the console's monitor.
+  // A window that stands on no monitor any more, or behind `covered` (pixels; empty for nothing), comes to the middle
+  // of the console's monitor.
   void TrazDeVolta(QWidget &form, const QRect &covered) const;
 
 private:

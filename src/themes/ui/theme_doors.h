@@ -27,8 +27,8 @@ struct ThemeDoors {
 
 // Who opens the gallery, and what becomes of the picture.
 struct PedidoDeImagem {
-  QString modo;                                 // "FrmConfigTema", "FrmSlides", "FrmSlideShow", "FundoPadrao" or "FrmMonitor"
-  int numero = 0;                               // of the theme or slide
+  QString modo;   // "FrmConfigTema", "FrmSlides", "FrmSlideShow", "FundoPadrao" or "FrmMonitor"
+  int numero = 0; // of the theme or slide
   std::function<void(const QString &path)> usa; // with the stored path, which lies in <app>\Images\.
   QWidget *dono = nullptr;                      // the window to stand over; the console when it is null
 };

@@ -16,7 +16,8 @@ namespace tolmira {
 class ColourButton;
 class FontBox;
 
-// Text, filters and effects of a theme, or of a slide document, which has no filters. What the operator does is in the record before its signal comes.
+// Text, filters and effects of a theme, or of a slide document, which has no filters. What the operator does is in the
+// record before its signal comes.
 class ThemeLook : public QWidget {
   Q_OBJECT
 

@@ -266,16 +266,18 @@
     return texto;
   }
 
+  const mostraTexto = (texto) => (texto.style.opacity = 1);
+
   const numero = (valor, padrao) => {
     const n = parseFloat(valor);
     return Number.isFinite(n) ? Math.max(0, n) : padrao;
   };
   const lista = (texto) => String(texto || '').split(',').map((s) => parseInt(s, 10));
 
-  // Where in the list the vez-th picture of that name is; 0 means the end of the list.
+  // Where in the list the vez-th picture of that name is; 0 means the end of the list, less the start text.
   function lugar(itens, { nome, vez }) {
-    if (!vez)
-      return itens.length;
+    if (vez <= 0)
+      return vez ? 0 : itens.length;
     const assim = itens.flatMap((item, i) => (item.nome === nome ? [i] : []));
     return assim[Math.min(vez, assim.length) - 1] || 0;
   }
@@ -311,8 +313,8 @@
 
   let curso = 0; // counts the runs: one that was given up does nothing any more
 
-  // `retoma` names the picture to begin with and which of those of its name it is. That picture, or the end text, stands at
-  // once. Without it the start text comes first.
+  // `retoma` names the picture to begin with and which of those of its name it is. That picture, or the start or end text,
+  // stands at once.
   async function corre(show, retoma) {
     const meu = ++curso;
     const vale = () => meu === curso;
@@ -348,12 +350,16 @@
     }
 
     let atual = null;
-    let guarda = retoma && guardaLugar(itens[proximo], palco);
+    const daImagem = retoma && retoma.vez > 0;
+    let guarda = daImagem && guardaLugar(itens[proximo], palco);
     let aguardado = busca();
 
-    const inicio = retoma ? null : poeTexto($('inicio'));
+    const inicio = retoma && retoma.vez >= 0 ? null : poeTexto($('inicio'));
     if (inicio) {
-      await move(inicio, { opacity: [0, 1], transform: ['translateY(2vh)', 'none'] }, entrada, SUAVE);
+      if (retoma)
+        mostraTexto(inicio);
+      else
+        await move(inicio, { opacity: [0, 1], transform: ['translateY(2vh)', 'none'] }, entrada, SUAVE);
       await espera(tempo).fim;
       aguardado = aguardado.then(async (quadro) => {
         if (!vale())
@@ -373,7 +379,7 @@
       relata('http://image/', quadro.item.nome);
       const antes = atual;
       const saindo = antes && escolhe(SAIDAS, antes.item.saida)(antes, saida);
-      if (!retoma || antes)
+      if (!daImagem || antes)
         await escolhe(ENTRADAS, quadro.item.entrada)(quadro, entrada);
       fica(quadro);
       if (guarda) {
@@ -409,7 +415,9 @@
     if (!vale())
       return;
     const fim = poeTexto($('final'));
-    if (fim && !(retoma && !retoma.vez))
+    if (fim && retoma && !retoma.vez)
+      mostraTexto(fim);
+    else if (fim)
       await move(fim, { opacity: [0, 1], transform: ['translateY(2vh)', 'none'] }, entrada, SUAVE);
   }
 

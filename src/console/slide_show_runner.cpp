@@ -18,6 +18,8 @@ constexpr QStringView PaginaDoShow = u"\\html\\sshow.html";
 constexpr int VolumeDoAudio = 50;
 constexpr int EsperaDoAudio = 1500; // ms between two looks at whether it plays
 constexpr int TempoLimiteSegundos = 8;
+constexpr int NoFim = 0; // places of a resumed show that no picture names
+constexpr int NoInicio = -1;
 
 } // namespace
 
@@ -223,20 +225,18 @@ void SlideShowRunner::PaginaCaiu() {
 void SlideShowRunner::PaginaVoltou(Alvo qual) {
   if (!EstaNoTelao())
     return;
-  const QString nome = Acabou() || m_mostradas.isEmpty() ? QString() : m_mostradas.last();
-  const int vez = Acabou() ? 0 : static_cast<int>(m_mostradas.count(nome));
-  if (Acabou() || vez > 0) {
-    const QJsonArray onde{nome, vez};
-    m_console.ScriptNasPaginas(u"if (typeof Retoma === 'function') Retoma(..." +
-                                   QString::fromUtf8(QJsonDocument(onde).toJson(QJsonDocument::Compact)) + u')',
-                               qual);
-  }
+  const bool noMeio = !Acabou() && !m_mostradas.isEmpty();
+  const QString nome = noMeio ? m_mostradas.last() : QString();
+  const int vez = noMeio ? static_cast<int>(m_mostradas.count(nome)) : Acabou() ? NoFim : NoInicio;
+  const QByteArray onde = QJsonDocument(QJsonArray{nome, vez}).toJson(QJsonDocument::Compact);
+  m_console.ScriptNasPaginas(
+      u"if (typeof Retoma === 'function') Retoma(..." + QString::fromUtf8(onde) + u')', qual);
   if (Parado())
     m_console.ScriptNasPaginas(QStringLiteral("Pause()"), qual);
   if (qual != Alvo::Telao)
     return;
   m_semPagina = false;
-  if (vez > 0)
+  if (noMeio)
     m_mostradas.removeLast(); // the page reports it once more
 }
 

@@ -104,7 +104,7 @@ private slots:
       return u"if (typeof Retoma === 'function') Retoma(..." + where + u')';
     };
     SlideShowRunner &show = house.core.show;
-    QCOMPARE(sent(Alvo::Previa), QStringList());
+    QCOMPARE(sent(Alvo::Previa), QStringList{resume(QStringLiteral("[\"\",-1]"))}); // its start text
     for (const char *name : {"a.jpg", "it's \"b\".jpg", "a.jpg"})
       show.ImagemMudou(QLatin1String(name));
     QCOMPARE(sent(Alvo::Previa), QStringList{resume(QStringLiteral("[\"a.jpg\",2]"))});

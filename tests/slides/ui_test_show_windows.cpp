@@ -257,6 +257,9 @@ private slots:
                                          "[...document.querySelectorAll('.fala')].map(e => e.textContent).join()");
     QTRY_COMPARE_WITH_TIMEOUT(Eval(host.WV(), shown), QStringLiteral("\"0The end\""), 20000);
     QCOMPARE(said.mid(2), QStringList{QStringLiteral("http://vaiacabar/?0")});
+    host.WV()->ExecuteScript(QStringLiteral("Pause();Retoma('', 0)"));
+    const QString seen = QStringLiteral("getComputedStyle(document.querySelector('.fala')).opacity");
+    QTRY_COMPARE_WITH_TIMEOUT(Eval(host.WV(), seen), QStringLiteral("\"1\""), 20000);
   }
 
   // Wherever the focus is, Space only pauses: it must not end a show.

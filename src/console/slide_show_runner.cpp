@@ -218,8 +218,10 @@ void SlideShowRunner::PaginaCaiu() {
     return;
   m_semPagina = true;
   m_timerFim->Stop();
-  if (Audio() && !Acabou())
+  if (MediaPlayer *wmp = Acabou() ? nullptr : Audio()) {
     m_console.telao()->ParaRampa();
+    wmp->SetVolume(m_volume); // the last picture comes once more
+  }
 }
 
 void SlideShowRunner::PaginaVoltou(Alvo qual) {

@@ -16,6 +16,8 @@ DocumentList::Kind Slides(const SlideDoors &doors, const EstadoSlides &estado, F
   slides.title = QObject::tr("Slides");
   slides.number = Kind;
   slides.none = QObject::tr("There are no slides yet.");
+  slides.one = QObject::tr("1 document");
+  slides.many = QObject::tr("%1 documents");
   slides.refusal = QStringLiteral("First, close the slide editing screen.");
   slides.noSelection = {semSelecao, semSelecao, semSelecao};
   slides.names = [app] { return ListaDeSlides(app); };

@@ -14,6 +14,8 @@ DocumentList::Kind Shows(const ShowDoors &doors, FrmListaSlidesShow::Editor &edi
   shows.title = QObject::tr("Slide shows");
   shows.number = TipoSlideShow;
   shows.none = QObject::tr("There are no slide shows yet.");
+  shows.one = QObject::tr("1 slide show");
+  shows.many = QObject::tr("%1 slide shows");
   shows.refusal = QStringLiteral("First, close the slideshow editing screen.");
   shows.noSelection = {QStringLiteral("Select the item you want to add to the agenda."),
                        QStringLiteral("Select the Slide Show you want to edit from the list."),

@@ -136,6 +136,7 @@ QWidget *FrmSlides::MakeStrip() {
   column->addWidget(add);
   m_picPics = new PictureStrip(Qt::Vertical, panel);
   m_picPics->setAccessibleName(tr("Slides"));
+  m_picPics->SetEmptyText(tr("No slides yet. Each picture that you add becomes one."));
   m_picPics->setToolTip(tr("A click edits the slide. Drag, or Alt with Up and Down, changes the order; Delete takes a\n"
                            "slide out, its picture stays in the gallery."));
   column->addWidget(m_picPics, 1);

@@ -336,6 +336,7 @@ void FrmBrowseImages::Exclui() {
   if (nome.isEmpty() || !m_galeria.Exclui(nome, m_doors.prompt) || !alive)
     return;
   m_grade->Retira(m_grade->Modelo().LinhaDe(nome));
+  m_estado->clear(); // what was added may be gone
   AtualizaTitulo();
   if (!m_preview->isVisible())
     return;

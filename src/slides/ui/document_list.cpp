@@ -142,8 +142,8 @@ void DocumentList::Mostra(const QString &selecionado) {
   m_list1->setCurrentRow(at < 0 && achados.size() == 1 ? 0 : static_cast<int>(at));
   m_quantos->setText(m_nomes.isEmpty() ? m_kind.none
                      : achados.size() == 1
-                         ? tr("1 document")
-                         : tr("%1 documents").arg(locale().toString(static_cast<qlonglong>(achados.size()))));
+                         ? m_kind.one
+                         : m_kind.many.arg(locale().toString(static_cast<qlonglong>(achados.size()))));
 }
 
 void DocumentList::AtualizaAgenda() {

@@ -29,13 +29,15 @@ public:
     QString title;
     int number = 0;  // of an agenda entry
     QString none;    // there are no documents
+    QString one;     // there is one
+    QString many;    // there are %1
     QString refusal; // the editor stands open
     struct {
       QString add;
       QString edit;
       QString remove;
     } noSelection;
-    bool keepsFocus = true; // behind showing; otherwise another window takes it
+    bool keepsFocus = true; // when an entry was shown; otherwise the window that opens for it has it
 
     std::function<QStringList()> names;                 // without folder and extension
     std::function<QString(const QString &name)> path;   // stored

@@ -127,6 +127,15 @@ void PictureStrip::SetPicture(const QString &nome, const QImage &imagem) {
       item(i)->setIcon(icon);
 }
 
+void PictureStrip::paintEvent(QPaintEvent *event) {
+  QListWidget::paintEvent(event);
+  if (count() > 0 || m_emptyText.isEmpty())
+    return;
+  QPainter painter(viewport());
+  painter.setPen(QColor::fromRgb(cores::Quiet));
+  painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+}
+
 void PictureStrip::keyPressEvent(QKeyEvent *event) {
   const int row = currentRow();
   const bool alt = event->modifiers() == Qt::AltModifier;

@@ -17,6 +17,7 @@ public:
   void Show(const QStringList &nomes, int escolhida, const QStringList &legendas = {});
   void MudaLegenda(int posicao, const QString &legenda);
   void Escolhe(int posicao); // without a signal
+  void SetEmptyText(const QString &text) { m_emptyText = text; } // what an empty strip says
   void SetPicture(const QString &nome, const QImage &imagem);
 
 signals:
@@ -26,11 +27,13 @@ signals:
 
 protected:
   void keyPressEvent(QKeyEvent *event) override;
+  void paintEvent(QPaintEvent *event) override;
 
 private:
   void Grava(QListWidgetItem *cell, const QString &legenda);
 
   const Qt::Orientation m_direcao;
+  QString m_emptyText;
   bool m_filling = false;
 };
 

@@ -89,6 +89,8 @@ bool PresentationFlow::CarregaShow(const QString &path) {
 }
 
 bool PresentationFlow::CarregaVideo(const QString &caption, const QString &path) {
+  if (m_slides.Visible() && !m_console.estado.FundoPreso) // behind them the theme in force is as it is stored
+    m_temas.TrocaTema(m_console.estado.IndiceTema);
   m_slides.Fecha();
   m_video.Inicia(path, caption);
   return true;

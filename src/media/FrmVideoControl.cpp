@@ -202,7 +202,7 @@ void FrmVideoControl::MostraAviso(const VideoControl::Progresso &visto) {
   if (aviso == m_labelAviso->text())
     return;
   m_labelAviso->setText(aviso);
-  SetLook(m_labelAviso, "state", visto.falhou ? QStringLiteral("off") : QString());
+  SetLook(m_labelAviso, "state", visto.falhou ? QStringLiteral("held") : QString());
 }
 
 void FrmVideoControl::MostraFaixas() {

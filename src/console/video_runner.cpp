@@ -21,8 +21,8 @@ constexpr int TempoLimiteSegundos = 8;
 } // namespace
 
 VideoRunner::VideoRunner(ConsoleContext &console, VerseStepper &stepper, ThemeControl &temas)
-    : m_console(console), m_stepper(stepper), m_temas(temas), m_timerWMP(console.clock.NewTimer([this] { TickWMP(); })) {
-}
+    : m_console(console), m_stepper(stepper), m_temas(temas),
+      m_timerWMP(console.clock.NewTimer([this] { TickWMP(); })) {}
 
 MediaPlayer *VideoRunner::Wmp() const {
   Display *display = m_console.telao();

@@ -32,10 +32,10 @@ FrmAddVideoNaLista::FrmAddVideoNaLista(const VideoDoors &doors, std::function<vo
   };
   auto *files = new QHBoxLayout;
   files->setSpacing(medidas::Gap);
-  m_commandVideo = button("CommandVideo", tr("Choose &files…"), tr("Puts videos of this computer into the active agenda"));
+  m_commandVideo =
+      button("CommandVideo", tr("Choose &files…"), tr("Puts videos of this computer into the active agenda"));
   m_commandVideo->setProperty("look", QStringLiteral("main"));
-  m_commandControle =
-      button("CommandControle", tr("&Control…"), tr("Opens the control of the video that is on show"));
+  m_commandControle = button("CommandControle", tr("&Control…"), tr("Opens the control of the video that is on show"));
   files->addWidget(m_commandVideo);
   files->addStretch(1);
   files->addWidget(m_commandControle);

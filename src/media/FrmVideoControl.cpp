@@ -105,7 +105,8 @@ void FrmVideoControl::MakeButtons(QVBoxLayout *column) {
     m_image3[static_cast<size_t>(i)] = button;
     row->addWidget(button);
   }
-  m_imageStop = NewIconButton(QStringLiteral("ImageStop"), "stop", tr("Ends the video and brings the theme back"), this);
+  m_imageStop =
+      NewIconButton(QStringLiteral("ImageStop"), "stop", tr("Ends the video and brings the theme back"), this);
   connect(m_imageStop, &QPushButton::clicked, this, [this] { m_doors.encerra(); });
   row->addWidget(m_imageStop);
   row->addSpacing(medidas::Margin);

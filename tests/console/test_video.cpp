@@ -97,9 +97,9 @@ private slots:
     house.Forget();
     house.Show(QStringLiteral("Canto"));
     const QStringList journal = house.TakeJournal();
-    QCOMPARE(journal.first(5), QStringList({QStringLiteral("player hidden"), QStringLiteral("wmp: stop"),
-                                            QStringLiteral("wmp: close"), QStringLiteral("wmp: loop 0"),
-                                            QStringLiteral("control closes")}));
+    QCOMPARE(journal.first(5),
+             QStringList({QStringLiteral("player hidden"), QStringLiteral("wmp: stop"), QStringLiteral("wmp: close"),
+                          QStringLiteral("wmp: loop 0"), QStringLiteral("control closes")}));
     QCOMPARE(journal.filter(QStringLiteral("CarregaTema|#")).size(), 1);
     QCOMPARE(house.core.estado.TipoAtual, QStringLiteral("Louvor"));
     QVERIFY(house.Banner().startsWith(u"LIVE, NO TEXT"));
@@ -142,9 +142,12 @@ private slots:
   void whatCannotBeShownChangesNothing_data() {
     QTest::addColumn<QString>("target");
     QTest::addColumn<QString>("message");
-    QTest::newRow("missing") << "/v/none.mp4" << "File not found!";
-    QTest::newRow("another site") << "https://example.org/v.mp4" << "File not found!";
-    QTest::newRow("web video") << "https://www.YouTube.com/embed/x" << "Web videos cannot be shown yet.";
+    QTest::newRow("missing") << "/v/none.mp4"
+                             << "File not found!";
+    QTest::newRow("another site") << "https://example.org/v.mp4"
+                                  << "File not found!";
+    QTest::newRow("web video") << "https://www.YouTube.com/embed/x"
+                               << "Web videos cannot be shown yet.";
   }
   void whatCannotBeShownChangesNothing() {
     QFETCH(QString, target);
@@ -165,12 +168,12 @@ private slots:
     house.EndGlide();
     house.Forget();
     house.ShowIt("Hino.mp3");
-    QCOMPARE(house.TakeJournal(),
-             QStringList({QStringLiteral("command UpdateText|#|#|#"), QStringLiteral("preview: UpdateTextHtml('')"),
-                          QStringLiteral("media reset"), QStringLiteral("player hidden"),
-                          u"wmp: URL " + house.Path("Hino.mp3"), QStringLiteral("wmp: stop"),
-                          QStringLiteral("wmp: play"), QStringLiteral("wmp: uiMode none"),
-                          QStringLiteral("control opens")}));
+    QCOMPARE(
+        house.TakeJournal(),
+        QStringList({QStringLiteral("command UpdateText|#|#|#"), QStringLiteral("preview: UpdateTextHtml('')"),
+                     QStringLiteral("media reset"), QStringLiteral("player hidden"),
+                     u"wmp: URL " + house.Path("Hino.mp3"), QStringLiteral("wmp: stop"), QStringLiteral("wmp: play"),
+                     QStringLiteral("wmp: uiMode none"), QStringLiteral("control opens")}));
     // Another size of the projection builds no page, which would stop the sound.
     house.core.TelaMudou();
     QVERIFY(house.TakeJournal().isEmpty());

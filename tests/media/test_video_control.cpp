@@ -44,7 +44,8 @@ private slots:
     QTest::newRow("restart of one that waits")
         << 0 << PlayState::Paused << calls("wmp: stop,wmp: play") << PlayState::Playing;
     QTest::newRow("pause") << 1 << PlayState::Playing << calls("wmp: pause") << PlayState::Paused;
-    QTest::newRow("play, which loops") << 1 << PlayState::Paused << calls("wmp: loop 1,wmp: play") << PlayState::Playing;
+    QTest::newRow("play, which loops") << 1 << PlayState::Paused << calls("wmp: loop 1,wmp: play")
+                                       << PlayState::Playing;
     QTest::newRow("again") << 1 << PlayState::Ended << calls("wmp: loop 1,wmp: play") << PlayState::Playing;
     QTest::newRow("back and wait") << 2 << PlayState::Playing << calls("wmp: stop,wmp: play,wmp: pause")
                                    << PlayState::Paused;
@@ -123,7 +124,8 @@ private slots:
   void nothingHappensWithoutAProjection() {
     EstadoConsole estado;
     CountingYielder yielder;
-    VideoControl control(estado, [] { return nullptr; }, yielder);
+    VideoControl control(
+        estado, [] { return nullptr; }, yielder);
     for (int button = 0; button < 3; ++button)
       control.Image3(static_cast<VideoControl::Botao>(button));
     control.VaiPara(10);
@@ -149,12 +151,18 @@ private slots:
   void whatPeoplePasteAsALink_data() {
     QTest::addColumn<QString>("pasted");
     QTest::addColumn<QString>("id");
-    QTest::newRow("page") << "https://www.youtube.com/watch?list=x&v=Ab-cd_12345&t=4" << "Ab-cd_12345";
-    QTest::newRow("short") << "youtu.be/Abcd1234567?t=4" << "Abcd1234567";
-    QTest::newRow("embed, in capitals") << "HTTPS://WWW.YOUTUBE.COM/embed/Abcd1234567" << "Abcd1234567";
-    QTest::newRow("another site") << "https://example.org/watch?v=Abcd1234567" << "";
-    QTest::newRow("no video") << "https://www.youtube.com/" << "";
-    QTest::newRow("nothing") << "" << "";
+    QTest::newRow("page") << "https://www.youtube.com/watch?list=x&v=Ab-cd_12345&t=4"
+                          << "Ab-cd_12345";
+    QTest::newRow("short") << "youtu.be/Abcd1234567?t=4"
+                           << "Abcd1234567";
+    QTest::newRow("embed, in capitals") << "HTTPS://WWW.YOUTUBE.COM/embed/Abcd1234567"
+                                        << "Abcd1234567";
+    QTest::newRow("another site") << "https://example.org/watch?v=Abcd1234567"
+                                  << "";
+    QTest::newRow("no video") << "https://www.youtube.com/"
+                              << "";
+    QTest::newRow("nothing") << ""
+                             << "";
   }
   void whatPeoplePasteAsALink() {
     QFETCH(QString, pasted);

@@ -36,8 +36,7 @@ private:
       player.state = PlayState::Playing;
       windows = std::make_unique<VideoWindows>(VideoDoors{store, prompt, clock, console, positions, control,
                                                           [] { return QStringLiteral("Culto & Ceia"); },
-                                                          [this] { return onShow; },
-                                                          [this] { ++ended; }, &desk});
+                                                          [this] { return onShow; }, [this] { ++ended; }, &desk});
     }
     QWidget *Open(const char *name) {
       for (QWidget *top : QApplication::topLevelWidgets())
@@ -122,8 +121,12 @@ private slots:
     QTest::mouseClick(track, Qt::LeftButton, {}, {track->width() / 2, 4});
     QVERIFY(qAbs(room.player.position - 50) < 1);
     room.Take();
-    for (const auto &[key, position] : {std::pair{Qt::Key_Right, 45.0}, {Qt::Key_Left, 35.0}, {Qt::Key_PageUp, 70.0},
-                                        {Qt::Key_PageDown, 10.0}, {Qt::Key_Home, 0.0}, {Qt::Key_End, 100.0}}) {
+    for (const auto &[key, position] : {std::pair{Qt::Key_Right, 45.0},
+                                        {Qt::Key_Left, 35.0},
+                                        {Qt::Key_PageUp, 70.0},
+                                        {Qt::Key_PageDown, 10.0},
+                                        {Qt::Key_Home, 0.0},
+                                        {Qt::Key_End, 100.0}}) {
       room.player.position = 40;
       QTest::keyClick(track, key);
       QCOMPARE(room.player.position, position);
@@ -189,13 +192,12 @@ private slots:
     QCOMPARE(add->text(), QStringLiteral("&Include in 'Culto && Ceia'"));
     room.prompt.files = {one, two};
     form->findChild<QPushButton *>(QStringLiteral("CommandVideo"))->click();
-    QCOMPARE(room.console.TakeCalls(),
-             QStringList({u"PorNaLista 4 Um " + one, u"PorNaLista 4 Dois " + two}));
+    QCOMPARE(room.console.TakeCalls(), QStringList({u"PorNaLista 4 Um " + one, u"PorNaLista 4 Dois " + two}));
     auto *link = form->findChild<QLineEdit *>(QStringLiteral("Text1"));
-    for (const auto &[pasted, call] : {std::pair{"https://youtu.be/Abcd1234567",
-                                                 "PorNaLista 4 https://www.youtube.com/embed/Abcd1234567 "
-                                                 "https://www.youtube.com/embed/Abcd1234567"},
-                                       {"", "PorNaLista 4  "}}) {
+    for (const auto &[pasted, call] :
+         {std::pair{"https://youtu.be/Abcd1234567", "PorNaLista 4 https://www.youtube.com/embed/Abcd1234567 "
+                                                    "https://www.youtube.com/embed/Abcd1234567"},
+          {"", "PorNaLista 4  "}}) {
       link->setText(QString::fromLatin1(pasted));
       add->click();
       QCOMPARE(room.console.TakeCalls(), QStringList{QString::fromLatin1(call)});

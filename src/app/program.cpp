@@ -26,6 +26,8 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "media/ui/video_windows.h"
+#include "media/video_files.h"
 #include "slides/FrmImportar.h"
 #include "slides/ui/show_windows.h"
 #include "slides/ui/slide_windows.h"
@@ -68,6 +70,7 @@ struct Program::Impl {
   void MakeSlideWindows();
   void ImportaDocumento(const AbreImagens &pronto);
   void MakeShowWindows();
+  void MakeVideoWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -114,6 +117,7 @@ struct Program::Impl {
   std::unique_ptr<SlideWindows> slides;
   std::unique_ptr<FrmImportar> importar; // hands its pages to the one above
   std::unique_ptr<ShowWindows> shows;
+  std::unique_ptr<VideoWindows> videos;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -158,6 +162,7 @@ void Program::Impl::MakeWindows() {
   MakeThemeEditors();
   MakeSlideWindows();
   MakeShowWindows();
+  MakeVideoWindows();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -166,6 +171,7 @@ void Program::Impl::MakeWindows() {
   windows.addBible = [this] { bible->OpenAdd(); };
   windows.addSlides = [this] { slides->AbreLista(); };
   windows.addShows = [this] { shows->AbreLista(); };
+  windows.addVideos = [this] { videos->AbreAdicionar(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   windows.chooseScreen = [this](int opcao) {
@@ -184,6 +190,8 @@ void Program::Impl::MakeWindows() {
       slides->AgendaChanged();
     if (shows)
       shows->AgendaChanged();
+    if (videos)
+      videos->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
   console->PodeFechar = [this] {
@@ -290,6 +298,21 @@ void Program::Impl::MakeShowWindows() {
                                [this] { return shows->FechaControle(); }};
   core.agenda.editores[6] = [this](const QString &path) {
     shows->Edita(path);
+    return true;
+  };
+}
+
+void Program::Impl::MakeVideoWindows() {
+  videos = std::make_unique<VideoWindows>(VideoDoors{store, prompt, clock, core.flow, positions, core.controleDeVideo,
+                                                     [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
+                                                     [this] { return core.video.EmExibicao(); },
+                                                     [this] { core.video.Encerra(); }, console.get()});
+  core.video.AbreControle = [this] { videos->AbreControle(); };
+  core.video.FechaControle = [this] { videos->FechaControle(); };
+  core.agenda.editores[TipoVideoDaAgenda] = [this](const QString &path) {
+    const QString outro = EscolheOutroVideo(store, prompt, path);
+    if (!outro.isEmpty())
+      core.agenda.TrocaArquivo(NomeDoVideo(outro), outro);
     return true;
   };
 }
@@ -489,6 +512,8 @@ Program::~Program() {
   m_impl->slides.reset();
   m_impl->core.flow.controleDeShows = {};
   m_impl->shows.reset();
+  m_impl->core.video.AbreControle = m_impl->core.video.FechaControle = nullptr;
+  m_impl->videos.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
   m_impl->songs.reset();

@@ -239,11 +239,13 @@ void AgendaDesk::EditSelected() {
     EditaMusica(target);
     return;
   case 4:
-    if (!FileExists(target)) {
+    if (!FileExists(target))
       say(QStringLiteral("File not found"));
-      return;
-    }
-    break;
+    else if (const auto editor = editores.find(kind); editor == editores.end())
+      break;
+    else
+      editor->second(target);
+    return;
   case 5:
   case 6: {
     const QString path = m_app.path() + (kind == 5 ? QStringLiteral("\\Slides\\") : QStringLiteral("\\SlideShow\\")) +
@@ -259,6 +261,19 @@ void AgendaDesk::EditSelected() {
     break;
   }
   say(QStringLiteral("There is no editor for this item yet."));
+}
+
+void AgendaDesk::TrocaArquivo(const QString &label, const QString &target) {
+  if (!m_lista.HasSelection())
+    return;
+  const int kind = m_lista.SelectedKind();
+  const int index = m_lista.SelectedIndex();
+  if (const QString nome = LabelOf(label); nome == m_lista.SelectedName() || !m_lista.HasName(kind, nome))
+    m_lista.SetNameAt(kind, index, nome);
+  m_lista.SetCaptionAt(kind, index, EmUmaLinha(target));
+  salvaListTarefas(m_estado.ActiveAgenda);
+  if (m_view)
+    m_view->AgendaChanged();
 }
 
 // The names by which agendas know an item that has gone from its file name. Old entries may know a song by its label

@@ -54,6 +54,7 @@ public:
 
   // The loaded song under a new name, or the selected item edited: messages of the edit button.
   void EditSelected();
+  void TrocaArquivo(const QString &label, const QString &target); // of the selected entry; saved at once
   void RemoveFromAgendas(int kind, const QString &name);
   void RenameInAgendas(const QString &oldName, const QString &newName, int kind);
   void RenameOnScreen(int kind, const QString &oldName, const QString &newName, const QString &newTarget);

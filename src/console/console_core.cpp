@@ -24,7 +24,14 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
       slides(contexto, paginasDeSlides, stepper, temaControle), controles(contexto), textos(contexto, loader, leitura),
       efeitos(contexto, temaControle, loader, leitura, slides), formato(contexto, temas, loader, textos),
-      flow(contexto, agenda, loader, leitura, slides, temaControle), show(contexto, stepper, temaControle),
+      video(contexto, stepper, temaControle), controleDeVideo(
+                                                  estado,
+                                                  [this]() -> MediaPlayer * {
+                                                    Display *display = contexto.telao();
+                                                    return display ? display->wmp() : nullptr;
+                                                  },
+                                                  doors.yielder),
+      flow(contexto, agenda, loader, leitura, slides, temaControle, video), show(contexto, stepper, temaControle),
       teclas(contexto, stepper, flow, agenda, leitura, slides) {
   show.FechaVideo = [this] { flow.cancelaWMP(); };
   show.VoltaAosSlides = [this] { return slides.Volta(); };
@@ -109,6 +116,10 @@ void ConsoleCore::TelaoRefeito() {
   }
   if (show.EstaNoTelao()) {
     show.TelaoRefeito();
+    return;
+  }
+  if (video.EmExibicao()) {
+    video.TelaoRefeito();
     return;
   }
   paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, Telao);

@@ -15,8 +15,10 @@
 #include "console/text_controls.h"
 #include "console/text_format_control.h"
 #include "console/theme_control.h"
+#include "console/video_runner.h"
 #include "display/bible_composer.h"
 #include "display/legenda_biblia.h"
+#include "media/video_control.h"
 
 namespace tolmira {
 
@@ -66,6 +68,8 @@ public:
   TextControls textos;
   EffectControls efeitos;
   TextFormatControl formato;
+  VideoRunner video;
+  VideoControl controleDeVideo;
   PresentationFlow flow;
   SlideShowRunner show;
   KeyTable teclas;

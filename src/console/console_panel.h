@@ -45,6 +45,16 @@ struct PainelSlideShow {
   bool SemMusica = false; // its audio cannot be played
 };
 
+// A local video on the projection.
+struct PainelVideo {
+  enum class Situacao { Tocando, Parado, Acabou, Falhou };
+  bool Ativo = false;
+  Situacao situacao = Situacao::Tocando;
+  QString Nome;  // of its file
+  QString Tempo; // gone by and in all; empty while unknown
+  friend bool operator==(const PainelVideo &, const PainelVideo &) = default;
+};
+
 // A line of the menu of screens. The first is the automatic choice.
 struct OpcaoDeTela {
   QString texto;
@@ -98,6 +108,7 @@ struct PainelConsole {
 
   PainelBiblia biblia;
   PainelSlideShow slideShow;
+  PainelVideo video;
   QString LbVersao;                // "Tradução: " and the version's name
   QString LabelDicaBiblia;         // how to walk through a passage; before the first one the same as LbVersao
 

@@ -4,21 +4,12 @@
 #include "foundation/text_fields.h"
 #include "foundation/text_file.h"
 #include "foundation/text_utils.h"
+#include "media/video_files.h"
 #include "songs/song_text.h"
 
 namespace tolmira {
 
 namespace {
-
-// Kinds whose loader does not exist yet say so; what is on show stays.
-QString SemCarregador(int kind) {
-  switch (kind) {
-  case 4:
-    return QStringLiteral("Videos cannot be shown yet.");
-  default:
-    return {};
-  }
-}
 
 bool IsHymn(const AppFolder &app, const QString &title) {
   return FileExists(app.At(u"\\Harpa\\") + title + u".txt") || FileExists(app.At(u"\\Cantor\\") + title + u".txt");
@@ -27,8 +18,9 @@ bool IsHymn(const AppFolder &app, const QString &title) {
 } // namespace
 
 PresentationFlow::PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader,
-                                   BibleLoader &leitura, ControlSlides &slides, ThemeControl &temas)
-    : m_console(console), m_agenda(agenda), m_loader(loader), m_leitura(leitura), m_slides(slides), m_temas(temas) {}
+                                   BibleLoader &leitura, ControlSlides &slides, ThemeControl &temas, VideoRunner &video)
+    : m_console(console), m_agenda(agenda), m_loader(loader), m_leitura(leitura), m_slides(slides), m_temas(temas),
+      m_video(video) {}
 
 void PresentationFlow::ShowEntry(int kind, int index, const QString &caption, const QString &name) {
   Q_UNUSED(index);
@@ -41,25 +33,27 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
   EstadoConsole &estado = m_console.estado;
   PainelConsole &painel = m_console.painel;
 
-  if (const QString refusal = SemCarregador(kind); !refusal.isEmpty() && !name.isEmpty()) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), refusal);
-    return;
-  }
-
   // What is on show stays, with what runs over it.
-  const bool falta = kind == 5 ? m_slides.Resolve(name).isEmpty() : kind == 6 && !FileExists(name);
-  if (falta && !name.isEmpty()) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), QStringLiteral("File not found!"));
+  if (const QString recusa = Recusa(kind, name); !recusa.isEmpty() && !name.isEmpty()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), recusa);
     return;
   }
   FechaSlideShow(kind);
-  cancelaWMP();
+  const bool haviaVideo = m_video.EmExibicao();
+  // Without another item the empty page would stay, black.
+  if (name.isEmpty())
+    m_video.Encerra();
+  else
+    cancelaWMP();
 
   if (!name.isEmpty()) {
-    if (!Carrega(kind, caption, name))
+    if (!Carrega(kind, caption, name)) {
+      if (haviaVideo)
+        m_video.VoltaAoTema();
       return;
+    }
     painel.SliderExBibliaVisible = kind == 1;
-    painel.SliderExLouvorVisible = kind != 1 && kind != 5 && kind != 6;
+    painel.SliderExLouvorVisible = kind != 1 && (kind < 4 || kind > 6);
     painel.LbFaixaVisible = kind == 2;
     painel.CommandBtEnabled = kind != 5;
     painel.DefineAlinhamentoVertical(LeAlinhamentoVertical(m_console.store));
@@ -70,9 +64,18 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     m_console.view->FocusStrip();
 }
 
+QString PresentationFlow::Recusa(int kind, const QString &name) const {
+  if (kind == 4 && !FileExists(name) && EhVideoDaWeb(name))
+    return QStringLiteral("Web videos cannot be shown yet.");
+  const bool falta = kind == 5 ? m_slides.Resolve(name).isEmpty() : (kind == 4 || kind == 6) && !FileExists(name);
+  return falta ? QStringLiteral("File not found!") : QString();
+}
+
 bool PresentationFlow::Carrega(int kind, const QString &caption, const QString &name) {
   if (kind == 6)
     return CarregaShow(name);
+  if (kind == 4)
+    return CarregaVideo(caption, name);
   if (kind != 5)
     return CarregaTexto(kind, caption, name);
   return m_slides.LoadmSlide(m_slides.Resolve(name), 1, caption);
@@ -82,6 +85,14 @@ bool PresentationFlow::CarregaShow(const QString &path) {
   if (!controleDeShows.abre)
     return false;
   controleDeShows.abre(path);
+  return true;
+}
+
+bool PresentationFlow::CarregaVideo(const QString &caption, const QString &path) {
+  if (m_slides.Visible() && !m_console.estado.FundoPreso) // behind them the theme in force is as it is stored
+    m_temas.TrocaTema(m_console.estado.IndiceTema);
+  m_slides.Fecha();
+  m_video.Inicia(path, caption);
   return true;
 }
 
@@ -138,11 +149,7 @@ void PresentationFlow::exibirPassagem(const QString &reference) {
 }
 
 void PresentationFlow::cancelaWMP() {
-  Display *display = m_console.telao();
-  if (m_console.estado.TipoAtual != u"Video" || !display)
-    return;
-  display->wmp()->ControlsStop();
-  display->wmp()->Close();
+  m_video.Para();
 }
 
 void PresentationFlow::editarSelecionado() {

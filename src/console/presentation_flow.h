@@ -7,6 +7,7 @@
 #include "console/presentation.h"
 #include "console/song_loader.h"
 #include "console/theme_control.h"
+#include "console/video_runner.h"
 
 #include <functional>
 
@@ -16,7 +17,7 @@ namespace tolmira {
 class PresentationFlow : public Presentation {
 public:
   PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, BibleLoader &leitura,
-                   ControlSlides &slides, ThemeControl &temas);
+                   ControlSlides &slides, ThemeControl &temas, VideoRunner &video);
 
   void ShowEntry(int kind, int index, const QString &caption, const QString &name) override;
   void PorNaLista(const QString &label, int kind, const QString &target, QString &message) override;
@@ -42,9 +43,11 @@ public:
 
 private:
   void FechaSlideShow(int kind);
+  QString Recusa(int kind, const QString &name) const; // why it cannot be shown; empty when it can
   void Mostra(int kind, const QString &caption, const QString &name);
   bool Carrega(int kind, const QString &caption, const QString &name);
   bool CarregaShow(const QString &path);
+  bool CarregaVideo(const QString &caption, const QString &path);
   bool CarregaTexto(int kind, const QString &caption, const QString &name);
 
   ConsoleContext &m_console;
@@ -53,6 +56,7 @@ private:
   BibleLoader &m_leitura;
   ControlSlides &m_slides;
   ThemeControl &m_temas;
+  VideoRunner &m_video;
 };
 
 } // namespace tolmira

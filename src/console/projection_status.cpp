@@ -51,6 +51,29 @@ void DizDoShow(const PainelSlideShow &show, SituacaoDaTela &dita) {
   dita.LbDetalheTela = show.Acabou ? QString() : show.Imagem;
 }
 
+void DizDoVideo(const PainelVideo &video, SituacaoDaTela &dita) {
+  switch (video.situacao) {
+  case PainelVideo::Situacao::Tocando:
+    dita.LbEstadoTela = QObject::tr("VIDEO");
+    dita.CorDoEstado = Live;
+    break;
+  case PainelVideo::Situacao::Parado:
+    dita.LbEstadoTela = QObject::tr("VIDEO PAUSED");
+    dita.CorDoEstado = Held;
+    break;
+  case PainelVideo::Situacao::Acabou:
+    dita.LbEstadoTela = QObject::tr("VIDEO ENDED");
+    dita.CorDoEstado = Ready;
+    break;
+  case PainelVideo::Situacao::Falhou:
+    dita.LbEstadoTela = QObject::tr("VIDEO FAILED");
+    dita.CorDoEstado = Off;
+    dita.LbDetalheTela = QObject::tr("%1 cannot be played").arg(video.Nome);
+    return;
+  }
+  dita.LbDetalheTela = video.Tempo.isEmpty() ? video.Nome : QString(video.Nome + u" · " + video.Tempo);
+}
+
 void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   const EstadoConsole &estado = olhar.estado;
   const auto diz = [&dita](const QString &aviso, const QString &cor, const QString &detalhe) {
@@ -72,6 +95,8 @@ void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
     diz(QObject::tr("NO PROJECTION"), Off, QObject::tr("F5 brings the projection back"));
   else if (olhar.painel.slideShow.Ativo && estado.TipoAtual == u"SlideShow")
     DizDoShow(olhar.painel.slideShow, dita);
+  else if (olhar.painel.video.Ativo)
+    DizDoVideo(olhar.painel.video, dita);
   else if (Preso(olhar))
     diz(QObject::tr("HELD"), Held, QObject::tr("The projection stands until Ctrl is released"));
   else if (estado.VersoHtmlAtual.isEmpty() && !SemVersos(estado.TipoAtual))

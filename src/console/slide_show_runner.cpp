@@ -1,6 +1,6 @@
 #include "console/slide_show_runner.h"
 
-#include "console/stepping.h"
+#include "console/clear_text.h"
 #include "console/theme_control.h"
 #include "display/show_page.h"
 #include "foundation/text_utils.h"
@@ -87,28 +87,8 @@ void SlideShowRunner::IniciaSlideShow(const QString &path) {
 
 // The console has no text any more, and neither have the captions.
 void SlideShowRunner::LimpaTexto() {
-  EstadoConsole &estado = m_console.estado;
-  PainelConsole &painel = m_console.painel;
-  m_stepper.PlaceBelowFrame();
-  estado.Estrofes.clear();
-  estado.TextoEstrofes.clear();
-  estado.TotalEstrofes = 0;
-  estado.EstrofeAtual = -1;
-  estado.ArquivoAtual.clear();
-  estado.ReferenciaAtual.clear();
-  estado.TextoBiblia.clear();
-  estado.VersoHtmlAtual.clear();
-  estado.VersoTextoAtual.clear();
-  estado.UltimoTexto.clear();
+  EsvaziaConsole(m_console, m_stepper);
   m_console.canal.SendToDisplay(QStringLiteral("UpdateText|#|#|#"));
-
-  m_console.faixa.Label1Visible = false;
-  painel.biblia.Visible = false;
-  painel.MensagemTira.clear();
-  painel.SliderExLouvorVisible = painel.SliderExBibliaVisible = painel.LbFaixaVisible = painel.ComboFontSizeVisible =
-      false;
-  painel.PicAviso = painel.PicAviso2 = painel.PicDica2 = painel.PicDica3 = painel.PicDica4 = painel.PicDicaAgenda =
-      false;
 }
 
 void SlideShowRunner::IniciaAudio(const QString &arquivo) {
@@ -270,8 +250,9 @@ void SlideShowRunner::Fecha() {
   }
   // Where the page could not be made, the console still holds what was on it.
   const bool noConsole = m_console.faixa.Label1Visible || painel.biblia.Visible;
-  // A song, a passage or slides that lay beneath are not on the console any more, so nothing is on show then.
-  const bool foiEmbora = slidesAbaixo || (!noConsole && (m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Bíblia"));
+  // A song, a passage or slides that lay beneath are not on the console any more, so nothing is on show then; a video
+  // has ended.
+  const bool foiEmbora = slidesAbaixo || m_tipoAbaixo == u"Video" || (!noConsole && (m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Bíblia"));
   if (estado.TipoAtual == SlideShow)
     estado.DefineTipo(foiEmbora ? QString() : m_tipoAbaixo);
   if (!noConsole) {

@@ -50,10 +50,10 @@ struct FrmQuendar::Impl : public DisplayLayers {
 
   PageObject *WV() override { return picWV ? picWV->WV() : nullptr; }
   MediaPlayer *wmp() override { return player.get(); }
-  void ShowPicwmp(bool visible) override { picwmp->setVisible(visible); }
-  void PicwmpToBack() override { picwmp->lower(); }
+  void ShowPicwmp(bool visible) override;
+  void PicwmpToBack() override { PutMediaInFront(false); }
   void ShowPicWV(bool visible) override { picWV->setVisible(visible); }
-  void PicWVToBack() override { picWV->lower(); }
+  void PicWVToBack() override { PutMediaInFront(true); }
   void ShowWmp(bool visible) override { player->SetVisible(visible); }
   void ShowTelaPreta(bool visible) override { telaPreta->setVisible(visible); }
   bool TelaPretaVisible() const override { return !telaPreta->isHidden(); }
@@ -72,6 +72,8 @@ struct FrmQuendar::Impl : public DisplayLayers {
   // By what was asked for: window managers may take the state away for a moment, or never grant it, and no strip may
   // stand over the projection for that.
   bool IsNormal() const { return !inteira; }
+  void PutMediaInFront(bool wanted);
+  bool MediaCoversPage() const { return mediaWanted && player->TemImagem() && !picwmp->isHidden(); }
   void Arrange();
   void ShowGripForState();
   void ApplyAlfa();
@@ -93,6 +95,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   std::unique_ptr<DisplayCommands> commands;
   std::unique_ptr<PeriodicTimer> timerFade;
   std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
+  bool mediaWanted = false; // in front of the page, as soon as there is a picture
   int alfa = 0;
   bool moverAtivo = false;
   bool dragged = false;       // the present press became a drag, so its release is no click
@@ -123,6 +126,7 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
     picWV->AddObserver(parts.observer);
   commands =
       std::make_unique<DisplayCommands>(parts.estado, parts.app, *this, parts.mirror, parts.captions, parts.clock);
+  player->OnImagem = [this] { PutMediaInFront(mediaWanted); };
   timerFade = parts.clock.NewTimer([this] { TickFade(); });
   timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });
 
@@ -139,6 +143,23 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
                          static_cast<QWidget *>(picMove->Label7()), picMove->Image4()})
     layer->installEventFilter(&owner);
   QObject::connect(qApp, &QGuiApplication::screenRemoved, &owner, [this](QScreen *gone) { OnScreenRemoved(gone); });
+}
+
+// A page that comes next keeps the last picture of the video until it has drawn itself, so that no black lies between.
+void FrmQuendar::Impl::ShowPicwmp(bool visible) {
+  if (!visible && MediaCoversPage() && window.isVisible())
+    picWV->Segura(picwmp->grab());
+  picwmp->setVisible(visible);
+}
+
+// The layer without a picture would be black, so it waits behind the page. It is shown there all the same: a player that
+// draws with GL needs its widget on the screen to begin.
+void FrmQuendar::Impl::PutMediaInFront(bool wanted) {
+  mediaWanted = wanted;
+  if (wanted && player->TemImagem())
+    picWV->lower();
+  else
+    picwmp->lower();
 }
 
 void FrmQuendar::Impl::FitMedia() {
@@ -364,8 +385,17 @@ MediaPlayer *FrmQuendar::wmp() {
   return m_impl->wmp();
 }
 void FrmQuendar::EscondeMidia() {
-  m_impl->picwmp->hide();
+  m_impl->ShowPicwmp(false);
+  m_impl->PutMediaInFront(false);
   m_impl->picwmp->setGeometry({});
+}
+void FrmQuendar::PreparaVideo() {
+  m_impl->commands->PreparaVideo();
+}
+void FrmQuendar::MostraMidia() {
+  m_impl->ShowPicwmp(true);
+  m_impl->ShowWmp(true);
+  m_impl->PutMediaInFront(true);
 }
 void FrmQuendar::ParaRampa() {
   m_impl->commands->ParaRampa();

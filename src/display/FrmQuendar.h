@@ -52,6 +52,8 @@ public:
   PageObject *WV() override;
   MediaPlayer *wmp() override;
   void EscondeMidia() override;
+  void PreparaVideo() override;
+  void MostraMidia() override;
   void ParaRampa() override;
   QSize SizePx() const override;
   bool DisplayVisivel() const override;

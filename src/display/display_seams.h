@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QRect>
 #include <QString>
 
@@ -31,6 +32,13 @@ public:
 
 enum class PlayState { Undefined = 0, Stopped = 1, Paused = 2, Playing = 3, Ended = 8 };
 
+// One of the sounds of a file: a language, a comment, the music without the voice.
+struct FaixaDeAudio {
+  int id = 0; // as the player counts them, from 1
+  QString nome; // title and language as the file gives them; may be empty
+  friend bool operator==(const FaixaDeAudio &, const FaixaDeAudio &) = default;
+};
+
 // The media player behind the projection's video layer.
 class MediaPlayer {
 public:
@@ -47,7 +55,13 @@ public:
   virtual int Volume() const = 0;           // 0 to 100
   virtual void SetVolume(int volume) = 0;
   virtual void SetLoop(bool loop) = 0;
+  virtual bool Loop() const = 0;
   virtual PlayState State() const = 0;
+  virtual bool Falhou() const = 0;    // the media could not be opened, or broke off with an error; a play tries again
+  virtual bool SemImagem() const = 0; // the media is open and has sound alone
+  virtual QList<FaixaDeAudio> FaixasDeAudio() const = 0; // empty until the media is open
+  virtual int FaixaDeAudioAtual() const = 0;             // its id; 0 for none
+  virtual void DefineFaixaDeAudio(int id) = 0;
   virtual void SetStretchToFit(bool stretch) = 0;
   virtual void SetFullScreen(bool full) = 0; // the layer fills its window; no window of its own is opened
   virtual void SetUiMode(const QString &mode) = 0; // "none" is all there is here
@@ -98,8 +112,11 @@ public:
   virtual void ProcessaComando(const QString &comando) = 0;
   virtual PageObject *WV() = 0;
   virtual MediaPlayer *wmp() = 0;
-  // The player's area becomes invisible and takes no room; the sound goes on. A video gets its room again from its command.
+  // The player's area becomes invisible and takes no room; the sound goes on. The last picture of a video that stood
+  // there stays until the next page has drawn itself, or for a moment when none comes.
   virtual void EscondeMidia() = 0;
+  virtual void PreparaVideo() = 0; // the media reset: the player's area takes the whole window, volume 50
+  virtual void MostraMidia() = 0;  // the area covers the page from the first picture of the media on
   virtual void ParaRampa() = 0; // a fade of the sound that has begun ends where it is
   virtual QSize SizePx() const = 0; // of the projection window, in pixels
   virtual bool DisplayVisivel() const = 0;

@@ -46,13 +46,18 @@ struct EstadoConsole {
 
   QString SlideShowAtivo; // "True" while the remote of a slide show is open: slide show runner
 
+  // local videos
+  QString VideoAtivo;   // "True" while the control of a local video is open: video control
+  int VolumeVideo = 50; // the last volume that the operator chose, kept across videos: video control
+  int EstadoVideo = 0;  // what the player did after the last press of a transport button: video control
+
   // the projection
   QString EstadoTela = QStringLiteral("Normal"); // screen controls: "Normal", "OcultarTexto", "TelaPreta", "PadraoDeFundo", "Hide"
   QString PaginaAtual;     // page builder, presentation flow
   QString VersoHtmlAtual;  // the composers
   QString VersoTextoAtual; // lyrics composer
   QString VersoBibliaAtual; // Bible composer
-  QString TextoLegenda;    // command handler
+  QString TextoLegenda;    // command handler; emptied by a local video
 
   // themes
   TemaRecord TemaAtual;              // theme control

@@ -8,6 +8,7 @@
 #include "console/console_fixture.h"
 #include "display/ui/engine_versions.h"
 #include "foundation/ui/form_position.h"
+#include "media/ui/video_windows.h"
 #include "slides/FrmImportar.h"
 #include "slides/show_document.h"
 #include "slides/slide_document.h"
@@ -147,6 +148,18 @@ inline std::shared_ptr<ShowWindows> WindowsOfShows(House &house) {
                                                  &house.desk});
 }
 
+// Over a file of two sounds.
+inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
+  house.display.player.url = u"/v/" + House::LongName + u".mp4";
+  house.display.player.duration = 7200;
+  house.display.player.falhou = true;
+  house.display.player.faixas = {{1, QStringLiteral("por")}, {2, House::LongName}};
+  return std::make_shared<VideoWindows>(VideoDoors{house.store, house.prompt, house.clock, house.console,
+                                                   house.positions, house.core.controleDeVideo,
+                                                   [] { return House::LongName; }, [] { return true; }, [] {},
+                                                   &house.desk});
+}
+
 // With a document that asks for its password.
 inline std::shared_ptr<FrmImportar> OpenedImport(House &house) {
   const DocumentImport::Programas programs{qEnvironmentVariable("TOLMIRA_BIN_DIR") + QStringLiteral("/tolmira-pages"),
@@ -232,6 +245,18 @@ inline const std::map<QString, Opener> &EveryWindow() {
          auto windows = WindowsOfShows(h);
          windows->AbreControle(CaminhoDoSlideShow(h.app, House::LongName));
          windows->ImagemMudou(House::LongName + u".jpg");
+         return windows;
+       }},
+      {QStringLiteral("FrmVideoControl"),
+       [](House &h) {
+         auto windows = WindowsOfVideos(h);
+         windows->AbreControle();
+         return windows;
+       }},
+      {QStringLiteral("FrmAddVideoNaLista"),
+       [](House &h) {
+         auto windows = WindowsOfVideos(h);
+         windows->AbreAdicionar();
          return windows;
        }},
       {QStringLiteral("FrmImportar"), OpenedImport},

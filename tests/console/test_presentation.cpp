@@ -100,7 +100,7 @@ private slots:
   void refusals_data() {
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("message");
-    QTest::newRow("video") << 4 << QStringLiteral("Videos cannot be shown yet.");
+    QTest::newRow("missing video") << 4 << QStringLiteral("File not found!");
     QTest::newRow("missing slides") << 5 << QStringLiteral("File not found!");
     QTest::newRow("show") << 6 << QStringLiteral("File not found!");
     QTest::newRow("missing song")

@@ -1,4 +1,5 @@
 #include "display/ui/mpv_player.h"
+#include "support/files.h"
 
 #include <QProcess>
 #include <QStandardPaths>
@@ -6,6 +7,7 @@
 #include <QTest>
 
 using namespace tolmira;
+using namespace tolmira::testing;
 
 namespace {
 
@@ -18,16 +20,18 @@ public:
   QStringList calls;
 };
 
-// Red pictures of 4:3 with a tone, two seconds long.
-QString MakeClip(const QString &folder, const QString &name) {
-  const QString path = folder + u'/' + name;
+QString Make(const QString &path, const char *arguments) {
   QProcess maker;
   maker.start(QStringLiteral("ffmpeg"),
-              {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-f"), QStringLiteral("lavfi"),
-               QStringLiteral("-i"), QStringLiteral("color=red:size=160x120:rate=25:duration=2"), QStringLiteral("-f"),
-               QStringLiteral("lavfi"), QStringLiteral("-i"), QStringLiteral("sine=duration=2"), QStringLiteral("-c:v"),
-               QStringLiteral("mpeg4"), QStringLiteral("-c:a"), QStringLiteral("aac"), path});
+              QStringList{QStringLiteral("-v"), QStringLiteral("error")} +
+                  QString::fromLatin1(arguments).split(u' ') + QStringList{path});
   return maker.waitForFinished(30000) && maker.exitCode() == 0 ? path : QString();
+}
+
+// Red pictures of 4:3 with a tone, two seconds long.
+QString MakeClip(const QString &folder, const QString &name) {
+  return Make(folder + u'/' + name, "-f lavfi -i color=red:size=160x120:rate=25:duration=2 -f lavfi -i sine=duration=2 "
+                                    "-c:v mpeg4 -c:a aac");
 }
 
 bool IsReddish(const QColor &colour) {
@@ -144,9 +148,132 @@ private slots:
     QCOMPARE(m_player->State(), PlayState::Undefined);
   }
 
+  void oddMedia_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<bool>("picture");
+    QTest::addColumn<int>("sounds");
+    QTest::newRow("no sound") << "s.mp4"
+                              << "-f lavfi -i color=red:size=64x48:rate=10:duration=1 -c:v mpeg4" << true << 0;
+    QTest::newRow("sound alone") << "a.m4a"
+                                 << "-f lavfi -i sine=duration=1 -c:a aac" << false << 1;
+    QTest::newRow("two languages") << "t.mkv"
+                                   << "-f lavfi -i color=red:size=64x48:rate=10:duration=1 -f lavfi -i sine=duration=1 "
+                                      "-map 0 -map 1 -map 1 -metadata:s:a:0 language=por -metadata:s:a:1 language=eng "
+                                      "-metadata:s:a:1 title=Translation -c:v mpeg4 -c:a aac"
+                                   << true << 2;
+    QTest::newRow("pictures at uneven times")
+        << "v.mkv"
+        << "-f lavfi -i color=red:size=64x48:rate=30:duration=1 -vf select=not(mod(n\\,7))+lt(n\\,5) -vsync vfr -c:v mpeg4"
+        << true << 0;
+  }
+  void oddMedia() {
+    QFETCH(QString, name);
+    QFETCH(QString, arguments);
+    QFETCH(bool, picture);
+    QFETCH(int, sounds);
+    const QString path = Make(m_folder.filePath(name), arguments.toLatin1().constData());
+    QVERIFY(!path.isEmpty());
+    m_player->SetUrl(path);
+    if (picture)
+      QTRY_VERIFY(IsReddish(Centre()));
+    QTRY_COMPARE(m_player->State(), PlayState::Ended);
+    QCOMPARE(m_player->TemImagem(), picture);
+    QCOMPARE(m_player->SemImagem(), !picture);
+    QVERIFY(!m_player->Falhou());
+    QCOMPARE(m_player->FaixasDeAudio().size(), sounds);
+    if (sounds < 2)
+      return;
+    QCOMPARE(m_player->FaixasDeAudio().first().nome, QStringLiteral("por"));
+    QCOMPARE(m_player->FaixasDeAudio().last().nome, QStringLiteral("Translation, eng"));
+    QCOMPARE(m_player->FaixaDeAudioAtual(), 1);
+    m_player->DefineFaixaDeAudio(2);
+    QTRY_COMPARE(m_player->FaixaDeAudioAtual(), 2);
+    m_player->SetUrl(m_clip); // a choice is for one file
+    QTRY_COMPARE(m_player->FaixaDeAudioAtual(), 1);
+  }
+
+  // The picture of the file before is never seen again under the name of the next.
+  void uncoversThePictureOfThePresentFile() {
+    const QString blue = Make(m_folder.filePath(QStringLiteral("blue.mp4")),
+                              "-f lavfi -i color=blue:size=160x120:rate=25:duration=2 -c:v mpeg4");
+    QVERIFY(!m_player->TemImagem());
+    m_player->SetUrl(m_clip);
+    QTRY_VERIFY(IsReddish(Centre()));
+    int changes = 0;
+    m_player->OnImagem = [&] {
+      ++changes;
+      QVERIFY(!m_player->TemImagem() || changes == 2);
+    };
+    m_player->SetUrl(blue);
+    QVERIFY(!m_player->TemImagem());
+    QCOMPARE(Centre(), QColor(0, 0, 0));
+    QTRY_VERIFY(m_player->TemImagem());
+    QTRY_VERIFY(Centre().blue() > 180);
+    QCOMPARE(changes, 2);
+  }
+
+  void whatCannotBePlayedIsTold_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("empty") << "e.mp4" << QByteArray();
+    QTest::newRow("noise") << "n.mp4" << QByteArray(4096, '\x5a');
+    QTest::newRow("half of a header") << "h.mp4" << QByteArray("\0\0\0 ftypisom\xff\xff\xff\xffmoov", 20);
+    QTest::newRow("a list of others") << "l.mp4" << QByteArray("#EXTM3U\n%1\n");
+    QTest::newRow("a list by another road") << "r.mkv" << QByteArray("ffconcat version 1.0\nfile '%1'\n");
+    QTest::newRow("a list of pieces") << "p.mp4"
+                                      << QByteArray("#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXTINF:2,\nhttp://127.0.0.1:9/x.ts\n"
+                                                    "#EXT-X-ENDLIST\n");
+  }
+  void whatCannotBePlayedIsTold() {
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    const QString path = m_folder.filePath(name);
+    WriteBytes(path, bytes.replace("%1", m_clip.toUtf8()));
+    m_player->SetUrl(path);
+    m_player->ControlsStop();
+    m_player->ControlsPlay();
+    QTRY_VERIFY(m_player->Falhou());
+    QCOMPARE(m_player->State(), PlayState::Stopped);
+    QCOMPARE(m_player->MediaDuration(), 0.0);
+    QVERIFY(!m_player->TemImagem());
+  }
+
+  // Each ends in some state; what counts is that the program goes on and plays the next file.
+  void mediaThatBreaksWhilePlaying_data() {
+    QTest::addColumn<bool>("loop");
+    QTest::newRow("once") << false;
+    QTest::newRow("in a loop") << true;
+  }
+  void mediaThatBreaksWhilePlaying() {
+    QFETCH(bool, loop);
+    const QString path = m_folder.filePath(QStringLiteral("cut.mkv"));
+    QVERIFY(!Make(path, "-y -f lavfi -i testsrc2=size=640x360:rate=25:duration=4 -c:v mpeg4 -b:v 20M").isEmpty());
+    m_player->SetLoop(loop);
+    m_player->SetUrl(path);
+    QTRY_VERIFY(m_player->CurrentPosition() > 0.2);
+    QVERIFY(QFile::resize(path, 60000));
+    m_player->SetCurrentPosition(3);
+    if (!loop)
+      QTRY_VERIFY(m_player->State() != PlayState::Playing);
+    else
+      QTest::qWait(300);
+    m_player->SetCurrentPosition(0);
+    m_player->ControlsPlay();
+    QVERIFY(QFile::remove(path));
+    m_player->SetUrl(m_clip);
+    QTRY_VERIFY(IsReddish(Centre()));
+    QVERIFY(!m_player->Falhou());
+  }
+
   void aFileThatCannotBePlayedStops() {
     m_player->SetUrl(m_folder.filePath(QStringLiteral("missing.mp4")));
     QTRY_COMPARE(m_player->State(), PlayState::Stopped);
+    QVERIFY(m_player->Falhou());
+    // It came: a press on play is a new try.
+    QVERIFY(QFile::copy(m_clip, m_folder.filePath(QStringLiteral("missing.mp4"))));
+    m_player->ControlsPlay();
+    QTRY_VERIFY(IsReddish(Centre()));
     m_player->SetUrl(m_clip);
     QTRY_VERIFY(IsReddish(Centre()));
     QCOMPARE(m_player->State(), PlayState::Playing);

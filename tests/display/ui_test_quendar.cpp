@@ -173,9 +173,26 @@ private slots:
     QTRY_VERIFY(Centre().red() > 180 && Centre().green() < 60);
     QCOMPARE(m_window->wmp()->Volume(), 50);
     QCOMPARE(Layer("Picwmp")->geometry(), m_window->rect());
+    // Neither black nor the green page lies between the video and the page behind it.
+    ShowPage(QStringLiteral("#0000ff"));
+    while (Centre() != QColor(0, 0, 255)) {
+      QVERIFY(Centre().red() > 180 && Centre().green() < 60);
+      QTest::qWait(5);
+    }
+    QVERIFY(m_window->wmp()->Url().isEmpty());
+  }
+
+  void soundAloneNeverCoversThePage() {
+    QVERIFY(m_window->CriaBrowser());
+    m_window->ProcessaComando(QStringLiteral("Show"));
     ShowPage(QStringLiteral("#0000ff"));
     QTRY_COMPARE(Centre(), QColor(0, 0, 255));
-    QVERIFY(m_window->wmp()->Url().isEmpty());
+    qputenv("TOLMIRA_AO", "null");
+    m_window->PreparaVideo();
+    m_window->MostraMidia();
+    m_window->wmp()->SetUrl(QStringLiteral("av://lavfi:sine"));
+    QTRY_VERIFY(m_window->wmp()->CurrentPosition() > 0.1);
+    QCOMPARE(Centre(), QColor(0, 0, 255));
   }
 
   void theGripComesAndGoes() {

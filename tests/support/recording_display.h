@@ -22,6 +22,11 @@ public:
   PageObject *WV() override { return hasPage ? &page : nullptr; }
   MediaPlayer *wmp() override { return &player; }
   void EscondeMidia() override { Note(QStringLiteral("player hidden")); }
+  void PreparaVideo() override {
+    player.volume = 50;
+    Note(QStringLiteral("media reset"));
+  }
+  void MostraMidia() override { Note(QStringLiteral("player shown")); }
   void ParaRampa() override { Note(QStringLiteral("fade stopped")); }
   QSize SizePx() const override { return size; }
   bool DisplayVisivel() const override { return visivel; }

@@ -51,7 +51,16 @@ public:
     loop = value;
     Note(QStringLiteral("loop %1").arg(value));
   }
+  bool Loop() const override { return loop; }
   PlayState State() const override { return state; }
+  bool Falhou() const override { return falhou; }
+  bool SemImagem() const override { return semImagem; }
+  QList<FaixaDeAudio> FaixasDeAudio() const override { return faixas; }
+  int FaixaDeAudioAtual() const override { return faixa; }
+  void DefineFaixaDeAudio(int id) override {
+    faixa = id;
+    Note(QStringLiteral("audio %1").arg(id));
+  }
   void SetStretchToFit(bool value) override {
     stretch = value;
     Note(QStringLiteral("stretchToFit %1").arg(value));
@@ -74,6 +83,10 @@ public:
   bool stretch = false;
   bool fullScreen = false;
   PlayState state = PlayState::Undefined;
+  bool falhou = false;
+  bool semImagem = false;
+  QList<FaixaDeAudio> faixas;
+  int faixa = 0;
 
 private:
   void Note(const QString &call) {

@@ -100,8 +100,11 @@ private:
   }
 
   void OnUpdate() {
-    if (m_context && (mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME))
-      update();
+    if (!m_context || !(mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME))
+      return;
+    update();
+    if (OnFrame)
+      OnFrame();
   }
 
   void End() {

@@ -17,7 +17,7 @@ namespace tolmira {
 
 namespace {
 
-enum Watched : uint64_t { WatchTime = 1, WatchDuration, WatchEof };
+enum Watched : uint64_t { WatchTime = 1, WatchDuration, WatchEof, WatchTracks };
 
 // What the library opens: an address as it is, anything else the real file behind the stored path.
 QByteArray MediaTarget(const QString &stored) {
@@ -27,6 +27,28 @@ QByteArray MediaTarget(const QString &stored) {
   else if (path.contains(u"://"))
     return path.toUtf8();
   return MapStoredPath(path).text().toUtf8();
+}
+
+// A member of a node that is a map; null where there is none.
+const mpv_node *Member(const mpv_node &map, const char *name) {
+  if (map.format != MPV_FORMAT_NODE_MAP)
+    return nullptr;
+  for (int i = 0; i < map.u.list->num; ++i)
+    if (qstrcmp(map.u.list->keys[i], name) == 0)
+      return &map.u.list->values[i];
+  return nullptr;
+}
+
+QString TextOf(const mpv_node *node) {
+  return node && node->format == MPV_FORMAT_STRING ? QString::fromUtf8(node->u.string) : QString();
+}
+
+bool IsSet(const mpv_node *node) {
+  return node && node->format == MPV_FORMAT_FLAG && node->u.flag;
+}
+
+int64_t NumberOf(const mpv_node *node) {
+  return node && node->format == MPV_FORMAT_INT64 ? node->u.int64 : 0;
 }
 
 QLatin1String Word(bool value) {
@@ -41,7 +63,8 @@ const char *UnscaledMode(bool stretch) {
 } // namespace
 
 struct MpvPlayer::Impl : public QObject {
-  Impl(QWidget *host, VideoDrawing kind, DisplayObserver *hears) : picwmp(host), drawing(kind), observer(hears) {
+  Impl(MpvPlayer &player, QWidget *host, VideoDrawing kind, DisplayObserver *hears)
+      : owner(player), picwmp(host), drawing(kind), observer(hears) {
     // The first GL widget that comes to a window on show has that window made anew, so this one is there from the
     // start.
     if (drawing == VideoDrawing::Gl)
@@ -62,7 +85,13 @@ struct MpvPlayer::Impl : public QObject {
   void Text(const char *name, const char *value);
   void Pause(bool on);
   void Seek(double seconds);
+  void Load();
+  void Forget();
+  void Fail();
   void ReadEvents();
+  void OnEvent(const mpv_event &event);
+  void OnTracks(const mpv_node &list);
+  void ShowPicture();
   void OnProperty(const mpv_event_property &property, uint64_t watched);
   void Say(const QString &call) const {
     if (observer)
@@ -75,6 +104,7 @@ struct MpvPlayer::Impl : public QObject {
     surface->Widget()->setVisible(visible);
   }
 
+  MpvPlayer &owner;
   QWidget *picwmp;
   VideoDrawing drawing;
   DisplayObserver *observer;
@@ -89,7 +119,18 @@ struct MpvPlayer::Impl : public QObject {
   int volume = 50;
   bool loop = false;
   bool stretch = false;
+  uint64_t loads = 0;   // counts the files, so that no answer about one is taken for another's
+  int64_t entry = 0;    // the library's number of the present file; 0 until it has told
+  bool begun = false;   // the library is at the present file
   bool fileLoaded = false;
+  bool started = false; // its first picture and sound are there
+  bool frame = false;   // a picture has come since it was open
+  bool picture = false; // both
+  bool broken = false;
+  bool tracksKnown = false;
+  bool hasVideo = false;
+  QList<FaixaDeAudio> sounds;
+  int sound = 0;
   std::optional<double> wantedPosition; // asked for before the file was open
   bool visible = true;
   std::optional<QRect> geometry;
@@ -118,6 +159,10 @@ bool MpvPlayer::Impl::Ensure() {
   Option("hr-seek", "yes");
   Option("audio-display", "no");
   Option("sub-auto", "no");
+  // A file is what it is: none of them leads the player to others, here or in a network.
+  Option("access-references", "no");
+  Option("ordered-chapters", "no");
+  Option("demuxer-lavf-o", "protocol_whitelist=[file,crypto,data]");
   Option("audio-client-name", "Tolmira");
   if (const QByteArray device = qgetenv("TOLMIRA_AO"); !device.isEmpty())
     Option("ao", device.constData());
@@ -130,6 +175,7 @@ bool MpvPlayer::Impl::Ensure() {
   mpv_observe_property(mpv, WatchTime, "time-pos", MPV_FORMAT_DOUBLE);
   mpv_observe_property(mpv, WatchDuration, "duration", MPV_FORMAT_DOUBLE);
   mpv_observe_property(mpv, WatchEof, "eof-reached", MPV_FORMAT_FLAG);
+  mpv_observe_property(mpv, WatchTracks, "track-list", MPV_FORMAT_NODE);
   mpv_set_wakeup_callback(
       mpv,
       [](void *self) {
@@ -141,6 +187,10 @@ bool MpvPlayer::Impl::Ensure() {
 
   if (!surface)
     surface = NewSoftwareVideoSurface(picwmp);
+  surface->OnFrame = [this] {
+    frame = fileLoaded;
+    ShowPicture();
+  };
   surface->Attach(mpv);
   Place();
   Text("volume", QByteArray::number(volume).constData());
@@ -181,29 +231,120 @@ void MpvPlayer::Impl::Seek(double seconds) {
   Command({"seek", QByteArray::number(seconds, 'f', 3).constData(), "absolute+exact"});
 }
 
+void MpvPlayer::Impl::Load() {
+  Forget();
+  state = PlayState::Playing;
+  ++loads;
+  const QByteArray target = MediaTarget(url);
+  const char *words[] = {"loadfile", target.constData(), "replace", nullptr};
+  mpv_command_async(mpv, loads, words);
+  Text("aid", "auto"); // a choice was for the file before
+  Pause(false);
+}
+
+void MpvPlayer::Impl::Forget() {
+  position = 0;
+  duration = 0;
+  entry = 0;
+  begun = fileLoaded = started = frame = broken = false;
+  tracksKnown = hasVideo = false;
+  sounds.clear();
+  sound = 0;
+  wantedPosition.reset();
+  ShowPicture();
+}
+
+void MpvPlayer::Impl::Fail() {
+  state = PlayState::Stopped;
+  broken = true;
+  fileLoaded = started = frame = false;
+  ShowPicture();
+}
+
+// The surface keeps its last picture, which may be one of the file before: it is uncovered when one of this file is there.
+void MpvPlayer::Impl::ShowPicture() {
+  const bool before = std::exchange(picture, started && frame);
+  if (surface)
+    surface->SetBlank(!picture || state == PlayState::Stopped);
+  if (before != picture && owner.OnImagem)
+    owner.OnImagem();
+}
+
 void MpvPlayer::Impl::ReadEvents() {
   while (mpv) {
     const mpv_event *event = mpv_wait_event(mpv, 0);
-    switch (event->event_id) {
-    case MPV_EVENT_NONE:
+    if (event->event_id == MPV_EVENT_NONE)
       return;
-    case MPV_EVENT_FILE_LOADED:
-      fileLoaded = true;
-      if (wantedPosition)
-        Seek(*std::exchange(wantedPosition, std::nullopt));
+    OnEvent(*event);
+  }
+}
+
+void MpvPlayer::Impl::OnEvent(const mpv_event &event) {
+  switch (event.event_id) {
+  case MPV_EVENT_COMMAND_REPLY:
+    if (event.reply_userdata != loads || url.isEmpty())
       break;
-    case MPV_EVENT_END_FILE:
-      fileLoaded = false;
-      // A file that gives way to the next one ends too; only one that could not be played stops the player.
-      if (static_cast<mpv_event_end_file *>(event->data)->reason == MPV_END_FILE_REASON_ERROR)
-        state = PlayState::Stopped;
+    entry = event.error < 0
+                ? 0
+                : NumberOf(Member(static_cast<mpv_event_command *>(event.data)->result, "playlist_entry_id"));
+    if (entry == 0)
+      Fail();
+    break;
+  case MPV_EVENT_START_FILE:
+    begun = entry != 0 && static_cast<mpv_event_start_file *>(event.data)->playlist_entry_id == entry;
+    break;
+  case MPV_EVENT_FILE_LOADED:
+    if (!begun)
       break;
-    case MPV_EVENT_PROPERTY_CHANGE:
-      OnProperty(*static_cast<mpv_event_property *>(event->data), event->reply_userdata);
+    fileLoaded = true;
+    if (wantedPosition)
+      Seek(*std::exchange(wantedPosition, std::nullopt));
+    break;
+  case MPV_EVENT_PLAYBACK_RESTART:
+    started = fileLoaded;
+    ShowPicture();
+    break;
+  case MPV_EVENT_END_FILE: {
+    // A file that gives way to the next one ends too; only one that could not be played stops the player. One that
+    // turns out to be a list of others is none that can be played.
+    const auto *end = static_cast<mpv_event_end_file *>(event.data);
+    if (entry == 0 || end->playlist_entry_id != entry)
       break;
-    default:
-      break;
-    }
+    begun = fileLoaded = false;
+    if (end->reason == MPV_END_FILE_REASON_REDIRECT)
+      Command({"stop"});
+    if (end->reason == MPV_END_FILE_REASON_ERROR || end->reason == MPV_END_FILE_REASON_REDIRECT)
+      Fail();
+    break;
+  }
+  case MPV_EVENT_PROPERTY_CHANGE:
+    OnProperty(*static_cast<mpv_event_property *>(event.data), event.reply_userdata);
+    break;
+  default:
+    break;
+  }
+}
+
+void MpvPlayer::Impl::OnTracks(const mpv_node &list) {
+  if (list.format != MPV_FORMAT_NODE_ARRAY || !begun)
+    return;
+  tracksKnown = list.u.list->num > 0;
+  hasVideo = false;
+  sounds.clear();
+  sound = 0;
+  for (int i = 0; i < list.u.list->num; ++i) {
+    const mpv_node &track = list.u.list->values[i];
+    const QString type = TextOf(Member(track, "type"));
+    if (type == u"video" && !IsSet(Member(track, "albumart")))
+      hasVideo = true;
+    if (type != u"audio")
+      continue;
+    const int id = static_cast<int>(NumberOf(Member(track, "id")));
+    QStringList words{TextOf(Member(track, "title")), TextOf(Member(track, "lang"))};
+    words.removeAll(QString());
+    sounds.append({id, words.join(QStringLiteral(", "))});
+    if (IsSet(Member(track, "selected")))
+      sound = id;
   }
 }
 
@@ -218,6 +359,9 @@ void MpvPlayer::Impl::OnProperty(const mpv_event_property &property, uint64_t wa
   case WatchDuration:
     duration = *static_cast<double *>(property.data);
     break;
+  case WatchTracks:
+    OnTracks(*static_cast<mpv_node *>(property.data));
+    break;
   case WatchEof:
     if (*static_cast<int *>(property.data) && state == PlayState::Playing && !loop)
       state = PlayState::Ended;
@@ -228,7 +372,7 @@ void MpvPlayer::Impl::OnProperty(const mpv_event_property &property, uint64_t wa
 }
 
 MpvPlayer::MpvPlayer(QWidget *picwmp, VideoDrawing drawing, DisplayObserver *observer)
-    : m_impl(std::make_unique<Impl>(picwmp, drawing, observer)) {}
+    : m_impl(std::make_unique<Impl>(*this, picwmp, drawing, observer)) {}
 
 MpvPlayer::~MpvPlayer() = default;
 
@@ -239,17 +383,11 @@ void MpvPlayer::SetUrl(const QString &storedPathOrAddress) {
     Close();
     return;
   }
-  if (!d.Ensure())
-    return;
   d.url = storedPathOrAddress;
-  d.position = 0;
-  d.duration = 0;
-  d.fileLoaded = false;
-  d.wantedPosition.reset();
-  d.state = PlayState::Playing;
-  d.Command({"loadfile", MediaTarget(storedPathOrAddress).constData(), "replace"});
-  d.Pause(false);
-  d.surface->SetBlank(false);
+  if (d.Ensure())
+    d.Load();
+  else
+    d.Fail();
 }
 
 QString MpvPlayer::Url() const {
@@ -261,25 +399,23 @@ void MpvPlayer::Close() {
   d.Say(QStringLiteral("close"));
   d.Command({"stop"});
   d.url.clear();
-  d.position = 0;
-  d.duration = 0;
-  d.fileLoaded = false;
-  d.wantedPosition.reset();
+  ++d.loads;
   d.state = PlayState::Undefined;
-  if (d.surface)
-    d.surface->SetBlank(true);
+  d.Forget();
 }
 
 void MpvPlayer::ControlsPlay() {
   Impl &d = *m_impl;
   d.Say(QStringLiteral("controls.play"));
-  if (d.url.isEmpty())
+  if (d.url.isEmpty() || !d.mpv)
     return;
+  if (d.broken) // perhaps the disk is back
+    return d.Load();
   if (d.state == PlayState::Ended)
     d.Seek(0);
   d.state = PlayState::Playing;
   d.Pause(false);
-  d.surface->SetBlank(false);
+  d.ShowPicture();
 }
 
 void MpvPlayer::ControlsPause() {
@@ -300,7 +436,7 @@ void MpvPlayer::ControlsStop() {
   d.state = PlayState::Stopped;
   d.Pause(true);
   d.Seek(0);
-  d.surface->SetBlank(true);
+  d.ShowPicture();
 }
 
 double MpvPlayer::CurrentPosition() const {
@@ -310,7 +446,7 @@ double MpvPlayer::CurrentPosition() const {
 void MpvPlayer::SetCurrentPosition(double seconds) {
   Impl &d = *m_impl;
   d.Say(QStringLiteral("controls.currentPosition=") + QString::number(seconds));
-  if (d.url.isEmpty())
+  if (d.url.isEmpty() || d.broken)
     return;
   if (d.state == PlayState::Ended)
     d.state = PlayState::Paused;
@@ -337,6 +473,35 @@ void MpvPlayer::SetLoop(bool loop) {
   d.Say(QStringLiteral("settings.setMode(loop,%1)").arg(Word(loop)));
   d.loop = loop;
   d.Text("loop-file", loop ? "inf" : "no");
+}
+
+bool MpvPlayer::Loop() const {
+  return m_impl->loop;
+}
+
+bool MpvPlayer::Falhou() const {
+  return m_impl->broken;
+}
+
+bool MpvPlayer::SemImagem() const {
+  return m_impl->fileLoaded && m_impl->tracksKnown && !m_impl->hasVideo;
+}
+
+QList<FaixaDeAudio> MpvPlayer::FaixasDeAudio() const {
+  return m_impl->sounds;
+}
+
+int MpvPlayer::FaixaDeAudioAtual() const {
+  return m_impl->sound;
+}
+
+void MpvPlayer::DefineFaixaDeAudio(int id) {
+  m_impl->Say(QStringLiteral("currentAudioTrack=%1").arg(id));
+  m_impl->Text("aid", QByteArray::number(id).constData());
+}
+
+bool MpvPlayer::TemImagem() const {
+  return m_impl->picture;
 }
 
 PlayState MpvPlayer::State() const {

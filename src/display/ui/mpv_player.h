@@ -3,6 +3,7 @@
 #include "display/display_seams.h"
 
 #include <QString>
+#include <functional>
 #include <memory>
 
 class QWidget;
@@ -33,14 +34,25 @@ public:
   int Volume() const override;
   void SetVolume(int volume) override;
   void SetLoop(bool loop) override;
+  bool Loop() const override;
   PlayState
   State() const override; // Playing from the call that starts it, Ended at the end of a file that does not loop
+  bool Falhou() const override;
+  bool SemImagem() const override;
+  QList<FaixaDeAudio> FaixasDeAudio() const override;
+  int FaixaDeAudioAtual() const override;
+  void DefineFaixaDeAudio(int id) override;
   void SetStretchToFit(bool stretch) override;
   void SetFullScreen(bool full) override;
   void SetUiMode(const QString &mode) override;
 
   void SetVisible(bool visible);       // the player inside its host
   void SetGeometry(const QRect &rect); // in the host's coordinates
+
+  // A picture of the present media stands in the widget, or is about to; before the first one, and after a Close, it is
+  // black.
+  bool TemImagem() const;
+  std::function<void()> OnImagem; // that changed
 
 private:
   struct Impl;

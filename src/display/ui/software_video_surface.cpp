@@ -122,7 +122,13 @@ private:
         m_shown.swap(frame);
       }
       QMetaObject::invokeMethod(
-          this, [this] { update(); }, Qt::QueuedConnection);
+          this,
+          [this] {
+            update();
+            if (OnFrame)
+              OnFrame();
+          },
+          Qt::QueuedConnection);
     }
   }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 struct mpv_handle;
@@ -17,6 +18,7 @@ public:
   virtual QWidget *Widget() = 0;
   // Black instead of the picture, as a stopped player looks.
   virtual void SetBlank(bool blank) = 0;
+  std::function<void()> OnFrame; // a new picture is on its way to the screen; on the window's thread
 };
 
 // Draws on the processor, in a thread of its own. For desktops where GL is only emulated: a GL widget would force the

@@ -393,6 +393,13 @@ void WebPageHost::AddObserver(DisplayObserver *observer) {
   m_impl->observers.push_back(observer);
 }
 
+void WebPageHost::Segura(const QPixmap &picture) {
+  if (!m_impl->held || picture.isNull())
+    return;
+  m_impl->held->Hold(picture);
+  m_impl->holdLimit.start(HoldLimitMs);
+}
+
 bool WebPageHost::IsHolding() const {
   return m_impl->held && m_impl->held->isVisible();
 }

@@ -3,6 +3,7 @@
 #include "display/display_seams.h"
 #include "display/ui/page_profile.h"
 
+#include <QPixmap>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -29,6 +30,8 @@ public:
   PageObject *WV();                            // null before CriaBrowser
   void AddObserver(DisplayObserver *observer); // not owned; outlives the host
 
+  // Covers the page with that picture until the next page has drawn itself, or for a moment when none is navigated to.
+  void Segura(const QPixmap &picture);
   // The picture of the page before stands on the screen while the page is drawing itself.
   bool IsHolding() const;
 

@@ -1,6 +1,7 @@
 #include "display/FrmQuendar.h"
 
 #include "display/ui/grip_strip.h"
+#include "display/ui/notice_layer.h"
 #include "display/ui/picture_layer.h"
 #include "display/ui/state_on_x11.h"
 #include "display/ui/web_page_host.h"
@@ -54,12 +55,20 @@ struct FrmQuendar::Impl : public DisplayLayers {
   void PicwmpToBack() override { picwmp->lower(); }
   void ShowPicWV(bool visible) override { picWV->setVisible(visible); }
   void PicWVToBack() override { picWV->lower(); }
+  bool PicwmpVisible() const override { return !picwmp->isHidden(); }
+  PageObject *WVAviso(bool cria) override { return cria ? avisos->ForNotice() : avisos->WV(); }
   void ShowWmp(bool visible) override { player->SetVisible(visible); }
-  void ShowTelaPreta(bool visible) override { telaPreta->setVisible(visible); }
+  void ShowTelaPreta(bool visible) override {
+    telaPreta->setVisible(visible);
+    CoverNotices();
+  }
   bool TelaPretaVisible() const override { return !telaPreta->isHidden(); }
   void TelaPretaToFront() override { telaPreta->raise(); }
   bool LoadImagePadrao(const QString &storedPath) override { return imagePadrao->Load(storedPath); }
-  void ShowImagePadrao(bool visible) override { imagePadrao->setVisible(visible); }
+  void ShowImagePadrao(bool visible) override {
+    imagePadrao->setVisible(visible);
+    CoverNotices();
+  }
   void ImagePadraoToFront() override { imagePadrao->raise(); }
   void PicMoveToFront() override { picMove->raise(); }
   void StopGripTimer() override { timerRemoveBarraTitulo->Stop(); }
@@ -72,6 +81,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   // By what was asked for: window managers may take the state away for a moment, or never grant it, and no strip may
   // stand over the projection for that.
   bool IsNormal() const { return !inteira; }
+  void CoverNotices() { avisos->SetCovered(!telaPreta->isHidden() || !imagePadrao->isHidden()); }
   void Arrange();
   void ShowGripForState();
   void ApplyAlfa();
@@ -90,6 +100,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   PictureLayer *imagePadrao;
   QWidget *telaPreta;
   GripStrip *picMove;
+  std::unique_ptr<NoticeLayer> avisos;
   std::unique_ptr<DisplayCommands> commands;
   std::unique_ptr<PeriodicTimer> timerFade;
   std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
@@ -118,6 +129,11 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
   for (QWidget *hidden : {picwmp, static_cast<QWidget *>(imagePadrao), telaPreta})
     hidden->hide();
 
+  avisos = std::make_unique<NoticeLayer>(owner, parts.app, parts.profile, parts.observer);
+  avisos->OnMade = [this] {
+    CoverNotices();
+    picMove->raise();
+  };
   player = std::make_unique<MpvPlayer>(picwmp, parts.video, parts.observer);
   if (parts.observer)
     picWV->AddObserver(parts.observer);
@@ -173,6 +189,7 @@ void FrmQuendar::Impl::Unload() {
 void FrmQuendar::Impl::Arrange() {
   const QRect whole = window.rect();
   picWV->setGeometry(whole);
+  avisos->Fit();
   FitMedia();
   imagePadrao->setGeometry(whole);
   telaPreta->setGeometry(whole);
@@ -354,6 +371,9 @@ int FrmQuendar::Alfa() const {
 }
 PageObject *FrmQuendar::WV() {
   return m_impl->WV();
+}
+PageObject *FrmQuendar::WVAviso() {
+  return m_impl->WVAviso(false);
 }
 MediaPlayer *FrmQuendar::wmp() {
   return m_impl->wmp();

@@ -8,6 +8,7 @@
 #include "console/console_fixture.h"
 #include "display/ui/engine_versions.h"
 #include "foundation/ui/form_position.h"
+#include "notices/ui/notice_windows.h"
 #include "slides/FrmImportar.h"
 #include "slides/show_document.h"
 #include "slides/slide_document.h"
@@ -147,6 +148,11 @@ inline std::shared_ptr<ShowWindows> WindowsOfShows(House &house) {
                                                  &house.desk});
 }
 
+inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
+  return std::make_shared<NoticeWindows>(
+      NoticeDoors{house.store, house.prompt, house.positions, [](const QString &) {}, {}, &house.desk});
+}
+
 // With a document that asks for its password.
 inline std::shared_ptr<FrmImportar> OpenedImport(House &house) {
   const DocumentImport::Programas programs{qEnvironmentVariable("TOLMIRA_BIN_DIR") + QStringLiteral("/tolmira-pages"),
@@ -232,6 +238,25 @@ inline const std::map<QString, Opener> &EveryWindow() {
          auto windows = WindowsOfShows(h);
          windows->AbreControle(CaminhoDoSlideShow(h.app, House::LongName));
          windows->ImagemMudou(House::LongName + u".jpg");
+         return windows;
+       }},
+      {QStringLiteral("FrmExibeAviso"),
+       [](House &h) {
+         auto windows = WindowsOfNotices(h);
+         windows->AbreAviso();
+         return windows;
+       }},
+      {QStringLiteral("FrmListaAvisos"),
+       [](House &h) {
+         h.Write(QStringLiteral("Data/notices.txt"), House::LongName.toUtf8());
+         auto windows = WindowsOfNotices(h);
+         windows->AbreLista();
+         return windows;
+       }},
+      {QStringLiteral("FrmAvisoConfig"),
+       [](House &h) {
+         auto windows = WindowsOfNotices(h);
+         windows->AbreConfig();
          return windows;
        }},
       {QStringLiteral("FrmImportar"), OpenedImport},

@@ -2,6 +2,7 @@
 
 #include "foundation/real_path.h"
 
+#include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QColorDialog>
@@ -106,6 +107,8 @@ std::optional<QString> QtUserPrompt::AskText(const QString &title, const QString
     field->setAccessibleName(text);
     field->selectAll();
   }
+  for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>())
+    button->setIcon(QIcon()); // of the desktop's theme, in other colours than ours
   const bool given = dialog->exec() == QDialog::Accepted && dialog;
   const QString line = given ? dialog->textValue() : QString();
   delete dialog.data();

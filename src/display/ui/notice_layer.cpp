@@ -42,6 +42,7 @@ PageObject *NoticeLayer::ForNotice() {
       cancel = true;
       Check();
     };
+    m_shown = false;
     Fit();
     m_host->show();
     m_host->raise();
@@ -59,8 +60,14 @@ void NoticeLayer::Check() {
   if (!m_host)
     return;
   m_host->WV()->Evaluate(NoticeRuns, [layer = QPointer(this), asked = m_notices](const QString &json) {
-    if (layer && layer->m_notices == asked && json != u"true")
+    if (!layer || !layer->m_host)
+      return;
+    if (json == u"true") {
+      layer->m_shown = true;
+      layer->Fit();
+    } else if (layer->m_notices == asked) {
       layer->Remove();
+    }
   });
 }
 
@@ -75,11 +82,12 @@ void NoticeLayer::Remove() {
 
 void NoticeLayer::Fit() {
   if (m_host)
-    m_host->setGeometry(m_covered ? m_window.rect().translated(0, m_window.height()) : m_window.rect());
+    m_host->setGeometry(m_covered || !m_shown ? m_window.rect().translated(0, m_window.height()) : m_window.rect());
 }
 
-// Aside instead of beneath: with hardware drawing a transparent page lies above all that does not draw by hardware. And not
-// hidden: the engine puts hidden pages to sleep.
+// Aside until it has something to show, so that none of its beginnings is seen, and under a cover aside instead of
+// beneath: with hardware drawing a transparent page lies above all that does not draw by hardware. And not hidden: the
+// engine puts hidden pages to sleep.
 void NoticeLayer::SetCovered(bool covered) {
   m_covered = covered;
   Fit();

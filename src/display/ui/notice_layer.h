@@ -43,6 +43,7 @@ private:
   QPointer<WebPageHost> m_host;
   int m_notices = 0; // that were asked for, so that the end of one is not taken for that of the next
   bool m_covered = false;
+  bool m_shown = false; // the page has a notice to show
 };
 
 } // namespace tolmira

@@ -351,8 +351,11 @@ void WebPageHost::Impl::Tame(QWidget *widget) {
   if (!interactive)
     widget->setFocusPolicy(Qt::NoFocus);
   widget->installEventFilter(&host);
-  if (auto *drawing = qobject_cast<QQuickWidget *>(widget))
+  if (auto *drawing = qobject_cast<QQuickWidget *>(widget)) {
     promptDrawing.Watch(drawing);
+    if (transparent) // white until the engine has a say
+      drawing->setClearColor(Qt::transparent);
+  }
 }
 
 // The engine takes the focus at a mouse press by itself, whatever the widget's policy.

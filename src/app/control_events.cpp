@@ -43,6 +43,11 @@ int ObservedPrompt::Ask(const QString &title, const QString &text, const QString
   return m_prompt.Ask(title, text, buttons);
 }
 
+std::optional<QString> ObservedPrompt::AskText(const QString &title, const QString &text, const QString &now) {
+  m_events.OnMessage(title, text, {QStringLiteral("OK"), QStringLiteral("Cancel")});
+  return m_prompt.AskText(title, text, now);
+}
+
 QString ObservedPrompt::OpenFile(const QString &title, const QString &folder, const QString &filter) {
   m_events.OnMessage(title, filter, {});
   return m_prompt.OpenFile(title, folder, filter);

@@ -31,6 +31,7 @@ public:
   ObservedPrompt(UserPrompt &prompt, ControlEvents &events) : m_prompt(prompt), m_events(events) {}
   void Message(MessageKind kind, const QString &title, const QString &text) override;
   int Ask(const QString &title, const QString &text, const QStringList &buttons) override;
+  std::optional<QString> AskText(const QString &title, const QString &text, const QString &now) override;
   QString OpenFile(const QString &title, const QString &folder, const QString &filter) override;
   QStringList OpenFiles(const QString &title, const QString &folder, const QString &filter) override;
   std::optional<qint32> PickColour(const QString &title, qint32 now) override;

@@ -18,6 +18,7 @@
 #include "console/ui/themes_panel.h"
 #include "controls/ui/context_menu_key.h"
 #include "display/FrmQuendar.h"
+#include "display/notice_call.h"
 #include "display/show_page.h"
 #include "display/ui/engine_versions.h"
 #include "display/ui/graphics_backend.h"
@@ -28,6 +29,7 @@
 #include "foundation/ui/qt_user_prompt.h"
 #include "media/ui/video_windows.h"
 #include "media/video_files.h"
+#include "notices/ui/notice_windows.h"
 #include "slides/FrmImportar.h"
 #include "slides/ui/show_windows.h"
 #include "slides/ui/slide_windows.h"
@@ -71,6 +73,7 @@ struct Program::Impl {
   void ImportaDocumento(const AbreImagens &pronto);
   void MakeShowWindows();
   void MakeVideoWindows();
+  void MakeNoticeWindows();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -118,6 +121,7 @@ struct Program::Impl {
   std::unique_ptr<FrmImportar> importar; // hands its pages to the one above
   std::unique_ptr<ShowWindows> shows;
   std::unique_ptr<VideoWindows> videos;
+  std::unique_ptr<NoticeWindows> notices;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -128,6 +132,8 @@ struct Program::Impl {
 PageObject *Program::Impl::PageNamed(const QString &name) const {
   if (name == u"display" || name == u"FrmQuendar")
     return quendar ? quendar->WV() : nullptr;
+  if (name == u"notice")
+    return quendar ? quendar->WVAviso() : nullptr;
   if (name == u"preview" || name == u"FrmMonitor")
     return console ? console->PicWV()->WV() : nullptr;
   if (name == u"FrmConfigTema")
@@ -163,6 +169,7 @@ void Program::Impl::MakeWindows() {
   MakeSlideWindows();
   MakeShowWindows();
   MakeVideoWindows();
+  MakeNoticeWindows();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -172,6 +179,7 @@ void Program::Impl::MakeWindows() {
   windows.addSlides = [this] { slides->AbreLista(); };
   windows.addShows = [this] { shows->AbreLista(); };
   windows.addVideos = [this] { videos->AbreAdicionar(); };
+  windows.notices = [this] { notices->AbreAviso(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   windows.chooseScreen = [this](int opcao) {
@@ -315,6 +323,20 @@ void Program::Impl::MakeVideoWindows() {
       core.agenda.TrocaArquivo(NomeDoVideo(outro), outro);
     return true;
   };
+}
+
+// The preview takes no commands, so it gets the page's call beside the projection.
+void Program::Impl::MakeNoticeWindows() {
+  const auto envia = [this](const QString &comando) {
+    core.canal.SendToDisplay(comando);
+    if (core.estado.TelaPronta)
+      PassaAviso(PageNamed(QStringLiteral("preview")), comando);
+  };
+  const auto mostra = [this](bool aberto) {
+    core.painel.AvisoAberto = aberto;
+    core.contexto.Atualiza();
+  };
+  notices = std::make_unique<NoticeWindows>(NoticeDoors{store, prompt, positions, envia, mostra, console.get()});
 }
 
 void Program::Impl::MakeDisplay() {
@@ -519,6 +541,7 @@ Program::~Program() {
   m_impl->songs.reset();
   m_impl->core.controles.AbreGaleria = nullptr;
   m_impl->themes.reset();
+  m_impl->notices.reset();
   m_impl->sobre.reset();
   m_impl->console.reset();
 }

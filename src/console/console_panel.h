@@ -114,6 +114,7 @@ struct PainelConsole {
 
   // tips
   bool PicAviso = false;           // "drag the text or press an arrow key"
+  bool AvisoAberto = false;        // the window of the notices is open, and PicAviso says so
   bool PicAviso2 = true;           // nothing loaded
   bool PicDica2 = false;
   bool PicDica3 = false;

@@ -1,6 +1,7 @@
 #include "display/FrmQuendar.h"
 
 #include "display/ui/grip_strip.h"
+#include "display/ui/notice_layer.h"
 #include "display/ui/picture_layer.h"
 #include "display/ui/state_on_x11.h"
 #include "display/ui/web_page_host.h"
@@ -54,12 +55,20 @@ struct FrmQuendar::Impl : public DisplayLayers {
   void PicwmpToBack() override { PutMediaInFront(false); }
   void ShowPicWV(bool visible) override { picWV->setVisible(visible); }
   void PicWVToBack() override { PutMediaInFront(true); }
+  bool PicwmpVisible() const override { return !picwmp->isHidden(); }
+  PageObject *WVAviso(bool cria) override { return cria ? avisos->ForNotice() : avisos->WV(); }
   void ShowWmp(bool visible) override { player->SetVisible(visible); }
-  void ShowTelaPreta(bool visible) override { telaPreta->setVisible(visible); }
+  void ShowTelaPreta(bool visible) override {
+    telaPreta->setVisible(visible);
+    CoverNotices();
+  }
   bool TelaPretaVisible() const override { return !telaPreta->isHidden(); }
   void TelaPretaToFront() override { telaPreta->raise(); }
   bool LoadImagePadrao(const QString &storedPath) override { return imagePadrao->Load(storedPath); }
-  void ShowImagePadrao(bool visible) override { imagePadrao->setVisible(visible); }
+  void ShowImagePadrao(bool visible) override {
+    imagePadrao->setVisible(visible);
+    CoverNotices();
+  }
   void ImagePadraoToFront() override { imagePadrao->raise(); }
   void PicMoveToFront() override { picMove->raise(); }
   void StopGripTimer() override { timerRemoveBarraTitulo->Stop(); }
@@ -74,6 +83,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   bool IsNormal() const { return !inteira; }
   void PutMediaInFront(bool wanted);
   bool MediaCoversPage() const { return mediaWanted && player->TemImagem() && !picwmp->isHidden(); }
+  void CoverNotices() { avisos->SetCovered(!telaPreta->isHidden() || !imagePadrao->isHidden()); }
   void Arrange();
   void ShowGripForState();
   void ApplyAlfa();
@@ -92,6 +102,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   PictureLayer *imagePadrao;
   QWidget *telaPreta;
   GripStrip *picMove;
+  std::unique_ptr<NoticeLayer> avisos;
   std::unique_ptr<DisplayCommands> commands;
   std::unique_ptr<PeriodicTimer> timerFade;
   std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
@@ -121,6 +132,11 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
   for (QWidget *hidden : {picwmp, static_cast<QWidget *>(imagePadrao), telaPreta})
     hidden->hide();
 
+  avisos = std::make_unique<NoticeLayer>(owner, parts.app, parts.profile, parts.observer);
+  avisos->OnMade = [this] {
+    CoverNotices();
+    picMove->raise();
+  };
   player = std::make_unique<MpvPlayer>(picwmp, parts.video, parts.observer);
   if (parts.observer)
     picWV->AddObserver(parts.observer);
@@ -198,6 +214,7 @@ void FrmQuendar::Impl::Unload() {
 void FrmQuendar::Impl::Arrange() {
   const QRect whole = window.rect();
   picWV->setGeometry(whole);
+  avisos->Fit();
   FitMedia();
   imagePadrao->setGeometry(whole);
   telaPreta->setGeometry(whole);
@@ -380,6 +397,9 @@ int FrmQuendar::Alfa() const {
 }
 PageObject *FrmQuendar::WV() {
   return m_impl->WV();
+}
+PageObject *FrmQuendar::WVAviso() {
+  return m_impl->WVAviso(false);
 }
 MediaPlayer *FrmQuendar::wmp() {
   return m_impl->wmp();

@@ -48,6 +48,8 @@ public:
   // this itself when the projector's screen goes, because the desktop would move it over the operator's screen.
   void Esconde();
 
+  PageObject *WVAviso(); // the page above the layers; null while no notice needs it
+
   void ProcessaComando(const QString &comando) override;
   PageObject *WV() override;
   MediaPlayer *wmp() override;

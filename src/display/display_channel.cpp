@@ -60,6 +60,16 @@ void CallPageScript(PageObject *pagina, const QString &nome, QString &&a1, const
   CallPageScript(pagina, nome, a1, a2, a3, a4, a5, a6, a7);
 }
 
+QString LiteralDeScript(QString texto) {
+  texto.replace(u'\\', QStringLiteral("\\\\"));
+  texto.replace(u'\'', QStringLiteral("\\'"));
+  texto.replace(u'\r', QStringLiteral("\\r"));
+  texto.replace(u'\n', QStringLiteral("\\n"));
+  texto.replace(QChar::LineSeparator, QStringLiteral("\\u2028"));
+  texto.replace(QChar::ParagraphSeparator, QStringLiteral("\\u2029"));
+  return texto;
+}
+
 QString EscapaApostrofos(QString texto) {
   static const QRegularExpression unescaped(QStringLiteral("(?<!\\\\)'"));
   return texto.replace(unescaped, QStringLiteral("\\'"));

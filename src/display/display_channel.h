@@ -39,6 +39,9 @@ void CallPageScript(PageObject *pagina, const QString &nome, QString &&a1 = QStr
                     const QString &a3 = {}, const QString &a4 = {}, const QString &a5 = {}, const QString &a6 = {},
                     const QString &a7 = {});
 
+// What a text has to be to stand between the single quotes of a call and arrive as it is.
+QString LiteralDeScript(QString texto);
+
 // "'" becomes "\'", one that is escaped already stays escaped once.
 QString EscapaApostrofos(QString texto);
 

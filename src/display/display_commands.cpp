@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "display/display_channel.h"
+#include "display/notice_call.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_utils.h"
 
@@ -61,8 +62,11 @@ void DisplayCommands::ExecutaVerbo(const QString &comando) {
       {u"PararYoutube", [](DisplayCommands &d, QStringList &) { d.NavegaPaginaVazia(); }},
       {u"Video|#", [](DisplayCommands &d, QStringList &campos) { d.IniciaVideo(campos[1]); }},
       {u"VideoComando|#", [](DisplayCommands &, QStringList &) {}}, // reserved
-      {u"CancelaAviso",
-       [](DisplayCommands &d, QStringList &) { CallPageScript(d.m_layers.WV(), QStringLiteral("ExibeAviso")); }},
+      {VerboCancelaAviso,
+       [](DisplayCommands &d, QStringList &campos) {
+         PassaAviso(d.m_layers.WV(), campos[0]);
+         PassaAviso(d.m_layers.WVAviso(false), campos[0]);
+       }},
       {u"ChangeCSS|#",
        [](DisplayCommands &d, QStringList &campos) { d.ChamaPagina(QStringLiteral("ChangeCSS"), campos, 3); }},
       {u"GotoNextImage",
@@ -88,8 +92,7 @@ void DisplayCommands::ExecutaVerbo(const QString &comando) {
        [](DisplayCommands &d, QStringList &campos) { d.ChamaPagina(QStringLiteral("SetAttribute"), campos, 3); }},
       {u"ChangeOptions|#",
        [](DisplayCommands &d, QStringList &campos) { d.ChamaPagina(QStringLiteral("ChangeOptions"), campos, 2); }},
-      {u"AVISO:|#",
-       [](DisplayCommands &d, QStringList &campos) { d.ChamaPagina(QStringLiteral("ExibeAviso"), campos, 7); }},
+      {VerboAviso, [](DisplayCommands &d, QStringList &campos) { d.ExibeAviso(campos.join(QStringLiteral("|#"))); }},
       {u"Normal",
        [](DisplayCommands &d, QStringList &) {
          d.MostraSoAPagina();
@@ -143,7 +146,15 @@ void DisplayCommands::ChamaPagina(const QString &nome, QStringList &campos, int 
   CallPageScript(m_layers.WV(), nome, a1, campo(2), campo(3), campo(4), campo(5), campo(6), campo(7));
 }
 
+// A page from the net has no notices, and what lies under the media is not seen: there the page above the layers runs them.
+// While that one is there it goes on doing so, so that a new notice takes the place of the one before.
+void DisplayCommands::ExibeAviso(const QString &comando) {
+  const bool acima = m_paginaDaRede || m_layers.PicwmpVisible() || m_layers.WVAviso(false);
+  PassaAviso(acima ? m_layers.WVAviso(true) : m_layers.WV(), comando);
+}
+
 void DisplayCommands::Navega(const QString &url) {
+  m_paginaDaRede = url.contains(u"://") && !url.startsWith(u"file:", Qt::CaseInsensitive);
   if (PageObject *pagina = m_layers.WV())
     pagina->Navigate(url, TempoLimiteSegundos);
 }

@@ -44,6 +44,7 @@ private:
   void ExecutaVerbo(const QString &comando);
   // Calls a page function with fields 1 to `quantos`; nothing happens when one of them is missing.
   void ChamaPagina(const QString &nome, QStringList &campos, int quantos);
+  void ExibeAviso(const QString &comando);
   void Navega(const QString &url);
   void NavegaPaginaVazia();
   void IniciaVideo(const QString &caminho);
@@ -60,6 +61,7 @@ private:
   CaptionComposers m_captions;
   std::unique_ptr<PeriodicTimer> m_timerVolume;
   bool m_displayVisivel = false;
+  bool m_paginaDaRede = false; // the page on show was brought by a command and is not one of the program's
 };
 
 } // namespace tolmira

@@ -78,6 +78,10 @@ public:
   virtual void PicwmpToBack() = 0;
   virtual void ShowPicWV(bool visible) = 0;
   virtual void PicWVToBack() = 0;
+  virtual bool PicwmpVisible() const = 0;
+  // The page above the layers, which runs notices where the page on show cannot; null while there is none. One that is asked
+  // for by `cria` is for a notice that the caller gives it at once; it goes by itself when no notice runs on it any more.
+  virtual PageObject *WVAviso(bool cria) = 0;
   virtual void ShowWmp(bool visible) = 0; // the player inside Picwmp
   virtual void ShowTelaPreta(bool visible) = 0;
   virtual bool TelaPretaVisible() const = 0;

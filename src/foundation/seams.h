@@ -53,6 +53,8 @@ public:
   virtual void Message(MessageKind kind, const QString &title, const QString &text) = 0;
   // Index of the button pressed; -1 when the box was closed without one.
   virtual int Ask(const QString &title, const QString &text, const QStringList &buttons) = 0;
+  // A line that the user types, beginning with `now`; nothing when the user gave up.
+  virtual std::optional<QString> AskText(const QString &title, const QString &text, const QString &now) = 0;
   // The chosen path; empty when the user gave up. `filter` in the toolkit's form ("Pictures (*.png *.jpg)").
   virtual QString OpenFile(const QString &title, const QString &folder, const QString &filter) = 0;
   // The same for several files of one folder.

@@ -9,6 +9,7 @@
 #include "display/ui/engine_versions.h"
 #include "foundation/ui/form_position.h"
 #include "media/ui/video_windows.h"
+#include "notices/ui/notice_windows.h"
 #include "slides/FrmImportar.h"
 #include "slides/show_document.h"
 #include "slides/slide_document.h"
@@ -160,6 +161,11 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
                                                    &house.desk});
 }
 
+inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
+  return std::make_shared<NoticeWindows>(
+      NoticeDoors{house.store, house.prompt, house.positions, [](const QString &) {}, {}, &house.desk});
+}
+
 // With a document that asks for its password.
 inline std::shared_ptr<FrmImportar> OpenedImport(House &house) {
   const DocumentImport::Programas programs{qEnvironmentVariable("TOLMIRA_BIN_DIR") + QStringLiteral("/tolmira-pages"),
@@ -257,6 +263,25 @@ inline const std::map<QString, Opener> &EveryWindow() {
        [](House &h) {
          auto windows = WindowsOfVideos(h);
          windows->AbreAdicionar();
+         return windows;
+       }},
+      {QStringLiteral("FrmExibeAviso"),
+       [](House &h) {
+         auto windows = WindowsOfNotices(h);
+         windows->AbreAviso();
+         return windows;
+       }},
+      {QStringLiteral("FrmListaAvisos"),
+       [](House &h) {
+         h.Write(QStringLiteral("Data/notices.txt"), House::LongName.toUtf8());
+         auto windows = WindowsOfNotices(h);
+         windows->AbreLista();
+         return windows;
+       }},
+      {QStringLiteral("FrmAvisoConfig"),
+       [](House &h) {
+         auto windows = WindowsOfNotices(h);
+         windows->AbreConfig();
          return windows;
        }},
       {QStringLiteral("FrmImportar"), OpenedImport},

@@ -53,6 +53,8 @@ private slots:
 
   void verbReachesItsTarget_data();
   void verbReachesItsTarget();
+  void noticesRunWhereTheyAreSeen_data();
+  void noticesRunWhereTheyAreSeen();
   void missingFieldSkipsOnlyItsStep();
   void commandsSurviveAPageThatIsNotThere();
 
@@ -108,6 +110,8 @@ void TestCommands::verbReachesItsTarget_data() {
   row("reserved verb", QStringLiteral("VideoComando|#play"), {});
   row("notice", QStringLiteral("AVISO:|#Carro ABC|#top|#3|#10|#5|##000000|##ffffff|#"),
       {QStringLiteral("WV: ExibeAviso('Carro ABC','top','3','10','5','#000000','#ffffff')")});
+  row("a notice is text in the script, whatever it has", QStringLiteral("AVISO:|#a'b\\'c\n\u2028|#'+x()+'|#1|#8|#11|##0|##1|#"),
+      {QStringLiteral("WV: ExibeAviso('a\\'b\\\\\\'c\\n\\u2028','\\'+x()+\\'','1','8','11','#0','#1')")});
   row("notice taken away", QStringLiteral("CancelaAviso"), {QStringLiteral("WV: ExibeAviso('','','','','','','')")});
   row("style", QStringLiteral("ChangeCSS|#texto|#display|#none"),
       {QStringLiteral("WV: ChangeCSS('texto','display','none')")});
@@ -144,6 +148,34 @@ void TestCommands::verbReachesItsTarget() {
   QVERIFY(!journal.isEmpty());
   QCOMPARE(journal.takeLast(), p.commands.DisplayVisivel() ? Shown() : Hidden());
   QCOMPARE(journal, calls);
+}
+
+void TestCommands::noticesRunWhereTheyAreSeen_data() {
+  QTest::addColumn<QStringList>("before");
+  QTest::addColumn<QString>("page");
+  const QString theme = QStringLiteral("CarregaTema|#file:////tmp/temp.html");
+  const QString web = QStringLiteral("YOUTUBE:|#https://video.example/embed/1|#");
+  const QString video = QStringLiteral("Video|#/srv/v.mp4");
+  QTest::newRow("theme") << QStringList{theme} << QStringLiteral("WV");
+  QTest::newRow("empty page behind a web video") << QStringList{web, QStringLiteral("PararYoutube")} << QStringLiteral("WV");
+  QTest::newRow("web video") << QStringList{theme, web} << QStringLiteral("above");
+  QTest::newRow("local video") << QStringList{theme, video} << QStringLiteral("above");
+  QTest::newRow("theme after a video") << QStringList{video, theme} << QStringLiteral("WV");
+  QTest::newRow("one runs above already") << QStringList{video, QStringLiteral("AVISO:|#a|#top|#1|#8|#11|#|#|#"), theme}
+                                          << QStringLiteral("above");
+}
+
+void TestCommands::noticesRunWhereTheyAreSeen() {
+  QFETCH(QStringList, before);
+  QFETCH(QString, page);
+  Projection p;
+  for (const QString &comando : before)
+    p.Send(comando);
+  QCOMPARE(p.Send(QStringLiteral("AVISO:|#b|#top|#1|#8|#11|#|#|#")).first(),
+           QString(page + u": ExibeAviso('b','top','1','8','11','','')"));
+  const QStringList cancelled = p.Send(QStringLiteral("CancelaAviso"));
+  QCOMPARE(cancelled.contains(QStringLiteral("above: ExibeAviso('','','','','','','')")), page == u"above");
+  QVERIFY(cancelled.contains(QStringLiteral("WV: ExibeAviso('','','','','','','')")));
 }
 
 void TestCommands::missingFieldSkipsOnlyItsStep() {

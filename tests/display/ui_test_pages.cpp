@@ -65,6 +65,11 @@ private slots:
   void bandsOfAnimatedLayoutsTakeTheAlpha();
   void aFadeAndAZoomComeOnTop();
   void noticeRunsAndLeaves();
+  void noticesCrawlAtOneSpeed_data();
+  void noticesCrawlAtOneSpeed();
+  void noticesStandOverEverything_data();
+  void noticesStandOverEverything();
+  void thePageOfNoticesTellsOfTheEnd();
   void noticeIsTakenAway();
 
 private:
@@ -551,12 +556,82 @@ void PagesTest::noticeRunsAndLeaves() {
   QVERIFY(m_page->WaitFor(QStringLiteral("!document.querySelector('.aviso')")));
 }
 
+void PagesTest::noticesCrawlAtOneSpeed_data() {
+  QTest::addColumn<QString>("text");
+  QTest::addColumn<bool>("toRight");
+  QTest::newRow("a word") << QStringLiteral("Carro") << false;
+  QTest::newRow("ten thousand characters") << QString(10000, u'm') << false;
+  QTest::newRow("lines") << QStringLiteral("a\\nb\\u2028c") << false;
+  QTest::newRow("right to left") << QStringLiteral("\u05e9\u05dc\u05d5\u05dd ABC") << true;
+}
+
+void PagesTest::noticesCrawlAtOneSpeed() {
+  QFETCH(QString, text);
+  QFETCH(bool, toRight);
+  QVERIFY(m_page->Load(BackColor));
+  m_page->Eval(u"ExibeAviso('" + text + u"','bottom','3','8','20','#c00000','#ffffff')");
+  // Put at two moments by hand: one unit of speed is one per cent of the screen's width in a second.
+  m_page->Eval(QStringLiteral("linha=document.querySelector('.avisoTexto');anda=linha.getAnimations()[0];anda.pause();"
+                              "lugar=t=>{anda.currentTime=t;return linha.getBoundingClientRect()}"));
+  const auto number = [this](const QString &script) { return qRound(m_page->Eval(script).toDouble()); };
+  QCOMPARE(number(QStringLiteral("lugar(0).") + (toRight ? u"right" : u"left")), toRight ? 0 : 1280);
+  QCOMPARE(number(QStringLiteral("lugar(2000).left-lugar(1000).left")), toRight ? 256 : -256);
+  QCOMPARE(number(QStringLiteral("lugar(anda.effect.getTiming().duration-0.01).") + (toRight ? u"left" : u"right")),
+           toRight ? 1280 : 0);
+  QCOMPARE(number(QStringLiteral("anda.effect.getTiming().iterations")), 3);
+  QVERIFY(number(QStringLiteral("linha.offsetHeight")) < 72); // one line
+}
+
+// Every page that the program shows has notices, and they lie over whatever is on it.
+void PagesTest::noticesStandOverEverything_data() {
+  QTest::addColumn<QString>("name");
+  for (const QString &name : {Imagem, Video, BackColor})
+    QTest::newRow(qPrintable(name)) << name;
+  QTest::newRow("empty") << QStringLiteral("emptyback.html");
+  QTest::newRow("slide show") << QStringLiteral("sshow.dat");
+}
+
+void PagesTest::noticesStandOverEverything() {
+  QFETCH(QString, name);
+  if (name == u"emptyback.html") {
+    QVERIFY(m_page->Navigate(QUrl(u"file:///" + m_page->appPath() + u"/html/emptyback.html")));
+  } else if (name == u"sshow.dat") {
+    const QString page = m_page->appPath() + u"/html/sshow.html";
+    QFile::remove(page);
+    QVERIFY(QFile::copy(m_page->appPath() + u"/html/sshow.dat", page));
+    QVERIFY(m_page->Navigate(QUrl(u"file:///" + page)));
+  } else {
+    QVERIFY(m_page->Load(name, {{QStringLiteral("listaImages"), PageFixture::PictureList({m_red})},
+                                {QStringLiteral("letra"), QStringLiteral("<div style='position:fixed;inset:0;background:#fff'>x</div>")}}));
+  }
+  m_page->Eval(QStringLiteral("ExibeAviso('a','top','20','20','1','#0000c0','#ffffff')"));
+  QVERIFY(m_page->WaitForPixel(4, 70, QColor(0, 0, 0xc0)));
+}
+
+// The page that the program puts over a video: nothing of it is seen but the band, and it tells when that has gone.
+void PagesTest::thePageOfNoticesTellsOfTheEnd() {
+  QVERIFY(m_page->Navigate(QUrl(u"file:///" + m_page->appPath() + u"/html/aviso.html")));
+  QCOMPARE(m_page->Eval(QStringLiteral("getComputedStyle(document.body).backgroundColor+"
+                                       "getComputedStyle(document.documentElement).backgroundColor"))
+               .toString(),
+           QStringLiteral("rgba(0, 0, 0, 0)rgba(0, 0, 0, 0)"));
+  m_page->Eval(QStringLiteral("foi='';navigation.addEventListener('navigate',e=>{foi=e.destination.url;e.preventDefault()});"
+                              "ExibeAviso('a','top','1','8','1','','');ExibeAviso('b','bottom','1','8','1','','')"));
+  m_page->Eval(QStringLiteral("ExibeAviso('','','','','','','')"));
+  QVERIFY(m_page->WaitFor(QStringLiteral("foi==='http://semaviso/?'&&!document.querySelector('.aviso')")));
+}
+
 void PagesTest::noticeIsTakenAway() {
   QVERIFY(m_page->Load(BackColor));
   m_page->Eval(QStringLiteral("ExibeAviso('primeiro','bottom','20','8','1','#c00000','#ffffff')"));
   m_page->Eval(QStringLiteral("ExibeAviso('segundo','bottom','20','8','1','#0000c0','#ffffff')"));
-  QCOMPARE(m_page->Eval(QStringLiteral("Array.from(document.querySelectorAll('.aviso')).map(e=>e.textContent).join()"))
+  // The new one comes over the old one where that stands, and the old one goes once it is covered.
+  QCOMPARE(m_page->Eval(QStringLiteral("Array.from(document.querySelectorAll('.aviso')).map(e=>e.textContent+"
+                                       "e.getBoundingClientRect().bottom).slice(1).join()"))
                .toString(),
+           QStringLiteral("segundo720"));
+  QVERIFY(m_page->WaitFor(QStringLiteral("document.querySelectorAll('.aviso').length===1")));
+  QCOMPARE(m_page->Eval(QStringLiteral("document.querySelector('.aviso').textContent")).toString(),
            QStringLiteral("segundo"));
   QVERIFY(m_page->WaitForPixel(4, 715, QColor(0, 0, 0xc0)));
   m_page->Eval(QStringLiteral("ExibeAviso('','','','','','','')"));

@@ -195,6 +195,46 @@ private slots:
     QCOMPARE(Centre(), QColor(0, 0, 255));
   }
 
+  // The page above the layers: seen through where it draws nothing, beneath the black, and gone with its notice.
+  void aNoticeRunsOverTheVideo() {
+    QVERIFY(m_window->CriaBrowser());
+    const QDir assets(qEnvironmentVariable("TOLMIRA_SOURCE_DIR") + QStringLiteral("/assets/html"));
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("html")));
+    for (const char *name : {"emptyback.html", "aviso.html", "tolmira.css", "tolmira.js"})
+      QVERIFY(QFile::copy(assets.filePath(QLatin1String(name)), m_folder->filePath(u"html/" + QLatin1String(name))));
+    m_window->Posiciona(QRect(0, 0, 400, 200), true);
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    qputenv("TOLMIRA_AO", "null");
+    m_window->ProcessaComando(QStringLiteral("Video|#av://lavfi:color=red:size=160x80:rate=10"));
+    const auto isRed = [](const QColor &colour) { return colour.red() > 180 && colour.green() < 60; };
+    QTRY_VERIFY(isRed(Centre()));
+    const auto inBand = [this] {
+      return m_window->grab().toImage().pixelColor(m_window->width() / 2, m_window->height() / 20);
+    };
+    const QColor before = inBand();
+    m_window->ProcessaComando(QStringLiteral("AVISO:|#aviso|#top|#20|#10|#1|##0000FF|##FFFFFF|#"));
+    while (inBand() != QColor(0, 0, 255)) { // nothing else flashes up before the band has come
+      QVERIFY(isRed(Centre()));
+      QTest::qWait(5);
+    }
+    m_window->ProcessaComando(QStringLiteral("TelaPreta|#true"));
+    QCOMPARE(inBand(), QColor(0, 0, 0));
+    m_window->ProcessaComando(QStringLiteral("TelaPreta|#false"));
+    QCOMPARE(inBand(), QColor(0, 0, 255));
+    m_window->ProcessaComando(QStringLiteral("CancelaAviso"));
+    QTRY_VERIFY(!m_window->WVAviso());
+    QCOMPARE(inBand(), before);
+  }
+
+  void aNoticeThatHasNoPageLeavesNothing() {
+    QVERIFY(m_window->CriaBrowser());
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    m_window->ProcessaComando(QStringLiteral("YOUTUBE:|#http://127.0.0.1:1/|#"));
+    m_window->ProcessaComando(QStringLiteral("AVISO:|#aviso|#top|#20|#10|#1|##0000FF|##FFFFFF|#"));
+    QVERIFY(m_window->WVAviso());
+    QTRY_VERIFY(!m_window->WVAviso());
+  }
+
   void theGripComesAndGoes() {
     m_estado->ConsoleCarregado = true;
     m_window->Posiciona(QRect(0, 0, 400, 200), true);

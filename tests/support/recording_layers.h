@@ -17,6 +17,11 @@ public:
   void PicwmpToBack() override { Note(QStringLiteral("Picwmp to back")); }
   void ShowPicWV(bool visible) override { Note(QStringLiteral("PicWV"), picWV = visible); }
   void PicWVToBack() override { Note(QStringLiteral("PicWV to back")); }
+  bool PicwmpVisible() const override { return picwmp; }
+  PageObject *WVAviso(bool cria) override {
+    avisoAcima = avisoAcima || cria;
+    return avisoAcima ? &paginaDeAvisos : nullptr;
+  }
   void ShowWmp(bool visible) override { Note(QStringLiteral("wmp"), wmpVisible = visible); }
   void ShowTelaPreta(bool visible) override { Note(QStringLiteral("PicTelaPreta"), telaPreta = visible); }
   bool TelaPretaVisible() const override { return telaPreta; }
@@ -40,6 +45,7 @@ public:
 
   QStringList journal; // every call on the layers, the page and the player, in their order
   RecordingPage page{&journal};
+  RecordingPage paginaDeAvisos{&journal, QStringLiteral("above")};
   RecordingPlayer player{&journal};
   bool hasPage = true;
   QSize size{1280, 720};
@@ -47,6 +53,7 @@ public:
   QString picture;
   bool picwmp = false;
   bool picWV = true;
+  bool avisoAcima = false; // the page above the layers is there
   bool wmpVisible = false;
   bool telaPreta = false;
   bool imagePadrao = false;

@@ -34,6 +34,11 @@ public:
     return answers.isEmpty() ? -1 : answers.takeFirst();
   }
 
+  std::optional<QString> AskText(const QString &title, const QString &text, const QString &now) override {
+    textQuestions.append({title, text, now});
+    return typed.isEmpty() ? std::nullopt : std::optional<QString>(typed.takeFirst());
+  }
+
   QString OpenFile(const QString &title, const QString &folder, const QString &filter) override {
     fileQuestions.append({title, folder, filter});
     return files.isEmpty() ? QString() : files.takeFirst();
@@ -60,9 +65,11 @@ public:
   QList<int> answers;
   std::function<void()> whileAsking; // once, as long as the next box stands open
   QStringList files;
+  QStringList typed; // into the boxes for a line of text
   QList<qint32> colours;
   QList<Shown> shown;
   QList<FileQuestion> fileQuestions;
+  QList<QStringList> textQuestions; // title, text, what stood in the box
   QList<QPair<QString, qint32>> colourQuestions;
 };
 

@@ -7,6 +7,10 @@
 
 namespace tolmira {
 
+namespace {
+constexpr int Avisos = 7;
+}
+
 AddBar::AddBar(QWidget *parent) : QWidget(parent) {
   struct Face {
     const char *drawing;
@@ -21,7 +25,7 @@ AddBar::AddBar(QWidget *parent) : QWidget(parent) {
   int index = 0;
   for (const Face &face : faces) {
     auto *button = new FlatButton(face.caption, this);
-    button->setObjectName(QStringLiteral("BarraAdicionar%1").arg(index));
+    button->setObjectName(index == Avisos ? QStringLiteral("Command14") : QStringLiteral("BarraAdicionar%1").arg(index));
     m_buttons[static_cast<size_t>(index++)] = button;
     button->setIcon(DeskIcon(QLatin1String(face.drawing)));
     button->setIconSize({medidas::Icon, medidas::Icon});

@@ -82,7 +82,7 @@ void StripArea::MakeHints() {
                      tr("Nothing is loaded. Choose an entry of the agenda and press Enter, or double-click it."));
   m_picDicaAgenda = hint("PicDicaAgenda", "agenda", QString());
   m_picDicaAgenda->TextLabel()->setObjectName(QStringLiteral("LbDicaAgenda"));
-  m_picAviso = hint("PicAviso", "arrows", tr("Drag the text or press an arrow key to show the first verse."));
+  m_picAviso = hint("PicAviso", "arrows", QString());
   m_picDica2 = hint("PicDica2", "arrows", tr("Drag the text into the frame and let go to show it."));
   m_picDica3 = hint("PicDica3", "text-off", QString(), cores::Held);
   m_picDica4 = hint("PicDica4", "info", tr("Hold Ctrl while you press the arrow keys to skip verses without showing them."));
@@ -192,6 +192,8 @@ void StripArea::ShowHints() {
   m_picDica3->SetText(painel.PicDica3Texto.isEmpty() ? QString()
                                                      : painel.PicDica3Texto + tr(" then release Ctrl to show it."));
   m_mensagem->SetText(painel.MensagemTira);
+  m_picAviso->SetText(painel.AvisoAberto ? tr("The window of the notices is open: Enter sends, Esc closes.")
+                                         : tr("Drag the text or press an arrow key to show the first verse."));
 
   const int room = std::max(120, width() - 140);
   const auto place = [&](const QList<QPair<HintLabel *, bool>> &hints, bool middle) {
@@ -213,7 +215,7 @@ void StripArea::ShowHints() {
   };
   place({{m_picAviso2, painel.PicAviso2}, {m_picDicaAgenda, painel.PicDicaAgenda}}, true);
   place({{m_mensagem, !painel.MensagemTira.isEmpty()},
-         {m_picAviso, painel.PicAviso},
+         {m_picAviso, painel.PicAviso || painel.AvisoAberto},
          {m_picDica2, painel.PicDica2},
          {m_picDica3, painel.PicDica3},
          {m_picDica4, painel.PicDica4}},

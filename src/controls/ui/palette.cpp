@@ -128,7 +128,10 @@ tolmira--FontBox { combobox-popup: 0; }
 QComboBox QAbstractItemView { background: @raised; color: @text; border: 1px solid @line; outline: 0; padding: 4px;
   selection-background-color: @selection; selection-color: @text; }
 
-QCheckBox { spacing: 8px; }
+QCheckBox, QRadioButton { spacing: 8px; }
+QRadioButton::indicator { width: 14px; height: 14px; border: 1px solid @quiet; border-radius: 8px; background: @desk; }
+QRadioButton::indicator:hover, QRadioButton::indicator:focus { border-color: @accent; }
+QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid @accent; background: @text; }
 QCheckBox:disabled { color: @faint; }
 QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @quiet; border-radius: 4px; background: @desk; }
 QCheckBox::indicator:hover, QCheckBox::indicator:focus { border-color: @accent; }

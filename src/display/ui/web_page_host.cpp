@@ -131,6 +131,7 @@ struct WebPageHost::Impl : public PageObject {
   bool recovering = false;
   bool everReady = false;
   bool interactive = false;
+  bool transparent = false;
   int nextEvaluation = 0;
   std::map<int, std::function<void(const QString &)>> evaluations;
 };
@@ -182,6 +183,8 @@ void WebPageHost::Impl::MakePage() {
   if (old)
     old->disconnect();
   page->settings()->setAttribute(QWebEngineSettings::ShowScrollBars, interactive);
+  if (transparent)
+    page->setBackgroundColor(Qt::transparent);
   page->OnNavigating = [this](const QString &uri, bool &cancel) {
     if (AoNavegar)
       AoNavegar(uri, cancel);
@@ -315,7 +318,7 @@ void WebPageHost::Impl::FailEvaluations() {
 }
 
 void WebPageHost::Impl::HoldPicture() {
-  if (!view->isVisible() || !everReady || host.size().isEmpty())
+  if (transparent || !view->isVisible() || !everReady || host.size().isEmpty())
     return;
   if (!held->isVisible())
     held->Hold(view->grab());
@@ -326,7 +329,7 @@ void WebPageHost::Impl::HoldPicture() {
 // back, however often that has to be tried. A desktop that gives no pictures of its windows leaves black.
 void WebPageHost::Impl::HoldLastPicture() {
   holdLimit.stop();
-  if (!view->isVisible() || host.size().isEmpty() || held->isVisible())
+  if (transparent || !view->isVisible() || host.size().isEmpty() || held->isVisible())
     return;
   const QPoint place = host.mapTo(host.window(), QPoint());
   QPixmap picture =
@@ -347,8 +350,11 @@ void WebPageHost::Impl::Tame(QWidget *widget) {
   if (!interactive)
     widget->setFocusPolicy(Qt::NoFocus);
   widget->installEventFilter(&host);
-  if (auto *drawing = qobject_cast<QQuickWidget *>(widget))
+  if (auto *drawing = qobject_cast<QQuickWidget *>(widget)) {
     promptDrawing.Watch(drawing);
+    if (transparent) // white until the engine has a say
+      drawing->setClearColor(Qt::transparent);
+  }
 }
 
 // The engine takes the focus at a mouse press by itself, whatever the widget's policy.
@@ -374,6 +380,12 @@ WebPageHost::~WebPageHost() = default;
 
 void WebPageHost::SetInteractive() {
   m_impl->interactive = true;
+}
+
+void WebPageHost::SetTransparent() {
+  m_impl->transparent = true;
+  setAutoFillBackground(false);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 bool WebPageHost::CriaBrowser() {

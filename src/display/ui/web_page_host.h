@@ -25,6 +25,9 @@ public:
   // A page to work on, not to look at: it takes the mouse, the wheel, keys and the focus, and shows scroll bars. Before
   // CriaBrowser.
   void SetInteractive();
+  // A page over others, which are seen where it draws nothing. It lets the mouse through and holds no picture, so it is for one
+  // page only. Before CriaBrowser.
+  void SetTransparent();
   // Makes the browser object and attaches it to this widget. False when the engine could not be started.
   bool CriaBrowser();
   PageObject *WV();                            // null before CriaBrowser

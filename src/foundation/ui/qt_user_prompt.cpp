@@ -2,18 +2,22 @@
 
 #include "foundation/real_path.h"
 
+#include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
 namespace tolmira {
 namespace {
+
+constexpr int LineWidth = 460; // px, of a box for a line of text
 
 QMessageBox::Icon IconOf(MessageKind kind) {
   switch (kind) {
@@ -89,6 +93,28 @@ int QtUserPrompt::Ask(const QString &title, const QString &text, const QStringLi
   const int pressed = static_cast<int>(offered.indexOf(box->clickedButton()));
   delete box.data();
   return pressed;
+}
+
+std::optional<QString> QtUserPrompt::AskText(const QString &title, const QString &text, const QString &now) {
+  const QPointer<QInputDialog> dialog = new QInputDialog(ParentNow());
+  dialog->setObjectName(QStringLiteral("TextDialog"));
+  dialog->setWindowTitle(title);
+  dialog->setLabelText(text);
+  dialog->setTextValue(now);
+  dialog->resize(LineWidth, dialog->sizeHint().height());
+  if (auto *field = dialog->findChild<QLineEdit *>()) {
+    field->setObjectName(QStringLiteral("Text"));
+    field->setAccessibleName(text);
+    field->selectAll();
+  }
+  for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>())
+    button->setIcon(QIcon()); // of the desktop's theme, in other colours than ours
+  const bool given = dialog->exec() == QDialog::Accepted && dialog;
+  const QString line = given ? dialog->textValue() : QString();
+  delete dialog.data();
+  if (!given)
+    return std::nullopt;
+  return line;
 }
 
 QString QtUserPrompt::OpenFile(const QString &title, const QString &folder, const QString &filter) {

@@ -1,0 +1,96 @@
+#include "display/ui/notice_layer.h"
+
+#include "display/ui/web_page_host.h"
+
+#include <QTimer>
+#include <QWidget>
+#include <utility>
+
+namespace tolmira {
+
+namespace {
+
+constexpr int PageSeconds = 8;
+const QString NoticeRuns = QStringLiteral("!!document.querySelector('.aviso')");
+
+} // namespace
+
+NoticeLayer::NoticeLayer(QWidget &window, const AppFolder &app, PageProfile profile, DisplayObserver *observer)
+    : m_window(window), m_app(app), m_profile(std::move(profile)), m_observer(observer) {}
+
+NoticeLayer::~NoticeLayer() {
+  delete std::exchange(m_host, nullptr).data();
+}
+
+PageObject *NoticeLayer::WV() const {
+  return m_host ? m_host->WV() : nullptr;
+}
+
+PageObject *NoticeLayer::ForNotice() {
+  if (!m_host) {
+    m_host = new WebPageHost(QStringLiteral("notice"), &m_window, m_profile);
+    m_host->setObjectName(QStringLiteral("PicWVAviso"));
+    m_host->SetTransparent();
+    if (!m_host->CriaBrowser()) {
+      delete m_host;
+      return nullptr;
+    }
+    if (m_observer)
+      m_host->AddObserver(m_observer);
+    m_host->OnRecovered = [this] { Remove(); }; // the notice went with the process
+    m_host->WV()->AoNavegar = [this](const QString &, bool &cancel) {
+      cancel = true;
+      Check();
+    };
+    m_shown = false;
+    Fit();
+    m_host->show();
+    m_host->raise();
+    if (OnMade)
+      OnMade();
+    m_host->WV()->Navigate(m_app.At(u"\\html\\aviso.html"), PageSeconds);
+  }
+  ++m_notices;
+  // A page that could not be loaded shows nothing and never tells of an end.
+  QTimer::singleShot(0, this, [this] { Check(); });
+  return m_host->WV();
+}
+
+void NoticeLayer::Check() {
+  if (!m_host)
+    return;
+  m_host->WV()->Evaluate(NoticeRuns, [layer = QPointer(this), asked = m_notices](const QString &json) {
+    if (!layer || !layer->m_host)
+      return;
+    if (json == u"true") {
+      layer->m_shown = true;
+      layer->Fit();
+    } else if (layer->m_notices == asked) {
+      layer->Remove();
+    }
+  });
+}
+
+void NoticeLayer::Remove() {
+  if (!m_host)
+    return;
+  // It may be the page's own event that runs.
+  WebPageHost *host = std::exchange(m_host, nullptr);
+  host->hide();
+  host->deleteLater();
+}
+
+void NoticeLayer::Fit() {
+  if (m_host)
+    m_host->setGeometry(m_covered || !m_shown ? m_window.rect().translated(0, m_window.height()) : m_window.rect());
+}
+
+// Aside until it has something to show, so that none of its beginnings is seen, and under a cover aside instead of
+// beneath: with hardware drawing a transparent page lies above all that does not draw by hardware. And not hidden: the
+// engine puts hidden pages to sleep.
+void NoticeLayer::SetCovered(bool covered) {
+  m_covered = covered;
+  Fit();
+}
+
+} // namespace tolmira

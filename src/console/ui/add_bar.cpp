@@ -13,7 +13,7 @@ AddBar::AddBar(QWidget *parent) : QWidget(parent) {
     QString caption;
   };
   const Face faces[] = {{"song", tr("&Lyrics")},   {"bible", tr("&Bible")},        {"slides", tr("Sli&des")},
-                        {"shows", tr("Sh&ows")},    {"video", tr("Video")},         {"web", tr("&Web")},
+                        {"shows", tr("Sh&ows")},   {"video", tr("Video")},         {"web", tr("&Web")},
                         {"captions", tr("Captions")}, {"notices", tr("&Notices")}};
   auto *row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);

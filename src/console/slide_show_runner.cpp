@@ -7,7 +7,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <utility>
 
 namespace tolmira {
 
@@ -69,8 +68,8 @@ void SlideShowRunner::IniciaSlideShow(const QString &path) {
   estado.PaginaAtual = QStringLiteral("sshow.html");
   LimpaTexto();
   m_temas.StopRotation();
-  const bool ativo = std::exchange(painel.slideShow, {}).Ativo;
-  painel.slideShow.Ativo = ativo;
+  painel.slideShow = {};
+  painel.slideShow.Ativo = true;
   m_timerFim->Stop();
   m_mostradas.clear();
   m_semPagina = false;

@@ -152,6 +152,7 @@ void FrmSlideShowControl::MostraAvisos() {
 void FrmSlideShowControl::ImagemMudou(const QString &nome) {
   MostraImagem(nome);
   m_doors.player.ImagemMudou(nome);
+  MostraAvisos();
 }
 
 void FrmSlideShowControl::Mostra() {

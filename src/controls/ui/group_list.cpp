@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
+#include "controls/ui/empty_text.h"
 #include "controls/ui/palette.h"
 
 namespace tolmira {
@@ -200,11 +201,7 @@ QPair<int, int> GroupList::Neighbour(int delta) const {
 
 void GroupList::paintEvent(QPaintEvent *event) {
   QListWidget::paintEvent(event);
-  if (count() > 0 || m_emptyText.isEmpty())
-    return;
-  QPainter painter(viewport());
-  painter.setPen(QColor(cores::Quiet));
-  painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+  PaintEmptyText(*this, m_emptyText, 16);
 }
 
 // The view takes the first entry for its place without showing it, and the first Down would leap over that entry.

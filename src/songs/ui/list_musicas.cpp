@@ -1,5 +1,6 @@
 #include "songs/ui/list_musicas.h"
 
+#include "controls/ui/empty_text.h"
 #include "controls/ui/palette.h"
 #include "songs/ui/song_list_model.h"
 
@@ -124,11 +125,7 @@ void ListMusicas::startDrag(Qt::DropActions) {
 
 void ListMusicas::paintEvent(QPaintEvent *event) {
   QListView::paintEvent(event);
-  if (m_model->rowCount() > 0 || m_emptyText.isEmpty())
-    return;
-  QPainter painter(viewport());
-  painter.setPen(QColor(cores::Quiet));
-  painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+  PaintEmptyText(*this, m_emptyText, 16);
 }
 
 } // namespace tolmira

@@ -1,6 +1,7 @@
 #include "themes/ui/exibe_miniaturas.h"
 
 #include "controls/ui/desk_icon.h"
+#include "controls/ui/empty_text.h"
 #include "controls/ui/palette.h"
 #include "controls/ui/tile_grid.h"
 #include "themes/small_copy.h"
@@ -387,12 +388,9 @@ void cExibeMiniaturas::hideEvent(QHideEvent *event) {
 
 void cExibeMiniaturas::paintEvent(QPaintEvent *event) {
   QListView::paintEvent(event);
-  QPainter painter(viewport());
-  if (GetTotal() == 0) {
-    painter.setPen(QColor(cores::Quiet));
-    painter.drawText(viewport()->rect().adjusted(40, 40, -40, -40), Qt::AlignCenter | Qt::TextWordWrap, m_textoVazio);
-  }
+  PaintEmptyText(*this, m_textoVazio, 40);
   if (m_soltando) {
+    QPainter painter(viewport());
     painter.setPen(QPen(QColor(cores::Accent), 3));
     painter.drawRect(viewport()->rect().adjusted(1, 1, -2, -2));
   }

@@ -1,5 +1,6 @@
 #include "themes/ui/picture_strip.h"
 
+#include "controls/ui/empty_text.h"
 #include "controls/ui/palette.h"
 #include "foundation/text_utils.h"
 
@@ -129,11 +130,7 @@ void PictureStrip::SetPicture(const QString &nome, const QImage &imagem) {
 
 void PictureStrip::paintEvent(QPaintEvent *event) {
   QListWidget::paintEvent(event);
-  if (count() > 0 || m_emptyText.isEmpty())
-    return;
-  QPainter painter(viewport());
-  painter.setPen(QColor::fromRgb(cores::Quiet));
-  painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+  PaintEmptyText(*this, m_emptyText, 8);
 }
 
 void PictureStrip::keyPressEvent(QKeyEvent *event) {

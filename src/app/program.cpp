@@ -27,6 +27,7 @@
 #include "foundation/real_seams.h"
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
+#include "media/ui/camera_window.h"
 #include "media/ui/video_windows.h"
 #include "media/video_files.h"
 #include "notices/ui/notice_windows.h"
@@ -77,6 +78,7 @@ struct Program::Impl {
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
+  bool CriaPrevia();
   void ListenForControl();
   void WatchScreens(QObject *context);
   void ScreensChanged();
@@ -122,6 +124,7 @@ struct Program::Impl {
   std::unique_ptr<ShowWindows> shows;
   std::unique_ptr<VideoWindows> videos;
   std::unique_ptr<NoticeWindows> notices;
+  std::unique_ptr<CameraWindow> cameras;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -180,6 +183,7 @@ void Program::Impl::MakeWindows() {
   windows.addShows = [this] { shows->AbreLista(); };
   windows.addVideos = [this] { videos->AbreAdicionar(); };
   windows.notices = [this] { notices->AbreAviso(); };
+  windows.cameras = [this] { cameras->Abre(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
   windows.chooseScreen = [this](int opcao) {
@@ -317,6 +321,7 @@ void Program::Impl::MakeVideoWindows() {
                                                      [this] { core.video.Encerra(); }, console.get()});
   core.video.AbreControle = [this] { videos->AbreControle(); };
   core.video.FechaControle = [this] { videos->FechaControle(); };
+  cameras = std::make_unique<CameraWindow>(CameraDoors{clock, positions, core.cameras, console.get()});
   core.agenda.editores[TipoVideoDaAgenda] = [this](const QString &path) {
     const QString outro = EscolheOutroVideo(store, prompt, path);
     if (!outro.isEmpty())
@@ -395,12 +400,26 @@ void Program::Impl::MakePlace() {
   lugar = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
 }
 
+// The console's page never leaves; where it wants to go says what cameras there are. What comes of that may be a box, which must
+// not stand inside the page's event.
+bool Program::Impl::CriaPrevia() {
+  if (!console->CriaPrevia())
+    return false;
+  PageObject *page = PageNamed(QStringLiteral("preview"));
+  page->AoPermissao = &DisplayCommands::AoPermissao;
+  page->AoNavegar = [this](const QString &uri, bool &cancel) {
+    cancel = true;
+    QTimer::singleShot(0, console.get(), [this, uri] { core.cameras.Respondeu(uri); });
+  };
+  return true;
+}
+
 void Program::Impl::MakeStartup() {
   ConsoleStartup::Janelas janelas;
   janelas.CarregaFontes = [this] { console->CarregaFontes(); };
   janelas.AjustaPreview = [this] { console->AjustaPreview(); };
   janelas.positionInicial = [this] { console->positionInicial(); };
-  janelas.CriaPrevia = [this] { return console->CriaPrevia(); };
+  janelas.CriaPrevia = [this] { return CriaPrevia(); };
   janelas.CriaTelao = [this] { return quendar && quendar->CriaBrowser(); };
   // Straight to the window: the channel carries nothing before the start has ended.
   janelas.MostraTelao = [this] {
@@ -542,6 +561,7 @@ Program::~Program() {
   m_impl->core.controles.AbreGaleria = nullptr;
   m_impl->themes.reset();
   m_impl->notices.reset();
+  m_impl->cameras.reset();
   m_impl->sobre.reset();
   m_impl->console.reset();
 }

@@ -194,6 +194,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   };
   ways.newSong = [&d, open] { open(d.windows.newSong); };
   ways.pictureOnScreen = [&d, open] { open(d.windows.pictureOnScreen); };
+  ways.cameras = [&d, open] { open(d.windows.cameras); };
   ways.addBible = [&d, open] { open(d.windows.addBible); };
   ways.browseBible = [&d, open] { open(d.windows.browseBible); };
   ways.searchBible = [&d, open] { open(d.windows.searchBible); };
@@ -215,6 +216,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.menus = new ConsoleMenus(parts, std::move(ways), this);
   setMenuBar(d.menus);
   d.screen->SetVersionMenu(d.menus->Versoes());
+  connect(d.screen, &ScreenPanel::CamerasWanted, this, [&d, open] { open(d.windows.cameras); });
   d.addBar->SetWindow(0, tr("Adds a song or a hymn to the agenda, or shows one (Ctrl+M)"),
                       [&d, open] { open(d.windows.addSong); });
   d.addBar->SetWindow(1, tr("Adds a Bible passage to the agenda, or shows one"),

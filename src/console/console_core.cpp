@@ -31,11 +31,15 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
                                                     return display ? display->wmp() : nullptr;
                                                   },
                                                   doors.yielder),
+      cameras([this](const QString &script, Alvo alvo) { contexto.ScriptNasPaginas(script, alvo); },
+              [this] { contexto.Atualiza(); }, doors.prompt),
       flow(contexto, agenda, loader, leitura, slides, temaControle, video), show(contexto, stepper, temaControle),
       teclas(contexto, stepper, flow, agenda, leitura, slides) {
   show.FechaVideo = [this] { flow.cancelaWMP(); };
   show.VoltaAosSlides = [this] { return slides.Volta(); };
   contexto.descreve = [this] {
+    cameras.StatusTelaCamera(estado.PaginaDeTexto());
+    painel.camera = {cameras.Pode(), cameras.Ligada() >= 0, cameras.Nome()};
     painel.situacao =
         DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo(), slides.Documento()});
   };
@@ -48,6 +52,9 @@ void ConsoleCore::PaginaVoltou(Alvo qual) {
   textos.PaginaVoltou(qual);
   slides.PaginaVoltou(qual);
   show.PaginaVoltou(qual);
+  for (const Alvo cada : {Alvo::Telao, Alvo::Previa})
+    if (qual == cada || qual == Alvo::Ambas)
+      cameras.PaginaMontada(cada);
 }
 
 void ConsoleCore::PreviaMudou() {
@@ -133,6 +140,7 @@ PageBuilder::Hosts ConsoleCore::Hosts(const ConsoleDoors &doors) {
   hosts.larguraPrevia = [this] { return contexto.view ? contexto.view->PreviewWidthPx() : 0; };
   hosts.fonteDisplay = [this] { return loader.FonteDisplay(); };
   hosts.ajustaTelaFundo = [](bool) {}; // the layers follow the display's own commands
+  hosts.paginaMontada = [this](Alvo qual) { cameras.PaginaMontada(qual); };
   hosts.exibeBiblia = [this] {
     biblia.ExibeBiblia(estado.TextoBiblia, estado.ReferenciaAtual, estado.FonteTamanho, false, true);
   };

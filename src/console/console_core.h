@@ -18,6 +18,7 @@
 #include "console/video_runner.h"
 #include "display/bible_composer.h"
 #include "display/legenda_biblia.h"
+#include "media/cameras.h"
 #include "media/video_control.h"
 
 namespace tolmira {
@@ -70,6 +71,7 @@ public:
   TextFormatControl formato;
   VideoRunner video;
   VideoControl controleDeVideo;
+  Cameras cameras;
   PresentationFlow flow;
   SlideShowRunner show;
   KeyTable teclas;

@@ -55,6 +55,13 @@ struct PainelVideo {
   friend bool operator==(const PainelVideo &, const PainelVideo &) = default;
 };
 
+// The cameras behind the text.
+struct PainelCamera {
+  bool Pode = false; // the page on show can have one
+  bool Ligada = false;
+  QString Nome; // of the one that is on
+};
+
 // A line of the menu of screens. The first is the automatic choice.
 struct OpcaoDeTela {
   QString texto;
@@ -109,6 +116,7 @@ struct PainelConsole {
   PainelBiblia biblia;
   PainelSlideShow slideShow;
   PainelVideo video;
+  PainelCamera camera;
   QString LbVersao;                // "Tradução: " and the version's name
   QString LabelDicaBiblia;         // how to walk through a passage; before the first one the same as LbVersao
 

@@ -103,12 +103,17 @@ void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
     diz(QObject::tr("LIVE, NO TEXT"), Ready, QString());
   else
     diz(QObject::tr("LIVE"), Live, QualSaiu(estado));
+  const auto acrescenta = [&dita](const QString &nota) {
+    dita.LbDetalheTela = dita.LbDetalheTela.isEmpty() ? nota : QString(dita.LbDetalheTela + u" · " + nota);
+  };
+  if (olhar.painel.camera.Ligada)
+    acrescenta(QObject::tr("Camera: %1").arg(olhar.painel.camera.Nome));
   if (olhar.painel.Ensaio) {
     const std::vector<OpcaoDeTela> &telas = olhar.painel.telas;
     const bool porEscolha = !telas.empty() && !telas.front().marcada;
     const QString nota = porEscolha ? QObject::tr("Rehearsal window on your own screen")
                                     : QObject::tr("Rehearsal window: there is no second monitor");
-    dita.LbDetalheTela = dita.LbDetalheTela.isEmpty() ? nota : QString(dita.LbDetalheTela + u" · " + nota);
+    acrescenta(nota);
   }
 }
 

@@ -333,7 +333,7 @@ bool FrmQuendar::CriaBrowser() {
     return false;
   PageObject *page = m_impl->picWV->WV();
   page->AoNavegar = [this](const QString &uri, bool &cancel) { m_impl->commands->AoNavegar(uri, cancel); };
-  page->AoPermissao = [this](int kind, int &state) { m_impl->commands->AoPermissao(kind, state); };
+  page->AoPermissao = &DisplayCommands::AoPermissao;
   return true;
 }
 

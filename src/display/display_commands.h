@@ -36,9 +36,9 @@ public:
   // Hooked to the page object of the display. LabelImagemName receives the text behind "http://image/?"; null while the
   // slide show control is closed.
   void AoNavegar(const QString &uri, bool &cancel);
-  void AoPermissao(int kind, int &state);
   std::function<void(const QString &)> OnImageName;
   std::function<void(int ms)> OnShowEnding; // a slide show ends in so many milliseconds
+  static void AoPermissao(int kind, int &state); // of both pages: a camera, and nothing else
 
 private:
   void ExecutaVerbo(const QString &comando);

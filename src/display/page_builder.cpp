@@ -100,13 +100,14 @@ void PageBuilder::MontaAlvo(const TemaRecord &tema, int posicao, bool previa) {
   // A template that cannot be read gives an empty page, which the host shows as black.
   const QString caminho = TempFolder() + (previa ? u"\\temp-pv.html" : u"\\temp.html");
   GravaPagina(caminho, p.Preenche(modelo));
-  if (!previa) {
+  if (!previa)
     m_canal.SendToDisplay(u"CarregaTema|#file:///" + caminho);
-    return;
-  }
-  if (PageObject *pagina = m_hosts.previa ? m_hosts.previa() : nullptr)
+  else if (PageObject *pagina = m_hosts.previa ? m_hosts.previa() : nullptr)
     pagina->Navigate(u"file:///" + caminho, TempoLimiteDaPagina);
-  m_yielder.Yield(ConcessoesPorPagina);
+  if (m_hosts.paginaMontada)
+    m_hosts.paginaMontada(previa ? Alvo::Previa : Alvo::Telao);
+  if (previa)
+    m_yielder.Yield(ConcessoesPorPagina);
 }
 
 QString PageBuilder::TransparenciaInicial(int posicao, bool previa) const {

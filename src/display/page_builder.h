@@ -24,6 +24,7 @@ public:
     std::function<double()> fonteDisplay;  // font size in points of the display's measuring label
     std::function<void(bool)> ajustaTelaFundo; // the console's routine, called once a target
     std::function<void()> exibeBiblia;         // sends the passage on show again; may be empty
+    std::function<void(Alvo)> paginaMontada;   // that page is new; may be empty
   };
 
   PageBuilder(const AppFolder &app, const IniStore &store, EstadoConsole &estado, const AjustesTexto &ajustes,

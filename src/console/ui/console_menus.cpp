@@ -83,6 +83,10 @@ void ConsoleMenus::MakeScreen() {
   picture->setObjectName(QStringLiteral("MnImagem"));
   picture->setAutoRepeat(false);
   picture->setToolTip(tr("Shows one picture of the gallery behind the text, in place of the theme's"));
+  m_mnCameras = Entry(menu, Comando::Cameras, [this] { m_ways.cameras(); });
+  m_mnCameras->setObjectName(QStringLiteral("MnCameras"));
+  m_mnCameras->setAutoRepeat(false);
+  m_mnCameras->setToolTip(tr("Puts the picture of a camera behind the text of a song or a passage"));
   menu->addSeparator();
   m_mnProjecao = menu->addMenu(tr("&Projection on"));
   m_mnProjecao->setObjectName(QStringLiteral("MnProjecao"));
@@ -226,6 +230,7 @@ void ConsoleMenus::Atualiza() {
   if (chosen >= 0 && chosen < states.size())
     states[chosen]->setChecked(true);
 
+  m_mnCameras->setEnabled(m_parts.console.painel.camera.Pode);
   if (m_telas != m_parts.console.painel.telas)
     FillScreens();
 

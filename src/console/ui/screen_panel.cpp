@@ -112,9 +112,12 @@ void ScreenPanel::MoveMarker() {
 // Under the banner: which verse is out, what the next key brings, what comes after it.
 QWidget *ScreenPanel::MakeLines() {
   auto *block = new QWidget(this);
-  auto *lines = new QVBoxLayout(block);
-  lines->setContentsMargins(0, 0, 0, 0);
+  auto *row = new QHBoxLayout(block);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(medidas::Gap);
+  auto *lines = new QVBoxLayout;
   lines->setSpacing(0);
+  row->addLayout(lines, 1);
   const auto line = [block, lines](const char *name, const QString &spoken) {
     auto *label = new ElidedLabel(block);
     label->setObjectName(QLatin1String(name));
@@ -127,6 +130,9 @@ QWidget *ScreenPanel::MakeLines() {
   m_proximo = line("LbProximo", tr("What comes next"));
   m_proximo->setProperty("look", QString());
   m_depois = line("LbDepois", tr("What comes after it"));
+  m_imageCamera = NewIconButton(QStringLiteral("ImageCamera"), "camera", tr("Cameras"), block);
+  connect(m_imageCamera, &QPushButton::clicked, this, &ScreenPanel::CamerasWanted);
+  row->addWidget(m_imageCamera, 0, Qt::AlignTop);
   return block;
 }
 
@@ -209,6 +215,15 @@ void ScreenPanel::Atualiza() {
   line(m_proximo, situacao.LbProximo);
   line(m_depois, situacao.LbDepois);
   line(m_lbVersao, m_parts.console.painel.LbVersao);
+  const PainelCamera &camera = m_parts.console.painel.camera;
+  m_imageCamera->setEnabled(camera.Pode);
+  if (const bool ligada = m_imageCamera->property("ligada").toBool(); ligada != camera.Ligada) {
+    m_imageCamera->setProperty("ligada", camera.Ligada);
+    m_imageCamera->setIcon(DeskIcon(QLatin1String("camera"), camera.Ligada ? cores::Live : cores::Text));
+  }
+  m_imageCamera->setToolTip(camera.Ligada ? tr("%1 is behind the text").arg(camera.Nome)
+                            : camera.Pode ? tr("Puts a camera behind the text (Ctrl+Shift+C)")
+                                          : tr("A camera can stand behind songs and passages"));
   for (int i = 0; i < 5; ++i)
     m_lbTela[static_cast<size_t>(i)]->setChecked(i == m_parts.console.painel.LBTelaMarcado);
   MoveMarker();

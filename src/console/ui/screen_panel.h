@@ -30,6 +30,9 @@ public:
   // The states side by side, without their captions: for a window that is not high.
   void SetCompact(bool compact);
 
+signals:
+  void CamerasWanted();
+
 protected:
   void resizeEvent(QResizeEvent *event) override;
 
@@ -52,6 +55,7 @@ private:
   QLabel *m_detalhe = nullptr;
   QLabel *m_proximo = nullptr;
   QLabel *m_depois = nullptr;
+  QPushButton *m_imageCamera = nullptr;
   std::array<StateButton *, 5> m_lbTela{};
   QGridLayout *m_states = nullptr;
   QLabel *m_imgCombo = nullptr;     // stands beside the chosen state

@@ -52,9 +52,9 @@ constexpr int PermissionAllow = 1;
 int PermissionKind(QWebEnginePage::Feature feature) {
   switch (feature) {
   case QWebEnginePage::MediaAudioCapture:
+  case QWebEnginePage::MediaAudioVideoCapture: // a camera with a microphone is asked for as one
     return PermissionMicrophone;
   case QWebEnginePage::MediaVideoCapture:
-  case QWebEnginePage::MediaAudioVideoCapture:
     return PermissionCamera;
   case QWebEnginePage::Geolocation:
     return PermissionPlace;
@@ -200,7 +200,8 @@ void WebPageHost::Impl::MakePage() {
   QObject::connect(page.get(), &QWebEnginePage::featurePermissionRequested, &host,
                    [this](const QUrl &origin, QWebEnginePage::Feature feature) {
                      int state = 0;
-                     if (AoPermissao)
+                     // Only pages of our own are asked about; what comes from the web gets nothing.
+                     if (AoPermissao && origin.isLocalFile())
                        AoPermissao(PermissionKind(feature), state);
                      page->setFeaturePermission(origin, feature,
                                                 state == PermissionAllow ? QWebEnginePage::PermissionGrantedByUser

@@ -163,7 +163,7 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
 
 inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
   return std::make_shared<NoticeWindows>(
-      NoticeDoors{house.store, house.prompt, house.positions, [](const QString &) {}, {}, &house.desk});
+      NoticeDoors{house.store, house.prompt, house.positions, [](const QString &) {}, {}, {}, &house.desk});
 }
 
 // With a document that asks for its password.

@@ -4,6 +4,7 @@
   'use strict';
 
   const FADE_MS = 350;
+  const JUST_SHOWN_MS = 500;
   const running = new Set(); // { fields, band, line, animation, fit }, also those on their way out
   let current = null; // the one that was sent last
 
@@ -16,6 +17,16 @@
 
   // A page that has nothing but notices hears of the first frame of one and of the end of the last.
   const tell = (what) => document.dispatchEvent(new Event(what));
+  const tellOfFrame = () => requestAnimationFrame(() => requestAnimationFrame(() => current && tell('temaviso')));
+
+  // One whose time went by while the projection was off is not to be seen again, not even leaving.
+  let shownAt = -Infinity;
+  document.addEventListener('visibilitychange', () => {
+    if (document.hidden)
+      return;
+    shownAt = performance.now();
+    tellOfFrame();
+  });
 
   function removeNotice(notice) {
     if (current === notice)
@@ -24,7 +35,8 @@
     if (band.classList.contains('avisoSai'))
       return;
     band.classList.add('avisoSai');
-    band.animate([{ opacity: 1 }, { opacity: 0 }], { duration: FADE_MS, fill: 'forwards' }).onfinish = () => {
+    const duration = performance.now() - shownAt < JUST_SHOWN_MS ? 0 : FADE_MS;
+    band.animate([{ opacity: 1 }, { opacity: 0 }], { duration, fill: 'forwards' }).onfinish = () => {
       notice.animation.cancel();
       window.removeEventListener('resize', notice.fit);
       band.remove();
@@ -102,7 +114,7 @@
       line.remove();
       removeNotice(notice);
     };
-    requestAnimationFrame(() => requestAnimationFrame(() => current && tell('temaviso')));
+    tellOfFrame();
   }
 
   function ExibeAviso(...fields) {

@@ -437,6 +437,11 @@ DisplayCommands &FrmQuendar::Commands() {
   return *m_impl->commands;
 }
 
+void FrmQuendar::hideEvent(QHideEvent *event) {
+  QWidget::hideEvent(event);
+  m_impl->avisos->SetAside();
+}
+
 void FrmQuendar::resizeEvent(QResizeEvent *) {
   m_impl->Arrange();
   if (OnResize)

@@ -42,10 +42,7 @@ PageObject *NoticeLayer::ForNotice() {
       m_host->AddObserver(m_observer);
     // The notice went with the process; one that was sent since has begun when the page is back. Its first frame is
     // white again.
-    m_host->OnLost = [this] {
-      m_shown = false;
-      Fit();
-    };
+    m_host->OnLost = [this] { SetAside(); };
     m_host->OnRecovered = [this] { Check(); };
     m_host->WV()->AoNavegar = [this](const QString &uri, bool &cancel) {
       cancel = true;
@@ -77,6 +74,11 @@ void NoticeLayer::Check() {
     if (json != u"true" && layer->m_notices == asked)
       layer->Remove();
   });
+}
+
+void NoticeLayer::SetAside() {
+  m_shown = false;
+  Fit();
 }
 
 void NoticeLayer::Uncover() {

@@ -403,8 +403,8 @@ void Program::Impl::MakePlace() {
   lugar = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
 }
 
-// The console's page never leaves; where it wants to go says what cameras there are. What comes of that may be a box, which must
-// not stand inside the page's event.
+// The console's page never leaves; where it wants to go says what cameras there are. What comes of that may be a box,
+// which must not stand inside the page's event.
 bool Program::Impl::CriaPrevia() {
   if (!console->CriaPrevia())
     return false;

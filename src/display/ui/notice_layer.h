@@ -31,8 +31,8 @@ public:
   // again.
   void SetCovered(bool covered);
 
-  // Out of sight until a notice has drawn a new frame. For a window that hides: its last frame would be the first that is
-  // seen when it comes back.
+  // Out of sight until a notice has drawn a new frame. For a window that hides: its last frame would be the first that
+  // is seen when it comes back.
   void SetAside();
 
   std::function<void()> OnMade; // it stands above everything; whoever has something for above it puts it there

@@ -342,10 +342,7 @@ void Program::Impl::MakeNoticeWindows() {
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
-      FrmQuendar::Parts{core.estado, app, clock, console.get(),
-                        CaptionComposers{[](const QString &, const QString &) { return QString(); },
-                                         [](const QString &) { return QString(); }},
-                        &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
+      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
@@ -439,6 +436,7 @@ void Program::Impl::ListenForControl() {
     return;
   ControlDoors doors = DoorsOf(core.estado, core.flow, core.agenda, core.controles, core.temaControle, core.canal,
                                [this]() -> Display * { return quendar.get(); });
+  doors.textoLegenda = [this] { return core.legenda.TextoLegenda; };
   doors.telaoEm = [this] { return core.painel.TelaoEm; };
   doors.semProjetor = [this] { return core.painel.SemProjetor; };
   doors.pagina = [this](const QString &name) { return PageNamed(name); };

@@ -38,6 +38,7 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), recusa);
     return;
   }
+  m_console.legenda.TextoLegenda.clear();
   FechaSlideShow(kind);
   const bool haviaVideo = m_video.EmExibicao();
   // Without another item the empty page would stay, black.

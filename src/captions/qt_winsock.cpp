@@ -18,7 +18,9 @@ void QtWinsock::Depois::operator()(QTcpSocket *socket) const {
 }
 
 QtWinsock::QtWinsock() {
-  connect(&m_server, &QTcpServer::newConnection, this, &QtWinsock::Request);
+  // One client a turn of the message loop, however many stand in line.
+  m_server.setMaxPendingConnections(1);
+  connect(&m_server, &QTcpServer::newConnection, this, &QtWinsock::Request, Qt::QueuedConnection);
 }
 
 QtWinsock::~QtWinsock() = default;
@@ -57,14 +59,15 @@ void QtWinsock::DropClient() {
 }
 
 void QtWinsock::Request() {
-  while (QTcpSocket *next = m_server.nextPendingConnection()) {
-    next->setParent(nullptr);
-    m_offered.reset(next);
-    next->setReadBufferSize(Limite);
-    if (ConnectionRequest)
-      ConnectionRequest(++m_lastRequest);
-    m_offered.reset();
-  }
+  QTcpSocket *next = m_server.nextPendingConnection();
+  if (!next) // it stopped listening meanwhile
+    return;
+  next->setParent(nullptr);
+  next->setReadBufferSize(Limite);
+  m_offered.reset(next);
+  if (ConnectionRequest)
+    ConnectionRequest(++m_lastRequest);
+  m_offered.reset();
 }
 
 void QtWinsock::Accept(int requestID) {

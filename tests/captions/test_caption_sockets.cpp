@@ -163,9 +163,9 @@ private slots:
     QVERIFY(usual.Gets("xx"));
     QTest::qWait(1100); // and what the watchdog's first round does
     usual.Heard();
+    const QByteArray megabyte(1024 * 1024, 'x');
     const qint64 before = MemoryKiB();
     Frames frames;
-    const QByteArray megabyte(1024 * 1024, 'x');
     RawClient client(hall.port);
     if (habit == u"silent") {
       QTest::qWait(1500);

@@ -6,6 +6,8 @@
 #include "app/program_folder.h"
 #include "app/single_instance.h"
 #include "bible/ui/bible_windows.h"
+#include "captions/FrmLegendas.h"
+#include "captions/qt_winsock.h"
 #include "console/FrmMonitor.h"
 #include "console/FrmSobre.h"
 #include "console/console_core.h"
@@ -74,6 +76,9 @@ struct Program::Impl {
   void MakeShowWindows();
   void MakeVideoWindows();
   void MakeNoticeWindows();
+  void MakeCaptions();
+  void MostraServidor();
+  void AbreLegendas();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -107,8 +112,11 @@ struct Program::Impl {
   QTimer sizeTimer;
   int triesLeft = TentativasDeLugar; // to put the projection's window where the desktop would not leave it
 
+  QtWinsock winsock1;
+
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;
+  CaptionServer servidor{core.legenda, store, winsock1, clock, &GetIpAddrTable};
   bool leaving = false; // closed from outside before the console stood
   PageProfile profile;
   std::unique_ptr<FrmMonitor> console;
@@ -122,6 +130,7 @@ struct Program::Impl {
   std::unique_ptr<ShowWindows> shows;
   std::unique_ptr<VideoWindows> videos;
   std::unique_ptr<NoticeWindows> notices;
+  std::unique_ptr<FrmLegendas> legendas;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -140,6 +149,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return themeEditors ? themeEditors->WV() : nullptr;
   if (name == u"FrmSlides")
     return slides ? slides->WV() : nullptr;
+  if (name == u"FrmLegendas")
+    return legendas ? legendas->WV() : nullptr;
   if (name == u"FrmSlideShow")
     return shows ? shows->WV() : nullptr;
   return nullptr;
@@ -170,6 +181,7 @@ void Program::Impl::MakeWindows() {
   MakeShowWindows();
   MakeVideoWindows();
   MakeNoticeWindows();
+  MakeCaptions();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -179,6 +191,7 @@ void Program::Impl::MakeWindows() {
   windows.addSlides = [this] { slides->AbreLista(); };
   windows.addShows = [this] { shows->AbreLista(); };
   windows.addVideos = [this] { videos->AbreAdicionar(); };
+  windows.captions = [this] { AbreLegendas(); };
   windows.notices = [this] { notices->AbreAviso(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
@@ -339,6 +352,25 @@ void Program::Impl::MakeNoticeWindows() {
   notices = std::make_unique<NoticeWindows>(NoticeDoors{store, prompt, positions, envia, mostra, console.get()});
 }
 
+void Program::Impl::MakeCaptions() {
+  servidor.Mudou = [this] { MostraServidor(); };
+}
+
+void Program::Impl::MostraServidor() {
+  const ServidorDeLegendas agora = servidor.TemCliente() ? ServidorDeLegendas::ComCliente
+                                   : servidor.Ligado()   ? ServidorDeLegendas::SemCliente
+                                                         : ServidorDeLegendas::Desligado;
+  if (std::exchange(core.painel.Legendas, agora) != agora)
+    core.contexto.Atualiza();
+}
+
+void Program::Impl::AbreLegendas() {
+  if (!legendas)
+    legendas = std::make_unique<FrmLegendas>(CaptionDoors{store, prompt, positions, core.legenda, servidor,
+                                                          [this] { core.LegendasSalvas(); }, profile, console.get()});
+  legendas->Open();
+}
+
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
@@ -415,6 +447,7 @@ void Program::Impl::MakeStartup() {
     // It may be one of its requests that closes the program.
     if (control)
       control->Close();
+    servidor.Encerra();
     if (quendar)
       quendar->hide();
     QCoreApplication::quit();
@@ -564,6 +597,7 @@ std::optional<int> Program::Start() {
   p.startup->Load();
   if (p.startup->Descarregado())
     return 0;
+  p.servidor.Inicia();
   p.WatchScreens(this);
   p.screenTimer.start(); // for what changed while the start was under way
   return std::nullopt;

@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -40,6 +41,8 @@ FrmLegendas::FrmLegendas(const CaptionDoors &doors)
   setObjectName(QStringLiteral("FrmLegendas"));
   setWindowTitle(tr("Broadcast captions"));
   m_abas->setObjectName(QStringLiteral("Abas"));
+  m_abas->setFocusPolicy(Qt::NoFocus); // its bar takes the focus
+  m_abas->tabBar()->setAccessibleName(tr("Kind of caption"));
   m_abas->setDocumentMode(true);
   m_abas->setFixedWidth(LarguraDasAbas);
   m_abas->addTab(Page(m_biblia, "Command1"), QStringLiteral("Bible"));
@@ -143,6 +146,7 @@ QWidget *FrmLegendas::MakeServer() {
   m_labelServer = new QLabel(m_picServer);
   m_labelServer->setObjectName(QStringLiteral("LabelServer"));
   m_labelServer->setAccessibleName(tr("Address of the captions"));
+  m_labelServer->setToolTip(tr("Where the broadcast tool finds the captions"));
   m_labelServer->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   address->addWidget(m_labelServer, 1);
   button("BotaoFlat2", tr("&Copy"), tr("Copies the address, for the broadcast tool"), address,

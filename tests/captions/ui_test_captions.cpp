@@ -53,6 +53,11 @@ class UiTestCaptions : public QObject {
   };
 
 private slots:
+  // What the engine says of itself when it starts.
+  void initTestCase() {
+    WebPageHost host(QStringLiteral("first"), nullptr);
+    host.CriaBrowser();
+  }
   void init() { FailOnWindowWarnings(); }
 
   void thePreviewFollowsTheControls() {

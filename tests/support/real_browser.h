@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QJsonArray>
@@ -21,8 +22,16 @@ namespace tolmira::testing {
 class RealBrowser {
 public:
   ~RealBrowser() {
-    m_process.kill();
-    m_process.waitForFinished();
+    if (m_process.state() == QProcess::Running) {
+      m_session.clear();
+      Do(QStringLiteral("Browser.close"), {});
+      if (!m_process.waitForFinished(5000))
+        m_process.kill();
+      m_process.waitForFinished();
+    }
+    // Its helpers may still be about; what they leave behind is no warning's worth.
+    m_profile.setAutoRemove(false);
+    QDir(m_profile.path()).removeRecursively();
     for (const int end : {m_toBrowser[1], m_fromBrowser[0]})
       if (end >= 0)
         ::close(end);

@@ -33,6 +33,7 @@ struct ControlDoors {
   std::function<void(int slot)> PressTile;
   std::function<void(const QString &comando)> SendToDisplay;
   std::function<bool()> displayVisivel;
+  std::function<QString()> textoLegenda = {}; // the caption
   std::function<QString()> telaoEm = {};   // name of the monitor that the projection is on
   std::function<bool()> semProjetor = {};  // it was taken away
   std::function<PageObject *(const QString &name)> pagina; // "display", "preview" or a window's name; may give null

@@ -26,7 +26,7 @@ QJsonObject Scalars(const ControlDoors &doors) {
       {QStringLiteral("TotalSlides"), e.TotalSlides},
       {QStringLiteral("VersoHtmlAtual"), e.VersoHtmlAtual},
       {QStringLiteral("VersoTextoAtual"), e.VersoTextoAtual},
-      {QStringLiteral("TextoLegenda"), e.TextoLegenda},
+      {QStringLiteral("TextoLegenda"), doors.textoLegenda ? doors.textoLegenda() : QString()},
       {QStringLiteral("ReferenciaAtual"), e.ReferenciaAtual},
       {QStringLiteral("VersaoBiblia"), e.VersaoBiblia},
       {QStringLiteral("ArquivoAtual"), e.ArquivoAtual},

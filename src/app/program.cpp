@@ -6,6 +6,8 @@
 #include "app/program_folder.h"
 #include "app/single_instance.h"
 #include "bible/ui/bible_windows.h"
+#include "captions/FrmLegendas.h"
+#include "captions/qt_winsock.h"
 #include "console/FrmMonitor.h"
 #include "console/FrmSobre.h"
 #include "console/console_core.h"
@@ -76,6 +78,9 @@ struct Program::Impl {
   void MakeShowWindows();
   void MakeVideoWindows();
   void MakeNoticeWindows();
+  void MakeCaptions();
+  void MostraServidor();
+  void AbreLegendas();
   void MakeDisplay();
   void RemakeDisplay();
   void MakeStartup();
@@ -110,8 +115,11 @@ struct Program::Impl {
   QTimer sizeTimer;
   int triesLeft = TentativasDeLugar; // to put the projection's window where the desktop would not leave it
 
+  QtWinsock winsock1;
+
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;
+  CaptionServer servidor{core.legenda, store, winsock1, clock, &GetIpAddrTable};
   bool leaving = false; // closed from outside before the console stood
   PageProfile profile;
   std::unique_ptr<FrmMonitor> console;
@@ -126,6 +134,7 @@ struct Program::Impl {
   std::unique_ptr<VideoWindows> videos;
   std::unique_ptr<NoticeWindows> notices;
   std::unique_ptr<CameraWindow> cameras;
+  std::unique_ptr<FrmLegendas> legendas;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;
@@ -144,6 +153,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return themeEditors ? themeEditors->WV() : nullptr;
   if (name == u"FrmSlides")
     return slides ? slides->WV() : nullptr;
+  if (name == u"FrmLegendas")
+    return legendas ? legendas->WV() : nullptr;
   if (name == u"FrmSlideShow")
     return shows ? shows->WV() : nullptr;
   return nullptr;
@@ -174,6 +185,7 @@ void Program::Impl::MakeWindows() {
   MakeShowWindows();
   MakeVideoWindows();
   MakeNoticeWindows();
+  MakeCaptions();
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -183,6 +195,7 @@ void Program::Impl::MakeWindows() {
   windows.addSlides = [this] { slides->AbreLista(); };
   windows.addShows = [this] { shows->AbreLista(); };
   windows.addVideos = [this] { videos->AbreAdicionar(); };
+  windows.captions = [this] { AbreLegendas(); };
   windows.notices = [this] { notices->AbreAviso(); };
   windows.cameras = [this] { cameras->Abre(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
@@ -347,13 +360,29 @@ void Program::Impl::MakeNoticeWindows() {
       NoticeDoors{store, prompt, positions, envia, porQueNaoSeVe, mostra, console.get()});
 }
 
+void Program::Impl::MakeCaptions() {
+  servidor.Mudou = [this] { MostraServidor(); };
+}
+
+void Program::Impl::MostraServidor() {
+  const ServidorDeLegendas agora = servidor.TemCliente() ? ServidorDeLegendas::ComCliente
+                                   : servidor.Ligado()   ? ServidorDeLegendas::SemCliente
+                                                         : ServidorDeLegendas::Desligado;
+  if (std::exchange(core.painel.Legendas, agora) != agora)
+    core.contexto.Atualiza();
+}
+
+void Program::Impl::AbreLegendas() {
+  if (!legendas)
+    legendas = std::make_unique<FrmLegendas>(CaptionDoors{store, prompt, positions, core.legenda, servidor,
+                                                          [this] { core.LegendasSalvas(); }, profile, console.get()});
+  legendas->Open();
+}
+
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
-      FrmQuendar::Parts{core.estado, app, clock, console.get(),
-                        CaptionComposers{[](const QString &, const QString &) { return QString(); },
-                                         [](const QString &) { return QString(); }},
-                        &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
+      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
@@ -440,6 +469,7 @@ void Program::Impl::MakeStartup() {
     // It may be one of its requests that closes the program.
     if (control)
       control->Close();
+    servidor.Encerra();
     if (quendar)
       quendar->hide();
     QCoreApplication::quit();
@@ -461,6 +491,7 @@ void Program::Impl::ListenForControl() {
     return;
   ControlDoors doors = DoorsOf(core.estado, core.flow, core.agenda, core.controles, core.temaControle, core.canal,
                                [this]() -> Display * { return quendar.get(); });
+  doors.textoLegenda = [this] { return core.legenda.TextoLegenda; };
   doors.telaoEm = [this] { return core.painel.TelaoEm; };
   doors.semProjetor = [this] { return core.painel.SemProjetor; };
   doors.pagina = [this](const QString &name) { return PageNamed(name); };
@@ -589,6 +620,7 @@ std::optional<int> Program::Start() {
   p.startup->Load();
   if (p.startup->Descarregado())
     return 0;
+  p.servidor.Inicia();
   p.WatchScreens(this);
   p.screenTimer.start(); // for what changed while the start was under way
   return std::nullopt;

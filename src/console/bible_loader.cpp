@@ -36,9 +36,9 @@ QString PreviousCapitulo(const QString &reference) {
   return OutroCapitulo(reference, -1, UltimoVersiculo);
 }
 
-BibleLoader::BibleLoader(ConsoleContext &console, BibleStore &loja, BibleComposer &biblia, LegendaBiblia &legenda,
+BibleLoader::BibleLoader(ConsoleContext &console, BibleStore &loja, BibleComposer &biblia,
                          VerseStepper &stepper, ThemeControl &temas)
-    : m_console(console), m_loja(loja), m_biblia(biblia), m_legenda(legenda), m_stepper(stepper), m_temas(temas) {
+    : m_console(console), m_loja(loja), m_biblia(biblia), m_stepper(stepper), m_temas(temas) {
   // The entrance effect is for a verse that was not there; a key that was pressed and let go moves nothing.
   m_stepper.EnviaVersiculo = [this](bool soltouCtrl) { EnviaVersiculo(!soltouCtrl || !NoTelao()); };
   m_temas.AjustaVersiculo = [this] { RecarregaVersiculo(false); };
@@ -50,10 +50,6 @@ void BibleLoader::CarregaVersoes() {
   if (m_console.estado.TipoAtual != Biblia)
     m_console.estado.VersaoBiblia = m_loja.VersaoBiblia();
   MostraVersao();
-}
-
-void BibleLoader::CarregaLegenda() {
-  m_legenda = CarregaLegendaBiblia(m_console.store);
 }
 
 void BibleLoader::MostraVersao() {
@@ -170,7 +166,7 @@ int BibleLoader::Tamanho(const QString &texto, const QString &referencia, const 
   tela.centrado = ajustes.AlinhamentoVertical == u"center";
   tela.escala = ajustes.EscalaBiblia;
   tela.zoom = ajustes.ZoomAjustBiblia;
-  return TamanhoBiblia(m_legenda.maiusculas ? texto.toUpper() : texto, referencia + u" (" + versao + u')', tela,
+  return TamanhoBiblia(m_console.legenda.Biblia.maiusculas ? texto.toUpper() : texto, referencia + u" (" + versao + u')', tela,
                        m_console.measure);
 }
 

@@ -20,11 +20,10 @@ QString PreviousCapitulo(const QString &reference);
 // Puts a Bible passage on the console and on the projection, and walks through verses and chapters.
 class BibleLoader {
 public:
-  BibleLoader(ConsoleContext &console, BibleStore &loja, BibleComposer &biblia, LegendaBiblia &legenda,
+  BibleLoader(ConsoleContext &console, BibleStore &loja, BibleComposer &biblia,
               VerseStepper &stepper, ThemeControl &temas);
 
   void CarregaVersoes(); // step 4 of the start, and after versions were fetched or removed
-  void CarregaLegenda(); // at start, and after the caption settings were saved
   void MostraVersao();   // the tips with the version's name
 
   // Loads a passage and sends it. False when the version in force has no such verse: what is on show stays then, and
@@ -62,7 +61,6 @@ private:
   ConsoleContext &m_console;
   BibleStore &m_loja;
   BibleComposer &m_biblia;
-  LegendaBiblia &m_legenda;
   VerseStepper &m_stepper;
   ThemeControl &m_temas;
   QString m_tamanhoDito; // the font size that the pages were told last

@@ -18,6 +18,7 @@ void EsvaziaConsole(ConsoleContext &console, VerseStepper &stepper) {
   estado.VersoHtmlAtual.clear();
   estado.VersoTextoAtual.clear();
   estado.UltimoTexto.clear();
+  console.legenda.TextoLegenda.clear();
 
   console.faixa.Label1Visible = false;
   painel.biblia.Visible = false;

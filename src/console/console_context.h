@@ -1,5 +1,6 @@
 #pragma once
 
+#include "captions/estado_legenda.h"
 #include "console/console_panel.h"
 #include "display/display_channel.h"
 #include "display/display_seams.h"
@@ -18,6 +19,7 @@ struct ConsoleContext {
   const AppFolder &app;
   const IniStore &store;
   EstadoConsole &estado;
+  EstadoLegenda &legenda;
   AjustesTexto &ajustes;
   FaixaTexto &faixa;
   PainelConsole &painel;

@@ -11,17 +11,17 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
     : canal(estado, doors.telao),
       letras(estado, ajustes, canal, doors.telao, doors.previa, doors.measure, doors.random),
       biblia(
-          estado, ajustes, legendaBiblia, canal, doors.telao, doors.previa,
+          estado, ajustes, legenda.Biblia, canal, doors.telao, doors.previa,
           [this] { return contexto.view ? contexto.view->PreviewWidthPx() : 0; }, doors.random),
       paginas(doors.app, doors.store, estado, ajustes, canal, letras, Hosts(doors), doors.random, doors.yielder),
       paginasDeSlides(doors.app, doors.store, estado, ajustes, canal, Hosts(doors), doors.random, doors.yielder),
-      contexto{doors.app,    doors.store,   estado,      ajustes,     faixa,        painel,
+      contexto{doors.app,    doors.store,   estado,      legenda,     ajustes,     faixa,        painel,
                canal,        letras,        paginas,     doors.clock, doors.random, doors.yielder,
                doors.prompt, doors.measure, doors.telao, doors.previa},
       loja(doors.app, temas), lojaBiblia(doors.app, doors.store),
       agenda(doors.app, doors.store, estado, painel, faixa, contexto.view, doors.prompt), stepper(contexto),
       temaControle(contexto, temas), loader(contexto, stepper, temaControle),
-      leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
+      leitura(contexto, lojaBiblia, biblia, stepper, temaControle),
       slides(contexto, paginasDeSlides, stepper, temaControle), controles(contexto), textos(contexto, loader, leitura),
       efeitos(contexto, temaControle, loader, leitura, slides), formato(contexto, temas, loader, textos),
       video(contexto, stepper, temaControle), controleDeVideo(
@@ -113,6 +113,11 @@ void ConsoleCore::TelaMudou() {
   // Ctrl was let go meanwhile, and what went out was the projection's verse, which stood in the frame then.
   if (noQuadro > 0 && estado.EnviarAoTelao)
     stepper.MouseUp_Finaliza(false, false);
+}
+
+void ConsoleCore::LegendasSalvas() {
+  loader.RecarregaMusica(true);
+  leitura.RecarregaVersiculo(true);
 }
 
 void ConsoleCore::TelaoRefeito() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bible/bible_store.h"
+#include "captions/estado_legenda.h"
 #include "console/agenda_desk.h"
 #include "console/bible_loader.h"
 #include "console/console_context.h"
@@ -17,7 +18,6 @@
 #include "console/theme_control.h"
 #include "console/video_runner.h"
 #include "display/bible_composer.h"
-#include "display/legenda_biblia.h"
 #include "media/cameras.h"
 #include "media/video_control.h"
 
@@ -49,7 +49,7 @@ public:
   FaixaTexto faixa;
   PainelConsole painel;
   TabelaTemas temas;
-  LegendaBiblia legendaBiblia;
+  EstadoLegenda legenda;
 
   DisplayChannel canal;
   LyricsComposer letras;
@@ -82,6 +82,8 @@ public:
   void PreviaMudou();
   // The projection changed its size: the item on show is fitted to it and its page built anew.
   void TelaMudou();
+  // The look of the captions was saved: the text on show is presented again where it stands, which composes its caption.
+  void LegendasSalvas();
   // The projection's window was made anew: it gets the page of the item on show.
   void TelaoRefeito();
 

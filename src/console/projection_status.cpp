@@ -198,7 +198,7 @@ void DizQuemOuve(const OlharDaTela &olhar, SituacaoDaTela &dita) {
     break;
   case ServidorDeLegendas::SemCliente:
     dita.LbServidorLegenda = QObject::tr("Captions: no client");
-    dita.CorDasLegendas = Held;
+    dita.CorDasLegendas = Live;
     break;
   case ServidorDeLegendas::ComCliente:
     dita.LbServidorLegenda = QObject::tr("Captions: client");

@@ -1,5 +1,6 @@
 #include "console/startup.h"
 
+#include "captions/caption_settings.h"
 #include "console/text_controls.h"
 #include "display/effects.h"
 #include "foundation/text_fields.h"
@@ -29,7 +30,7 @@ ConsoleStartup::ConsoleStartup(ConsoleContext &console, AgendaDesk &agenda, Them
 void ConsoleStartup::Load() {
   EstadoConsole &estado = m_console.estado;
   m_leitura.CarregaVersoes();
-  m_leitura.CarregaLegenda();
+  CarregaLegendas(m_console.store, m_console.legenda);
   m_janelas.CarregaFontes();
   LeAjustes(m_console);
   m_lugar.PosicionarFrmQuendar();

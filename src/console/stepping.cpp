@@ -187,6 +187,7 @@ void VerseStepper::LimpaTela(const QString &modo) {
   }
   estado.EstrofeAtual = -1;
   estado.UltimoTexto.clear();
+  m_console.legenda.TextoLegenda.clear();
   m_console.Atualiza();
 }
 

@@ -48,7 +48,6 @@ void VideoRunner::Inicia(const QString &path, const QString &caption) {
     m_console.canal.SendToDisplay(QStringLiteral("PararYoutube"));
   }
   EsvaziaConsole(m_console, m_stepper);
-  estado.TextoLegenda.clear();
   estado.TituloAtual = m_console.painel.Label9 = caption;
   Toca(0, false);
   m_console.painel.video = {true, PainelVideo::Situacao::Tocando, FileNameOf(path), QString()};

@@ -141,7 +141,7 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
   if (parts.observer)
     picWV->AddObserver(parts.observer);
   commands =
-      std::make_unique<DisplayCommands>(parts.estado, parts.app, *this, parts.mirror, parts.captions, parts.clock);
+      std::make_unique<DisplayCommands>(parts.estado, parts.legenda, parts.app, *this, parts.mirror, parts.clock);
   player->OnImagem = [this] { PutMediaInFront(mediaWanted); };
   timerFade = parts.clock.NewTimer([this] { TickFade(); });
   timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });

@@ -21,10 +21,10 @@ class FrmQuendar : public QWidget, public Display {
 public:
   struct Parts {
     EstadoConsole &estado;
+    EstadoLegenda &legenda;
     const AppFolder &app;
     Clock &clock;
     PreviewMirror *mirror; // may be null
-    CaptionComposers captions;
     DisplayObserver *observer; // may be null
     VideoDrawing video;
     PageProfile profile; // may be null: the page then has one of its own

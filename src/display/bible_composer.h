@@ -3,7 +3,7 @@
 #include "display/display_channel.h"
 #include "display/display_seams.h"
 #include "display/estado.h"
-#include "display/legenda_biblia.h"
+#include "captions/estado_legenda.h"
 #include "foundation/seams.h"
 
 #include <QString>

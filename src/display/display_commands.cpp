@@ -1,5 +1,6 @@
 #include "display/display_commands.h"
 
+#include "captions/caption_composer.h"
 #include "display/display_channel.h"
 #include "display/notice_call.h"
 #include "foundation/text_fields.h"
@@ -19,9 +20,9 @@ constexpr double SilencioDepoisMs = 5000;            // the sound is gone this l
 
 } // namespace
 
-DisplayCommands::DisplayCommands(EstadoConsole &estado, const AppFolder &app, DisplayLayers &layers,
-                                 PreviewMirror *mirror, CaptionComposers captions, Clock &clock)
-    : m_estado(estado), m_app(app), m_layers(layers), m_mirror(mirror), m_captions(std::move(captions)),
+DisplayCommands::DisplayCommands(EstadoConsole &estado, EstadoLegenda &legenda, const AppFolder &app,
+                                 DisplayLayers &layers, PreviewMirror *mirror, Clock &clock)
+    : m_estado(estado), m_legenda(legenda), m_app(app), m_layers(layers), m_mirror(mirror),
       m_timerVolume(clock.NewTimer([this] { TickVolume(); })) {}
 
 void DisplayCommands::ProcessaComando(const QString &comando) {
@@ -220,12 +221,12 @@ void DisplayCommands::MostraJanela() {
 void DisplayCommands::AtualizaLegenda(const QStringList &campos) {
   if (m_estado.TipoAtual == u"Bíblia") {
     if (campos.size() > 3)
-      m_estado.TextoLegenda = m_captions.bible ? m_captions.bible(campos[2], campos[3]) : QString();
+      m_legenda.TextoLegenda = ComposeLegendaBiblia(m_legenda.Biblia, campos[2], campos[3], m_estado.VersaoBiblia);
   } else if (m_estado.EhLetra()) {
     if (campos.size() > 4)
-      m_estado.TextoLegenda = m_captions.song ? m_captions.song(campos[4]) : QString();
+      m_legenda.TextoLegenda = ComposeLegendaLetra(m_legenda.Letras, campos[4]);
   } else {
-    m_estado.TextoLegenda.clear();
+    m_legenda.TextoLegenda.clear();
   }
 }
 

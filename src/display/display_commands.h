@@ -1,5 +1,6 @@
 #pragma once
 
+#include "captions/estado_legenda.h"
 #include "display/display_seams.h"
 #include "display/estado.h"
 #include "foundation/app_folder.h"
@@ -12,18 +13,12 @@
 
 namespace tolmira {
 
-// Composes caption text for what is on show; until the caption server exists both give "".
-struct CaptionComposers {
-  std::function<QString(const QString &verse, const QString &reference)> bible;
-  std::function<QString(const QString &verse)> song;
-};
-
 // The logic of the projection window: the verbs, the black screen, the default picture, the fade, the volume ramp and
 // the page's fake addresses. Drives the layers; the window owns it.
 class DisplayCommands {
 public:
-  DisplayCommands(EstadoConsole &estado, const AppFolder &app, DisplayLayers &layers, PreviewMirror *mirror,
-                  CaptionComposers captions, Clock &clock);
+  DisplayCommands(EstadoConsole &estado, EstadoLegenda &legenda, const AppFolder &app, DisplayLayers &layers,
+                  PreviewMirror *mirror, Clock &clock);
 
   void ProcessaComando(const QString &comando);
   bool DisplayVisivel() const { return m_displayVisivel; }
@@ -57,10 +52,10 @@ private:
   void TickVolume();
 
   EstadoConsole &m_estado;
+  EstadoLegenda &m_legenda;
   const AppFolder m_app;
   DisplayLayers &m_layers;
   PreviewMirror *m_mirror;
-  CaptionComposers m_captions;
   std::unique_ptr<PeriodicTimer> m_timerVolume;
   bool m_displayVisivel = false;
   bool m_paginaDaRede = false;  // the page on show was brought by a command and is not one of the program's

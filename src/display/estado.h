@@ -57,7 +57,6 @@ struct EstadoConsole {
   QString VersoHtmlAtual;  // the composers
   QString VersoTextoAtual; // lyrics composer
   QString VersoBibliaAtual; // Bible composer
-  QString TextoLegenda;    // command handler; emptied by a local video
 
   // themes
   TemaRecord TemaAtual;              // theme control

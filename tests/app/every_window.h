@@ -3,6 +3,7 @@
 #include "bible/FrmAddBibliaNaLista.h"
 #include "bible/FrmBibleBrowser.h"
 #include "bible/FrmBibleSearch.h"
+#include "captions/FrmLegendas.h"
 #include "console/FrmAtalhos.h"
 #include "console/FrmSobre.h"
 #include "console/console_fixture.h"
@@ -20,6 +21,7 @@
 #include "songs/FrmAddMusicaNaLista.h"
 #include "songs/FrmSobregravar.h"
 #include "songs/ui/song_editors.h"
+#include "support/fake_winsock.h"
 #include "support/hand_made_pdf.h"
 #include "support/recording_presentation.h"
 #include "support/small_bible.h"
@@ -72,6 +74,8 @@ public:
   inline static const QString LongName =
       QStringLiteral("A name that is far too long for any list on any desk in any hall of this world");
   FormPositions positions;
+  FakeWinsock winsock;
+  CaptionServer captions{core.legenda, store, winsock, clock, [] { return TabelaDeEnderecos{0, {0xc0a80105}}; }};
   RecordingPresentation console;
   QWidget desk;
 };
@@ -293,6 +297,13 @@ inline const std::map<QString, Opener> &EveryWindow() {
          auto windows = WindowsOfNotices(h);
          windows->AbreConfig();
          return windows;
+       }},
+      {QStringLiteral("FrmLegendas"),
+       [](House &h) {
+         QString error;
+         h.captions.Liga(QStringLiteral("65535"), error);
+         return Opened<FrmLegendas>(
+             CaptionDoors{h.store, h.prompt, h.positions, h.core.legenda, h.captions, {}, {}, &h.desk});
        }},
       {QStringLiteral("FrmImportar"), OpenedImport},
   };

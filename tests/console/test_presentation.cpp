@@ -457,6 +457,35 @@ private slots:
                                      {QStringLiteral("x"), px * 72 / 96, true}) < 1280);
   }
 
+  void theCaptionGoesWithItsText() {
+    QString &caption = m_fixture->core.legenda.TextoLegenda;
+    m_fixture->Write(QStringLiteral("Lyrics/Canto.txt"), TresEstrofes);
+    caption = QStringLiteral("of the item before");
+    m_fixture->Show(QStringLiteral("Canto"));
+    QCOMPARE(caption, QString());
+    m_fixture->core.teclas.KeyDown(Qt::Key_Down, false, true);
+    caption = QStringLiteral("of the verse");
+    m_fixture->Show(QStringLiteral("There is no such song")); // the verse stays on the screen
+    QCOMPARE(caption, QStringLiteral("of the verse"));
+    m_fixture->EndGlide();
+    m_fixture->core.stepper.Label1MouseDown(0);
+    m_fixture->core.stepper.Label1MouseMove(-20000); // out of the frame
+    m_fixture->core.stepper.Label1MouseUp(0);
+    QCOMPARE(caption, QString());
+  }
+
+  void aSavedLookComposesTheCaptionOfTheVerseThatStays() {
+    m_fixture->Write(QStringLiteral("Lyrics/Canto.txt"), TresEstrofes);
+    m_fixture->Show(QStringLiteral("Canto"));
+    m_fixture->core.teclas.KeyDown(Qt::Key_Down, false, true);
+    m_fixture->core.teclas.KeyDown(Qt::Key_Down, false, true);
+    m_fixture->EndGlide();
+    m_fixture->Forget();
+    m_fixture->core.LegendasSalvas();
+    QCOMPARE(m_fixture->VersesSent(), {QStringLiteral("Terceira linha<br>Quarta linha")});
+    QCOMPARE(Estado().EstrofeAtual, 2);
+  }
+
   void keysFindTheirTarget() {
     KeyTable &teclas = m_fixture->core.teclas;
     QVERIFY(!teclas.KeyDown(Qt::Key_Down, false, true)); // nothing loaded: the list may have it

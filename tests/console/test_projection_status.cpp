@@ -172,7 +172,7 @@ private slots:
     QTest::addColumn<QString>("colour");
     QTest::newRow("off") << ServidorDeLegendas::Desligado << QStringLiteral("Captions off") << QString();
     QTest::newRow("on") << ServidorDeLegendas::SemCliente << QStringLiteral("Captions: no client")
-                        << QStringLiteral("held");
+                        << QStringLiteral("live");
     QTest::newRow("client") << ServidorDeLegendas::ComCliente << QStringLiteral("Captions: client")
                             << QStringLiteral("live");
   }

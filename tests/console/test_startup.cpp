@@ -59,7 +59,7 @@ private slots:
     QCOMPARE(Estado().VersaoBiblia, QStringLiteral("KJV"));
     QCOMPARE(m_fixture->core.painel.LbVersao, QStringLiteral("Tradução: KJV"));
     QCOMPARE(m_fixture->core.painel.LabelDicaBiblia, QStringLiteral("Tradução: KJV"));
-    QVERIFY(m_fixture->core.legendaBiblia.maiusculas);
+    QVERIFY(m_fixture->core.legenda.Biblia.maiusculas);
     QCOMPARE(m_fixture->core.ajustes.EstiloBiblia, 5);
     QCOMPARE(m_fixture->core.ajustes.SombraVerso, 3);
     QCOMPARE(m_fixture->core.ajustes.EscalaBiblia, 110.0);

@@ -39,7 +39,7 @@ private slots:
     house.Show(QStringLiteral("Canto"));
     house.core.stepper.TeclaEstrofe(1);
     house.EndGlide();
-    house.core.estado.TextoLegenda = QStringLiteral("x");
+    house.core.legenda.TextoLegenda = QStringLiteral("x");
     house.Forget();
     house.ShowIt();
     const QString page = house.app.At(u"\\html\\emptyback.html");
@@ -53,7 +53,7 @@ private slots:
     QCOMPARE(estado.TipoAtual, QStringLiteral("Video"));
     QCOMPARE(estado.TipoAnterior, QStringLiteral("Louvor"));
     QCOMPARE(estado.PaginaAtual, QStringLiteral("emptyback.html"));
-    QVERIFY(estado.TextoLegenda.isEmpty());
+    QVERIFY(house.core.legenda.TextoLegenda.isEmpty());
     QVERIFY(!house.core.faixa.Label1Visible);
     QCOMPARE(house.core.painel.Label9, QStringLiteral("Filme"));
     QVERIFY(!house.core.painel.SliderExLouvorVisible);

@@ -59,7 +59,7 @@ public:
         core({app, store, clock, random, yielder, prompt, measure, [this]() -> tolmira::Display * { return telao.get(); },
               [this] { return previa ? previa->WV() : nullptr; }}) {
     telao = std::make_unique<FrmQuendar>(
-        FrmQuendar::Parts{core.estado, app, clock, nullptr, {}, nullptr, VideoDrawing::Software, profile});
+        FrmQuendar::Parts{core.estado, core.legenda, app, clock, nullptr, nullptr, VideoDrawing::Software, profile});
     previa = std::make_unique<WebPageHost>(QStringLiteral("preview"), nullptr, profile);
     previa->resize(AjustaPreview(container, tela).size());
     view.width = previa->width();

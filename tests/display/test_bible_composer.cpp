@@ -242,26 +242,6 @@ private slots:
     QVERIFY(show.display.commands.value(0).contains(u">John 11:35 (KJV)<"));
     QVERIFY(show.display.commands.value(0).endsWith(u"|#Jesus wept.|#John 11:35|#"));
   }
-
-  void theTitlesColoursComeFromTheStore() {
-    QTemporaryDir folder;
-    const AppFolder app(folder.path());
-    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("Data")));
-    const IniStore store(app);
-    const LegendaBiblia padrao = CarregaLegendaBiblia(store);
-    QVERIFY(!padrao.maiusculas);
-    QCOMPARE(RgbTexto(padrao.fontColorTitulo), QStringLiteral("255,255,255"));
-    QCOMPARE(RgbTexto(padrao.backColorTitulo), QStringLiteral("0,143,255"));
-
-    const QString secao = QStringLiteral("Legendas Bíblia");
-    store.WriteConfig(secao, QStringLiteral("maiusculas"), QStringLiteral("True"));
-    store.WriteConfig(secao, QStringLiteral("fontColorTitulo"), QStringLiteral("255"));
-    store.WriteConfig(secao, QStringLiteral("backColorTitulo"), QStringLiteral("99999999999"));
-    const LegendaBiblia lida = CarregaLegendaBiblia(store);
-    QVERIFY(lida.maiusculas);
-    QCOMPARE(RgbTexto(lida.fontColorTitulo), QStringLiteral("255,0,0"));
-    QCOMPARE(RgbTexto(lida.backColorTitulo), QStringLiteral("255,255,255"));
-  }
 };
 
 QTEST_GUILESS_MAIN(TestBibleComposer)

@@ -1,6 +1,7 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include "captions/caption_composer.h"
 #include "display/display_commands.h"
 #include "support/fake_clock.h"
 #include "support/recording_layers.h"
@@ -13,21 +14,12 @@ namespace {
 // A projection window with everything in it except the window.
 struct Projection {
   EstadoConsole estado;
+  EstadoLegenda legenda;
   AppFolder app{QStringLiteral("/srv/tolmira")};
   RecordingLayers layers;
   RecordingMirror mirror;
   FakeClock clock;
-  QString bibleVerse, bibleReference, songVerse; // what the caption composers were given
-  CaptionComposers captions{[this](const QString &verse, const QString &reference) {
-                              bibleVerse = verse;
-                              bibleReference = reference;
-                              return QStringLiteral("bible caption");
-                            },
-                            [this](const QString &verse) {
-                              songVerse = verse;
-                              return QStringLiteral("song caption");
-                            }};
-  DisplayCommands commands{estado, app, layers, &mirror, captions, clock};
+  DisplayCommands commands{estado, legenda, app, layers, &mirror, clock};
 
   QStringList Send(const QString &comando) {
     layers.journal.clear();
@@ -77,7 +69,7 @@ private slots:
 
   void captionFollowsTheKindOfItem_data();
   void captionFollowsTheKindOfItem();
-  void captionWithoutComposersIsEmpty();
+  void aWindowWithoutAMirrorShowsItsPicture();
 
   void everyNavigationOfThePageIsRefused_data();
   void everyNavigationOfThePageIsRefused();
@@ -242,16 +234,16 @@ void TestCommands::brokenNotices() {
 
 void TestCommands::missingFieldSkipsOnlyItsStep() {
   Projection p;
-  p.estado.TextoLegenda = QStringLiteral("old");
+  p.legenda.TextoLegenda = QStringLiteral("old");
   QCOMPARE(p.Send(QStringLiteral("ChangeCSS|#texto|#display")), QStringList{Hidden()});
   QCOMPARE(p.Send(QStringLiteral("AVISO:|#a|#top|#1|#10|#5|##000000")), QStringList{Hidden()});
 
   p.estado.TipoAtual = QStringLiteral("Louvor");
-  QCOMPARE(p.Send(QStringLiteral("UpdateText|#h|#|#|#")).first(), QStringLiteral("WV: UpdateTextHtml('h')"));
-  QCOMPARE(p.estado.TextoLegenda, QStringLiteral("song caption"));
-  p.estado.TextoLegenda = QStringLiteral("old");
+  QCOMPARE(p.Send(QStringLiteral("UpdateText|#h|#|#|#v")).first(), QStringLiteral("WV: UpdateTextHtml('h')"));
+  QVERIFY(p.legenda.TextoLegenda.contains(u">v<"));
+  p.legenda.TextoLegenda = QStringLiteral("old");
   QCOMPARE(p.Send(QStringLiteral("UpdateText|#h|#")).first(), QStringLiteral("WV: UpdateTextHtml('h')"));
-  QCOMPARE(p.estado.TextoLegenda, QStringLiteral("old"));
+  QCOMPARE(p.legenda.TextoLegenda, QStringLiteral("old"));
 }
 
 void TestCommands::commandsSurviveAPageThatIsNotThere() {
@@ -379,9 +371,12 @@ void TestCommands::hiddenWindowStaysHiddenThroughText() {
 void TestCommands::captionFollowsTheKindOfItem_data() {
   QTest::addColumn<QString>("tipo");
   QTest::addColumn<QString>("caption");
-  QTest::newRow("song") << QStringLiteral("Louvor") << QStringLiteral("song caption");
-  QTest::newRow("hymn") << QStringLiteral("Harpa") << QStringLiteral("song caption");
-  QTest::newRow("bible") << QStringLiteral("Bíblia") << QStringLiteral("bible caption");
+  LegendaLetras letras;
+  const QString song = ComposeLegendaLetra(letras, QStringLiteral("four<br>lines"));
+  QTest::newRow("song") << QStringLiteral("Louvor") << song;
+  QTest::newRow("hymn") << QStringLiteral("Harpa") << song;
+  QTest::newRow("bible") << QStringLiteral("Bíblia")
+                         << ComposeLegendaBiblia({}, QStringLiteral("two"), QStringLiteral("three"), QStringLiteral("KJV"));
   QTest::newRow("slides") << QStringLiteral("Slides") << QString();
   QTest::newRow("nothing yet") << QString() << QString();
 }
@@ -391,25 +386,19 @@ void TestCommands::captionFollowsTheKindOfItem() {
   QFETCH(QString, caption);
   Projection p;
   p.estado.TipoAtual = tipo;
-  p.estado.TextoLegenda = QStringLiteral("old");
+  p.estado.VersaoBiblia = QStringLiteral("KJV");
+  p.legenda.TextoLegenda = QStringLiteral("old");
   p.Send(QStringLiteral("UpdateText|#<p>h</p>|#two|#three|#four<br>lines"));
-  QCOMPARE(p.estado.TextoLegenda, caption);
-  if (caption.startsWith(u"song"))
-    QCOMPARE(p.songVerse, QStringLiteral("four<br>lines"));
-  if (caption.startsWith(u"bible"))
-    QCOMPARE(p.bibleVerse + u'/' + p.bibleReference, QStringLiteral("two/three"));
+  QCOMPARE(p.legenda.TextoLegenda, caption);
 }
 
-void TestCommands::captionWithoutComposersIsEmpty() {
+void TestCommands::aWindowWithoutAMirrorShowsItsPicture() {
   EstadoConsole estado;
-  estado.TextoLegenda = QStringLiteral("old");
+  EstadoLegenda legenda;
   RecordingLayers layers;
   FakeClock clock;
-  DisplayCommands commands(estado, AppFolder(QStringLiteral("/srv")), layers, nullptr, {}, clock);
-  estado.TipoAtual = QStringLiteral("Louvor");
-  commands.ProcessaComando(QStringLiteral("UpdateText|#h|#|#|#v"));
-  QCOMPARE(estado.TextoLegenda, QString());
-  commands.ProcessaComando(QStringLiteral("PadraDeFundo|#/a.jpg")); // without a mirror
+  DisplayCommands commands(estado, legenda, AppFolder(QStringLiteral("/srv")), layers, nullptr, clock);
+  commands.ProcessaComando(QStringLiteral("PadraDeFundo|#/a.jpg"));
   QVERIFY(layers.imagePadrao);
 }
 

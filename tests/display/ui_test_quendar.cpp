@@ -18,13 +18,14 @@ class TestQuendar : public QObject {
   std::unique_ptr<QTemporaryDir> m_folder;
   std::unique_ptr<AppFolder> m_app;
   std::unique_ptr<EstadoConsole> m_estado;
+  EstadoLegenda m_legenda;
   std::unique_ptr<FakeClock> m_clock;
   PageProfile m_profile;
   std::unique_ptr<FrmQuendar> m_window;
 
   std::unique_ptr<FrmQuendar> NewWindow() {
     return std::make_unique<FrmQuendar>(
-        FrmQuendar::Parts{*m_estado, *m_app, *m_clock, nullptr, {}, nullptr, VideoDrawing::Software, m_profile});
+        FrmQuendar::Parts{*m_estado, m_legenda, *m_app, *m_clock, nullptr, nullptr, VideoDrawing::Software, m_profile});
   }
   QWidget *Layer(const char *name) { return m_window->findChild<QWidget *>(QLatin1String(name)); }
   QColor Centre() { return m_window->grab().toImage().pixelColor(m_window->rect().center()); }

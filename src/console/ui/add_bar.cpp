@@ -18,7 +18,7 @@ AddBar::AddBar(QWidget *parent) : QWidget(parent) {
   };
   const Face faces[] = {{"song", tr("&Lyrics")},   {"bible", tr("&Bible")},        {"slides", tr("Sli&des")},
                         {"shows", tr("Sh&ows")},    {"video", tr("&Video")},         {"web", tr("&Web")},
-                        {"captions", tr("Captions")}, {"notices", tr("&Notices")}};
+                        {"captions", tr("Ca&ptions")}, {"notices", tr("&Notices")}};
   auto *row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(medidas::Gap);

@@ -195,7 +195,7 @@ void ConsoleMenus::MakeCorner() {
   };
   quiet("Label15", tr("Version %1").arg(QStringLiteral(TOLMIRA_VERSION)), tr("Version of the program"));
   row->addSpacing(medidas::Gap);
-  m_lbServidorLegenda = quiet("LbServidorLegenda", QString(), tr("Whether a broadcast tool takes the captions"));
+  m_lbServidorLegenda = quiet("Label32", QString(), tr("Whether a broadcast tool takes the captions"));
   m_image3 = new QPushButton(corner);
   m_image3->setObjectName(QStringLiteral("Image3"));
   m_image3->setProperty("look", QStringLiteral("flat"));

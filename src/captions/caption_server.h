@@ -1,0 +1,57 @@
+#pragma once
+
+#include "captions/estado_legenda.h"
+#include "captions/local_address.h"
+#include "captions/winsock.h"
+#include "foundation/ini_store.h"
+#include "foundation/seams.h"
+
+#include <functional>
+#include <memory>
+
+namespace tolmira {
+
+// Hands the current caption to one client at a time; docs/captions.md is its protocol. Whatever arrives is answered at
+// once and in one piece, so that no client can keep the interface waiting.
+class CaptionServer {
+public:
+  // `enderecos` asks the system for its addresses.
+  CaptionServer(EstadoLegenda &legenda, const IniStore &store, Winsock &winsock1, Clock &clock,
+                std::function<TabelaDeEnderecos()> enderecos);
+  ~CaptionServer();
+
+  void Inicia();         // reads the settings, comes up if they ask for it, and starts the watchdog
+  QString StartServer(); // (re)starts listening; what went wrong, mostly nothing. A port in use shows in Ligado() alone
+  void Encerra();        // the program ends
+
+  // The operator's start, with the port as it was typed; false, and nothing happens, when that is 0. `erro` as of
+  // StartServer.
+  bool Liga(const QString &porta, QString &erro);
+  void Desliga(); // holds until the next start by hand
+
+  bool Ligado() const;
+  bool TemCliente() const; // one is connected, or has asked a moment ago
+
+  std::function<void()> Mudou; // called by each tick of the watchdog, and when the operator starts or stops. May be empty
+
+private:
+  void TimerLegenda();
+  void Chegou();
+  void Responde(const QByteArray &pedido);
+  QByteArray Pagina() const;
+  void Load();
+  void Update();
+  void Avisa() const;
+
+  EstadoLegenda &m_legenda;
+  const IniStore &m_store;
+  Winsock &m_winsock1;
+  Clock &m_clock;
+  std::function<TabelaDeEnderecos()> m_enderecos;
+  std::unique_ptr<PeriodicTimer> m_timerLegenda;
+  qint64 m_semPedido = 0; // bytes of this client since its last request
+  qint64 m_ultimaVez = 0; // ms, of the last request
+  bool m_houvePedido = false;
+};
+
+} // namespace tolmira

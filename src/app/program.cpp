@@ -85,6 +85,7 @@ struct Program::Impl {
   void RemakeDisplay();
   void MakeStartup();
   bool CriaPrevia();
+  void CameraRespondeu(const QString &uri, Alvo de);
   void ListenForControl();
   void WatchScreens(QObject *context);
   void ScreensChanged();
@@ -335,7 +336,11 @@ void Program::Impl::MakeVideoWindows() {
                                                      [this] { core.video.Encerra(); }, console.get()});
   core.video.AbreControle = [this] { videos->AbreControle(); };
   core.video.FechaControle = [this] { videos->FechaControle(); };
-  cameras = std::make_unique<CameraWindow>(CameraDoors{clock, positions, core.cameras, console.get()});
+  const auto aoTexto = [this] {
+    console->activateWindow();
+    console->FocusStrip();
+  };
+  cameras = std::make_unique<CameraWindow>(CameraDoors{clock, positions, core.cameras, aoTexto, console.get()});
   core.agenda.editores[TipoVideoDaAgenda] = [this](const QString &path) {
     const QString outro = EscolheOutroVideo(store, prompt, path);
     if (!outro.isEmpty())
@@ -387,6 +392,7 @@ void Program::Impl::MakeDisplay() {
   quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
+  quendar->Commands().OnCamera = [this](const QString &uri) { CameraRespondeu(uri, Alvo::Telao); };
   quendar->Commands().OnShowEnding = [this](int ms) { core.show.FimAVista(ms); };
   quendar->Commands().OnImageName = [this](const QString &nome) { shows->ImagemMudou(TextoRelatado(nome)); };
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
@@ -432,8 +438,7 @@ void Program::Impl::MakePlace() {
   lugar = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
 }
 
-// The console's page never leaves; where it wants to go says what cameras there are. What comes of that may be a box,
-// which must not stand inside the page's event.
+// The console's page never leaves; where it wants to go says what cameras there are.
 bool Program::Impl::CriaPrevia() {
   if (!console->CriaPrevia())
     return false;
@@ -441,9 +446,19 @@ bool Program::Impl::CriaPrevia() {
   page->AoPermissao = &DisplayCommands::AoPermissao;
   page->AoNavegar = [this](const QString &uri, bool &cancel) {
     cancel = true;
-    QTimer::singleShot(0, console.get(), [this, uri] { core.cameras.Respondeu(uri); });
+    CameraRespondeu(uri, Alvo::Previa);
   };
   return true;
+}
+
+// Behind the page's event and behind every building of a page, because it may be a box.
+void Program::Impl::CameraRespondeu(const QString &uri, Alvo de) {
+  QTimer::singleShot(0, console.get(), [this, uri, de] {
+    if (yielder.IsYielding())
+      QTimer::singleShot(EsperaDoTamanho, console.get(), [this, uri, de] { CameraRespondeu(uri, de); });
+    else
+      core.cameras.Respondeu(uri, de);
+  });
 }
 
 void Program::Impl::MakeStartup() {

@@ -39,7 +39,7 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
   show.VoltaAosSlides = [this] { return slides.Volta(); };
   contexto.descreve = [this] {
     cameras.StatusTelaCamera(estado.PaginaDeTexto());
-    painel.camera = {cameras.Pode(), cameras.Ligada() >= 0, cameras.Nome()};
+    painel.camera = {cameras.Pode(), cameras.Como(cameras.Ligada()), cameras.Nome()};
     painel.situacao =
         DescreveSituacao({estado, painel, faixa, agenda.Lista(), lojaBiblia.Capitulo(), slides.Documento()});
   };

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "foundation/seams.h"
+#include "media/cameras.h"
 
 namespace tolmira {
 
@@ -58,8 +59,8 @@ struct PainelVideo {
 // The cameras behind the text.
 struct PainelCamera {
   bool Pode = false; // the page on show can have one
-  bool Ligada = false;
-  QString Nome; // of the one that is on
+  Cameras::Situacao situacao = Cameras::Situacao::Desligada; // of the one that was chosen last
+  QString Nome;
 };
 
 // A line of the menu of screens. The first is the automatic choice.

@@ -74,6 +74,22 @@ void DizDoVideo(const PainelVideo &video, SituacaoDaTela &dita) {
   dita.LbDetalheTela = video.Tempo.isEmpty() ? video.Nome : QString(video.Nome + u" · " + video.Tempo);
 }
 
+QString DizDaCamera(const PainelCamera &camera) {
+  switch (camera.situacao) {
+  case Cameras::Situacao::Desligada:
+    break;
+  case Cameras::Situacao::Abrindo:
+    return QObject::tr("Camera opening: %1").arg(camera.Nome);
+  case Cameras::Situacao::NoTelao:
+    return QObject::tr("Camera: %1").arg(camera.Nome);
+  case Cameras::Situacao::Falhou:
+    return QObject::tr("Camera cannot be opened: %1").arg(camera.Nome);
+  case Cameras::Situacao::Saiu:
+    return QObject::tr("Camera unplugged: %1").arg(camera.Nome);
+  }
+  return {};
+}
+
 void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   const EstadoConsole &estado = olhar.estado;
   const auto diz = [&dita](const QString &aviso, const QString &cor, const QString &detalhe) {
@@ -106,8 +122,8 @@ void DizOQueSaiu(const OlharDaTela &olhar, SituacaoDaTela &dita) {
   const auto acrescenta = [&dita](const QString &nota) {
     dita.LbDetalheTela = dita.LbDetalheTela.isEmpty() ? nota : QString(dita.LbDetalheTela + u" · " + nota);
   };
-  if (olhar.painel.camera.Ligada)
-    acrescenta(QObject::tr("Camera: %1").arg(olhar.painel.camera.Nome));
+  if (const QString camera = DizDaCamera(olhar.painel.camera); !camera.isEmpty())
+    acrescenta(camera);
   if (olhar.painel.Ensaio) {
     const std::vector<OpcaoDeTela> &telas = olhar.painel.telas;
     const bool porEscolha = !telas.empty() && !telas.front().marcada;

@@ -147,8 +147,12 @@ void DisplayCommands::ChamaPagina(const QString &nome, QStringList &campos, int 
 void DisplayCommands::ExibeAviso(const QStringList &campos) {
   if (campos.size() < CamposDoAviso)
     return;
-  if (campos[1].isEmpty())
-    return CancelaAviso();
+  const int meu = ++m_avisos;
+  if (campos[1].isEmpty()) { // takes one away, wherever it runs
+    m_avisoNaPagina = false;
+    PassaAviso(m_layers.WV(), campos);
+    return PassaAviso(m_layers.WVAviso(false), campos);
+  }
   if (m_paginaDaRede || m_layers.PicwmpVisible() || m_layers.WVAviso(false))
     return PassaAviso(m_layers.WVAviso(true), campos);
   PageObject *pagina = m_layers.WV();
@@ -158,13 +162,14 @@ void DisplayCommands::ExibeAviso(const QStringList &campos) {
   m_avisoNaPagina = true;
   // A page that somebody made, or one that could not be loaded, may have no such function.
   pagina->Evaluate(QStringLiteral("typeof ExibeAviso === 'function'"),
-                   [this, campos, vivo = std::weak_ptr(m_vivo)](const QString &json) {
-                     if (!vivo.expired() && json != u"true")
+                   [this, campos, meu, vivo = std::weak_ptr(m_vivo)](const QString &json) {
+                     if (!vivo.expired() && meu == m_avisos && json != u"true")
                        PassaAviso(m_layers.WVAviso(true), campos);
                    });
 }
 
 void DisplayCommands::CancelaAviso() {
+  ++m_avisos;
   m_avisoNaPagina = false;
   TiraAviso(m_layers.WV());
   TiraAviso(m_layers.WVAviso(false));
@@ -174,12 +179,13 @@ void DisplayCommands::CancelaAviso() {
 void DisplayCommands::PaginaVaiEmbora() {
   if (!std::exchange(m_avisoNaPagina, false))
     return;
-  m_layers.WV()->Evaluate(QStringLiteral("AvisoEmCurso()"), [this, vivo = std::weak_ptr(m_vivo)](const QString &json) {
-    if (vivo.expired() || json == u"null" || m_layers.WVAviso(false))
+  const auto continua = [this, meu = m_avisos, vivo = std::weak_ptr(m_vivo)](const QString &json) {
+    if (vivo.expired() || meu != m_avisos || json == u"null")
       return;
     if (PageObject *acima = m_layers.WVAviso(true))
       acima->ExecuteScript(u"ContinuaAviso(" + json + u")");
-  });
+  };
+  m_layers.WV()->Evaluate(QStringLiteral("AvisoEmCurso()"), continua);
 }
 
 void DisplayCommands::Navega(const QString &url) {
@@ -281,6 +287,9 @@ void DisplayCommands::AoNavegar(const QString &uri, bool &cancel) {
   if (destino == u"http://image/") {
     if (OnImageName)
       OnImageName(valor);
+  } else if (destino == u"http://webcam//") {
+    if (OnCamera)
+      OnCamera(uri);
   } else if (destino == u"http://vaiacabar/") {
     const double ms = NumericPrefix(valor);
     IniciaRampa(ms);

@@ -31,6 +31,7 @@ public:
   // slide show control is closed.
   void AoNavegar(const QString &uri, bool &cancel);
   std::function<void(const QString &)> OnImageName;
+  std::function<void(const QString &uri)> OnCamera; // what became of a camera on the page
   std::function<void(int ms)> OnShowEnding; // a slide show ends in so many milliseconds
   // Hooked to the page object too: it is about to leave for another page by the host's will.
   void PaginaVaiEmbora();
@@ -60,6 +61,7 @@ private:
   bool m_displayVisivel = false;
   bool m_paginaDaRede = false;  // the page on show was brought by a command and is not one of the program's
   bool m_avisoNaPagina = false; // one was sent to the page on show, and may still run
+  int m_avisos = 0;             // sent or cancelled, so that a late answer about an older one does nothing
   std::shared_ptr<const bool> m_vivo = std::make_shared<bool>(true); // for the answers of pages that outlive this
 };
 

@@ -175,10 +175,15 @@ void FrmCameras::NovaCamera(const QString &nome) {
   };
   row.command1 = button(QStringLiteral("Command1"), tr("Show"), tr("Puts this camera behind the text"));
   row.command2 = button(QStringLiteral("Command2"), tr("Stop"), tr("Brings the theme's picture back"));
-  connect(row.command1, &QPushButton::clicked, this, [this, index] { m_doors.cameras.Liga(index); });
+  // The operator goes on stepping: the next key belongs to the text and not to these buttons.
+  connect(row.command1, &QPushButton::clicked, this, [this, index] {
+    m_doors.cameras.Liga(index);
+    m_doors.aoTexto();
+  });
   connect(row.command2, &QPushButton::clicked, this, [this, index] {
     m_rows[static_cast<size_t>(index)].command1->setFocus(); // this one is about to have nothing to stop
-    m_doors.cameras.Desliga(index);
+    m_doors.cameras.Desliga();
+    m_doors.aoTexto();
   });
   m_column->insertWidget(index, row.place);
   m_rows.push_back(row);
@@ -210,17 +215,18 @@ void FrmCameras::Atualiza() {
   m_procura->setEnabled(cameras.Pode() && !m_procurando);
   for (size_t i = 0; i < m_rows.size(); ++i) {
     const Row &row = m_rows[i];
-    const bool on = cameras.Ligada() == static_cast<int>(i);
-    const Cameras::Situacao situacao = on ? cameras.Como() : Cameras::Situacao::Desligada;
+    const int index = static_cast<int>(i);
+    const Cameras::Situacao situacao = cameras.Como(index);
     row.state->setText(Estado(situacao));
     SetLook(row.state, "state", CorDoEstado(situacao));
     row.command1->setEnabled(cameras.Pode());
-    row.command2->setEnabled(on);
+    row.command2->setEnabled(cameras.Ligada() == index);
   }
 }
 
 void FrmCameras::keyPressEvent(QKeyEvent *event) {
-  if (event->key() == Qt::Key_Escape && m_doors.cameras.Ligada() < 0)
+  const Cameras::Situacao como = m_doors.cameras.Como(m_doors.cameras.Ligada());
+  if (event->key() == Qt::Key_Escape && como != Cameras::Situacao::Abrindo && como != Cameras::Situacao::NoTelao)
     close();
   else
     QWidget::keyPressEvent(event);

@@ -27,25 +27,24 @@ public:
   std::function<void(const QStringList &nomes)> AoListar;
   std::function<void()> AoMudar; // what its buttons show
 
-  void Liga(int indice); // as AoListar numbers them, from 0
-  void Desliga(int indice);
+  void Liga(int indice); // as AoListar numbers them, from 0. One that is on stays until this one has a picture
+  void Desliga();
 
   // The page on show is one that has cameras, or is none any more. `mudou` is not called: the console says so itself.
   void StatusTelaCamera(bool pode);
   bool Pode() const { return m_pode; }
   int Ligada() const { return m_ligada; } // -1 for none
-  Situacao Como() const { return m_situacao; }
+  Situacao Como(int indice) const;
   QString Nome() const; // of the one that is on; empty for none
 
-  // The console's page wants to go to that address. May show a message, so not to be called from within the page's
-  // event.
-  void Respondeu(const QString &uri);
+  // One of the pages wants to go to that address. May show a message, so not to be called from within the page's event.
+  void Respondeu(const QString &uri, Alvo de);
   // That page was loaded, so that nothing of the camera is left on it.
   void PaginaMontada(Alvo qual);
 
 private:
   void Listou(const QString &lista);
-  void Relatou(const QString &relato);
+  void Relatou(const QString &relato, Alvo de);
   void Muda(int ligada, Situacao situacao);
 
   std::function<void(const QString &script, Alvo alvo)> m_script;
@@ -53,9 +52,13 @@ private:
   UserPrompt &m_prompt;
   QString m_modo; // "true" while the window is open
   QStringList m_nomes;
+  bool m_esperando = false; // for the list
   bool m_pode = false;
-  int m_ligada = -1;
+  int m_ligada = -1; // what a new page is told
   Situacao m_situacao = Situacao::Desligada;
+  int m_antes = -1;           // stays on the screen until m_ligada has a picture
+  int m_falhou = -1;          // gave none, and m_antes stayed
+  bool m_telaoFalou = false;  // what the projection's page says goes before what the console's says
 };
 
 } // namespace tolmira

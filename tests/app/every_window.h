@@ -274,9 +274,9 @@ inline const std::map<QString, Opener> &EveryWindow() {
        [](House &h) {
          h.core.cameras.StatusTelaCamera(true);
          auto window = std::make_shared<CameraWindow>(
-             CameraDoors{h.clock, h.positions, h.core.cameras, &h.desk});
+             CameraDoors{h.clock, h.positions, h.core.cameras, [] {}, &h.desk});
          window->Abre();
-         h.core.cameras.Respondeu(u"http://indexcam//?" + House::LongName + u"|Lens|");
+         h.core.cameras.Respondeu(u"http://indexcam//?" + House::LongName + u"|Lens|", Alvo::Previa);
          return window;
        }},
       {QStringLiteral("FrmExibeAviso"),

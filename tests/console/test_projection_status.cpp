@@ -68,6 +68,9 @@ private slots:
     row("rehearsal, black", "TelaPreta", "rehearsal", "BLACK SCREEN", "off",
         "F5 brings the picture back · Rehearsal window: there is no second monitor");
     row("starting", "Normal", "starting", "STARTING", "", "");
+    row("a camera behind the verse", "Normal", "camera 2", "LIVE", "live", "Verse 2 of 3 · Camera: Lens");
+    row("a camera that was unplugged", "TelaPreta", "camera 4", "BLACK SCREEN", "off",
+        "F5 brings the picture back · Camera unplugged: Lens");
   }
   void whatIsOut() {
     QFETCH(QString, estadoTela);
@@ -78,6 +81,8 @@ private slots:
     r.painel.SemProjetor = change.contains(u"no monitor");
     r.painel.Ensaio = change.contains(u"rehearsal");
     r.estado.TelaPronta = !change.contains(u"starting");
+    if (change.startsWith(u"camera"))
+      r.painel.camera = {true, static_cast<Cameras::Situacao>(change.back().digitValue()), QStringLiteral("Lens")};
     if (change.contains(u"no text") || change.contains(u"video"))
       r.estado.VersoHtmlAtual.clear();
     if (change.contains(u"video"))

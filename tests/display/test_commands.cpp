@@ -50,6 +50,7 @@ private slots:
   void aNoticeGoesAboveWhereThePageHasNone_data();
   void aNoticeGoesAboveWhereThePageHasNone();
   void aNoticeGoesOnWhenItsPageIsLeft();
+  void aCancelledNoticeStaysAway();
   void brokenNotices_data();
   void brokenNotices();
   void missingFieldSkipsOnlyItsStep();
@@ -214,6 +215,24 @@ void TestCommands::aNoticeGoesOnWhenItsPageIsLeft() {
   QVERIFY(leave().isEmpty()); // that page has none any more
 }
 
+// An answer about a notice that was taken away meanwhile comes too late.
+void TestCommands::aCancelledNoticeStaysAway() {
+  Projection p;
+  p.layers.page.answerLater = true;
+  p.layers.page.answer = QStringLiteral("false");
+  p.Send(QStringLiteral("AVISO:|#a|#top|#1|#8|#11|#|#|#"));
+  p.Send(QStringLiteral("CancelaAviso"));
+  p.layers.page.Answer();
+  QVERIFY(!p.layers.avisoAcima);
+  p.Send(QStringLiteral("AVISO:|#a|#top|#1|#8|#11|#|#|#"));
+  p.layers.page.pending.clear();
+  p.layers.page.answer = QStringLiteral("{\"campos\":[\"a\"],\"feito\":0.5}");
+  p.commands.PaginaVaiEmbora();
+  p.Send(QStringLiteral("CancelaAviso"));
+  p.layers.page.Answer();
+  QVERIFY(!p.layers.avisoAcima);
+}
+
 void TestCommands::brokenNotices_data() {
   QTest::addColumn<QString>("comando");
   QTest::addColumn<bool>("takesAway");
@@ -228,7 +247,7 @@ void TestCommands::brokenNotices() {
   Projection p;
   p.Send(QStringLiteral("Video|#/srv/v.mp4"));
   const QStringList calls = p.Send(comando).filter(QStringLiteral("ExibeAviso"));
-  QCOMPARE(calls, takesAway ? QStringList{QStringLiteral("WV: ExibeAviso('','','','','','','')")} : QStringList());
+  QCOMPARE(calls, takesAway ? QStringList{QStringLiteral("WV: ExibeAviso('','abc','top','1','8','11','')")} : QStringList());
   QVERIFY(!p.layers.avisoAcima);
 }
 

@@ -53,6 +53,7 @@ private slots:
     m_host->resize(320, 180);
     m_host->show();
     Load();
+    m_page->ExecuteScript(QStringLiteral("localStorage.clear()"));
   }
   void cleanup() {
     m_host.reset();
@@ -98,8 +99,12 @@ private slots:
     QVERIFY(Tells(QStringLiteral("http://webcam//?1%7Caberta")));
     QVERIFY(!m_left.contains(QStringLiteral("http://webcam//?0%7Caberta")));
     QTRY_COMPARE(Cameras(), 1);
-    m_page->ExecuteScript(QStringLiteral("startWebcam(0); stopWebcam()"));
+    m_page->ExecuteScript(QStringLiteral(
+        "var d = navigator.mediaDevices, open = d.getUserMedia.bind(d), given = [];"
+        "d.getUserMedia = async (w) => { const s = await open(w); given.push(s); return s; };"
+        "startWebcam(0); setTimeout(stopWebcam, 30)"));
     QTRY_COMPARE(Cameras(), 0);
+    QTRY_COMPARE(Eval(m_page, QStringLiteral("given.some((s) => s.active)")), QStringLiteral("false"));
     m_page->ExecuteScript(QStringLiteral("startWebcam(7)"));
     QVERIFY(Tells(QStringLiteral("http://webcam//?7%7Cfalhou")));
     QCOMPARE(Cameras(), 0);
@@ -120,6 +125,48 @@ private slots:
   }
 
   // A camera is allowed, a microphone is not, not even beside one.
+  // By what it is and not by its place: the list that was told counts, whatever has come and gone since.
+  void theChosenOneIsShownOrNone() {
+    const QString id = QStringLiteral("document.querySelector('.camera').srcObject.getVideoTracks()[0].getSettings()"
+                                      ".deviceId===all[%1].deviceId");
+    m_page->ExecuteScript(QStringLiteral("getCameras()"));
+    QVERIFY(Tells(QStringLiteral("http://indexcam//?fake_device_0%7Cfake_device_1%7C")));
+    Load(); // another page, which was never asked, and for which the engine calls the cameras otherwise
+    m_page->ExecuteScript(
+        QStringLiteral("var d = navigator.mediaDevices, real = d.enumerateDevices.bind(d), all, gone = [];"
+                       "d.enumerateDevices = async () => { all = (await real()).filter((c) => c.kind === 'videoinput');"
+                       "return all.filter((c, i) => !gone.includes(i)); }; gone = [0]; startWebcam(1)"));
+    QVERIFY(Tells(QStringLiteral("http://webcam//?1%7Caberta")));
+    QCOMPARE(Eval(m_page, id.arg(1)), QStringLiteral("true"));
+    m_page->ExecuteScript(QStringLiteral("startWebcam(0)")); // it is not there: the other one stays
+    QVERIFY(Tells(QStringLiteral("http://webcam//?0%7Cfalhou")));
+    QCOMPARE(Eval(m_page, id.arg(1)), QStringLiteral("true"));
+    m_page->ExecuteScript(QStringLiteral("stopWebcam()"));
+    QTRY_COMPARE(Cameras(), 0);
+    m_left.clear();
+    m_page->ExecuteScript(QStringLiteral("startWebcam(0)"));
+    QVERIFY(Tells(QStringLiteral("http://webcam//?0%7Cfalhou")));
+    m_page->ExecuteScript(QStringLiteral("gone = []; d.dispatchEvent(new Event('devicechange'))"));
+    QVERIFY(Tells(QStringLiteral("http://webcam//?0%7Caberta")));
+    QCOMPARE(Eval(m_page, id.arg(0)), QStringLiteral("true"));
+  }
+
+  // The picture of the page before stays until the camera is there, so that no theme is seen between.
+  void aNewPageComesWithItsCamera() {
+    m_page->ExecuteScript(QStringLiteral("startWebcam(1)"));
+    QVERIFY(Tells(QStringLiteral("http://webcam//?1%7Caberta")));
+    const auto corner = [this] { return m_host->grab().toImage().pixelColor(160, 4); };
+    QTRY_VERIFY(corner() != QColor(Qt::blue));
+    m_left.clear();
+    Load();
+    m_page->ExecuteScript(QStringLiteral("startWebcam(1)"));
+    bool themeSeen = false;
+    QTRY_VERIFY_WITH_TIMEOUT((themeSeen = themeSeen || corner() == QColor(Qt::blue),
+                              m_left.contains(QStringLiteral("http://webcam//?1%7Caberta")) && !m_host->IsHolding()),
+                             20000);
+    QVERIFY(!themeSeen);
+  }
+
   void onlyCamerasAreAllowed_data() {
     QTest::addColumn<QString>("wish");
     QTest::addColumn<bool>("allowed");

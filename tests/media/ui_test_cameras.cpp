@@ -34,7 +34,7 @@ private:
       QString uri = QStringLiteral("http://indexcam//?");
       for (const QString &name : names)
         uri += name + u"%7C";
-      cameras.Respondeu(uri);
+      cameras.Respondeu(uri, Alvo::Previa);
     }
 
     QTemporaryDir folder;
@@ -47,7 +47,8 @@ private:
     QStringList scripts;
     Cameras cameras{[this](const QString &script, Alvo) { scripts.append(script); }, [] {}, prompt};
     QWidget desk;
-    CameraWindow window{CameraDoors{clock, positions, cameras, &desk}};
+    int toTheText = 0;
+    CameraWindow window{CameraDoors{clock, positions, cameras, [this] { ++toTheText; }, &desk}};
   };
 
 private slots:
@@ -64,11 +65,12 @@ private slots:
     QTest::mouseClick(room.Find<QPushButton>("Command11"), Qt::LeftButton);
     QCOMPARE(room.scripts.last(), QStringLiteral("startWebcam(1)"));
     QVERIFY(!room.Find<QPushButton>("Command20")->isEnabled());
-    room.cameras.Respondeu(QStringLiteral("http://webcam//?1%7Caberta"));
+    room.cameras.Respondeu(QStringLiteral("http://webcam//?1%7Caberta"), Alvo::Telao);
     QCOMPARE(room.Find<QLabel>("LabelEstado1")->text(), QStringLiteral("On the screen"));
     QTest::mouseClick(room.Find<QPushButton>("Command21"), Qt::LeftButton);
     QCOMPARE(room.scripts.last(), QStringLiteral("stopWebcam()"));
     QCOMPARE(room.Find<QLabel>("LabelEstado1")->text(), QString());
+    QCOMPARE(room.toTheText, 2); // the next key is for the text
 
     // Asked again, the answer takes the place of the rows that stood there.
     QTest::mouseClick(room.Find<QPushButton>("CommandProcura"), Qt::LeftButton);
@@ -79,7 +81,9 @@ private slots:
   void saysWhatIsAmiss() {
     Room room;
     room.window.Abre();
-    room.clock.Advance(60000);
+    room.clock.Advance(4900);
+    QVERIFY(room.Find<QLabel>("LabelAviso")->text().startsWith(u"Looking"));
+    room.clock.Advance(200);
     QCOMPARE(room.Find<QLabel>("LabelAviso")->text(), QStringLiteral("The page on show does not answer."));
     room.Answer({});
     QCOMPARE(room.prompt.shown.size(), 1);
@@ -101,6 +105,8 @@ private slots:
     QTest::mouseClick(room.Find<QPushButton>("Command10"), Qt::LeftButton);
     QTest::keyClick(room.Form(), Qt::Key_Escape); // a slip of the hand takes nothing off the screen
     QVERIFY(room.Form());
+    room.Answer({QStringLiteral("Door"), QStringLiteral("Lens")}); // it has another place now
+    QCOMPARE(room.Find<QLabel>("LabelEstado1")->text(), QStringLiteral("Opening…"));
     room.Form()->close();
     QVERIFY(!room.Form());
     QCOMPARE(room.scripts.last(), QStringLiteral("stopWebcam()"));

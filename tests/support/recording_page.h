@@ -4,6 +4,8 @@
 #include <QPair>
 #include <QStringList>
 
+#include <utility>
+
 #include "display/display_seams.h"
 
 namespace tolmira::testing {
@@ -33,13 +35,22 @@ public:
   }
   void Evaluate(const QString &script, std::function<void(const QString &json)> onResult) override {
     evaluated.append(script);
-    onResult(answer);
+    if (answerLater)
+      pending.append(std::move(onResult));
+    else
+      onResult(answer);
+  }
+  void Answer() { // what was asked meanwhile
+    for (const auto &onResult : std::exchange(pending, {}))
+      onResult(answer);
   }
 
   QStringList urls;
   QStringList scripts;
   QList<QPair<QString, QString>> properties;
   QStringList evaluated;
+  bool answerLater = false;
+  QList<std::function<void(const QString &)>> pending;
   QString answer = QStringLiteral("null"); // what Evaluate hands over
   double zoom = 1;
 

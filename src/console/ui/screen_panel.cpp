@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace tolmira {
 
@@ -217,11 +218,10 @@ void ScreenPanel::Atualiza() {
   line(m_lbVersao, m_parts.console.painel.LbVersao);
   const PainelCamera &camera = m_parts.console.painel.camera;
   m_imageCamera->setEnabled(camera.Pode);
-  if (const bool ligada = m_imageCamera->property("ligada").toBool(); ligada != camera.Ligada) {
-    m_imageCamera->setProperty("ligada", camera.Ligada);
-    m_imageCamera->setIcon(DeskIcon(QLatin1String("camera"), camera.Ligada ? cores::Live : cores::Text));
-  }
-  m_imageCamera->setToolTip(camera.Ligada ? tr("%1 is behind the text").arg(camera.Nome)
+  const bool noTelao = camera.situacao == Cameras::Situacao::NoTelao;
+  if (std::exchange(m_cameraNoTelao, noTelao) != noTelao)
+    m_imageCamera->setIcon(DeskIcon(QLatin1String("camera"), noTelao ? cores::Live : cores::Text));
+  m_imageCamera->setToolTip(noTelao       ? tr("%1 is behind the text").arg(camera.Nome)
                             : camera.Pode ? tr("Puts a camera behind the text (Ctrl+Shift+C)")
                                           : tr("A camera can stand behind songs and passages"));
   for (int i = 0; i < 5; ++i)

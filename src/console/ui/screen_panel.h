@@ -56,6 +56,7 @@ private:
   QLabel *m_proximo = nullptr;
   QLabel *m_depois = nullptr;
   QPushButton *m_imageCamera = nullptr;
+  bool m_cameraNoTelao = false; // and its icon says so
   std::array<StateButton *, 5> m_lbTela{};
   QGridLayout *m_states = nullptr;
   QLabel *m_imgCombo = nullptr;     // stands beside the chosen state

@@ -39,12 +39,13 @@ const QString ReporterSource = QStringLiteral(R"js(
       .map(v => new Promise(done => { v.requestVideoFrameCallback(done); v.addEventListener('error', done, true); }));
     Promise.all([...decoded(), ...videos]).then(() => say('complete'));
   });
-  window.tolmiraSettle = () => Promise.all(decoded()).then(() => frames(3, () => say('drawn')));
+  const free = then => document.documentElement.hasAttribute('data-espera') ? setTimeout(free, 20, then) : then();
+  window.tolmiraSettle = () => Promise.all(decoded()).then(() => free(() => frames(3, () => say('drawn'))));
 })();
 )js");
 
 // Run behind the scripts that waited for the page, so that the frames it counts show what these have changed, and
-// pictures that these have put there.
+// pictures that these have put there. A page that has more to come says so by the attribute data-espera of its root.
 const QString SettleScript = QStringLiteral("tolmiraSettle()");
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "foundation/ui/form_position.h"
 #include "media/cameras.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace tolmira {
@@ -13,6 +15,7 @@ struct CameraDoors {
   Clock &clock;
   FormPositions &posicoes;
   Cameras &cameras;
+  std::function<void()> aoTexto; // the keyboard goes to the console's text
   QWidget *dono = nullptr; // the console's window, which it stands over
 };
 

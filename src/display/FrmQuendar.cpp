@@ -142,7 +142,12 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
     picWV->AddObserver(parts.observer);
   commands =
       std::make_unique<DisplayCommands>(parts.estado, parts.app, *this, parts.mirror, parts.captions, parts.clock);
-  player->OnImagem = [this] { PutMediaInFront(mediaWanted); };
+  player->OnImagem = [this] {
+    PutMediaInFront(mediaWanted);
+    if (player->TemImagem())
+      picWV->Espera(false);
+  };
+  player->OnFalha = [this] { picWV->Espera(false); };
   timerFade = parts.clock.NewTimer([this] { TickFade(); });
   timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });
 
@@ -166,6 +171,10 @@ void FrmQuendar::Impl::ShowPicwmp(bool visible) {
   if (!visible && MediaCoversPage() && window.isVisible())
     picWV->Segura(picwmp->grab());
   picwmp->setVisible(visible);
+  if (!visible) {
+    picWV->Espera(false);
+    player->SetEsperaImagem(false);
+  }
 }
 
 // The layer without a picture would be black, so it waits behind the page. It is shown there all the same: a player that
@@ -412,7 +421,11 @@ void FrmQuendar::EscondeMidia() {
 void FrmQuendar::PreparaVideo() {
   m_impl->commands->PreparaVideo();
 }
+// Until the media has its picture, or has failed, the one that stood before the empty page stays. What turns out to be
+// sound alone waits for its background.
 void FrmQuendar::MostraMidia() {
+  m_impl->picWV->Espera(!m_impl->player->TemImagem());
+  m_impl->player->SetEsperaImagem(true);
   m_impl->ShowPicwmp(true);
   m_impl->ShowWmp(true);
   m_impl->PutMediaInFront(true);

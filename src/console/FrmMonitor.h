@@ -39,6 +39,7 @@ public:
     std::function<void()> addShows;
     std::function<void()> addVideos;
     std::function<void()> notices;
+    std::function<void()> videoControl;
     std::function<void()> cameras;
     std::function<void()> browseBible;
     std::function<void()> searchBible;

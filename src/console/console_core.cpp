@@ -97,7 +97,7 @@ void ConsoleCore::TelaMudou() {
   loader.RecarregaMusica(false);
   leitura.RecarregaVersiculo(false);
   const int montada = estado.EstrofeAtual;
-  if (estado.PaginaDeTexto()) {
+  if (estado.PaginaDeTexto() && !video.EmExibicao()) { // whose sound the building would end
     paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
     leitura.ReenviaVersiculo();
   }

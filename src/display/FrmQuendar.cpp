@@ -1,5 +1,6 @@
 #include "display/FrmQuendar.h"
 
+#include "display/ui/awake_on_x11.h"
 #include "display/ui/grip_strip.h"
 #include "display/ui/notice_layer.h"
 #include "display/ui/picture_layer.h"
@@ -22,6 +23,7 @@ constexpr int FullAlfa = 255;
 constexpr int FadeStep = 20;
 constexpr int FadeIntervalMs = 16;
 constexpr int GripIntervalMs = 3000;
+constexpr int AwakeIntervalMs = 30000; // less than any desktop waits before it darkens its screens
 constexpr int GripIgnoreAboveTwips = 50; // at the very edge the pointer leaves the strip's timer alone
 
 bool OnX11() {
@@ -106,6 +108,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   std::unique_ptr<DisplayCommands> commands;
   std::unique_ptr<PeriodicTimer> timerFade;
   std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
+  std::unique_ptr<PeriodicTimer> timerAcordado;
   bool mediaWanted = false; // in front of the page, as soon as there is a picture
   int alfa = 0;
   bool moverAtivo = false;
@@ -150,6 +153,11 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
   player->OnFalha = [this] { picWV->Espera(false); };
   timerFade = parts.clock.NewTimer([this] { TickFade(); });
   timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });
+  timerAcordado = parts.clock.NewTimer([this] {
+    if (window.isVisible())
+      KeepScreenAwake();
+  });
+  timerAcordado->Start(AwakeIntervalMs);
 
   picWV->OnRecovered = [this] {
     if (window.OnRecovered)
@@ -213,6 +221,7 @@ void FrmQuendar::Impl::SetTopmost(bool topmost) {
 void FrmQuendar::Impl::Unload() {
   timerFade->Stop();
   timerRemoveBarraTitulo->Stop();
+  timerAcordado->Stop();
   player->Close();
   withoutScreen = true;
   window.hide();

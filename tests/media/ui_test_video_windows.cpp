@@ -74,7 +74,7 @@ private slots:
   void livesAndCloses() {
     Room room;
     room.player.volume = 31;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QCOMPARE(room.estado.VideoAtivo, QStringLiteral("True"));
     QCOMPARE(room.Text("LabelTitulo"), QStringLiteral("Filme.mp4"));
     QCOMPARE(room.Find<QAbstractSlider>("sliderVolume")->value(), 31);
@@ -84,18 +84,18 @@ private slots:
     QVERIFY(room.Take().isEmpty()); // the video goes on
     QCOMPARE(room.ended, 0);
     room.clock.Advance(1000);
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QVERIFY(room.Open("FrmVideoControl"));
     room.windows->FechaControle();
     QVERIFY(!room.Open("FrmVideoControl"));
     room.onShow = false;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QVERIFY(!room.Open("FrmVideoControl"));
   }
 
   void followsTheVideo() {
     Room room;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     room.player.position = 25;
     room.player.loop = true;
     room.clock.Advance(1000);
@@ -116,7 +116,7 @@ private slots:
 
   void theTrackMovesTheVideo() {
     Room room;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     auto *track = room.Find<QWidget>("PicS2");
     QTest::mouseClick(track, Qt::LeftButton, {}, {track->width() / 2, 4});
     QVERIFY(qAbs(room.player.position - 50) < 1);
@@ -149,7 +149,7 @@ private slots:
     QFETCH(QString, focus);
     Room room;
     room.player.faixas = {{1, QStringLiteral("por")}, {2, QString()}};
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     auto *part = room.Find<QWidget>(focus.toLatin1().constData());
     part->setFocus();
     QTest::keyClick(part, Qt::Key_Space);
@@ -161,7 +161,7 @@ private slots:
 
   void soundVolumeAndEnd() {
     Room room;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QVERIFY(room.Find<QComboBox>("ComboAudio")->isHidden());
     room.player.faixas = {{1, QStringLiteral("por")}, {2, QString()}};
     room.player.faixa = 2;

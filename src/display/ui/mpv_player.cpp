@@ -166,6 +166,7 @@ struct MpvPlayer::Impl : public QObject {
   bool drawingLost = false;
   QList<FaixaDeAudio> sounds;
   int sound = 0;
+  int wantedSound = 0;
   double wantedPosition = 0; // seconds, asked for before the file was open
   double firstPosition = 0;  // where the library begins by itself
   bool visible = true;
@@ -296,7 +297,7 @@ void MpvPlayer::Impl::SendLoad() {
   }
   firstPosition = wantedPosition;
   NamedArguments options;
-  options.Set("aid", "auto"); // a choice was for the file before
+  options.Set("aid", wantedSound > 0 ? QByteArray::number(wantedSound) : QByteArray("auto"));
   options.Set("vid", soundAlone ? "no" : "auto");
   if (firstPosition > 0)
     options.Set("start", QByteArray::number(firstPosition, 'f', 3));
@@ -332,7 +333,7 @@ void MpvPlayer::Impl::Forget() {
   sent = begun = fileLoaded = started = frame = broken = false;
   tracksKnown = hasVideo = videoSelected = soundAlone = false;
   sounds.clear();
-  sound = 0;
+  sound = wantedSound = 0; // a choice was for the file before
   wantedPosition = firstPosition = 0;
   ShowPicture();
 }
@@ -616,7 +617,9 @@ int MpvPlayer::FaixaDeAudioAtual() const {
 
 void MpvPlayer::DefineFaixaDeAudio(int id) {
   m_impl->Say(QStringLiteral("currentAudioTrack=%1").arg(id));
-  m_impl->Text("aid", QByteArray::number(id).constData());
+  m_impl->wantedSound = id;
+  if (m_impl->sent)
+    m_impl->Text("aid", QByteArray::number(id).constData());
 }
 
 bool MpvPlayer::TemImagem() const {

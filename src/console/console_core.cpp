@@ -24,13 +24,7 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       leitura(contexto, lojaBiblia, biblia, legendaBiblia, stepper, temaControle),
       slides(contexto, paginasDeSlides, stepper, temaControle), controles(contexto), textos(contexto, loader, leitura),
       efeitos(contexto, temaControle, loader, leitura, slides), formato(contexto, temas, loader, textos),
-      video(contexto, stepper, temaControle), controleDeVideo(
-                                                  estado,
-                                                  [this]() -> MediaPlayer * {
-                                                    Display *display = contexto.telao();
-                                                    return display ? display->wmp() : nullptr;
-                                                  },
-                                                  doors.yielder),
+      video(contexto, stepper, temaControle), controleDeVideo(estado, [this] { return Wmp(); }, doors.yielder),
       cameras([this](const QString &script, Alvo alvo) { contexto.ScriptNasPaginas(script, alvo); },
               [this] { contexto.Atualiza(); }, doors.prompt),
       flow(contexto, agenda, loader, leitura, slides, temaControle, video), show(contexto, stepper, temaControle),
@@ -71,6 +65,11 @@ void ConsoleCore::PreviaMudou() {
                    QStringLiteral("text-shadow"),
                    ContornoTexto(estado.TemaAtual) + u',' +
                        SombraTexto(estado.TemaAtual, larguraPrevia / static_cast<double>(larguraTelao)));
+}
+
+MediaPlayer *ConsoleCore::Wmp() const {
+  Display *display = contexto.telao();
+  return display ? display->wmp() : nullptr;
 }
 
 // While Ctrl is held the frame holds another verse than the projection, and a page that is built anew gets that of the

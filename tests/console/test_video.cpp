@@ -308,7 +308,10 @@ private slots:
     house.core.agenda.outroVideo = [](const QString &) { return QStringLiteral("/v/a\nb.mp4"); };
     house.core.agenda.EditSelected();
     QVERIFY(house.prompt.shown.last().text.startsWith(u"An agenda cannot name this file"));
+    house.core.flow.PorNaLista(QStringLiteral("a"), 4, QStringLiteral("/v/a|#|b.mp4"), message);
+    QVERIFY(message.startsWith(u"An agenda cannot name this file"));
     QCOMPARE(lista.CaptionAt(4, 1), house.Path("Hino.mp3"));
+    QCOMPARE(lista.Count(4), 2);
   }
 
   void theShowBehindAVideoLeavesNoVideo() {

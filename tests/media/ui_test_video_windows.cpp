@@ -93,6 +93,19 @@ private slots:
     QVERIFY(!room.Open("FrmVideoControl"));
   }
 
+  // A video that begins does not take the keys from the console; a press on its menu entry does.
+  void theConsoleKeepsTheKeyboard() {
+    Room room;
+    room.desk.show();
+    room.desk.activateWindow();
+    QTRY_VERIFY(room.desk.isActiveWindow());
+    room.windows->AbreControle(false);
+    QVERIFY(QTest::qWaitForWindowExposed(room.Open("FrmVideoControl")));
+    QVERIFY(room.desk.isActiveWindow());
+    room.windows->AbreControle(true);
+    QTRY_VERIFY(room.Open("FrmVideoControl")->isActiveWindow());
+  }
+
   void followsTheVideo() {
     Room room;
     room.windows->AbreControle(true);
@@ -108,6 +121,9 @@ private slots:
     room.player.duration = 0;
     room.clock.Advance(1000);
     QCOMPARE(fill->width(), 0);
+    room.player.semImagem = room.player.imagemIlegivel = true;
+    room.clock.Advance(1000);
+    QCOMPARE(room.Text("LabelAviso"), QStringLiteral("The picture of this file cannot be decoded: sound alone."));
     room.player.falhou = true;
     room.clock.Advance(1000);
     QCOMPARE(room.Text("LabelAviso"), QStringLiteral("This file cannot be played."));
@@ -126,11 +142,17 @@ private slots:
                                         {Qt::Key_PageUp, 70.0},
                                         {Qt::Key_PageDown, 10.0},
                                         {Qt::Key_Home, 0.0},
-                                        {Qt::Key_End, 100.0}}) {
+                                        {Qt::Key_End, 99.0}}) { // where a film that does not loop has not ended yet
       room.player.position = 40;
       QTest::keyClick(track, key);
       QCOMPARE(room.player.position, position);
     }
+    // While the pointer holds the bar, it stays where the pointer is.
+    QTest::mousePress(track, Qt::LeftButton, {}, {track->width() / 2, 4});
+    room.player.position = 10;
+    room.clock.Advance(1000);
+    QVERIFY(qAbs(room.Find<QFrame>("PicS1")->width() - track->width() / 2) <= 2);
+    QTest::mouseRelease(track, Qt::LeftButton, {}, {track->width() / 2, 4});
     room.player.duration = 0;
     room.clock.Advance(1000);
     room.Take();
@@ -193,6 +215,12 @@ private slots:
     room.prompt.files = {one, two};
     form->findChild<QPushButton *>(QStringLiteral("CommandVideo"))->click();
     QCOMPARE(room.console.TakeCalls(), QStringList({u"PorNaLista 4 Um " + one, u"PorNaLista 4 Dois " + two}));
+    QCOMPARE(form->findChild<QLabel *>(QStringLiteral("Label2"))->text(), QStringLiteral("Um: Added Um\nDois: Added Dois"));
+    auto *control = form->findChild<QPushButton *>(QStringLiteral("CommandControle"));
+    QVERIFY(control->isEnabled());
+    room.onShow = false;
+    room.windows->FechaControle();
+    QVERIFY(!control->isEnabled());
     auto *link = form->findChild<QLineEdit *>(QStringLiteral("Text1"));
     for (const auto &[pasted, call] :
          {std::pair{"https://youtu.be/Abcd1234567", "PorNaLista 4 https://www.youtube.com/embed/Abcd1234567 "

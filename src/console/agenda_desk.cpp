@@ -226,7 +226,7 @@ QString AgendaDesk::ClearCaption() const {
 
 bool AgendaDesk::CanEdit() const {
   const int kind = m_lista.SelectedKind();
-  const bool tem = kind == 2 || kind == 3           ? editorDeMusicas.edita != nullptr
+  const bool tem = kind == 2 || kind == 3      ? editorDeMusicas.edita != nullptr
                    : kind == TipoVideoDaAgenda ? outroVideo != nullptr
                                                : editores.contains(kind);
   return m_lista.HasSelection() && tem;
@@ -289,8 +289,8 @@ void AgendaDesk::EditaVideo(const QString &label, const QString &target) {
     return;
   }
   int index = 1;
-  while (index <= m_lista.Count(TipoVideoDaAgenda) && (m_lista.NameAt(TipoVideoDaAgenda, index) != label ||
-                                                       m_lista.CaptionAt(TipoVideoDaAgenda, index) != target))
+  while (index <= m_lista.Count(TipoVideoDaAgenda) &&
+         (m_lista.NameAt(TipoVideoDaAgenda, index) != label || m_lista.CaptionAt(TipoVideoDaAgenda, index) != target))
     ++index;
   if (index > m_lista.Count(TipoVideoDaAgenda))
     return;

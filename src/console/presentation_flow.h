@@ -45,7 +45,7 @@ private:
   void FechaSlideShow(int kind);
   // What cannot be shown is told, and what is on show stays, with what runs over it. False when it can be shown.
   bool Recusa(int kind, const QString &caption, const QString &name);
-  QString FaltaArquivo(int kind, const QString &name) const; // what is told of files; empty when there is nothing to tell
+  QString FaltaArquivo(int kind, const QString &name) const; // as it is told; empty where nothing is missing
   bool TemTexto(int kind, const QString &name);
   bool LeTexto(int kind, const QString &caption, const QString &name, bool applyTheme);
   void Mostra(int kind, const QString &caption, const QString &name);

@@ -28,8 +28,8 @@ public:
   // The theme in force becomes one of that kind, for this session, and its page is built.
   void DefineTipo(const QString &tipo);
 
-  // A press on tile n: queues while a text or a local video is on show, applies at once on the active tile or when nothing
-  // is on show. Behind a video, whose page stays, that shows when it has ended.
+  // A press on tile n: queues while a text or a local video is on show, applies at once on the active tile or when
+  // nothing is on show. Behind a video, whose page stays, that shows when it has ended.
   void PressTile(int n);
   void MenuAplicar(int n);
   // A theme was saved: the one in force is applied again. Slides and videos, which cover its page, are not disturbed.

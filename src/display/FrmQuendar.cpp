@@ -23,7 +23,7 @@ constexpr int FullAlfa = 255;
 constexpr int FadeStep = 20;
 constexpr int FadeIntervalMs = 16;
 constexpr int GripIntervalMs = 3000;
-constexpr int AwakeIntervalMs = 30000; // less than any desktop waits before it darkens its screens
+constexpr int AwakeIntervalMs = 30000;   // less than any desktop waits before it darkens its screens
 constexpr int GripIgnoreAboveTwips = 50; // at the very edge the pointer leaves the strip's timer alone
 
 bool OnX11() {

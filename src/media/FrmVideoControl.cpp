@@ -203,11 +203,11 @@ void FrmVideoControl::TickProgress() {
 }
 
 void FrmVideoControl::MostraAviso(const VideoControl::Progresso &visto) {
-  const QString aviso = visto.falhou      ? tr("This file cannot be played.")
-                        : visto.acabou    ? tr("The video has ended.")
+  const QString aviso = visto.falhou           ? tr("This file cannot be played.")
+                        : visto.acabou         ? tr("The video has ended.")
                         : visto.imagemIlegivel ? tr("The picture of this file cannot be decoded: sound alone.")
-                        : visto.semImagem ? tr("Sound alone: the background stays.")
-                                          : QString();
+                        : visto.semImagem      ? tr("Sound alone: the background stays.")
+                                               : QString();
   if (aviso == m_labelAviso->text())
     return;
   m_labelAviso->setText(aviso);

@@ -24,7 +24,7 @@ public:
 
   bool TemMidia() const;
   void VaiPara(double percentual); // nothing where there is no media
-  void VaiAoFim(); // so near to it that one that does not loop goes on for a moment
+  void VaiAoFim();                 // so near to it that one that does not loop goes on for a moment
   void Anda(double seconds);       // forwards, or back; stays within the media
 
   int Volume() const;

@@ -10,8 +10,8 @@
 using namespace tolmira;
 using namespace tolmira::testing;
 
-// The player that draws with GL, whose renderer comes with the first show of its widget. It needs a real X server; the GL
-// of this one is emulated.
+// The player that draws with GL, whose renderer comes with the first show of its widget. It needs a real X server; the
+// GL of this one is emulated.
 class TestGlPlayer : public QObject {
   Q_OBJECT
 

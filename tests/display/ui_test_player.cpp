@@ -138,8 +138,8 @@ private slots:
     m_player.reset(); // which ends the sound's file
     QDir::setCurrent(before);
     constexpr double BytesASecond = 44100 * 4; // one channel, floating
-    const double heard = static_cast<double>(QFileInfo(m_folder.filePath(QStringLiteral("audiodump.wav"))).size()) /
-                         BytesASecond;
+    const double heard =
+        static_cast<double>(QFileInfo(m_folder.filePath(QStringLiteral("audiodump.wav"))).size()) / BytesASecond;
     QVERIFY2(qAbs(heard - (2 - from)) < 0.1, qPrintable(QString::number(heard)));
   }
 
@@ -210,7 +210,7 @@ private slots:
   // The picture of the file before is never seen again under the name of the next.
   void uncoversThePictureOfThePresentFile() {
     const QString blue = MakeMedia(m_folder.filePath(QStringLiteral("blue.mp4")),
-                              "-f lavfi -i color=blue:size=160x120:rate=25:duration=2 -c:v mpeg4");
+                                   "-f lavfi -i color=blue:size=160x120:rate=25:duration=2 -c:v mpeg4");
     QVERIFY(!m_player->TemImagem());
     m_player->SetUrl(m_clip);
     QTRY_VERIFY(IsReddish(Centre()));
@@ -249,7 +249,8 @@ private slots:
   void whatCannotBePlayedIsTold() {
     QFETCH(QString, name);
     QFETCH(QByteArray, bytes);
-    QVERIFY(!MakeMedia(m_folder.filePath(QStringLiteral("piece.ts")), "-f lavfi -i sine=duration=1 -c:a aac").isEmpty());
+    QVERIFY(
+        !MakeMedia(m_folder.filePath(QStringLiteral("piece.ts")), "-f lavfi -i sine=duration=1 -c:a aac").isEmpty());
     const bool address = name.contains(u"://");
     const QString path = address ? name : m_folder.filePath(name);
     if (!address)
@@ -282,7 +283,8 @@ private slots:
 
   // A sound with the name of a video is begun once, when it is known what it is.
   void waitsForAPicture() {
-    const QString sound = MakeMedia(m_folder.filePath(QStringLiteral("sound.mp4")), "-f lavfi -i sine=duration=1 -c:a aac");
+    const QString sound =
+        MakeMedia(m_folder.filePath(QStringLiteral("sound.mp4")), "-f lavfi -i sine=duration=1 -c:a aac");
     m_player->SetEsperaImagem(true);
     m_player->SetUrl(m_clip);
     QTRY_VERIFY(m_player->CurrentPosition() > 0.2);

@@ -215,7 +215,8 @@ private slots:
     room.prompt.files = {one, two};
     form->findChild<QPushButton *>(QStringLiteral("CommandVideo"))->click();
     QCOMPARE(room.console.TakeCalls(), QStringList({u"PorNaLista 4 Um " + one, u"PorNaLista 4 Dois " + two}));
-    QCOMPARE(form->findChild<QLabel *>(QStringLiteral("Label2"))->text(), QStringLiteral("Um: Added Um\nDois: Added Dois"));
+    QCOMPARE(form->findChild<QLabel *>(QStringLiteral("Label2"))->text(),
+             QStringLiteral("Um: Added Um\nDois: Added Dois"));
     auto *control = form->findChild<QPushButton *>(QStringLiteral("CommandControle"));
     QVERIFY(control->isEnabled());
     room.onShow = false;

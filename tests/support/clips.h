@@ -10,8 +10,9 @@ namespace tolmira::testing {
 // Makes a media file with ffmpeg, which the set-up installs. Empty when that fails.
 inline QString MakeMedia(const QString &path, const char *arguments) {
   QProcess maker;
-  maker.start(QStringLiteral("ffmpeg"), QStringList{QStringLiteral("-y"), QStringLiteral("-v"), QStringLiteral("error")} +
-                                            QString::fromLatin1(arguments).split(u' ') + QStringList{path});
+  maker.start(QStringLiteral("ffmpeg"),
+              QStringList{QStringLiteral("-y"), QStringLiteral("-v"), QStringLiteral("error")} +
+                  QString::fromLatin1(arguments).split(u' ') + QStringList{path});
   return maker.waitForFinished(30000) && maker.exitCode() == 0 ? path : QString();
 }
 

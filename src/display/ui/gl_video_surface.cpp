@@ -16,8 +16,8 @@ void *ResolveGl(void *, const char *name) {
   return context ? reinterpret_cast<void *>(context->getProcAddress(name)) : nullptr;
 }
 
-// The library's renderer lives in the GL context of the widget. That exists only once the widget has been shown, while a
-// file may be loaded before, and it can go and come again.
+// The library's renderer lives in the GL context of the widget. That exists only once the widget has been shown, while
+// a file may be loaded before, and it can go and come again.
 class GlWidget : public QOpenGLWidget, public VideoSurface {
 public:
   explicit GlWidget(QWidget *parent) : QOpenGLWidget(parent) {

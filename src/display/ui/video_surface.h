@@ -9,8 +9,8 @@ struct mpv_handle;
 namespace tolmira {
 
 // The widget that shows what the media library decodes. Attach before the first file is loaded; Detach (or the
-// destructor) before the library's handle ends. Where it cannot draw, the library has no renderer, and a video begun then
-// stays without a picture.
+// destructor) before the library's handle ends. Where it cannot draw, the library has no renderer, and a video begun
+// then stays without a picture.
 class VideoSurface {
 public:
   virtual ~VideoSurface() = default;

@@ -108,7 +108,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   std::unique_ptr<DisplayCommands> commands;
   std::unique_ptr<PeriodicTimer> timerFade;
   std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
-  std::unique_ptr<PeriodicTimer> timerAcordado;
+  QTimer acordado; // of the desktop's own time, which no story of the logic depends on
   bool mediaWanted = false; // in front of the page, as soon as there is a picture
   int alfa = 0;
   bool moverAtivo = false;
@@ -153,11 +153,11 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
   player->OnFalha = [this] { picWV->Espera(false); };
   timerFade = parts.clock.NewTimer([this] { TickFade(); });
   timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });
-  timerAcordado = parts.clock.NewTimer([this] {
+  QObject::connect(&acordado, &QTimer::timeout, &owner, [this] {
     if (window.isVisible())
       KeepScreenAwake();
   });
-  timerAcordado->Start(AwakeIntervalMs);
+  acordado.start(AwakeIntervalMs);
 
   picWV->OnRecovered = [this] {
     if (window.OnRecovered)
@@ -221,7 +221,7 @@ void FrmQuendar::Impl::SetTopmost(bool topmost) {
 void FrmQuendar::Impl::Unload() {
   timerFade->Stop();
   timerRemoveBarraTitulo->Stop();
-  timerAcordado->Stop();
+  acordado.stop();
   player->Close();
   withoutScreen = true;
   window.hide();

@@ -3,75 +3,20 @@
 // processor while nothing moves. Prints lines "name value unit"; with --hold it then waits for a line on standard input
 // with a song on show, so that another program can watch the screen.
 
+#include "program_control.h"
+
 #include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
-
-#include <algorithm>
-#include <cstdio>
-#include <optional>
 #include <unistd.h>
+
+using namespace tolmira::bench;
 
 namespace {
 
 constexpr int Songs = 10000;
-constexpr int Patience = 30000; // ms
-
-class Control {
-public:
-  bool Connect(const QString &path, int ms) {
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < ms) {
-      m_socket.connectToServer(path);
-      if (m_socket.waitForConnected(100))
-        return true;
-      QThread::msleep(2);
-    }
-    return false;
-  }
-  void Send(QJsonObject request) {
-    m_socket.write(QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n');
-    m_socket.flush();
-  }
-  std::optional<QJsonObject> Next() {
-    while (!m_socket.canReadLine())
-      if (!m_socket.waitForReadyRead(Patience))
-        return std::nullopt;
-    return QJsonDocument::fromJson(m_socket.readLine()).object();
-  }
-  QJsonObject Do(QJsonObject request) {
-    const int id = ++m_id;
-    request[QStringLiteral("id")] = id;
-    Send(request);
-    while (const auto answer = Next())
-      if (answer->value(QStringLiteral("id")).toInt() == id)
-        return *answer;
-    return {};
-  }
-  QJsonObject Do(const char *what) { return Do(QJsonObject{{QStringLiteral("do"), QLatin1String(what)}}); }
-
-private:
-  QLocalSocket m_socket;
-  int m_id = 0;
-};
-
-void Print(const char *name, double value, const char *unit) { std::printf("%-34s %10.2f %s\n", name, value, unit); }
-
-void PrintSpread(const char *name, std::vector<double> values, const char *unit) {
-  std::sort(values.begin(), values.end());
-  if (values.empty())
-    return;
-  Print((std::string(name) + " median").c_str(), values[values.size() / 2], unit);
-  Print((std::string(name) + " p95").c_str(), values[values.size() * 95 / 100], unit);
-}
 
 QList<qint64> Family(qint64 root) {
   QList<qint64> family{root};
@@ -136,22 +81,11 @@ void WriteSlides(const QString &folder, const QString &name, int count) {
   file.write("Efeito_Imagem-Fx=none\r\n");
 }
 
-QJsonObject Show(const QString &item, int kind = 2) {
-  return {{QStringLiteral("do"), QStringLiteral("show")},
-          {QStringLiteral("kind"), kind},
-          {QStringLiteral("label"), item},
-          {QStringLiteral("target"), item}};
-}
-
 // Scripts run in their order, so the answer to this one says that the page has done all before it.
 QJsonObject Settled() {
   return {{QStringLiteral("do"), QStringLiteral("eval")},
           {QStringLiteral("page"), QStringLiteral("display")},
           {QStringLiteral("script"), QStringLiteral("document.body.offsetHeight")}};
-}
-
-QJsonObject Key(const char *key) {
-  return {{QStringLiteral("do"), QStringLiteral("key")}, {QStringLiteral("key"), QLatin1String(key)}};
 }
 
 } // namespace

@@ -362,76 +362,6 @@
     }
   }
 
-  const FADE_MS = 350;
-  let notice = null; // the band that is running
-
-  // A page that has nothing but notices hears when the last one is gone.
-  function removeNotice(band) {
-    if (notice === band)
-      notice = null;
-    if (band.classList.contains('avisoSai'))
-      return;
-    band.classList.add('avisoSai');
-    band.animate([{ opacity: 1 }, { opacity: 0 }], { duration: FADE_MS, fill: 'forwards' }).onfinish = () => {
-      band.remove();
-      if (!document.querySelector('.aviso'))
-        document.dispatchEvent(new Event('semaviso'));
-    };
-  }
-
-  // One that runs already stays beneath the new one until that covers it, and goes then.
-  function replaceNotice(old, band) {
-    if (!old)
-      return;
-    if (old.classList.contains('avisoTopo') !== band.classList.contains('avisoTopo')) {
-      removeNotice(old);
-      return;
-    }
-    band.classList.add('avisoTroca');
-    band.animate([{ opacity: 0 }, { opacity: 1 }], { duration: FADE_MS }).onfinish = () => removeNotice(old);
-  }
-
-  // One unit of speed is one per cent of the screen's width in a second, so that a projection and its small preview
-  // keep step. A text that is read from right to left comes in from the left.
-  function crawl(band, line, speed, passes) {
-    const toRight = getComputedStyle(line).direction === 'rtl';
-    line.classList.toggle('avisoDireita', toRight);
-    const width = band.clientWidth || 1280;
-    const perSecond = width * 0.01 * between(1, number(speed, 11), 100);
-    const end = toRight ? 'calc(100vw + 100%)' : 'calc(-100vw - 100%)';
-    return line.animate([{ transform: 'translateX(0)' }, { transform: 'translateX(' + end + ')' }], {
-      duration: ((width + line.offsetWidth) / perSecond) * 1000,
-      iterations: between(1, Math.trunc(number(passes, 1)), 20),
-    });
-  }
-
-  function ExibeAviso(text, position, passes, percent, speed, bandColour, textColour) {
-    const words = text === undefined || text === null ? '' : String(text);
-    if (words.trim() === '') {
-      document.querySelectorAll('.aviso').forEach(removeNotice);
-      return;
-    }
-
-    const height = between(2, number(percent, 8), 50);
-    const band = document.createElement('div');
-    band.className = 'aviso ' + (position === 'top' ? 'avisoTopo' : 'avisoBase');
-    band.style.cssText = 'height:' + height + 'vh;font-size:' + height * 0.6 + 'vh;line-height:' + height + 'vh';
-    band.style.backgroundColor = bandColour || '#c00000';
-    band.style.color = textColour || '#ffffff';
-    const line = document.createElement('span');
-    line.className = 'avisoTexto';
-    line.dir = 'auto';
-    line.textContent = words.replace(/[\r\n\u2028\u2029]+/g, ' ');
-    band.appendChild(line);
-    (document.body || root).appendChild(band);
-    replaceNotice(notice, band);
-    notice = band;
-    crawl(band, line, speed, passes).onfinish = () => {
-      line.remove();
-      removeNotice(band);
-    };
-  }
-
   // Pictures and the video appear when they are whole, and what cannot be read leaves black.
   document.addEventListener('load', (e) => e.target.tagName === 'IMG' && e.target.classList.add('pronta'), true);
   document.addEventListener('error', (e) => e.target.tagName === 'IMG' && e.target.classList.remove('pronta'), true);
@@ -466,7 +396,6 @@
     GotoSlideImage,
     GotoNextImage,
     ChangeOptions,
-    ExibeAviso,
     IniciaPagina,
   });
 })();

@@ -30,6 +30,7 @@
 #include "media/ui/camera_window.h"
 #include "media/ui/video_windows.h"
 #include "media/video_files.h"
+#include "notices/notice_sender.h"
 #include "notices/ui/notice_windows.h"
 #include "slides/FrmImportar.h"
 #include "slides/ui/show_windows.h"
@@ -331,13 +332,15 @@ void Program::Impl::MakeNoticeWindows() {
   const auto envia = [this](const QString &comando) {
     core.canal.SendToDisplay(comando);
     if (core.estado.TelaPronta)
-      PassaAviso(PageNamed(QStringLiteral("preview")), comando);
+      PassaComandoDeAviso(PageNamed(QStringLiteral("preview")), comando);
   };
   const auto mostra = [this](bool aberto) {
     core.painel.AvisoAberto = aberto;
     core.contexto.Atualiza();
   };
-  notices = std::make_unique<NoticeWindows>(NoticeDoors{store, prompt, positions, envia, mostra, console.get()});
+  const auto porQueNaoSeVe = [this] { return AvisoDeTelaCoberta(core.painel.SemProjetor, core.estado.EstadoTela); };
+  notices = std::make_unique<NoticeWindows>(
+      NoticeDoors{store, prompt, positions, envia, porQueNaoSeVe, mostra, console.get()});
 }
 
 void Program::Impl::MakeDisplay() {
@@ -396,8 +399,8 @@ void Program::Impl::MakePlace() {
   lugar = std::make_unique<ProjectionPlace>(core.contexto, monitors, std::move(janelas));
 }
 
-// The console's page never leaves; where it wants to go says what cameras there are. What comes of that may be a box, which must
-// not stand inside the page's event.
+// The console's page never leaves; where it wants to go says what cameras there are. What comes of that may be a box,
+// which must not stand inside the page's event.
 bool Program::Impl::CriaPrevia() {
   if (!console->CriaPrevia())
     return false;

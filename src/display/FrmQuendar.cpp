@@ -167,6 +167,7 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
     if (window.OnLost)
       window.OnLost();
   };
+  picWV->OnLeave = [this] { commands->PaginaVaiEmbora(); };
   picWV->OnMouseMove = [this] { MostraGrip(); };
   for (QWidget *layer : {static_cast<QWidget *>(imagePadrao), telaPreta, static_cast<QWidget *>(picMove),
                          static_cast<QWidget *>(picMove->Label7()), picMove->Image4()})
@@ -185,8 +186,8 @@ void FrmQuendar::Impl::ShowPicwmp(bool visible) {
   }
 }
 
-// The layer without a picture would be black, so it waits behind the page. It is shown there all the same: a player that
-// draws with GL needs its widget on the screen to begin.
+// The layer without a picture would be black, so it waits behind the page. It is shown there all the same: a player
+// that draws with GL needs its widget on the screen to begin.
 void FrmQuendar::Impl::PutMediaInFront(bool wanted) {
   mediaWanted = wanted;
   if (wanted && player->TemImagem())
@@ -456,6 +457,11 @@ void FrmQuendar::DefineFundoPadrao(const QString &caminho) {
 }
 DisplayCommands &FrmQuendar::Commands() {
   return *m_impl->commands;
+}
+
+void FrmQuendar::hideEvent(QHideEvent *event) {
+  QWidget::hideEvent(event);
+  m_impl->avisos->SetAside();
 }
 
 void FrmQuendar::resizeEvent(QResizeEvent *) {

@@ -72,6 +72,7 @@ public:
   DisplayCommands &Commands();
 
 protected:
+  void hideEvent(QHideEvent *event) override;
   void resizeEvent(QResizeEvent *event) override;
   void moveEvent(QMoveEvent *event) override;
   void changeEvent(QEvent *event) override;

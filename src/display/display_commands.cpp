@@ -1,13 +1,12 @@
 #include "display/display_commands.h"
 
-#include <QStringList>
-
-#include <algorithm>
-
 #include "display/display_channel.h"
 #include "display/notice_call.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_utils.h"
+
+#include <QStringList>
+#include <algorithm>
 
 namespace tolmira {
 
@@ -16,7 +15,7 @@ namespace {
 constexpr int TempoLimiteSegundos = 8;
 constexpr int VolumeDoVideo = 50;
 constexpr double MaiorAviso = 24 * 60 * 60 * 1000.0; // ms, of an end that a page announces
-constexpr double SilencioDepoisMs = 5000; // the sound is gone this long after the slide show has ended
+constexpr double SilencioDepoisMs = 5000;            // the sound is gone this long after the slide show has ended
 
 } // namespace
 
@@ -62,11 +61,7 @@ void DisplayCommands::ExecutaVerbo(const QString &comando) {
       {u"PararYoutube", [](DisplayCommands &d, QStringList &) { d.NavegaPaginaVazia(); }},
       {u"Video|#", [](DisplayCommands &d, QStringList &campos) { d.IniciaVideo(campos[1]); }},
       {u"VideoComando|#", [](DisplayCommands &, QStringList &) {}}, // reserved
-      {VerboCancelaAviso,
-       [](DisplayCommands &d, QStringList &campos) {
-         PassaAviso(d.m_layers.WV(), campos[0]);
-         PassaAviso(d.m_layers.WVAviso(false), campos[0]);
-       }},
+      {VerboCancelaAviso, [](DisplayCommands &d, QStringList &) { d.CancelaAviso(); }},
       {u"ChangeCSS|#",
        [](DisplayCommands &d, QStringList &campos) { d.ChamaPagina(QStringLiteral("ChangeCSS"), campos, 3); }},
       {u"GotoNextImage",
@@ -92,7 +87,7 @@ void DisplayCommands::ExecutaVerbo(const QString &comando) {
        [](DisplayCommands &d, QStringList &campos) { d.ChamaPagina(QStringLiteral("SetAttribute"), campos, 3); }},
       {u"ChangeOptions|#",
        [](DisplayCommands &d, QStringList &campos) { d.ChamaPagina(QStringLiteral("ChangeOptions"), campos, 2); }},
-      {VerboAviso, [](DisplayCommands &d, QStringList &campos) { d.ExibeAviso(campos.join(QStringLiteral("|#"))); }},
+      {VerboAviso, [](DisplayCommands &d, QStringList &campos) { d.ExibeAviso(campos); }},
       {u"Normal",
        [](DisplayCommands &d, QStringList &) {
          d.MostraSoAPagina();
@@ -146,11 +141,44 @@ void DisplayCommands::ChamaPagina(const QString &nome, QStringList &campos, int 
   CallPageScript(m_layers.WV(), nome, a1, campo(2), campo(3), campo(4), campo(5), campo(6), campo(7));
 }
 
-// A page from the net has no notices, and what lies under the media is not seen: there the page above the layers runs them.
-// While that one is there it goes on doing so, so that a new notice takes the place of the one before.
-void DisplayCommands::ExibeAviso(const QString &comando) {
-  const bool acima = m_paginaDaRede || m_layers.PicwmpVisible() || m_layers.WVAviso(false);
-  PassaAviso(acima ? m_layers.WVAviso(true) : m_layers.WV(), comando);
+// A page from the net has no notices, and what lies under the media is not seen: there the page above the layers runs
+// them. While that one is there it goes on doing so, so that a new notice takes the place of the one before.
+void DisplayCommands::ExibeAviso(const QStringList &campos) {
+  if (campos.size() < CamposDoAviso)
+    return;
+  if (campos[1].isEmpty())
+    return CancelaAviso();
+  if (m_paginaDaRede || m_layers.PicwmpVisible() || m_layers.WVAviso(false))
+    return PassaAviso(m_layers.WVAviso(true), campos);
+  PageObject *pagina = m_layers.WV();
+  if (!pagina)
+    return;
+  PassaAviso(pagina, campos);
+  m_avisoNaPagina = true;
+  // A page that somebody made, or one that could not be loaded, may have no such function.
+  pagina->Evaluate(QStringLiteral("typeof ExibeAviso === 'function'"),
+                   [this, campos, vivo = std::weak_ptr(m_vivo)](const QString &json) {
+                     if (!vivo.expired() && json != u"true")
+                       PassaAviso(m_layers.WVAviso(true), campos);
+                   });
+}
+
+void DisplayCommands::CancelaAviso() {
+  m_avisoNaPagina = false;
+  TiraAviso(m_layers.WV());
+  TiraAviso(m_layers.WVAviso(false));
+}
+
+// A notice has nothing to do with the item on show: it goes on above the next page where it is on this one.
+void DisplayCommands::PaginaVaiEmbora() {
+  if (!std::exchange(m_avisoNaPagina, false))
+    return;
+  m_layers.WV()->Evaluate(QStringLiteral("AvisoEmCurso()"), [this, vivo = std::weak_ptr(m_vivo)](const QString &json) {
+    if (vivo.expired() || json == u"null" || m_layers.WVAviso(false))
+      return;
+    if (PageObject *acima = m_layers.WVAviso(true))
+      acima->ExecuteScript(u"ContinuaAviso(" + json + u")");
+  });
 }
 
 void DisplayCommands::Navega(const QString &url) {
@@ -159,7 +187,9 @@ void DisplayCommands::Navega(const QString &url) {
     pagina->Navigate(url, TempoLimiteSegundos);
 }
 
-void DisplayCommands::NavegaPaginaVazia() { Navega(m_app.At(u"\\html\\emptyback.html")); }
+void DisplayCommands::NavegaPaginaVazia() {
+  Navega(m_app.At(u"\\html\\emptyback.html"));
+}
 
 void DisplayCommands::IniciaVideo(const QString &caminho) {
   PreparaVideo();

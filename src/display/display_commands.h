@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
-
-#include <functional>
-#include <memory>
-
 #include "display/display_seams.h"
 #include "display/estado.h"
 #include "foundation/app_folder.h"
 #include "foundation/seams.h"
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <memory>
 
 namespace tolmira {
 
@@ -38,13 +37,16 @@ public:
   void AoNavegar(const QString &uri, bool &cancel);
   std::function<void(const QString &)> OnImageName;
   std::function<void(int ms)> OnShowEnding; // a slide show ends in so many milliseconds
+  // Hooked to the page object too: it is about to leave for another page by the host's will.
+  void PaginaVaiEmbora();
   static void AoPermissao(int kind, int &state); // of both pages: a camera, and nothing else
 
 private:
   void ExecutaVerbo(const QString &comando);
   // Calls a page function with fields 1 to `quantos`; nothing happens when one of them is missing.
   void ChamaPagina(const QString &nome, QStringList &campos, int quantos);
-  void ExibeAviso(const QString &comando);
+  void ExibeAviso(const QStringList &campos);
+  void CancelaAviso();
   void Navega(const QString &url);
   void NavegaPaginaVazia();
   void IniciaVideo(const QString &caminho);
@@ -61,7 +63,9 @@ private:
   CaptionComposers m_captions;
   std::unique_ptr<PeriodicTimer> m_timerVolume;
   bool m_displayVisivel = false;
-  bool m_paginaDaRede = false; // the page on show was brought by a command and is not one of the program's
+  bool m_paginaDaRede = false;  // the page on show was brought by a command and is not one of the program's
+  bool m_avisoNaPagina = false; // one was sent to the page on show, and may still run
+  std::shared_ptr<const bool> m_vivo = std::make_shared<bool>(true); // for the answers of pages that outlive this
 };
 
 } // namespace tolmira

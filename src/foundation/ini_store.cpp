@@ -75,8 +75,12 @@ QString Registro::ReadValue(const QString &name, const QString &fallback) const 
   return m_store.ReadConfig(QStringLiteral("Registro"), name, fallback);
 }
 
+// A registry keeps a text as it is. A reader takes one pair of quotes and outer blanks off a value, so such a text is
+// given a pair for it to take.
 void Registro::WriteValue(const QString &name, const QString &value) const {
-  m_store.WriteConfig(QStringLiteral("Registro"), name, value);
+  const auto outer = [](QChar c) { return c.isSpace() || c == u'"' || c == u'\''; };
+  const bool wrap = !value.isEmpty() && (outer(value.front()) || outer(value.back()));
+  m_store.WriteConfig(QStringLiteral("Registro"), name, wrap ? QString(u'"' + value + u'"') : value);
 }
 
 } // namespace tolmira

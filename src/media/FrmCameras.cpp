@@ -58,6 +58,9 @@ FrmCameras::FrmCameras(const CameraDoors &doors) : QWidget(doors.dono, Qt::Dialo
   m_aviso->setObjectName(QStringLiteral("LabelAviso"));
   m_aviso->setProperty("look", QStringLiteral("quiet"));
   m_aviso->setWordWrap(true);
+  m_aviso->setMinimumHeight(2 *
+                            m_aviso->fontMetrics().lineSpacing()); // the longest text, in a window of the least width
+  m_aviso->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   m_aviso->setAccessibleName(tr("About the cameras"));
   column->addWidget(m_aviso);
 
@@ -94,6 +97,7 @@ FrmCameras::FrmCameras(const CameraDoors &doors) : QWidget(doors.dono, Qt::Dialo
   });
   m_doors.cameras.AoListar = [this](const QStringList &nomes) { Lista(nomes); };
   m_doors.cameras.AoMudar = [this] { Atualiza(); };
+  setMinimumWidth(FirstWidth);
   resize(FirstWidth, sizeHint().height());
 }
 
@@ -113,9 +117,9 @@ void FrmCameras::Open() {
     m_procurando = true;
     m_espera->Start(EsperaPelaResposta);
     m_doors.cameras.Abre();
-    Cresce();
   }
   Atualiza();
+  Cresce();
   show();
   raise();
   activateWindow();
@@ -137,8 +141,8 @@ void FrmCameras::Lista(const QStringList &nomes) {
     delete row.place;
   for (const QString &nome : nomes)
     NovaCamera(nome);
-  Cresce();
   Atualiza();
+  Cresce();
   if (!m_rows.empty() && (focused || !focusWidget() || focusWidget() == m_procura))
     m_rows.front().command1->setFocus();
 }
@@ -183,7 +187,7 @@ void FrmCameras::NovaCamera(const QString &nome) {
 // The window is as high as its cameras, up to a number of them.
 void FrmCameras::Cresce() {
   const int rows = std::min(static_cast<int>(m_rows.size()), MostRowsInSight);
-  const int row = m_rows.empty() ? 0 : m_rows.front().place->sizeHint().height();
+  const int row = m_procura->sizeHint().height(); // as high as the buttons of the rows, which may have no style yet
   m_area->setFixedHeight(rows * row + std::max(rows - 1, 0) * medidas::Gap);
   layout()->activate();
   resize(width(), std::max(layout()->heightForWidth(width()), minimumSizeHint().height()));

@@ -15,8 +15,8 @@ namespace tolmira {
 
 class ElidedLabel;
 
-// The cameras that the page on show can put behind its text, with a button for each. Closing it takes the camera off the
-// screen, so Esc closes it only while none is on.
+// The cameras that the page on show can put behind its text, with a button for each. Closing it takes the camera off
+// the screen, so Esc closes it only while none is on.
 class FrmCameras : public QWidget {
   Q_OBJECT
 

@@ -9,15 +9,16 @@
 
 namespace tolmira {
 
-// The cameras that the page on show can put behind its text, one at a time. The page does the capture. The console's page is
-// asked for them, and answers by an address that it wants to go to.
+// The cameras that the page on show can put behind its text, one at a time. The page does the capture. The console's
+// page is asked for them, and answers by an address that it wants to go to.
 class Cameras {
 public:
   enum class Situacao { Desligada, Abrindo, NoTelao, Falhou, Saiu };
 
-  // `script` runs a script on one of the two pages, or on the projection's and then the console's. `mudou` is called when a
-  // camera goes on or off, or what became of it is known.
-  Cameras(std::function<void(const QString &script, Alvo alvo)> script, std::function<void()> mudou, UserPrompt &prompt);
+  // `script` runs a script on one of the two pages, or on the projection's and then the console's. `mudou` is called
+  // when a camera goes on or off, or what became of it is known.
+  Cameras(std::function<void(const QString &script, Alvo alvo)> script, std::function<void()> mudou,
+          UserPrompt &prompt);
 
   // The window opened, closed, or wants to know again. It is told of each camera that the page has by AoListar.
   void Abre();
@@ -36,7 +37,8 @@ public:
   Situacao Como() const { return m_situacao; }
   QString Nome() const; // of the one that is on; empty for none
 
-  // The console's page wants to go to that address. May show a message, so not to be called from within the page's event.
+  // The console's page wants to go to that address. May show a message, so not to be called from within the page's
+  // event.
   void Respondeu(const QString &uri);
   // That page was loaded, so that nothing of the camera is left on it.
   void PaginaMontada(Alvo qual);

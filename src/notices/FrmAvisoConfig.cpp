@@ -64,16 +64,18 @@ void FrmAvisoConfig::MakeColours(QBoxLayout *column) {
   const auto field = [&](const char *name, const QString &caption) {
     auto *under = new QVBoxLayout;
     under->setSpacing(medidas::Step);
-    under->addWidget(new QLabel(caption, this));
-    auto *made = new ColourField(name, caption, this);
+    auto *made = new ColourField(name, QString(caption).remove(u'&'), this);
+    auto *label = new QLabel(caption, this);
+    label->setBuddy(made);
+    under->addWidget(label);
     made->setToolTip(ColourHint);
     under->addWidget(made);
     row->addLayout(under, 1);
     connect(made, &ColourField::Changed, this, [this] { Mostra(); });
     return made;
   };
-  m_selectColors1 = field("SelectColors1", tr("Band"));
-  m_selectColors2 = field("SelectColors2", tr("Text"));
+  m_selectColors1 = field("SelectColors1", tr("Ba&nd"));
+  m_selectColors2 = field("SelectColors2", tr("Te&xt"));
   column->addLayout(row);
 }
 

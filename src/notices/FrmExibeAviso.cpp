@@ -15,13 +15,14 @@ namespace {
 
 constexpr QSize FirstSize{620, 150};
 constexpr int PassesWidth = 64;
+constexpr int OlharMs = 400; // between two looks at the screen's state, which has keys of its own here
 
 } // namespace
 
 FrmExibeAviso::FrmExibeAviso(const NoticeDoors &doors, std::function<void()> abreLista,
                              std::function<void()> abreConfig)
     : QDialog(doors.dono), m_doors(doors), m_avisos(doors.store, doors.envia), m_text1(new QLineEdit(this)),
-      m_text2(new QLineEdit(this)) {
+      m_text2(new QLineEdit(this)), m_labelAviso(new QLabel(this)) {
   setObjectName(QStringLiteral("FrmExibeAviso"));
   setWindowTitle(tr("Notices"));
   resize(FirstSize);
@@ -51,6 +52,11 @@ FrmExibeAviso::FrmExibeAviso(const NoticeDoors &doors, std::function<void()> abr
   m_text2->setFixedWidth(PassesWidth);
   m_text2->setInputMethodHints(Qt::ImhDigitsOnly);
   column->addLayout(fields);
+  m_labelAviso->setObjectName(QStringLiteral("LabelAviso"));
+  m_labelAviso->setProperty("look", QStringLiteral("quiet"));
+  m_labelAviso->setProperty("state", QStringLiteral("held"));
+  m_labelAviso->setAccessibleName(tr("Whether a notice is seen now"));
+  column->addWidget(m_labelAviso);
   column->addStretch(1);
 
   auto *row = new QHBoxLayout;
@@ -66,20 +72,20 @@ FrmExibeAviso::FrmExibeAviso(const NoticeDoors &doors, std::function<void()> abr
   auto *send = button("Command1", tr("&Show"), tr("Sends the notice to the projection (Enter)"), [this] { Envia(); });
   send->setProperty("look", QStringLiteral("main"));
   send->setDefault(true);
-  button("Command2", tr("Take &away"), tr("Takes a running notice off the projection"),
+  button("Command2", tr("Take &away"), tr("Takes a running notice off the projection (Alt+A)"),
          [this] { m_avisos.CancelaAviso(); });
   row->addStretch(1);
   button("CmdLista", tr("&List…"), tr("Ready-made notices"), abreLista);
   button("CmdConfig", tr("L&ook…"), tr("Colours, height and speed of the notices"), abreConfig);
   column->addLayout(row);
 
+  m_olhar.setInterval(OlharMs);
+  connect(&m_olhar, &QTimer::timeout, this, [this] { OlhaATela(); });
   connect(m_text2, &QLineEdit::textChanged, this, [this](const QString &text) {
     if (!text.isEmpty())
       LimitaText2();
   });
 }
-
-FrmExibeAviso::~FrmExibeAviso() = default;
 
 void FrmExibeAviso::Open() {
   if (!isVisible()) {
@@ -87,6 +93,8 @@ void FrmExibeAviso::Open() {
     m_text2->setText(m_avisos.Vezes());
     m_doors.posicoes.RestoreFormPosition(*this, false);
   }
+  OlhaATela();
+  m_olhar.start();
   show();
   raise();
   activateWindow();
@@ -94,6 +102,11 @@ void FrmExibeAviso::Open() {
   m_text1->selectAll();
   if (m_doors.aberto)
     m_doors.aberto(true);
+}
+
+void FrmExibeAviso::OlhaATela() {
+  if (m_doors.porQueNaoSeVe)
+    m_labelAviso->setText(m_doors.porQueNaoSeVe());
 }
 
 void FrmExibeAviso::UsaTexto(const QString &texto) {
@@ -114,6 +127,7 @@ void FrmExibeAviso::Envia() {
 
 void FrmExibeAviso::hideEvent(QHideEvent *event) {
   if (!event->spontaneous()) {
+    m_olhar.stop();
     m_doors.posicoes.SaveFormPosition(*this, false);
     if (m_doors.aberto)
       m_doors.aberto(false);

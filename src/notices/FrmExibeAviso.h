@@ -4,8 +4,10 @@
 #include "notices/ui/notice_doors.h"
 
 #include <QDialog>
+#include <QTimer>
 #include <functional>
 
+class QLabel;
 class QLineEdit;
 
 namespace tolmira {
@@ -16,7 +18,6 @@ class FrmExibeAviso : public QDialog {
 
 public:
   FrmExibeAviso(const NoticeDoors &doors, std::function<void()> abreLista, std::function<void()> abreConfig);
-  ~FrmExibeAviso() override;
 
   void Open(); // one that stands open already keeps what is typed
   void UsaTexto(const QString &texto);
@@ -26,12 +27,15 @@ protected:
 
 private:
   void LimitaText2();
+  void OlhaATela();
   void Envia();
 
   NoticeDoors m_doors;
   AvisosNaTela m_avisos;
   QLineEdit *m_text1;
   QLineEdit *m_text2;
+  QLabel *m_labelAviso;
+  QTimer m_olhar;
 };
 
 } // namespace tolmira

@@ -33,7 +33,6 @@ FrmListaAvisos::FrmListaAvisos(const NoticeDoors &doors, std::function<void(cons
   m_list1->setProperty("look", QStringLiteral("column"));
   m_list1->setAccessibleName(windowTitle());
   m_list1->setToolTip(tr("Enter uses the notice, F2 edits it, Del deletes it, Ins adds one"));
-  m_list1->setUniformItemSizes(true);
   m_list1->installEventFilter(this);
   column->addWidget(m_picVazia, 1);
   column->addWidget(m_list1, 1);
@@ -53,7 +52,7 @@ QWidget *FrmListaAvisos::Vazia() {
   auto *text = new QLabel(tr("There are no ready-made notices yet."), area);
   text->setProperty("look", QStringLiteral("quiet"));
   column->addWidget(text, 0, Qt::AlignHCenter);
-  auto *add = new QPushButton(tr("Add new warning"), area);
+  auto *add = m_add = new QPushButton(tr("Add new warning"), area);
   add->setObjectName(QStringLiteral("Command7"));
   add->setToolTip(tr("Adds the first notice"));
   column->addWidget(add, 0, Qt::AlignHCenter);
@@ -96,11 +95,17 @@ void FrmListaAvisos::Open() {
   activateWindow();
   if (m_list1->isVisible())
     m_list1->setFocus();
+  else
+    m_add->setFocus();
 }
 
 void FrmListaAvisos::Mostra(int selecionado) {
   m_list1->clear();
-  m_list1->addItems(m_avisos.Avisos());
+  constexpr qsizetype LongestTip = 300;
+  for (const QString &aviso : m_avisos.Avisos()) {
+    auto *item = new QListWidgetItem(aviso, m_list1);
+    item->setToolTip(aviso.left(LongestTip).toHtmlEscaped());
+  }
   m_list1->setCurrentRow(selecionado);
   const bool empty = m_avisos.Avisos().isEmpty();
   m_picVazia->setVisible(empty);
@@ -116,9 +121,10 @@ int FrmListaAvisos::Selecionado(const QString &listaVazia, const QString &semSel
 }
 
 void FrmListaAvisos::Usa() {
-  const int row = Selecionado(QStringLiteral("There are no warnings in the list.\n\nIf you want to add a new warning to "
-                                             "the list, click 'Add new warning'."),
-                              QStringLiteral("First, select a warning from the warning list."));
+  const int row =
+      Selecionado(QStringLiteral("There are no warnings in the list.\n\nIf you want to add a new warning to "
+                                 "the list, click 'Add new warning'."),
+                  QStringLiteral("First, select a warning from the warning list."));
   if (row < 0)
     return;
   const QString texto = m_avisos.Avisos().at(row);
@@ -172,9 +178,10 @@ void FrmListaAvisos::Diz(const QString &texto) {
 }
 
 bool FrmListaAvisos::eventFilter(QObject *watched, QEvent *event) {
-  if (event->type() != QEvent::KeyPress)
+  const auto *key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
+  if (!key || (key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) // with others these keys copy and paste
     return QDialog::eventFilter(watched, event);
-  switch (static_cast<QKeyEvent *>(event)->key()) {
+  switch (key->key()) {
   case Qt::Key_Insert:
     Novo();
     return true;

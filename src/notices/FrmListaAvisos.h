@@ -8,6 +8,7 @@
 
 class QBoxLayout;
 class QListWidget;
+class QPushButton;
 
 namespace tolmira {
 
@@ -43,6 +44,7 @@ private:
   std::function<void(const QString &)> m_usa;
   ListaDeAvisos m_avisos;
   QListWidget *m_list1;
+  QPushButton *m_add = nullptr; // in m_picVazia
   QWidget *m_picVazia;
 };
 

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <utility>
 
 namespace tolmira {
 
@@ -18,7 +19,8 @@ const QRegularExpression &FimDeLinha() {
 
 // What was pasted may have several; two lines of the file would be two notices.
 QString NumaLinha(QString aviso) {
-  return aviso.replace(FimDeLinha(), QStringLiteral(" "));
+  static const QRegularExpression ends(QStringLiteral("\\r\\n|[\\r\\n\\v\\f\u2028\u2029]"));
+  return aviso.replace(ends, QStringLiteral(" "));
 }
 
 } // namespace
@@ -44,6 +46,8 @@ bool ListaDeAvisos::Acrescenta(const QString &aviso) {
 }
 
 bool ListaDeAvisos::Troca(qsizetype indice, const QString &aviso) {
+  if (indice >= m_avisos.size())
+    return false;
   QStringList avisos = m_avisos;
   avisos[indice] = NumaLinha(aviso);
   return GravaListaAvisos(avisos);
@@ -56,7 +60,11 @@ bool ListaDeAvisos::Exclui(qsizetype indice) {
 }
 
 bool ListaDeAvisos::ExcluiTodos() {
-  return GravaListaAvisos({});
+  const bool antes = std::exchange(m_lidoInteiro, true); // nothing of what was not read is to stay
+  if (GravaListaAvisos({}))
+    return true;
+  m_lidoInteiro = antes;
+  return false;
 }
 
 bool ListaDeAvisos::GravaListaAvisos(const QStringList &avisos) {

@@ -3,6 +3,8 @@
 #include "foundation/text_fields.h"
 #include "foundation/text_utils.h"
 
+#include <QObject>
+
 namespace tolmira {
 
 namespace {
@@ -65,12 +67,24 @@ void AvisosNaTela::CancelaAviso() {
   m_envia(QStringLiteral("CancelaAviso"));
 }
 
+QString AvisoDeTelaCoberta(bool semProjetor, const QString &estadoTela) {
+  if (semProjetor)
+    return QObject::tr("There is no projector: nobody sees a notice now.");
+  if (estadoTela == u"TelaPreta")
+    return QObject::tr("The screen is black: nobody sees a notice now (F5 brings the picture back).");
+  if (estadoTela == u"PadraoDeFundo")
+    return QObject::tr("The background picture lies over notices: nobody sees one now (F5 takes it away).");
+  if (estadoTela == u"Hide")
+    return QObject::tr("The projection is off: nobody sees a notice now (F5 brings it back).");
+  return {};
+}
+
 VisualDoAviso LeVisualDoAviso(const IniStore &store) {
   const auto le = [&store](const char *chave, const QString &padrao) {
     return WholeNumber<qint32>(store.ReadConfig(Secao, QLatin1String(chave), padrao));
   };
-  return {le("FundoAvisoColor", Vermelho), le("LetraAvisoColor", Branco),
-          le("PorcentoAviso", PorcentoNaConfiguracao), le("VelocAviso", Velocidade)};
+  return {le("FundoAvisoColor", Vermelho), le("LetraAvisoColor", Branco), le("PorcentoAviso", PorcentoNaConfiguracao),
+          le("VelocAviso", Velocidade)};
 }
 
 bool GravaVisualDoAviso(const IniStore &store, const VisualDoAviso &visual) {

@@ -7,7 +7,8 @@
 
 namespace tolmira {
 
-// The number of passes as it may be: from 1 to 20, a text without a number counting as 0. What is within stays as it is typed.
+// The number of passes as it may be: from 1 to 20, a text without a number counting as 0. What is within stays as it is
+// typed.
 QString LimitaVezes(const QString &vezes);
 
 // Sends notices to the projection and keeps what was sent last. Nothing is known of a notice once it is sent.
@@ -36,5 +37,8 @@ struct VisualDoAviso {
 VisualDoAviso LeVisualDoAviso(const IniStore &store);
 // Puts notices at the bottom again, whatever the file says. False when not all of it could be written.
 bool GravaVisualDoAviso(const IniStore &store, const VisualDoAviso &visual);
+
+// Why nobody would see a notice, by the state of the screen; empty while one is seen.
+QString AvisoDeTelaCoberta(bool semProjetor, const QString &estadoTela);
 
 } // namespace tolmira

@@ -8,6 +8,7 @@
 #include "console/console_fixture.h"
 #include "display/ui/engine_versions.h"
 #include "foundation/ui/form_position.h"
+#include "media/ui/camera_window.h"
 #include "media/ui/video_windows.h"
 #include "notices/ui/notice_windows.h"
 #include "slides/FrmImportar.h"
@@ -163,7 +164,7 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
 
 inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
   return std::make_shared<NoticeWindows>(
-      NoticeDoors{house.store, house.prompt, house.positions, [](const QString &) {}, {}, &house.desk});
+      NoticeDoors{house.store, house.prompt, house.positions, [](const QString &) {}, {}, {}, &house.desk});
 }
 
 // With a document that asks for its password.
@@ -264,6 +265,15 @@ inline const std::map<QString, Opener> &EveryWindow() {
          auto windows = WindowsOfVideos(h);
          windows->AbreAdicionar();
          return windows;
+       }},
+      {QStringLiteral("FrmCameras"),
+       [](House &h) {
+         h.core.cameras.StatusTelaCamera(true);
+         auto window = std::make_shared<CameraWindow>(
+             CameraDoors{h.clock, h.positions, h.core.cameras, &h.desk});
+         window->Abre();
+         h.core.cameras.Respondeu(u"http://indexcam//?" + House::LongName + u"|Lens|");
+         return window;
        }},
       {QStringLiteral("FrmExibeAviso"),
        [](House &h) {

@@ -55,6 +55,11 @@ private slots:
   void verbReachesItsTarget();
   void noticesRunWhereTheyAreSeen_data();
   void noticesRunWhereTheyAreSeen();
+  void aNoticeGoesAboveWhereThePageHasNone_data();
+  void aNoticeGoesAboveWhereThePageHasNone();
+  void aNoticeGoesOnWhenItsPageIsLeft();
+  void brokenNotices_data();
+  void brokenNotices();
   void missingFieldSkipsOnlyItsStep();
   void commandsSurviveAPageThatIsNotThere();
 
@@ -176,6 +181,63 @@ void TestCommands::noticesRunWhereTheyAreSeen() {
   const QStringList cancelled = p.Send(QStringLiteral("CancelaAviso"));
   QCOMPARE(cancelled.contains(QStringLiteral("above: ExibeAviso('','','','','','','')")), page == u"above");
   QVERIFY(cancelled.contains(QStringLiteral("WV: ExibeAviso('','','','','','','')")));
+}
+
+// A template of the operator's own, or a page that could not be loaded and never answers.
+void TestCommands::aNoticeGoesAboveWhereThePageHasNone_data() {
+  QTest::addColumn<QString>("answer");
+  QTest::newRow("no such function") << QStringLiteral("false");
+  QTest::newRow("no answer") << QStringLiteral("null");
+}
+
+void TestCommands::aNoticeGoesAboveWhereThePageHasNone() {
+  QFETCH(QString, answer);
+  Projection p;
+  p.layers.page.answer = answer;
+  QVERIFY(p.Send(QStringLiteral("AVISO:|#b|#top|#1|#8|#11|#|#|#"))
+              .contains(QStringLiteral("above: ExibeAviso('b','top','1','8','11','','')")));
+}
+
+void TestCommands::aNoticeGoesOnWhenItsPageIsLeft() {
+  const QString above = QStringLiteral("above: ContinuaAviso({\"campos\":[\"a\"],\"feito\":0.5})");
+  Projection p;
+  const auto leave = [&p] {
+    p.layers.journal.clear();
+    p.commands.PaginaVaiEmbora();
+    return p.layers.journal;
+  };
+  QVERIFY(leave().isEmpty());
+  p.Send(QStringLiteral("AVISO:|#a|#top|#1|#8|#11|#|#|#"));
+  p.layers.page.answer = QStringLiteral("null"); // it has ended
+  QVERIFY(leave().isEmpty());
+  p.layers.page.answer = QStringLiteral("true");
+  p.Send(QStringLiteral("AVISO:|#a|#top|#1|#8|#11|#|#|#"));
+  p.Send(QStringLiteral("CancelaAviso"));
+  p.layers.page.answer = QStringLiteral("{\"campos\":[\"a\"],\"feito\":0.5}");
+  QVERIFY(leave().isEmpty());
+  p.layers.page.answer = QStringLiteral("true");
+  p.Send(QStringLiteral("AVISO:|#a|#top|#1|#8|#11|#|#|#"));
+  p.layers.page.answer = QStringLiteral("{\"campos\":[\"a\"],\"feito\":0.5}");
+  QCOMPARE(leave(), QStringList{above});
+  QVERIFY(leave().isEmpty()); // that page has none any more
+}
+
+void TestCommands::brokenNotices_data() {
+  QTest::addColumn<QString>("comando");
+  QTest::addColumn<bool>("takesAway");
+  QTest::newRow("without fields") << QStringLiteral("AVISO:|#") << false;
+  QTest::newRow("a field short") << QStringLiteral("AVISO:|#a|#top|#1|#8|#11|#") << false;
+  QTest::newRow("the mark at the beginning of its text") << QStringLiteral("AVISO:|#|#abc|#top|#1|#8|#11|#|#|#") << true;
+}
+
+void TestCommands::brokenNotices() {
+  QFETCH(QString, comando);
+  QFETCH(bool, takesAway);
+  Projection p;
+  p.Send(QStringLiteral("Video|#/srv/v.mp4"));
+  const QStringList calls = p.Send(comando).filter(QStringLiteral("ExibeAviso"));
+  QCOMPARE(calls, takesAway ? QStringList{QStringLiteral("WV: ExibeAviso('','','','','','','')")} : QStringList());
+  QVERIFY(!p.layers.avisoAcima);
 }
 
 void TestCommands::missingFieldSkipsOnlyItsStep() {

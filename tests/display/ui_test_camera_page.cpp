@@ -3,6 +3,8 @@
 #include "support/web_fixture.h"
 
 #include <QApplication>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -128,6 +130,25 @@ private slots:
   void onlyCamerasAreAllowed() {
     QFETCH(QString, wish);
     QFETCH(bool, allowed);
+    AsksFor(wish, allowed);
+  }
+
+  void nothingIsAllowedToAPageFromTheNet() {
+    QTcpServer server; // on the own machine, whose pages the engine trusts as it does files
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    connect(&server, &QTcpServer::newConnection, this, [&server] {
+      QTcpSocket *socket = server.nextPendingConnection();
+      connect(socket, &QTcpSocket::readyRead, socket, [socket] {
+        socket->readAll();
+        socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 13\r\n\r\n<body></body>");
+      });
+    });
+    m_page->Navigate(QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort()), 8);
+    AsksFor(QStringLiteral("{video: true}"), false);
+  }
+
+private:
+  void AsksFor(const QString &wish, bool allowed) {
     m_page->ExecuteScript(u"var said = ''; navigator.mediaDevices.getUserMedia(" + wish +
                           u").then((s) => { said = 'yes'; s.getTracks().forEach((t) => t.stop()); }, "
                           u"(e) => said = e.name)");

@@ -1,5 +1,6 @@
 #include "page_fixture.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -69,6 +70,9 @@ private slots:
   void noticesCrawlAtOneSpeed();
   void noticesStandOverEverything_data();
   void noticesStandOverEverything();
+  void noticesCrawlWhileThePageIsBusy();
+  void noticesKeepTheirPlaceOnAnotherScreen();
+  void aNoticeGoesOnOnAnotherPage();
   void thePageOfNoticesTellsOfTheEnd();
   void noticeIsTakenAway();
 
@@ -580,6 +584,60 @@ void PagesTest::noticesCrawlAtOneSpeed() {
            toRight ? 1280 : 0);
   QCOMPARE(number(QStringLiteral("anda.effect.getTiming().iterations")), 3);
   QVERIFY(number(QStringLiteral("linha.offsetHeight")) < 72); // one line
+}
+
+// Scripts and layouts of the page, here one that takes two seconds, do not hold a notice up.
+void PagesTest::noticesCrawlWhileThePageIsBusy() {
+  QVERIFY(m_page->Load(BackColor));
+  m_page->Eval(QStringLiteral("ExibeAviso('Carro ABC 1234','bottom','3','10','40','#c00000','#ffffff')"));
+  QVERIFY(m_page->WaitFor(QStringLiteral("document.querySelector('.avisoTexto').getBoundingClientRect().left<1000")));
+  bool busy = true;
+  QElapsedTimer since;
+  since.start();
+  m_page->view().page()->runJavaScript(QStringLiteral("(()=>{const t=performance.now();while(performance.now()-t<2000);})()"),
+                                       [&busy](const QVariant &) { busy = false; });
+  QSet<QByteArray> places; // of the text while the page does nothing else
+  while (busy && since.elapsed() < 20000) {
+    QTest::qWait(20);
+    const QImage picture = m_page->view().grab(QRect(0, 650, 1280, 60)).toImage();
+    if (busy && since.elapsed() > 700)
+      places.insert(QByteArray(reinterpret_cast<const char *>(picture.constBits()), picture.sizeInBytes()));
+  }
+  QVERIFY(!busy);
+  QVERIFY2(places.size() > 5, qPrintable(QString::number(places.size())));
+}
+
+void PagesTest::noticesKeepTheirPlaceOnAnotherScreen() {
+  QVERIFY(m_page->Load(BackColor));
+  m_page->Eval(QStringLiteral("ExibeAviso('Carro','bottom','4','8','20','#c00000','#ffffff');"
+                              "anda=document.querySelector('.avisoTexto').getAnimations()[0];anda.pause();"
+                              "anda.currentTime=1.25*anda.effect.getTiming().duration"));
+  m_page->view().resize(640, 360);
+  QVERIFY(m_page->WaitFor(QStringLiteral("innerWidth===640")));
+  QTRY_COMPARE(qRound(m_page->Eval(QStringLiteral("100*anda.currentTime/anda.effect.getTiming().duration")).toDouble()),
+               125);
+  // A quarter of the way from the right edge until the text is gone.
+  QTRY_COMPARE(qRound(m_page->Eval(QStringLiteral("(()=>{const r=document.querySelector('.avisoTexto')"
+                                                  ".getBoundingClientRect();return 100*(640-r.left)/(640+r.width)})()"))
+                          .toDouble()),
+               25);
+  m_page->view().resize(1280, 720);
+}
+
+void PagesTest::aNoticeGoesOnOnAnotherPage() {
+  QVERIFY(m_page->Load(BackColor));
+  QVERIFY(m_page->Eval(QStringLiteral("AvisoEmCurso()")).isNull());
+  m_page->Eval(QStringLiteral("ExibeAviso('O carro \\'A\\' <b>','top','4','8','20','#c00000','#ffffff');"
+                              "anda=document.querySelector('.avisoTexto').getAnimations()[0];anda.pause();"
+                              "anda.currentTime=2.5*anda.effect.getTiming().duration"));
+  const QString now = m_page->Eval(QStringLiteral("JSON.stringify(AvisoEmCurso())")).toString();
+  QVERIFY(m_page->Navigate(QUrl(u"file:///" + m_page->appPath() + u"/html/aviso.html")));
+  m_page->Eval(u"ContinuaAviso(" + now + u")");
+  QCOMPARE(m_page->Eval(QStringLiteral("document.querySelector('.avisoTopo .avisoTexto').textContent")).toString(),
+           QStringLiteral("O carro 'A' <b>"));
+  QVERIFY(m_page->WaitFor(QStringLiteral("(()=>{const f=AvisoEmCurso().feito;return f>2.5&&f<3})()")));
+  m_page->Eval(QStringLiteral("ExibeAviso('')"));
+  QVERIFY(m_page->Eval(QStringLiteral("AvisoEmCurso()")).isNull());
 }
 
 // Every page that the program shows has notices, and they lie over whatever is on it.

@@ -1,6 +1,6 @@
+#include "foundation/text_file.h"
 #include "notices/notice_list.h"
 #include "notices/notice_sender.h"
-#include "foundation/text_file.h"
 #include "support/files.h"
 
 #include <QTemporaryDir>
@@ -12,9 +12,7 @@ using namespace tolmira::testing;
 namespace {
 
 struct Room {
-  Room() {
-    QDir(folder.path()).mkdir(QStringLiteral("Data"));
-  }
+  Room() { QDir(folder.path()).mkdir(QStringLiteral("Data")); }
   QString ConfigPath() const { return folder.filePath(QStringLiteral("Data/Config.dat")); }
   QString ListPath() const { return folder.filePath(QStringLiteral("Data/notices.txt")); }
 
@@ -36,8 +34,9 @@ private slots:
   void passesAreLimited_data() {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("taken");
-    const QList<QPair<const char *, const char *>> rows{{"0", "1"},   {"1", "1"}, {"20", "20"},       {"21", "20"}, {"", "1"},
-                                                        {"-5", "1"},  {"x", "1"}, {"99999999", "20"}, {"07", "07"}};
+    const QList<QPair<const char *, const char *>> rows{{"0", "1"},   {"1", "1"},         {"20", "20"},
+                                                        {"21", "20"}, {"", "1"},          {"-5", "1"},
+                                                        {"x", "1"},   {"99999999", "20"}, {"07", "07"}};
     for (const auto &[typed, taken] : rows)
       QTest::addRow("\"%s\"", typed) << QString::fromLatin1(typed) << QString::fromLatin1(taken);
   }
@@ -55,16 +54,20 @@ private slots:
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("command");
     const QString look = QStringLiteral("|#bottom|#2|#8|#11|##C00000|##FFFFFF|#");
-    QTest::newRow("nothing stored") << QByteArray() << QStringLiteral("Carro ABC") << QString(u"AVISO:|#Carro ABC" + look);
-    QTest::newRow("as typed") << QByteArray() << QStringLiteral("  o'c \\ |# <b> ") << QString(u"AVISO:|#  o'c \\ |# <b> " + look);
+    QTest::newRow("nothing stored") << QByteArray() << QStringLiteral("Carro ABC")
+                                    << QString(u"AVISO:|#Carro ABC" + look);
+    QTest::newRow("as typed") << QByteArray() << QStringLiteral("  o'c \\ |# <b> ")
+                              << QString(u"AVISO:|#  o'c \\ |# <b> " + look);
     QTest::newRow("blank") << QByteArray() << QStringLiteral(" \t ") << QStringLiteral("CancelaAviso");
     QTest::newRow("empty") << QByteArray() << QString() << QStringLiteral("CancelaAviso");
     QTest::newRow("everything stored")
         << QByteArray("PorcentoAviso=12\r\nPosicaoAviso=-1\r\nVelocAviso=24\r\nFundoAvisoColor=16711680\r\n"
                       "LetraAvisoColor=65535\r\n")
         << QStringLiteral("a") << QStringLiteral("AVISO:|#a|#top|#2|#12|#25|##0000FF|##FFFF00|#");
-    QTest::newRow("only -1 is the top") << QByteArray("PosicaoAviso=1\r\n") << QStringLiteral("a") << QString(u"AVISO:|#a" + look);
-    QTest::newRow("no numbers") << QByteArray("VelocAviso=x\r\nFundoAvisoColor=y\r\nPosicaoAviso=z\r\n") << QStringLiteral("a")
+    QTest::newRow("only -1 is the top") << QByteArray("PosicaoAviso=1\r\n") << QStringLiteral("a")
+                                        << QString(u"AVISO:|#a" + look);
+    QTest::newRow("no numbers") << QByteArray("VelocAviso=x\r\nFundoAvisoColor=y\r\nPosicaoAviso=z\r\n")
+                                << QStringLiteral("a")
                                 << QStringLiteral("AVISO:|#a|#bottom|#2|#8|#1|##000000|##FFFFFF|#");
     QTest::newRow("numbers beyond all bounds")
         << QByteArray("VelocAviso=99999999999999\r\n") << QStringLiteral("a")
@@ -78,7 +81,20 @@ private slots:
     WriteBytes(room.ConfigPath(), "[Avisos]\r\n" + stored);
     room.avisos.ExibeAviso(text, QStringLiteral("2"));
     QCOMPARE(room.sent, QStringList{command});
-    QCOMPARE(room.avisos.UltimoTexto(), text.trimmed()); // the store trims
+    QCOMPARE(room.avisos.UltimoTexto(), text);
+  }
+
+  void theLastTextComesBackAsItWasTyped_data() {
+    QTest::addColumn<QString>("text");
+    for (const char *text : {"\"Paz\"", "\"Amor\" e \"Paz\"", "'", "  a ", "\"", "it's", "[x]=;#", "\"'a'\""})
+      QTest::newRow(text) << QString::fromLatin1(text);
+  }
+  void theLastTextComesBackAsItWasTyped() {
+    QFETCH(QString, text);
+    Room room;
+    room.avisos.ExibeAviso(text, QStringLiteral("1"));
+    QCOMPARE(room.avisos.UltimoTexto(), text);
+    QCOMPARE(AvisosNaTela(IniStore(room.app), [](const QString &) {}).UltimoTexto(), text);
   }
 
   void sendingKeepsThePasses() {
@@ -108,9 +124,13 @@ private slots:
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QStringList>("list");
     QTest::newRow("empty") << QByteArray() << QStringList();
-    QTest::newRow("blank lines") << QByteArray("\r\na\r\n  \r\n\t\r\n  b \r\n\r\n") << QStringList{QStringLiteral("a"), QStringLiteral("  b ")};
-    QTest::newRow("other line ends, none at the end") << QByteArray("a\nb\rc") << QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
-    QTest::newRow("windows-1252") << QByteArray("Crian\xe7" "a\r\n") << QStringList{QStringLiteral("Criança")};
+    QTest::newRow("blank lines") << QByteArray("\r\na\r\n  \r\n\t\r\n  b \r\n\r\n")
+                                 << QStringList{QStringLiteral("a"), QStringLiteral("  b ")};
+    QTest::newRow("other line ends, none at the end")
+        << QByteArray("a\nb\rc") << QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+    QTest::newRow("windows-1252") << QByteArray("Crian\xe7"
+                                                "a\r\n")
+                                  << QStringList{QStringLiteral("Criança")};
     QTest::newRow("UTF-8") << QByteArray("Criança\r\n") << QStringList{QStringLiteral("Criança")};
   }
   void theListIsRead() {

@@ -2,6 +2,7 @@
 #include "notices/FrmAvisoConfig.h"
 #include "notices/FrmExibeAviso.h"
 #include "notices/FrmListaAvisos.h"
+#include "notices/notice_sender.h"
 #include "notices/ui/notice_windows.h"
 #include "support/counting_yielder.h"
 #include "support/files.h"
@@ -10,6 +11,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -41,7 +43,9 @@ private:
     }
     void Click(const char *window, const char *button) const { In<QAbstractButton>(window, button)->click(); }
     QByteArray List() const { return ReadBytes(folder.filePath(QStringLiteral("Data/notices.txt"))); }
-    void WriteList(const QByteArray &list) const { WriteBytes(folder.filePath(QStringLiteral("Data/notices.txt")), list); }
+    void WriteList(const QByteArray &list) const {
+      WriteBytes(folder.filePath(QStringLiteral("Data/notices.txt")), list);
+    }
 
     QTemporaryDir folder;
     AppFolder app{folder.path()};
@@ -52,7 +56,8 @@ private:
     QWidget desk;
     QStringList sent;
     QList<bool> opened;
-    NoticeWindows windows{{store, prompt, positions, [this](const QString &c) { sent << c; },
+    QString hidden; // why nobody sees a notice
+    NoticeWindows windows{{store, prompt, positions, [this](const QString &c) { sent << c; }, [this] { return hidden; },
                            [this](bool open) { opened << open; }, &desk}};
   };
 
@@ -91,6 +96,16 @@ private slots:
     QCOMPARE(text1->text(), QStringLiteral("Carro ABC"));
   }
 
+  void saysWhileNobodyWouldSeeIt() {
+    Room room;
+    room.hidden = AvisoDeTelaCoberta(false, QStringLiteral("TelaPreta"));
+    room.windows.AbreAviso();
+    const auto *label = room.In<QLabel>("FrmExibeAviso", "LabelAviso");
+    QVERIFY(label->text().startsWith(u"The screen is black"));
+    room.hidden = AvisoDeTelaCoberta(false, QStringLiteral("OcultarTexto")); // by its key, with the window open
+    QTRY_COMPARE(label->text(), QString());
+  }
+
   void theListAnswers_data() {
     QTest::addColumn<QByteArray>("button");
     QTest::addColumn<QString>("empty");
@@ -126,7 +141,8 @@ private slots:
 
   void theListIsKept() {
     Room room;
-    room.prompt.typed = {QStringLiteral("  "), QStringLiteral("first"), QStringLiteral("second"), QStringLiteral(" 2nd ")};
+    room.prompt.typed = {QStringLiteral("  "), QStringLiteral("first"), QStringLiteral("second"),
+                         QStringLiteral(" 2nd ")};
     room.windows.AbreLista();
     room.Click("FrmListaAvisos", "Command5");
     QCOMPARE(room.List(), QByteArray()); // blanks are none
@@ -140,6 +156,15 @@ private slots:
              (QStringList{QStringLiteral("Avisos"), QStringLiteral("Edit Notice"), QStringLiteral("second")}));
     QCOMPARE(room.List(), QByteArray("first\r\n 2nd \r\n"));
     auto *list = room.In<QListWidget>("FrmListaAvisos", "List1");
+    list->setCurrentRow(0);
+    room.prompt.typed = {QStringLiteral("1st\u2028\v!"), QStringLiteral("third")};
+    QTest::keyClick(list, Qt::Key_F2);
+    QTest::keyClick(list, Qt::Key_Insert);
+    QCOMPARE(room.List(), QByteArray("1st  !\r\n 2nd \r\nthird\r\n"));
+    for (const Qt::Key key : {Qt::Key_Insert, Qt::Key_Delete}) // as people copy and cut
+      QTest::keyClick(list, key, Qt::ShiftModifier);
+    QCOMPARE(list->count(), 3);
+    QTest::keyClick(list, Qt::Key_Delete);
     list->setCurrentRow(0);
     QTest::keyClick(list, Qt::Key_Delete);
     QCOMPARE(room.List(), QByteArray(" 2nd \r\n"));
@@ -157,7 +182,8 @@ private slots:
     room.windows.AbreLista();
     room.prompt.typed = {QStringLiteral("lost?")};
     room.Click("FrmListaAvisos", "Command5");
-    QCOMPARE(room.prompt.TakeTexts(), QStringList{QStringLiteral("The list of notices could not be saved. It stays as it was.")});
+    QCOMPARE(room.prompt.TakeTexts(),
+             QStringList{QStringLiteral("The list of notices could not be saved. It stays as it was.")});
     QCOMPARE(room.In<QListWidget>("FrmListaAvisos", "List1")->count(), 0);
   }
 

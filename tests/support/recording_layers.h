@@ -44,9 +44,10 @@ public:
   QSize SizePx() const override { return size; }
 
   QStringList journal; // every call on the layers, the page and the player, in their order
-  RecordingPage page{&journal};
+  RecordingPage page{&journal}; // has the program's functions
   RecordingPage paginaDeAvisos{&journal, QStringLiteral("above")};
   RecordingPlayer player{&journal};
+  RecordingLayers() { page.answer = QStringLiteral("true"); }
   bool hasPage = true;
   QSize size{1280, 720};
   QStringList unreadable;

@@ -62,8 +62,6 @@ QRect ColourField::Field() const {
 }
 
 void ColourField::SetColour(qint32 colour) {
-  if (colour == m_colour)
-    return;
   m_colour = colour;
   m_place = PlaceOf(FromStore(colour));
   TellColour();
@@ -92,7 +90,8 @@ void ColourField::mouseMoveEvent(QMouseEvent *event) {
   if (!event->buttons().testFlag(Qt::LeftButton))
     return;
   const QRectF field = Field();
-  Take({(event->position().x() - field.left()) / field.width(), (event->position().y() - field.top()) / field.height()});
+  Take(
+      {(event->position().x() - field.left()) / field.width(), (event->position().y() - field.top()) / field.height()});
 }
 
 void ColourField::keyPressEvent(QKeyEvent *event) {
@@ -134,7 +133,8 @@ void ColourField::paintEvent(QPaintEvent *) {
   painter.drawRect(field.adjusted(-1, -1, 0, 0));
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(QColor(m_place.y() < 0.5 ? Qt::black : Qt::white), 2));
-  const QPointF mark(field.left() + m_place.x() * (field.width() - 1), field.top() + m_place.y() * (field.height() - 1));
+  const QPointF mark(field.left() + m_place.x() * (field.width() - 1),
+                     field.top() + m_place.y() * (field.height() - 1));
   painter.setClipRect(field);
   painter.drawEllipse(mark, MarkRadius, MarkRadius);
 }

@@ -11,6 +11,9 @@ namespace tolmira {
 namespace {
 
 constexpr int PageSeconds = 8;
+// The page tells that it has drawn; its frame takes another road to the screen and may come a little later.
+constexpr int FrameOnItsWayMs = 60;
+const QString FirstFrame = QStringLiteral("http://temaviso/");
 const QString NoticeRuns = QStringLiteral("!!document.querySelector('.aviso')");
 
 } // namespace
@@ -37,10 +40,16 @@ PageObject *NoticeLayer::ForNotice() {
     }
     if (m_observer)
       m_host->AddObserver(m_observer);
-    m_host->OnRecovered = [this] { Remove(); }; // the notice went with the process
-    m_host->WV()->AoNavegar = [this](const QString &, bool &cancel) {
+    // The notice went with the process; one that was sent since has begun when the page is back. Its first frame is
+    // white again.
+    m_host->OnLost = [this] { SetAside(); };
+    m_host->OnRecovered = [this] { Check(); };
+    m_host->WV()->AoNavegar = [this](const QString &uri, bool &cancel) {
       cancel = true;
-      Check();
+      if (uri.startsWith(FirstFrame))
+        QTimer::singleShot(FrameOnItsWayMs, m_host, [this] { Uncover(); });
+      else
+        Check();
     };
     m_shown = false;
     Fit();
@@ -62,13 +71,19 @@ void NoticeLayer::Check() {
   m_host->WV()->Evaluate(NoticeRuns, [layer = QPointer(this), asked = m_notices](const QString &json) {
     if (!layer || !layer->m_host)
       return;
-    if (json == u"true") {
-      layer->m_shown = true;
-      layer->Fit();
-    } else if (layer->m_notices == asked) {
+    if (json != u"true" && layer->m_notices == asked)
       layer->Remove();
-    }
   });
+}
+
+void NoticeLayer::SetAside() {
+  m_shown = false;
+  Fit();
+}
+
+void NoticeLayer::Uncover() {
+  m_shown = true;
+  Fit();
 }
 
 void NoticeLayer::Remove() {

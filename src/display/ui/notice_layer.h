@@ -14,8 +14,8 @@ namespace tolmira {
 
 class WebPageHost;
 
-// A transparent page above the layers of the projection, for notices over a video or a page from the net. It is there only while
-// one runs.
+// A transparent page above the layers of the projection, for notices over a video or a page from the net. It is there
+// only while one runs.
 class NoticeLayer : public QObject {
 public:
   // The observer may be null; window and observer outlive the layer.
@@ -27,13 +27,19 @@ public:
   PageObject *ForNotice();
 
   void Fit(); // to the window
-  // Under black or the default picture. It stays awake there, so that a notice ends in time and does not come out again.
+  // Under black or the default picture. It stays awake there, so that a notice ends in time and does not come out
+  // again.
   void SetCovered(bool covered);
+
+  // Out of sight until a notice has drawn a new frame. For a window that hides: its last frame would be the first that
+  // is seen when it comes back.
+  void SetAside();
 
   std::function<void()> OnMade; // it stands above everything; whoever has something for above it puts it there
 
 private:
   void Check();
+  void Uncover();
   void Remove();
 
   QWidget &m_window;

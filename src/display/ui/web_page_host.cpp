@@ -33,7 +33,7 @@ namespace {
 Q_LOGGING_CATEGORY(logPage, "tolmira.page", QtWarningMsg)
 
 constexpr int DefaultTimeoutSeconds = 8;
-constexpr int HoldLimitMs = 4000;      // however slow a page, the old picture goes
+constexpr int HoldLimitMs = 4000; // however slow a page, the old picture goes
 // The page tells that it has drawn; its frame takes another road to the screen and may come a little later.
 constexpr int FrameOnItsWayMs = 60;
 constexpr int HoldAfterReadyMs = 1500; // a parsed page shows itself even when its pictures or video do not come
@@ -219,6 +219,8 @@ void WebPageHost::Impl::Navigate(const QString &url, int timeoutSeconds) {
   for (DisplayObserver *observer : observers)
     observer->OnNavigate(name, url);
   qCDebug(logPage) << name << "navigates to" << url;
+  if (host.OnLeave)
+    host.OnLeave();
   HoldPicture();
   drawn = false;
   address = PageAddress(url);

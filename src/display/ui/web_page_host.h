@@ -25,8 +25,8 @@ public:
   // A page to work on, not to look at: it takes the mouse, the wheel, keys and the focus, and shows scroll bars. Before
   // CriaBrowser.
   void SetInteractive();
-  // A page over others, which are seen where it draws nothing. It lets the mouse through and holds no picture, so it is for one
-  // page only. Before CriaBrowser.
+  // A page over others, which are seen where it draws nothing. It lets the mouse through and holds no picture, so it is
+  // for one page only. Before CriaBrowser.
   void SetTransparent();
   // Makes the browser object and attaches it to this widget. False when the engine could not be started.
   bool CriaBrowser();
@@ -44,6 +44,7 @@ public:
   // Called after a render process died and its page was loaded again; the owner sends the verse on show.
   std::function<void()> OnRecovered;
   std::function<void()> OnLost;      // its process died; OnRecovered follows, unless it goes to another page
+  std::function<void()> OnLeave;     // it goes to another page; scripts still reach the one that is left
   std::function<void()> OnMouseMove; // the pointer moved over the page
 
 protected:

@@ -18,7 +18,8 @@ QColor FromStore(qint32 colour) {
 
 } // namespace
 
-NoticePreview::NoticePreview(QWidget *parent) : QFrame(parent), m_band(new QWidget(this)), m_lbAvisoMini(new QLabel(m_band)) {
+NoticePreview::NoticePreview(QWidget *parent)
+    : QFrame(parent), m_band(new QWidget(this)), m_lbAvisoMini(new QLabel(m_band)) {
   setObjectName(QStringLiteral("PicAvisoMini"));
   setProperty("look", QStringLiteral("screen"));
   setFixedSize(ScreenSize);
@@ -44,16 +45,16 @@ void NoticePreview::Arranja() {
   band.setColor(QPalette::Window, FromStore(m_visual.FundoAvisoColor));
   m_band->setPalette(band);
   // The program's style sheet has a say in the colour and size of every label; only a sheet of its own goes before it.
-  m_lbAvisoMini->setStyleSheet(
-      QStringLiteral("color: %1; font-weight: bold; font-size: %2px; background: transparent;")
-          .arg(FromStore(m_visual.LetraAvisoColor).name())
-          .arg(std::max(LeastTextPx, static_cast<int>(height * TextOfBand))));
+  m_lbAvisoMini->setStyleSheet(QStringLiteral("color: %1; font-weight: bold; font-size: %2px; background: transparent;")
+                                   .arg(FromStore(m_visual.LetraAvisoColor).name())
+                                   .arg(std::max(LeastTextPx, static_cast<int>(height * TextOfBand))));
   m_lbAvisoMini->resize(m_lbAvisoMini->sizeHint().width(), height);
   m_lbAvisoMini->move(static_cast<int>(m_left), 0);
 }
 
 void NoticePreview::Anda() {
-  m_left -= m_band->width() * 0.01 * (m_visual.VelocAviso + 1) * FrameMs / 1000;
+  const qint64 gone = m_since.isValid() ? m_since.restart() : (m_since.start(), 0);
+  m_left -= m_band->width() * 0.01 * (m_visual.VelocAviso + 1) * static_cast<double>(gone) / 1000;
   if (m_left < -m_lbAvisoMini->width())
     m_left = m_band->width();
   m_lbAvisoMini->move(static_cast<int>(m_left), 0);
@@ -67,6 +68,7 @@ void NoticePreview::showEvent(QShowEvent *) {
 }
 void NoticePreview::hideEvent(QHideEvent *) {
   m_frame.stop();
+  m_since.invalidate();
 }
 
 } // namespace tolmira

@@ -2,6 +2,7 @@
 
 #include "notices/notice_sender.h"
 
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QTimer>
 
@@ -9,8 +10,8 @@ class QLabel;
 
 namespace tolmira {
 
-// A small screen with a notice that runs across it, in the proportions and at the speed of the projection. It moves only while it
-// is seen.
+// A small screen with a notice that runs across it, in the proportions and at the speed of the projection. It moves
+// only while it is seen.
 class NoticePreview : public QFrame {
 public:
   explicit NoticePreview(QWidget *parent);
@@ -31,6 +32,7 @@ private:
   bool m_noAlto = false;
   double m_left = 0; // of the text, px
   QTimer m_frame;
+  QElapsedTimer m_since; // the last frame
 };
 
 } // namespace tolmira

@@ -198,6 +198,7 @@ void Program::Impl::MakeWindows() {
   windows.addVideos = [this] { videos->AbreAdicionar(); };
   windows.captions = [this] { AbreLegendas(); };
   windows.notices = [this] { notices->AbreAviso(); };
+  windows.videoControl = [this] { videos->AbreControle(true); };
   windows.cameras = [this] { cameras->Abre(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
@@ -334,19 +335,14 @@ void Program::Impl::MakeVideoWindows() {
                                                      [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
                                                      [this] { return core.video.EmExibicao(); },
                                                      [this] { core.video.Encerra(); }, console.get()});
-  core.video.AbreControle = [this] { videos->AbreControle(); };
+  core.video.AbreControle = [this] { videos->AbreControle(false); };
   core.video.FechaControle = [this] { videos->FechaControle(); };
   const auto aoTexto = [this] {
     console->activateWindow();
     console->FocusStrip();
   };
   cameras = std::make_unique<CameraWindow>(CameraDoors{clock, positions, core.cameras, aoTexto, console.get()});
-  core.agenda.editores[TipoVideoDaAgenda] = [this](const QString &path) {
-    const QString outro = EscolheOutroVideo(store, prompt, path);
-    if (!outro.isEmpty())
-      core.agenda.TrocaArquivo(NomeDoVideo(outro), outro);
-    return true;
-  };
+  core.agenda.outroVideo = [this](const QString &atual) { return EscolheOutroVideo(store, prompt, atual); };
 }
 
 // The preview takes no commands, so it gets the page's call beside the projection.
@@ -598,6 +594,7 @@ Program::~Program() {
   m_impl->editors.reset();
   m_impl->themeEditors.reset();
   m_impl->core.agenda.editores.clear();
+  m_impl->core.agenda.outroVideo = nullptr;
   m_impl->importar.reset();
   m_impl->slides.reset();
   m_impl->core.flow.controleDeShows = {};

@@ -194,6 +194,7 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   };
   ways.newSong = [&d, open] { open(d.windows.newSong); };
   ways.pictureOnScreen = [&d, open] { open(d.windows.pictureOnScreen); };
+  ways.videoControl = [&d, open] { open(d.windows.videoControl); };
   ways.cameras = [&d, open] { open(d.windows.cameras); };
   ways.addBible = [&d, open] { open(d.windows.addBible); };
   ways.browseBible = [&d, open] { open(d.windows.browseBible); };

@@ -40,6 +40,7 @@ public:
     std::function<void()> addVideos;
     std::function<void()> captions;
     std::function<void()> notices;
+    std::function<void()> videoControl;
     std::function<void()> cameras;
     std::function<void()> browseBible;
     std::function<void()> searchBible;

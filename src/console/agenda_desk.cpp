@@ -1,6 +1,7 @@
 #include "console/agenda_desk.h"
 
 #include "foundation/text_file.h"
+#include "media/video_files.h"
 #include "songs/song_text.h"
 
 namespace tolmira {
@@ -27,6 +28,15 @@ QString FormaPropria(const QString &label) {
 // An entry is one line of its file.
 QString EmUmaLinha(QString texto) {
   return texto.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+// The path of a file has to come back as it is.
+bool CabeNaAgenda(const QString &path) {
+  return !path.contains(u'\r') && !path.contains(u'\n') && !path.contains(QStringLiteral("|#|"));
+}
+
+QString NaoCabe(const QString &path) {
+  return QStringLiteral("An agenda cannot name this file, whose path holds a line end or \"|#|\": ") + EmUmaLinha(path);
 }
 
 // As PorNaLista writes it.
@@ -149,6 +159,10 @@ void AgendaDesk::PorNaLista(const QString &labelGiven, int kind, const QString &
       message = QStringLiteral("Primeiro selecione o nome da música que deseja adicionar na lista");
     return;
   }
+  if (kind >= TipoVideoDaAgenda && !CabeNaAgenda(target)) {
+    message = NaoCabe(target);
+    return;
+  }
   const QString label = LabelOf(labelGiven);
   const QString title = TabTitle(m_estado.ActiveAgenda);
   if (m_lista.HasName(kind, label)) {
@@ -212,8 +226,10 @@ QString AgendaDesk::ClearCaption() const {
 
 bool AgendaDesk::CanEdit() const {
   const int kind = m_lista.SelectedKind();
-  return m_lista.HasSelection() &&
-         (kind == 2 || kind == 3 ? editorDeMusicas.edita != nullptr : editores.contains(kind));
+  const bool tem = kind == 2 || kind == 3      ? editorDeMusicas.edita != nullptr
+                   : kind == TipoVideoDaAgenda ? outroVideo != nullptr
+                                               : editores.contains(kind);
+  return m_lista.HasSelection() && tem;
 }
 
 void AgendaDesk::EditaMusica(const QString &target) {
@@ -238,13 +254,13 @@ void AgendaDesk::EditSelected() {
   case 3:
     EditaMusica(target);
     return;
-  case 4:
+  case TipoVideoDaAgenda:
     if (!FileExists(target))
       say(QStringLiteral("File not found"));
-    else if (const auto editor = editores.find(kind); editor == editores.end())
+    else if (!outroVideo)
       break;
     else
-      editor->second(target);
+      EditaVideo(m_lista.SelectedName(), target);
     return;
   case 5:
   case 6: {
@@ -263,17 +279,33 @@ void AgendaDesk::EditSelected() {
   say(QStringLiteral("There is no editor for this item yet."));
 }
 
-void AgendaDesk::TrocaArquivo(const QString &label, const QString &target) {
-  if (!m_lista.HasSelection())
+// The selection may be elsewhere, and the entry in another place, when the file has been chosen.
+void AgendaDesk::EditaVideo(const QString &label, const QString &target) {
+  const QString novo = outroVideo(target);
+  if (novo.isEmpty())
     return;
-  const int kind = m_lista.SelectedKind();
-  const int index = m_lista.SelectedIndex();
-  if (const QString nome = LabelOf(label); nome == m_lista.SelectedName() || !m_lista.HasName(kind, nome))
-    m_lista.SetNameAt(kind, index, nome);
-  m_lista.SetCaptionAt(kind, index, EmUmaLinha(target));
+  if (!CabeNaAgenda(novo)) {
+    m_prompt.Message(MessageKind::Information, TituloDaCaixa, NaoCabe(novo));
+    return;
+  }
+  int index = 1;
+  while (index <= m_lista.Count(TipoVideoDaAgenda) &&
+         (m_lista.NameAt(TipoVideoDaAgenda, index) != label || m_lista.CaptionAt(TipoVideoDaAgenda, index) != target))
+    ++index;
+  if (index > m_lista.Count(TipoVideoDaAgenda))
+    return;
+  const QString nome = LabelOf(NomeDoVideo(novo));
+  if (nome != label && !m_lista.HasName(TipoVideoDaAgenda, nome)) {
+    m_lista.SetNameAt(TipoVideoDaAgenda, index, nome);
+    if (m_estado.EhVideo() && m_painel.Label9 == label) // by which the agenda knows the entry on show
+      m_painel.Label9 = nome;
+  }
+  m_lista.SetCaptionAt(TipoVideoDaAgenda, index, novo);
   salvaListTarefas(m_estado.ActiveAgenda);
-  if (m_view)
+  if (m_view) {
     m_view->AgendaChanged();
+    m_view->Atualiza();
+  }
 }
 
 // The names by which agendas know an item that has gone from its file name. Old entries may know a song by its label

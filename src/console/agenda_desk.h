@@ -51,10 +51,11 @@ public:
   // The editors of kinds that are documents in a folder, each opened on the file at that stored path; false when it
   // cannot be edited.
   std::map<int, std::function<bool(const QString &path)>> editores;
+  // Asks for the file that a video's entry shall name; empty when the operator gave up. It lets the loop run.
+  std::function<QString(const QString &atual)> outroVideo;
 
   // The loaded song under a new name, or the selected item edited: messages of the edit button.
   void EditSelected();
-  void TrocaArquivo(const QString &label, const QString &target); // of the selected entry; saved at once
   void RemoveFromAgendas(int kind, const QString &name);
   void RenameInAgendas(const QString &oldName, const QString &newName, int kind);
   void RenameOnScreen(int kind, const QString &oldName, const QString &newName, const QString &newTarget);
@@ -65,6 +66,7 @@ public:
 private:
   QString DicaDaAgenda(int n) const;
   void EditaMusica(const QString &target);
+  void EditaVideo(const QString &label, const QString &target);
   QStringList NomesNaAgenda(int kind, const QString &name) const;
   bool NadaNaTira() const; // the console holds no text
   bool Grava(int n, ListTarefas &lista);

@@ -85,6 +85,11 @@ QString BibleLoader::Canonica(const QString &reference) const {
                                    : QString(plain.section(u':', 0, 0) + u':' + QString::number(UltimoVersiculo));
 }
 
+bool BibleLoader::TemTexto(const QString &reference) {
+  QString canonical = Canonica(reference);
+  return !TextoDoVersiculo(m_loja.GetVerse(canonical)).trimmed().isEmpty();
+}
+
 bool BibleLoader::exibeTextoBiblico(const QString &reference, bool applyTheme, bool show) {
   PainelConsole &painel = m_console.painel;
   QString canonical = Canonica(reference);

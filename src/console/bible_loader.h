@@ -29,6 +29,7 @@ public:
   // Loads a passage and sends it. False when the version in force has no such verse: what is on show stays then, and
   // the console says so.
   bool exibeTextoBiblico(const QString &reference, bool applyTheme, bool show);
+  bool TemTexto(const QString &reference); // that it can be shown in the version in force
   // Puts a verse on the console; `show` prepares the page. Nothing is sent.
   void CarregaLeitura(const QString &reference, const QString &text, bool applyTheme, bool show);
   void CMDProximo_Click(int direction); // 0 the next verse, 1 the previous one

@@ -24,13 +24,7 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       leitura(contexto, lojaBiblia, biblia, stepper, temaControle),
       slides(contexto, paginasDeSlides, stepper, temaControle), controles(contexto), textos(contexto, loader, leitura),
       efeitos(contexto, temaControle, loader, leitura, slides), formato(contexto, temas, loader, textos),
-      video(contexto, stepper, temaControle), controleDeVideo(
-                                                  estado,
-                                                  [this]() -> MediaPlayer * {
-                                                    Display *display = contexto.telao();
-                                                    return display ? display->wmp() : nullptr;
-                                                  },
-                                                  doors.yielder),
+      video(contexto, stepper, temaControle), controleDeVideo(estado, [this] { return Wmp(); }, doors.yielder),
       cameras([this](const QString &script, Alvo alvo) { contexto.ScriptNasPaginas(script, alvo); },
               [this] { contexto.Atualiza(); }, doors.prompt),
       flow(contexto, agenda, loader, leitura, slides, temaControle, video), show(contexto, stepper, temaControle),
@@ -73,6 +67,11 @@ void ConsoleCore::PreviaMudou() {
                        SombraTexto(estado.TemaAtual, larguraPrevia / static_cast<double>(larguraTelao)));
 }
 
+MediaPlayer *ConsoleCore::Wmp() const {
+  Display *display = contexto.telao();
+  return display ? display->wmp() : nullptr;
+}
+
 // While Ctrl is held the frame holds another verse than the projection, and a page that is built anew gets that of the
 // projection.
 int ConsoleCore::VersoNoTelao() const {
@@ -97,7 +96,7 @@ void ConsoleCore::TelaMudou() {
   loader.RecarregaMusica(false);
   leitura.RecarregaVersiculo(false);
   const int montada = estado.EstrofeAtual;
-  if (estado.PaginaDeTexto()) {
+  if (estado.PaginaDeTexto() && !video.EmExibicao()) { // whose sound the building would end
     paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, 0);
     leitura.ReenviaVersiculo();
   }

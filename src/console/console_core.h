@@ -88,6 +88,7 @@ public:
   void TelaoRefeito();
 
 private:
+  MediaPlayer *Wmp() const; // null while there is no projection
   int VersoNoTelao() const;
   PageBuilder::Hosts Hosts(const ConsoleDoors &doors);
 };

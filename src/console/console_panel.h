@@ -51,6 +51,7 @@ struct PainelVideo {
   enum class Situacao { Tocando, Parado, Acabou, Falhou };
   bool Ativo = false;
   Situacao situacao = Situacao::Tocando;
+  bool ImagemIlegivel = false; // its picture cannot be decoded: sound alone
   QString Nome;  // of its file
   QString Tempo; // gone by and in all; empty while unknown
   friend bool operator==(const PainelVideo &, const PainelVideo &) = default;

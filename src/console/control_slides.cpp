@@ -48,6 +48,10 @@ QString ControlSlides::Resolve(const QString &name) const {
   return {};
 }
 
+bool ControlSlides::TemSlides(const QString &path) const {
+  return LeSlidesParaExibir(path).Count() > 0;
+}
+
 bool ControlSlides::Le(const QString &path) {
   SlideDocument lido = LeSlidesParaExibir(path);
   if (lido.Count() < 1)

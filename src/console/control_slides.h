@@ -21,6 +21,7 @@ public:
 
   // The document that an entry of the agenda names, by a path or by a name in <app>\Slides\; empty when there is none.
   QString Resolve(const QString &name) const;
+  bool TemSlides(const QString &path) const; // it can be read and holds one at least
 
   // The document becomes the item on show, under the title `caption`, and begins with slide `index`; with the picture
   // of the first one, without text, when there is no such slide. False when it has no slides: the operator is told, and

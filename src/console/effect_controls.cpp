@@ -100,8 +100,9 @@ bool EffectControls::ImagemDaGaleria(const QString &path, bool move) {
   EstadoConsole &estado = m_console.estado;
   if (!Carregado())
     return false;
-  if (estado.EhSlides() || estado.EhSlideShow()) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), NaoDuranteSlides);
+  if (estado.EhSlides() || estado.EhSlideShow() || estado.EhVideo()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
+                             estado.EhVideo() ? NaoDuranteVideo : NaoDuranteSlides);
     return false;
   }
   estado.FundoPreso = true;
@@ -191,11 +192,16 @@ void EffectControls::SelectColors1() {
     updateEfeitos2();
   } else if (cor) {
     estado.TemaAtual.CordeFundo = *cor;
-    if (estado.EhSlideShow()) // whose page stays; the colour is there behind it
-      estado.TemaAtual.Tipo = QStringLiteral("CorDeFundo");
-    else if (estado.TemaAtual.Tipo != u"CorDeFundo")
-      m_temas.DefineTipo(QStringLiteral("CorDeFundo"));
-    EnviaCorDeFundo();
+    const bool atras = estado.EhSlideShow() || estado.EhVideo(); // whose page stays; the colour is there behind it
+    if (estado.TemaAtual.Tipo != u"CorDeFundo") {
+      if (atras)
+        m_temas.DefineFundoMudou(true);
+      else
+        m_temas.DefineTipo(QStringLiteral("CorDeFundo"));
+    }
+    estado.TemaAtual.Tipo = QStringLiteral("CorDeFundo");
+    if (!estado.EhVideo() || estado.PaginaDeTexto())
+      EnviaCorDeFundo();
     updateEfeitos2();
     m_console.Atualiza();
   }

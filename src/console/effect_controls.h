@@ -28,7 +28,7 @@ public:
   void ComboEfeitoTextoExtra(const QString &variante);
 
   // One picture over the theme, placed by hand: no item changes the theme until the text is moved. `move` as
-  // ChkMoveImagem. False while slides or a show are on, which is told.
+  // ChkMoveImagem. False while slides, a show or a video are on, which is told.
   bool ImagemDaGaleria(const QString &path, bool move);
   void ChkMoveImagem(bool ligado);
   void ChkFadeImagem(bool ligado);

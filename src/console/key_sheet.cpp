@@ -24,6 +24,8 @@ std::vector<Atalho> Estados() {
                               ScreenControls::LegendaDoEstado(i).trimmed()));
   estados.push_back(Entrada(Comando::Imagem, QKeySequence(Qt::CTRL | Qt::Key_G), QObject::tr("P&icture on the screen…"),
                             QObject::tr("Picture on the screen")));
+  estados.push_back(Entrada(Comando::Video, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V),
+                            QObject::tr("&Video control…"), QObject::tr("The control of the video on show")));
   estados.push_back(Entrada(Comando::Cameras, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), QObject::tr("Ca&meras…"),
                             QObject::tr("A camera behind the text")));
   estados.push_back(Tecla(QStringLiteral("Ctrl+A"), QObject::tr("A notice over whatever is on show")));

@@ -14,6 +14,7 @@ enum class Comando {
   Estado0,
   Estado4 = Estado0 + 4,
   Imagem,
+  Video,
   Cameras,
   Referencia,
   NavegaBiblia,

@@ -35,11 +35,8 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
   EstadoConsole &estado = m_console.estado;
   PainelConsole &painel = m_console.painel;
 
-  // What is on show stays, with what runs over it.
-  if (const QString recusa = Recusa(kind, name); !recusa.isEmpty() && !name.isEmpty()) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), recusa);
+  if (!name.isEmpty() && Recusa(kind, caption, name))
     return;
-  }
   const QString legenda = std::exchange(m_console.legenda.TextoLegenda, QString());
   FechaSlideShow(kind);
   const bool haviaVideo = m_video.EmExibicao();
@@ -68,11 +65,37 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     m_console.view->FocusStrip();
 }
 
-QString PresentationFlow::Recusa(int kind, const QString &name) const {
+bool PresentationFlow::Recusa(int kind, const QString &caption, const QString &name) {
+  if (kind >= 4 && kind <= 6) {
+    const QString falta = FaltaArquivo(kind, name);
+    if (!falta.isEmpty())
+      m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), falta);
+    return !falta.isEmpty();
+  }
+  if (TemTexto(kind, name))
+    return false;
+  LeTexto(kind, caption, name, false); // which tells it and changes nothing
+  return true;
+}
+
+bool PresentationFlow::TemTexto(int kind, const QString &name) {
+  return kind == 1 ? m_leitura.TemTexto(name) : !ResolveSongPath(m_console.app, name + u".txt").isEmpty();
+}
+
+bool PresentationFlow::LeTexto(int kind, const QString &caption, const QString &name, bool applyTheme) {
+  return kind == 1 ? m_leitura.exibeTextoBiblico(name, applyTheme, true)
+                   : m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true);
+}
+
+QString PresentationFlow::FaltaArquivo(int kind, const QString &name) const {
   if (kind == 4 && !FileExists(name) && EhVideoDaWeb(name))
     return QStringLiteral("Web videos cannot be shown yet.");
-  const bool falta = kind == 5 ? m_slides.Resolve(name).isEmpty() : (kind == 4 || kind == 6) && !FileExists(name);
-  return falta ? QStringLiteral("File not found!") : QString();
+  const QString slides = kind == 5 ? m_slides.Resolve(name) : QString();
+  if (kind == 5 ? slides.isEmpty() : !FileExists(name))
+    return QStringLiteral("File not found!");
+  if (kind == 5 && !m_slides.TemSlides(slides))
+    return QStringLiteral("There is no slide.");
+  return {};
 }
 
 bool PresentationFlow::Carrega(int kind, const QString &caption, const QString &name) {
@@ -109,12 +132,9 @@ bool PresentationFlow::CarregaTexto(int kind, const QString &caption, const QStr
     m_temas.TrocaTema(estado.IndiceTema);
   const bool applyTheme =
       !depoisDeSlides && (m_temas.CheckAlteraTemaAleatorio() || estado.ProximoTema != SemTemaNaFila);
-  const bool shown = kind == 1 ? m_leitura.exibeTextoBiblico(name, applyTheme, true)
-                               : m_loader.ListMusicasDuploClique(caption, name + u".txt", applyTheme, true);
+  const bool shown = LeTexto(kind, caption, name, applyTheme);
   if (depoisDeSlides && shown)
     m_slides.Fecha();
-  else if (depoisDeSlides)
-    m_temas.StopRotation();
   return shown;
 }
 

@@ -43,7 +43,11 @@ public:
 
 private:
   void FechaSlideShow(int kind);
-  QString Recusa(int kind, const QString &name) const; // why it cannot be shown; empty when it can
+  // What cannot be shown is told, and what is on show stays, with what runs over it. False when it can be shown.
+  bool Recusa(int kind, const QString &caption, const QString &name);
+  QString FaltaArquivo(int kind, const QString &name) const; // as it is told; empty where nothing is missing
+  bool TemTexto(int kind, const QString &name);
+  bool LeTexto(int kind, const QString &caption, const QString &name, bool applyTheme);
   void Mostra(int kind, const QString &caption, const QString &name);
   bool Carrega(int kind, const QString &caption, const QString &name);
   bool CarregaShow(const QString &path);

@@ -72,6 +72,8 @@ void DizDoVideo(const PainelVideo &video, SituacaoDaTela &dita) {
     return;
   }
   dita.LbDetalheTela = video.Tempo.isEmpty() ? video.Nome : QString(video.Nome + u" · " + video.Tempo);
+  if (video.ImagemIlegivel)
+    dita.LbDetalheTela = QObject::tr("Sound alone, the picture cannot be decoded · %1").arg(dita.LbDetalheTela);
 }
 
 QString DizDaCamera(const PainelCamera &camera) {

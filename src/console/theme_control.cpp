@@ -80,6 +80,14 @@ void ThemeControl::MontaPagina(int posicao) {
     ReenviaVersiculo();
 }
 
+void ThemeControl::VoltaAoFundo() {
+  StopRotation();
+  MontaPagina(m_console.estado.EstrofeAtual);
+  m_imagem = 1;
+  DefineTimerInterval();
+  m_console.Atualiza();
+}
+
 bool ThemeControl::TrocaTema(int slot) {
   EstadoConsole &estado = m_console.estado;
   if (slot == 0 && !m_altera && estado.ProximoTema < 1)
@@ -192,7 +200,7 @@ void ThemeControl::PressTile(int n) {
     return;
   }
   const bool textOnShow = estado.EhLetra() || estado.TipoAtual == u"Bíblia";
-  if (textOnShow && n != estado.IndiceTema) {
+  if ((textOnShow || estado.EhVideo()) && n != estado.IndiceTema) {
     estado.ProximoTema = n;
     m_console.painel.PicAvisoProximo = n;
     m_timerProximoTema->Start(TempoDoAviso);
@@ -200,13 +208,20 @@ void ThemeControl::PressTile(int n) {
     return;
   }
   ClearQueue();
+  if (estado.EhVideo()) {
+    AplicaPorTras();
+    m_console.Atualiza();
+    return;
+  }
   bool forcar = true;
   aplicaTema(n, forcar);
 }
 
 void ThemeControl::MenuAplicar(int n) {
-  if (m_console.estado.EhSlideShow()) {
-    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), NaoDuranteSlides);
+  const EstadoConsole &estado = m_console.estado;
+  if (estado.EhSlideShow() || estado.EhVideo()) {
+    m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"),
+                             estado.EhVideo() ? NaoDuranteVideo : NaoDuranteSlides);
     return;
   }
   bool forcar = false;
@@ -222,6 +237,13 @@ void ThemeControl::TemaSalvo() {
     aplicaTema(estado.IndiceTema, forcar);
     return;
   }
+  AplicaPorTras();
+}
+
+// What is on show covers the theme's page, which comes when it has ended.
+void ThemeControl::AplicaPorTras() {
+  EstadoConsole &estado = m_console.estado;
+  m_fundoMudou = true;
   const QString tamanho = estado.TemaAtual.Font_Size;
   estado.TemaAtual = m_temas[static_cast<size_t>(std::clamp(estado.IndiceTema, 1, NumeroDeTemas))];
   estado.TemaAtual.Font_Size = tamanho;

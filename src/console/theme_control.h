@@ -11,6 +11,7 @@ namespace tolmira {
 
 // What the operator reads who wants another background while slides or a slide show cover it.
 inline const QString NaoDuranteSlides = QStringLiteral("Not applicable during slideshow display.");
+inline const QString NaoDuranteVideo = QStringLiteral("Not applicable while a video is on show.");
 
 // The sixteen slots on the console: applying, queueing, drawing, and the rotation of pictures.
 class ThemeControl {
@@ -27,11 +28,17 @@ public:
   // The theme in force becomes one of that kind, for this session, and its page is built.
   void DefineTipo(const QString &tipo);
 
-  // A press on tile n: queues while a text is on show, applies at once on the active tile or when nothing is on show.
+  // A press on tile n: queues while a text or a local video is on show, applies at once on the active tile or when
+  // nothing is on show. Behind a video, whose page stays, that shows when it has ended.
   void PressTile(int n);
   void MenuAplicar(int n);
   // A theme was saved: the one in force is applied again. Slides and videos, which cover its page, are not disturbed.
   void TemaSalvo();
+  // The page of the theme in force as it is now, with what was placed by hand, and its rotation; without a text.
+  void VoltaAoFundo();
+  // The page of a theme that stands behind a sound is not that of the theme in force any more.
+  bool FundoMudou() const { return m_fundoMudou; }
+  void DefineFundoMudou(bool mudou) { m_fundoMudou = mudou; }
   void ClearQueue();
   void StopRotation();
 
@@ -55,6 +62,7 @@ public:
 
 private:
   void AplicaTemaAtual();
+  void AplicaPorTras();
   void MontaPagina(int posicao);
   void TickTrocaImagem();
 
@@ -62,6 +70,7 @@ private:
   TabelaTemas &m_temas;
   std::array<bool, NumeroDeTemas + 1> m_chkIM{};
   bool m_altera = true;
+  bool m_fundoMudou = false;
   int m_imagem = 1; // position in the theme's list, from 1
   std::unique_ptr<PeriodicTimer> m_timerTrocaImagem;
   std::unique_ptr<PeriodicTimer> m_timerProximoTema;

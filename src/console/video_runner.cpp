@@ -35,12 +35,13 @@ void VideoRunner::Inicia(const QString &path, const QString &caption) {
   m_soAudio = EhSoAudio(path);
   m_emExibicao = true;
   m_posicao = 0;
+  m_loop = false;
+  m_faixa = 0;
   estado.DefineTipo(QStringLiteral("Video"));
-  if (m_soAudio)
+  if (m_soAudio) {
     PreparaFundo();
-  // Also over a background that stays: nobody may rebuild that page, which would stop the player.
-  estado.PaginaAtual = PaginaVazia;
-  if (!m_soAudio) {
+  } else {
+    estado.PaginaAtual = PaginaVazia;
     m_temas.StopRotation();
     for (PageObject *host : {m_console.Pagina(Alvo::Telao), m_console.Pagina(Alvo::Previa)})
       if (host)
@@ -50,7 +51,7 @@ void VideoRunner::Inicia(const QString &path, const QString &caption) {
   EsvaziaConsole(m_console, m_stepper);
   estado.TituloAtual = m_console.painel.Label9 = caption;
   Toca(0, false);
-  m_console.painel.video = {true, PainelVideo::Situacao::Tocando, FileNameOf(path), QString()};
+  m_console.painel.video = {true, PainelVideo::Situacao::Tocando, false, FileNameOf(path), QString()};
   m_console.Atualiza();
   if (AbreControle)
     AbreControle();
@@ -81,26 +82,24 @@ void VideoRunner::Toca(double desde, bool parado) {
 
 // What is behind a sound: the page on show without its text, or the theme's where another kind of page stands.
 void VideoRunner::PreparaFundo() {
+  m_temas.DefineFundoMudou(false);
   if (m_console.estado.PaginaDeTexto()) {
     m_console.canal.SendToDisplay(QStringLiteral("UpdateText|#|#|#"));
     CallPageScript(m_console.Pagina(Alvo::Previa), QStringLiteral("UpdateTextHtml"));
     return;
   }
   EsvaziaConsole(m_console, m_stepper);
-  bool forcar = true;
-  m_temas.aplicaTema(m_console.estado.IndiceTema, forcar);
+  m_temas.VoltaAoFundo();
 }
 
-// The file turned out to have no picture. Building the page stops the player, so that the sound begins again.
+// The file turned out to have no picture, and waits. Building the page closes it.
 void VideoRunner::MostraFundo() {
   m_soAudio = true;
   m_timerWMP->Stop(); // the building yields
   const bool parado = Wmp()->State() == PlayState::Paused;
   PreparaFundo();
-  if (!m_emExibicao)
-    return;
-  m_console.estado.PaginaAtual = PaginaVazia;
-  Toca(0, parado);
+  if (m_emExibicao)
+    Toca(0, parado);
 }
 
 bool VideoRunner::Para() {
@@ -110,8 +109,9 @@ bool VideoRunner::Para() {
     display->EscondeMidia();
     display->wmp()->ControlsStop();
     display->wmp()->Close();
-    display->wmp()->SetLoop(false);
   }
+  if (m_temas.FundoMudou()) // the page of a sound's background is to be built anew
+    m_console.estado.PaginaAtual.clear();
   SaiuDoTelao();
   return true;
 }
@@ -119,6 +119,8 @@ bool VideoRunner::Para() {
 void VideoRunner::SaiuDoTelao() {
   m_emExibicao = false;
   m_timerWMP->Stop();
+  if (MediaPlayer *wmp = Wmp())
+    wmp->SetLoop(false); // which was for this one
   m_console.painel.video = {};
   if (FechaControle)
     FechaControle();
@@ -132,11 +134,8 @@ void VideoRunner::Encerra() {
 void VideoRunner::VoltaAoTema() {
   EstadoConsole &estado = m_console.estado;
   NadaEmExibicao();
-  estado.PaginaAtual.clear();
-  if (estado.TelaPronta) {
-    bool forcar = true;
-    m_temas.aplicaTema(estado.IndiceTema, forcar);
-  }
+  if (estado.TelaPronta && !estado.PaginaDeTexto()) // where a sound has ended its background stands
+    m_temas.VoltaAoFundo();
   m_console.Atualiza();
 }
 
@@ -160,6 +159,8 @@ void VideoRunner::TickWMP() {
   if (wmp->SemImagem() && !m_soAudio)
     return MostraFundo();
   m_posicao = wmp->CurrentPosition();
+  m_loop = wmp->Loop();
+  m_faixa = wmp->FaixaDeAudioAtual();
   if (PainelVideo agora = Descreve(*wmp); agora != m_console.painel.video) {
     m_console.painel.video = std::move(agora);
     m_console.Atualiza();
@@ -169,7 +170,7 @@ void VideoRunner::TickWMP() {
 PainelVideo VideoRunner::Descreve(const MediaPlayer &wmp) const {
   using Situacao = PainelVideo::Situacao;
   const PlayState state = wmp.State();
-  PainelVideo video{true, Situacao::Tocando, FileNameOf(m_path), QString()};
+  PainelVideo video{true, Situacao::Tocando, wmp.ImagemIlegivel(), FileNameOf(m_path), QString()};
   if (wmp.Falhou())
     video.situacao = Situacao::Falhou;
   else if (state == PlayState::Ended)
@@ -182,10 +183,19 @@ PainelVideo VideoRunner::Descreve(const MediaPlayer &wmp) const {
 }
 
 void VideoRunner::TelaoRefeito() {
-  if (!m_soAudio)
-    if (PageObject *pagina = m_console.Pagina(Alvo::Telao))
-      pagina->Navigate(m_console.app.At(CaminhoDaPaginaVazia), TempoLimiteSegundos);
+  constexpr int Telao = 1;
+  if (m_soAudio)
+    m_console.paginas.MontaPagina(m_console.estado.TemaAtual, m_console.estado.EstrofeAtual, Telao);
+  else if (PageObject *pagina = m_console.Pagina(Alvo::Telao))
+    pagina->Navigate(m_console.app.At(CaminhoDaPaginaVazia), TempoLimiteSegundos);
+  if (!m_emExibicao) // the building yields
+    return;
   Toca(m_posicao, m_console.painel.video.situacao != PainelVideo::Situacao::Tocando);
+  MediaPlayer *wmp = Wmp();
+  if (wmp && m_loop)
+    wmp->SetLoop(true);
+  if (wmp && m_faixa > 0)
+    wmp->DefineFaixaDeAudio(m_faixa);
 }
 
 } // namespace tolmira

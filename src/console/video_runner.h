@@ -47,7 +47,10 @@ private:
   QString m_path;
   bool m_emExibicao = false;
   bool m_soAudio = false; // the background stands instead of the empty page
-  double m_posicao = 0;   // seconds, at the last tick
+  // At the last tick, for a projection that is made anew.
+  double m_posicao = 0; // seconds
+  bool m_loop = false;
+  int m_faixa = 0;
   std::unique_ptr<PeriodicTimer> m_timerWMP;
 };
 

@@ -1,5 +1,6 @@
 #include "display/FrmQuendar.h"
 
+#include "display/ui/awake_on_x11.h"
 #include "display/ui/grip_strip.h"
 #include "display/ui/notice_layer.h"
 #include "display/ui/picture_layer.h"
@@ -22,6 +23,7 @@ constexpr int FullAlfa = 255;
 constexpr int FadeStep = 20;
 constexpr int FadeIntervalMs = 16;
 constexpr int GripIntervalMs = 3000;
+constexpr int AwakeIntervalMs = 30000;   // less than any desktop waits before it darkens its screens
 constexpr int GripIgnoreAboveTwips = 50; // at the very edge the pointer leaves the strip's timer alone
 
 bool OnX11() {
@@ -106,6 +108,7 @@ struct FrmQuendar::Impl : public DisplayLayers {
   std::unique_ptr<DisplayCommands> commands;
   std::unique_ptr<PeriodicTimer> timerFade;
   std::unique_ptr<PeriodicTimer> timerRemoveBarraTitulo;
+  QTimer acordado; // of the desktop's own time, which no story of the logic depends on
   bool mediaWanted = false; // in front of the page, as soon as there is a picture
   int alfa = 0;
   bool moverAtivo = false;
@@ -142,9 +145,19 @@ FrmQuendar::Impl::Impl(FrmQuendar &owner, Parts given)
     picWV->AddObserver(parts.observer);
   commands =
       std::make_unique<DisplayCommands>(parts.estado, parts.legenda, parts.app, *this, parts.mirror, parts.clock);
-  player->OnImagem = [this] { PutMediaInFront(mediaWanted); };
+  player->OnImagem = [this] {
+    PutMediaInFront(mediaWanted);
+    if (player->TemImagem())
+      picWV->Espera(false);
+  };
+  player->OnFalha = [this] { picWV->Espera(false); };
   timerFade = parts.clock.NewTimer([this] { TickFade(); });
   timerRemoveBarraTitulo = parts.clock.NewTimer([this] { TickGrip(); });
+  QObject::connect(&acordado, &QTimer::timeout, &owner, [this] {
+    if (window.isVisible())
+      KeepScreenAwake();
+  });
+  acordado.start(AwakeIntervalMs);
 
   picWV->OnRecovered = [this] {
     if (window.OnRecovered)
@@ -167,6 +180,10 @@ void FrmQuendar::Impl::ShowPicwmp(bool visible) {
   if (!visible && MediaCoversPage() && window.isVisible())
     picWV->Segura(picwmp->grab());
   picwmp->setVisible(visible);
+  if (!visible) {
+    picWV->Espera(false);
+    player->SetEsperaImagem(false);
+  }
 }
 
 // The layer without a picture would be black, so it waits behind the page. It is shown there all the same: a player
@@ -205,6 +222,7 @@ void FrmQuendar::Impl::SetTopmost(bool topmost) {
 void FrmQuendar::Impl::Unload() {
   timerFade->Stop();
   timerRemoveBarraTitulo->Stop();
+  acordado.stop();
   player->Close();
   withoutScreen = true;
   window.hide();
@@ -413,7 +431,11 @@ void FrmQuendar::EscondeMidia() {
 void FrmQuendar::PreparaVideo() {
   m_impl->commands->PreparaVideo();
 }
+// Until the media has its picture, or has failed, the one that stood before the empty page stays. What turns out to be
+// sound alone waits for its background.
 void FrmQuendar::MostraMidia() {
+  m_impl->picWV->Espera(!m_impl->player->TemImagem());
+  m_impl->player->SetEsperaImagem(true);
   m_impl->ShowPicwmp(true);
   m_impl->ShowWmp(true);
   m_impl->PutMediaInFront(true);

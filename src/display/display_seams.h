@@ -43,7 +43,9 @@ struct FaixaDeAudio {
 class MediaPlayer {
 public:
   virtual ~MediaPlayer() = default;
-  virtual void SetUrl(const QString &storedPathOrAddress) = 0; // begins to play unless stopped, as `URL` does
+  // Begins to play unless stopped, as `URL` does. What is asked for in the same turn of the loop, a position or a pause,
+  // counts from the first sound on.
+  virtual void SetUrl(const QString &storedPathOrAddress) = 0;
   virtual QString Url() const = 0;
   virtual void Close() = 0;
   virtual void ControlsPlay() = 0;
@@ -58,7 +60,8 @@ public:
   virtual bool Loop() const = 0;
   virtual PlayState State() const = 0;
   virtual bool Falhou() const = 0;    // the media could not be opened, or broke off with an error; a play tries again
-  virtual bool SemImagem() const = 0; // the media is open and has sound alone
+  virtual bool SemImagem() const = 0; // the media is open and has sound alone, or nothing else that can be decoded
+  virtual bool ImagemIlegivel() const = 0; // the latter
   virtual QList<FaixaDeAudio> FaixasDeAudio() const = 0; // empty until the media is open
   virtual int FaixaDeAudioAtual() const = 0;             // its id; 0 for none
   virtual void DefineFaixaDeAudio(int id) = 0;
@@ -120,7 +123,9 @@ public:
   // there stays until the next page has drawn itself, or for a moment when none comes.
   virtual void EscondeMidia() = 0;
   virtual void PreparaVideo() = 0; // the media reset: the player's area takes the whole window, volume 50
-  virtual void MostraMidia() = 0;  // the area covers the page from the first picture of the media on
+  // The area covers the page from the first picture of the media on. Until then what stood before the present page is
+  // seen, for a few seconds at most, and media that turn out to have no picture wait at their start.
+  virtual void MostraMidia() = 0;
   virtual void ParaRampa() = 0; // a fade of the sound that has begun ends where it is
   virtual QSize SizePx() const = 0; // of the projection window, in pixels
   virtual bool DisplayVisivel() const = 0;

@@ -75,6 +75,7 @@ struct EstadoConsole {
     }
   }
   bool EhSlides() const { return TipoAtual == u"Slides"; }
+  bool EhVideo() const { return TipoAtual == u"Video"; } // a local one, or a sound
   bool EhSlideShow() const { return TipoAtual == u"SlideShow"; }
   // The page on the projection takes verses.
   bool PaginaDeTexto() const {

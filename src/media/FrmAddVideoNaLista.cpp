@@ -73,7 +73,7 @@ FrmAddVideoNaLista::FrmAddVideoNaLista(const VideoDoors &doors, std::function<vo
 
 void FrmAddVideoNaLista::Open() {
   AtualizaAgenda();
-  m_commandControle->setEnabled(m_doors.emExibicao());
+  AtualizaControle();
   if (!isVisible()) {
     m_text1->clear();
     m_label2->clear();
@@ -83,6 +83,10 @@ void FrmAddVideoNaLista::Open() {
   raise();
   activateWindow();
   m_commandVideo->setFocus();
+}
+
+void FrmAddVideoNaLista::AtualizaControle() {
+  m_commandControle->setEnabled(m_doors.emExibicao());
 }
 
 void FrmAddVideoNaLista::AtualizaAgenda() {
@@ -99,6 +103,9 @@ void FrmAddVideoNaLista::CommandVideo() {
   for (const QString &path : escolhidos) {
     QString mensagem;
     m_doors.console.PorNaLista(NomeDoVideo(path), TipoVideoDaAgenda, path, mensagem);
+    // Where one of several was not added, it is said which.
+    if (escolhidos.size() > 1 && !mensagem.startsWith(u"Adicionado com sucesso"))
+      mensagem = NomeDoVideo(path) + u": " + mensagem;
     if (!mensagens.contains(mensagem))
       mensagens << mensagem;
   }

@@ -19,6 +19,7 @@ public:
   FrmAddVideoNaLista(const VideoDoors &doors, std::function<void()> abreControle);
 
   void Open();
+  void AtualizaControle(); // a video came on show, or has ended
   void AtualizaAgenda(); // another agenda is active, or it has another title
 
 protected:

@@ -82,6 +82,10 @@ void FrmVideoControl::MakeTrack(QVBoxLayout *column) {
     m_doors.controle.VaiPara(percentual);
     TickProgress();
   });
+  connect(m_picS2, &PositionBar::AoFim, this, [this] {
+    m_doors.controle.VaiAoFim();
+    TickProgress();
+  });
   connect(m_picS2, &PositionBar::Passo, this, [this](int seconds) {
     m_doors.controle.Anda(seconds);
     TickProgress();
@@ -159,17 +163,20 @@ void FrmVideoControl::MakeSound(QVBoxLayout *column) {
   });
 }
 
-void FrmVideoControl::Open() {
+void FrmVideoControl::Open(bool comTeclado) {
   m_doors.controle.Carrega();
   MostraVolume();
   TickProgress();
   m_timerProgress->Start(ProgressMs);
   if (!isVisible())
     m_doors.posicoes.RestoreFormPosition(*this, false);
+  setAttribute(Qt::WA_ShowWithoutActivating, !comTeclado);
+  m_image3[VideoControl::TocaOuPara]->setFocus();
   show();
+  if (!comTeclado)
+    return;
   raise();
   activateWindow();
-  m_image3[VideoControl::TocaOuPara]->setFocus();
 }
 
 void FrmVideoControl::Image3(VideoControl::Botao botao) {
@@ -196,14 +203,15 @@ void FrmVideoControl::TickProgress() {
 }
 
 void FrmVideoControl::MostraAviso(const VideoControl::Progresso &visto) {
-  const QString aviso = visto.falhou      ? tr("This file cannot be played.")
-                        : visto.acabou    ? tr("The video has ended.")
-                        : visto.semImagem ? tr("Sound alone: the background stays.")
-                                          : QString();
+  const QString aviso = visto.falhou           ? tr("This file cannot be played.")
+                        : visto.acabou         ? tr("The video has ended.")
+                        : visto.imagemIlegivel ? tr("The picture of this file cannot be decoded: sound alone.")
+                        : visto.semImagem      ? tr("Sound alone: the background stays.")
+                                               : QString();
   if (aviso == m_labelAviso->text())
     return;
   m_labelAviso->setText(aviso);
-  SetLook(m_labelAviso, "state", visto.falhou ? QStringLiteral("held") : QString());
+  SetLook(m_labelAviso, "state", visto.falhou || visto.imagemIlegivel ? QStringLiteral("held") : QString());
 }
 
 void FrmVideoControl::MostraFaixas() {

@@ -27,7 +27,7 @@ public:
   explicit FrmVideoControl(const VideoDoors &doors);
   ~FrmVideoControl() override;
 
-  void Open();
+  void Open(bool comTeclado); // without it the console keeps the keyboard
 
 signals:
   void Closed();

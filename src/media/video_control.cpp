@@ -64,6 +64,12 @@ void VideoControl::VaiPara(double percentual) {
   wmp->SetCurrentPosition(std::clamp(percentual, 0.0, 100.0) / 100 * wmp->MediaDuration());
 }
 
+void VideoControl::VaiAoFim() {
+  constexpr double Antes = 1; // second
+  if (TemMidia())
+    m_wmp()->SetCurrentPosition(std::max(0.0, m_wmp()->MediaDuration() - Antes));
+}
+
 void VideoControl::Anda(double seconds) {
   if (!TemMidia())
     return;
@@ -116,6 +122,7 @@ VideoControl::Progresso VideoControl::Olha() const {
   visto.acabou = wmp->State() == PlayState::Ended;
   visto.falhou = wmp->Falhou();
   visto.semImagem = wmp->SemImagem();
+  visto.imagemIlegivel = wmp->ImagemIlegivel();
   if (!TemMidia())
     return visto;
   visto.Label1 = TempoDeMidia(wmp->CurrentPosition());

@@ -24,6 +24,7 @@ public:
 
   bool TemMidia() const;
   void VaiPara(double percentual); // nothing where there is no media
+  void VaiAoFim();                 // so near to it that one that does not loop goes on for a moment
   void Anda(double seconds);       // forwards, or back; stays within the media
 
   int Volume() const;
@@ -42,6 +43,7 @@ public:
     bool acabou = false;
     bool falhou = false;
     bool semImagem = false;
+    bool imagemIlegivel = false;
   };
   Progresso Olha() const;
 

@@ -261,7 +261,7 @@ inline const std::map<QString, Opener> &EveryWindow() {
       {QStringLiteral("FrmVideoControl"),
        [](House &h) {
          auto windows = WindowsOfVideos(h);
-         windows->AbreControle();
+         windows->AbreControle(true);
          return windows;
        }},
       {QStringLiteral("FrmAddVideoNaLista"),

@@ -23,6 +23,13 @@ private:
     }
     QString Path(const char *name = "Filme.mp4") const { return folder.filePath(QLatin1String(name)); }
     void ShowIt(const char *name = "Filme.mp4") { core.flow.ShowEntry(4, 1, QStringLiteral("Filme"), Path(name)); }
+    // As another part of the console might: the page's command closes the player.
+    void BuildPage() {
+      bool forcar = true;
+      core.temaControle.aplicaTema(2, forcar);
+      display.player.Close();
+    }
+    int PagesBuilt() { return static_cast<int>(TakeJournal().filter(QStringLiteral("CarregaTema|#")).size()); }
     QString Banner() {
       core.contexto.descreve();
       const SituacaoDaTela &dita = core.painel.situacao;
@@ -110,25 +117,23 @@ private slots:
   // Whatever leaves nothing in the place of the video brings the theme, not black.
   void theThemeComesBack_data() {
     QTest::addColumn<QString>("how");
-    for (const char *how : {"ended", "nothing", "missing song", "tile"})
+    for (const char *how : {"ended", "nothing", "page in its place"})
       QTest::newRow(how) << QString::fromLatin1(how);
   }
   void theThemeComesBack() {
     QFETCH(QString, how);
     House house;
     house.ShowIt();
+    house.display.player.loop = true;
     house.Forget();
     if (how == u"ended")
       house.core.video.Encerra();
     else if (how == u"nothing")
       house.core.flow.ShowEntry(2, 0, QString(), QString());
-    else if (how == u"missing song")
-      house.Show(QStringLiteral("No such song"));
     else
-      house.core.temaControle.PressTile(2);
-    if (how == u"tile")
-      house.display.player.Close(); // as the page's command does
+      house.BuildPage();
     house.clock.Advance(1000);
+    QVERIFY(!house.display.player.loop); // which was for this one
     QVERIFY(!house.core.video.EmExibicao());
     QVERIFY(house.core.estado.PaginaDeTexto());
     QCOMPARE(house.core.estado.TipoAtual, QString());
@@ -140,22 +145,37 @@ private slots:
   }
 
   void whatCannotBeShownChangesNothing_data() {
+    QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("target");
     QTest::addColumn<QString>("message");
-    QTest::newRow("missing") << "/v/none.mp4"
+    QTest::newRow("missing") << 4 << "/v/none.mp4"
                              << "File not found!";
-    QTest::newRow("another site") << "https://example.org/v.mp4"
+    QTest::newRow("another site") << 4 << "https://example.org/v.mp4"
                                   << "File not found!";
-    QTest::newRow("web video") << "https://www.YouTube.com/embed/x"
+    QTest::newRow("web video") << 4 << "https://www.YouTube.com/embed/x"
                                << "Web videos cannot be shown yet.";
+    QTest::newRow("song") << 2 << "No such song"
+                          << "Item not found.\n\nThe file may have been deleted or moved to another location.";
+    QTest::newRow("slides") << 5 << "none.sld"
+                            << "File not found!";
+    QTest::newRow("slides without a slide") << 5 << "empty.sld"
+                                            << "There is no slide.";
+    QTest::newRow("verse") << 1 << "Genesis 1:1"
+                           << "";
   }
   void whatCannotBeShownChangesNothing() {
+    QFETCH(int, kind);
     QFETCH(QString, target);
+    QFETCH(QString, message);
     House house;
+    house.Write(QStringLiteral("Slides/empty.sld"), "[Config]\r\nCount=0\r\n");
     house.ShowIt();
     house.Forget();
-    house.core.flow.ShowEntry(4, 1, QStringLiteral("Outro"), target);
-    QTEST(house.prompt.shown.last().text, "message");
+    house.core.flow.ShowEntry(kind, 1, QStringLiteral("Outro"), target);
+    if (message.isEmpty()) // it is told in the strip
+      QVERIFY(!house.core.painel.MensagemTira.isEmpty());
+    else
+      QCOMPARE(house.prompt.shown.last().text, message);
     QVERIFY(house.TakeJournal().isEmpty());
     QVERIFY(house.core.video.EmExibicao());
     QCOMPARE(house.core.painel.Label9, QStringLiteral("Filme"));
@@ -177,6 +197,48 @@ private slots:
     // Another size of the projection builds no page, which would stop the sound.
     house.core.TelaMudou();
     QVERIFY(house.TakeJournal().isEmpty());
+    QVERIFY(house.core.estado.PaginaDeTexto());
+    // When it has ended the background stands as it is, unless its theme was saved meanwhile.
+    house.core.video.Encerra();
+    QCOMPARE(house.PagesBuilt(), 0);
+    house.ShowIt("Hino.mp3");
+    house.core.temaControle.TemaSalvo();
+    QCOMPARE(house.PagesBuilt(), 0);
+    house.core.video.Encerra();
+    QCOMPARE(house.PagesBuilt(), 1);
+  }
+
+  void aBackgroundPlacedByHandComesBack() {
+    House house;
+    QVERIFY(house.core.efeitos.ImagemDaGaleria(QStringLiteral("/p/mao.jpg"), false));
+    house.ShowIt();
+    house.Forget();
+    house.core.video.Encerra();
+    QCOMPARE(house.PagesBuilt(), 1);
+    QVERIFY(house.core.estado.TemaAtual.Imagem.contains(u"mao.jpg"));
+  }
+
+  // Nobody ends a video by choosing a background.
+  void aBackgroundWaits() {
+    House house;
+    house.ShowIt();
+    house.Forget();
+    house.core.temaControle.PressTile(2);
+    QCOMPARE(house.core.estado.ProximoTema, 2);
+    house.core.temaControle.MenuAplicar(3);
+    QCOMPARE(house.prompt.shown.last().text, QStringLiteral("Not applicable while a video is on show."));
+    QVERIFY(!house.core.efeitos.ImagemDaGaleria(QStringLiteral("/p/a.jpg"), false));
+    house.prompt.colours = {255};
+    house.core.efeitos.SelectColors1();
+    QVERIFY(house.TakeJournal().isEmpty());
+    house.Show(QStringLiteral("Canto"));
+    QCOMPARE(house.core.estado.IndiceTema, 2);
+    house.ShowIt();
+    house.Forget();
+    house.core.temaControle.PressTile(2); // the one in force
+    QCOMPARE(house.core.estado.ProximoTema, SemTemaNaFila);
+    QVERIFY(house.TakeJournal().isEmpty());
+    QVERIFY(house.core.video.EmExibicao());
   }
 
   void aFileThatTurnsOutToBeSoundShowsTheTheme() {
@@ -200,12 +262,56 @@ private slots:
     house.core.controleDeVideo.DefineVolume(80);
     house.display.player.position = 12;
     house.display.player.state = PlayState::Paused;
+    house.display.player.loop = true;
+    house.display.player.faixa = 2;
     house.clock.Advance(1000);
     house.Forget();
     house.core.TelaoRefeito();
     const QStringList journal = house.TakeJournal();
     QVERIFY(journal.contains(QStringLiteral("wmp: volume 80")));
-    QCOMPARE(journal.last(2), QStringList({QStringLiteral("wmp: position 12"), QStringLiteral("wmp: pause")}));
+    QCOMPARE(journal.last(4), QStringList({QStringLiteral("wmp: position 12"), QStringLiteral("wmp: pause"),
+                                           QStringLiteral("wmp: loop 1"), QStringLiteral("wmp: audio 2")}));
+  }
+
+  void aNewProjectionHasTheBackgroundOfASound() {
+    House house;
+    house.ShowIt("Hino.mp3");
+    house.Forget();
+    house.core.TelaoRefeito();
+    QCOMPARE(house.PagesBuilt(), 1);
+    QVERIFY(house.core.video.EmExibicao());
+  }
+
+  // The file dialogue lets the loop run, and the operator is elsewhere when it closes.
+  void theEditButtonGivesTheEntryAnotherFile() {
+    House house;
+    QString message;
+    for (const char *name : {"Filme.mp4", "Hino.mp3"})
+      house.core.flow.PorNaLista(QString::fromLatin1(name).chopped(4), 4, house.Path(name), message);
+    house.Write(QStringLiteral("Outro.mp4"), "x");
+    ListTarefas &lista = house.core.agenda.Lista();
+    QString asked;
+    house.core.agenda.outroVideo = [&](const QString &atual) {
+      asked = atual;
+      lista.Select(4, 2);
+      lista.Move(4, 1, 2);
+      return house.Path("Outro.mp4");
+    };
+    lista.Select(4, 1);
+    house.core.flow.exibirSelecinado();
+    house.core.flow.editarSelecionado();
+    QCOMPARE(asked, house.Path());
+    QCOMPARE(lista.NameAt(4, 2), QStringLiteral("Outro"));
+    QCOMPARE(lista.CaptionAt(4, 2), house.Path("Outro.mp4"));
+    QCOMPARE(lista.CaptionAt(4, 1), house.Path("Hino.mp3"));
+    QCOMPARE(house.core.painel.Label9, QStringLiteral("Outro")); // which marks the entry on show
+    house.core.agenda.outroVideo = [](const QString &) { return QStringLiteral("/v/a\nb.mp4"); };
+    house.core.agenda.EditSelected();
+    QVERIFY(house.prompt.shown.last().text.startsWith(u"An agenda cannot name this file"));
+    house.core.flow.PorNaLista(QStringLiteral("a"), 4, QStringLiteral("/v/a|#|b.mp4"), message);
+    QVERIFY(message.startsWith(u"An agenda cannot name this file"));
+    QCOMPARE(lista.CaptionAt(4, 1), house.Path("Hino.mp3"));
+    QCOMPARE(lista.Count(4), 2);
   }
 
   void theShowBehindAVideoLeavesNoVideo() {

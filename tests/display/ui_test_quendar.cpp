@@ -1,5 +1,6 @@
 #include "display/FrmQuendar.h"
 #include "display/ui/web_page_host.h"
+#include "support/clips.h"
 #include "support/fake_clock.h"
 #include "support/web_fixture.h"
 
@@ -15,6 +16,9 @@ using namespace tolmira::testing;
 class TestQuendar : public QObject {
   Q_OBJECT
 
+  QTemporaryDir m_media;
+  QString m_clip;
+  QString m_sound; // which has the name of a video
   std::unique_ptr<QTemporaryDir> m_folder;
   std::unique_ptr<AppFolder> m_app;
   std::unique_ptr<EstadoConsole> m_estado;
@@ -55,12 +59,11 @@ class TestQuendar : public QObject {
     QDir(m_folder->path()).mkdir(QStringLiteral("html"));
     for (const char *name : {"emptyback.html", "aviso.html", "tolmira.css", "tolmira.js", "aviso.js"})
       QFile::copy(assets.filePath(QLatin1String(name)), m_folder->filePath(u"html/" + QLatin1String(name)));
-    qputenv("TOLMIRA_AO", "null");
     if (!m_window->CriaBrowser())
       return false;
     m_window->Posiciona(QRect(0, 0, 400, 200), true);
     m_window->ProcessaComando(QStringLiteral("Show"));
-    m_window->ProcessaComando(QStringLiteral("Video|#av://lavfi:color=red:size=160x80:rate=10"));
+    m_window->ProcessaComando(u"Video|#" + m_clip);
     return QTest::qWaitFor([this] { return IsRed(Centre()); }, 20000);
   }
   void SendNotice() {
@@ -76,7 +79,14 @@ class TestQuendar : public QObject {
   }
 
 private slots:
-  void initTestCase() { m_profile = NewPageProfile(); }
+  void initTestCase() {
+    qputenv("TOLMIRA_AO", "null");
+    m_profile = NewPageProfile();
+    m_clip = MakeRedClip(m_media.filePath(QStringLiteral("clip.mp4")));
+    QVERIFY(!m_clip.isEmpty());
+    m_sound = MakeMedia(m_media.filePath(QStringLiteral("sound.mp4")), "-f lavfi -i sine=duration=5 -c:a aac");
+    QVERIFY(!m_sound.isEmpty());
+  }
   void init() {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_folder = std::make_unique<QTemporaryDir>();
@@ -197,8 +207,7 @@ private slots:
     WriteText(m_folder->filePath(QStringLiteral("html/emptyback.html")),
               QStringLiteral("<body style='background:#0f0'>"));
     m_window->ProcessaComando(QStringLiteral("Show"));
-    qputenv("TOLMIRA_AO", "null");
-    m_window->ProcessaComando(QStringLiteral("Video|#av://lavfi:color=red:size=160x80:rate=10"));
+    m_window->ProcessaComando(u"Video|#" + m_clip);
     QTRY_VERIFY(Centre().red() > 180 && Centre().green() < 60);
     QCOMPARE(m_window->wmp()->Volume(), 50);
     QCOMPARE(Layer("Picwmp")->geometry(), m_window->rect());
@@ -216,12 +225,42 @@ private slots:
     m_window->ProcessaComando(QStringLiteral("Show"));
     ShowPage(QStringLiteral("#0000ff"));
     QTRY_COMPARE(Centre(), QColor(0, 0, 255));
-    qputenv("TOLMIRA_AO", "null");
     m_window->PreparaVideo();
     m_window->MostraMidia();
-    m_window->wmp()->SetUrl(QStringLiteral("av://lavfi:sine"));
+    m_window->wmp()->SetUrl(m_sound);
+    QTRY_VERIFY(m_window->wmp()->SemImagem());
+    QCOMPARE(Centre(), QColor(0, 0, 255));
+    QCOMPARE(m_window->wmp()->CurrentPosition(), 0.0);
+    m_window->EscondeMidia();
     QTRY_VERIFY(m_window->wmp()->CurrentPosition() > 0.1);
     QCOMPARE(Centre(), QColor(0, 0, 255));
+  }
+
+  // However long the file takes to open: the empty page beneath the media is not seen.
+  void thePageBeforeStaysUntilTheVideoHasItsPicture() {
+    QVERIFY(m_window->CriaBrowser());
+    m_window->ProcessaComando(QStringLiteral("Show"));
+    ShowPage(QStringLiteral("#0000ff"));
+    QTRY_COMPARE(Centre(), QColor(0, 0, 255));
+    const QString empty = m_folder->filePath(QStringLiteral("empty.html"));
+    WriteText(empty, QStringLiteral("<body style='background:#0f0'>"));
+    m_window->WV()->Navigate(empty, 8);
+    m_window->PreparaVideo();
+    m_window->MostraMidia();
+    QString drawnLongAgo;
+    while (drawnLongAgo != u"true") {
+      m_window->WV()->Evaluate(QStringLiteral("performance.now() > 500"),
+                               [&](const QString &json) { drawnLongAgo = json; });
+      QTest::qWait(5);
+      QCOMPARE(Centre(), QColor(0, 0, 255));
+    }
+    m_window->wmp()->SetUrl(m_clip);
+    while (!IsReddish(Centre())) {
+      QCOMPARE(Centre(), QColor(0, 0, 255));
+      QTest::qWait(5);
+    }
+    m_window->wmp()->SetUrl(QStringLiteral("/none.mp4"));
+    QTRY_COMPARE(Centre(), QColor(0, 255, 0));
   }
 
   // The page above the layers: seen through where it draws nothing, beneath the black, and gone with its notice.

@@ -74,7 +74,7 @@ private slots:
   void livesAndCloses() {
     Room room;
     room.player.volume = 31;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QCOMPARE(room.estado.VideoAtivo, QStringLiteral("True"));
     QCOMPARE(room.Text("LabelTitulo"), QStringLiteral("Filme.mp4"));
     QCOMPARE(room.Find<QAbstractSlider>("sliderVolume")->value(), 31);
@@ -84,18 +84,28 @@ private slots:
     QVERIFY(room.Take().isEmpty()); // the video goes on
     QCOMPARE(room.ended, 0);
     room.clock.Advance(1000);
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QVERIFY(room.Open("FrmVideoControl"));
     room.windows->FechaControle();
     QVERIFY(!room.Open("FrmVideoControl"));
     room.onShow = false;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QVERIFY(!room.Open("FrmVideoControl"));
+  }
+
+  // A video that begins does not take the keys from the console; a press on its menu entry does.
+  void theConsoleKeepsTheKeyboard() {
+    Room room;
+    room.windows->AbreControle(false);
+    QVERIFY(room.Open("FrmVideoControl")->testAttribute(Qt::WA_ShowWithoutActivating));
+    room.windows->FechaControle();
+    room.windows->AbreControle(true);
+    QVERIFY(!room.Open("FrmVideoControl")->testAttribute(Qt::WA_ShowWithoutActivating));
   }
 
   void followsTheVideo() {
     Room room;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     room.player.position = 25;
     room.player.loop = true;
     room.clock.Advance(1000);
@@ -108,6 +118,9 @@ private slots:
     room.player.duration = 0;
     room.clock.Advance(1000);
     QCOMPARE(fill->width(), 0);
+    room.player.semImagem = room.player.imagemIlegivel = true;
+    room.clock.Advance(1000);
+    QCOMPARE(room.Text("LabelAviso"), QStringLiteral("The picture of this file cannot be decoded: sound alone."));
     room.player.falhou = true;
     room.clock.Advance(1000);
     QCOMPARE(room.Text("LabelAviso"), QStringLiteral("This file cannot be played."));
@@ -116,7 +129,7 @@ private slots:
 
   void theTrackMovesTheVideo() {
     Room room;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     auto *track = room.Find<QWidget>("PicS2");
     QTest::mouseClick(track, Qt::LeftButton, {}, {track->width() / 2, 4});
     QVERIFY(qAbs(room.player.position - 50) < 1);
@@ -126,11 +139,17 @@ private slots:
                                         {Qt::Key_PageUp, 70.0},
                                         {Qt::Key_PageDown, 10.0},
                                         {Qt::Key_Home, 0.0},
-                                        {Qt::Key_End, 100.0}}) {
+                                        {Qt::Key_End, 99.0}}) { // where a film that does not loop has not ended yet
       room.player.position = 40;
       QTest::keyClick(track, key);
       QCOMPARE(room.player.position, position);
     }
+    // While the pointer holds the bar, it stays where the pointer is.
+    QTest::mousePress(track, Qt::LeftButton, {}, {track->width() / 2, 4});
+    room.player.position = 10;
+    room.clock.Advance(1000);
+    QVERIFY(qAbs(room.Find<QFrame>("PicS1")->width() - track->width() / 2) <= 2);
+    QTest::mouseRelease(track, Qt::LeftButton, {}, {track->width() / 2, 4});
     room.player.duration = 0;
     room.clock.Advance(1000);
     room.Take();
@@ -149,7 +168,7 @@ private slots:
     QFETCH(QString, focus);
     Room room;
     room.player.faixas = {{1, QStringLiteral("por")}, {2, QString()}};
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     auto *part = room.Find<QWidget>(focus.toLatin1().constData());
     part->setFocus();
     QTest::keyClick(part, Qt::Key_Space);
@@ -161,7 +180,7 @@ private slots:
 
   void soundVolumeAndEnd() {
     Room room;
-    room.windows->AbreControle();
+    room.windows->AbreControle(true);
     QVERIFY(room.Find<QComboBox>("ComboAudio")->isHidden());
     room.player.faixas = {{1, QStringLiteral("por")}, {2, QString()}};
     room.player.faixa = 2;
@@ -193,6 +212,13 @@ private slots:
     room.prompt.files = {one, two};
     form->findChild<QPushButton *>(QStringLiteral("CommandVideo"))->click();
     QCOMPARE(room.console.TakeCalls(), QStringList({u"PorNaLista 4 Um " + one, u"PorNaLista 4 Dois " + two}));
+    QCOMPARE(form->findChild<QLabel *>(QStringLiteral("Label2"))->text(),
+             QStringLiteral("Um: Added Um\nDois: Added Dois"));
+    auto *control = form->findChild<QPushButton *>(QStringLiteral("CommandControle"));
+    QVERIFY(control->isEnabled());
+    room.onShow = false;
+    room.windows->FechaControle();
+    QVERIFY(!control->isEnabled());
     auto *link = form->findChild<QLineEdit *>(QStringLiteral("Text1"));
     for (const auto &[pasted, call] :
          {std::pair{"https://youtu.be/Abcd1234567", "PorNaLista 4 https://www.youtube.com/embed/Abcd1234567 "

@@ -1,52 +1,11 @@
 #include "remote_program.h"
+#include "support/x_desktop.h"
 
 #include <QtTest>
 
+using tolmira::testing::XDesktop;
+
 namespace {
-
-// A real X server without hardware, whose two outputs are plugged and unplugged as cables are.
-class XDesktop {
-public:
-  XDesktop() {
-    QProcess start;
-    start.start(Tool(QStringLiteral("start")), {QStringLiteral("130"), QStringLiteral("139")});
-    if (start.waitForFinished(60000) && start.exitCode() == 0)
-      m_display = QString::fromUtf8(start.readAllStandardOutput()).trimmed();
-    m_reason = QString::fromUtf8(start.readAllStandardError()).trimmed();
-  }
-  ~XDesktop() {
-    if (!m_display.isEmpty())
-      QProcess::execute(Tool(QStringLiteral("stop")), {m_display});
-  }
-  bool Stands() const { return !m_display.isEmpty(); }
-  QString Reason() const { return m_reason.isEmpty() ? QStringLiteral("Xorg is not installed") : m_reason; }
-
-  bool Set(const QString &arguments) const {
-    QProcess xrandr;
-    xrandr.setProcessEnvironment(WithDisplay());
-    xrandr.start(QStringLiteral("xrandr"), arguments.split(u' '));
-    return xrandr.waitForFinished(30000) && xrandr.exitCode() == 0;
-  }
-  void TwoMonitors() const {
-    QVERIFY(Set(QStringLiteral("--output DUMMY0 --primary --mode 1280x800 --pos 0x0")));
-    QVERIFY(Set(QStringLiteral("--output DUMMY1 --mode 1280x720 --pos 1280x0")));
-  }
-  QMap<QString, QString> Environment() const {
-    return {{QStringLiteral("DISPLAY"), m_display}, {QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb")}};
-  }
-
-private:
-  static QString Tool(const QString &name) {
-    return qEnvironmentVariable("TOLMIRA_SOURCE_DIR") + u"/tools/desktop/" + name;
-  }
-  QProcessEnvironment WithDisplay() const {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), m_display);
-    return environment;
-  }
-  QString m_display;
-  QString m_reason;
-};
 
 const QRect Desk(0, 0, 1280, 800);
 const QRect Projector(1280, 0, 1280, 720);
@@ -60,7 +19,7 @@ class TestMonitors : public QObject {
 
 private slots:
   void initTestCase() {
-    m_desktop = std::make_unique<XDesktop>();
+    m_desktop = std::make_unique<XDesktop>(130, 139);
     if (!m_desktop->Stands())
       QSKIP(qPrintable(QString(u"No desktop with two monitors: " + m_desktop->Reason())));
   }

@@ -55,6 +55,7 @@ public:
   PlayState State() const override { return state; }
   bool Falhou() const override { return falhou; }
   bool SemImagem() const override { return semImagem; }
+  bool ImagemIlegivel() const override { return imagemIlegivel; }
   QList<FaixaDeAudio> FaixasDeAudio() const override { return faixas; }
   int FaixaDeAudioAtual() const override { return faixa; }
   void DefineFaixaDeAudio(int id) override {
@@ -85,6 +86,7 @@ public:
   PlayState state = PlayState::Undefined;
   bool falhou = false;
   bool semImagem = false;
+  bool imagemIlegivel = false;
   QList<FaixaDeAudio> faixas;
   int faixa = 0;
 

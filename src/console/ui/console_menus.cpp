@@ -83,6 +83,10 @@ void ConsoleMenus::MakeScreen() {
   picture->setObjectName(QStringLiteral("MnImagem"));
   picture->setAutoRepeat(false);
   picture->setToolTip(tr("Shows one picture of the gallery behind the text, in place of the theme's"));
+  m_mnVideo = Entry(menu, Comando::Video, [this] { m_ways.videoControl(); });
+  m_mnVideo->setObjectName(QStringLiteral("MnVideo"));
+  m_mnVideo->setAutoRepeat(false);
+  m_mnVideo->setToolTip(tr("Opens the control of the video that is on show"));
   m_mnCameras = Entry(menu, Comando::Cameras, [this] { m_ways.cameras(); });
   m_mnCameras->setObjectName(QStringLiteral("MnCameras"));
   m_mnCameras->setAutoRepeat(false);
@@ -230,6 +234,7 @@ void ConsoleMenus::Atualiza() {
   if (chosen >= 0 && chosen < states.size())
     states[chosen]->setChecked(true);
 
+  m_mnVideo->setEnabled(m_parts.console.painel.video.Ativo);
   m_mnCameras->setEnabled(m_parts.console.painel.camera.Pode);
   if (m_telas != m_parts.console.painel.telas)
     FillScreens();

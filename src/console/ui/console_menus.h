@@ -30,6 +30,7 @@ public:
     std::function<void()> toReference; // the quick box
     std::function<void()> newSong;
     std::function<void()> pictureOnScreen;
+    std::function<void()> videoControl;
     std::function<void()> cameras;
     std::function<void()> addBible;
     std::function<void()> browseBible;
@@ -65,6 +66,7 @@ private:
   ConsoleParts m_parts;
   Ways m_ways;
   QActionGroup *m_states = nullptr;
+  QAction *m_mnVideo = nullptr;
   QAction *m_mnCameras = nullptr;
   QMenu *m_mnProjecao = nullptr;
   std::vector<OpcaoDeTela> m_telas; // that the menu was made for

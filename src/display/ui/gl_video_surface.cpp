@@ -16,8 +16,8 @@ void *ResolveGl(void *, const char *name) {
   return context ? reinterpret_cast<void *>(context->getProcAddress(name)) : nullptr;
 }
 
-// The library needs the GL context of the widget, which exists only once the widget has been shown, while a file may be
-// loaded before. It then waits for its renderer.
+// The library's renderer lives in the GL context of the widget. That exists only once the widget has been shown, while
+// a file may be loaded before, and it can go and come again.
 class GlWidget : public QOpenGLWidget, public VideoSurface {
 public:
   explicit GlWidget(QWidget *parent) : QOpenGLWidget(parent) {
@@ -40,6 +40,7 @@ public:
     m_mpv = nullptr;
   }
   QWidget *Widget() override { return this; }
+  bool CanDraw() const override { return isValid(); }
   void SetBlank(bool blank) override {
     m_blank = blank;
     update();
@@ -48,8 +49,15 @@ public:
 protected:
   void initializeGL() override {
     // The context goes when the widget moves to another top-level window or the desktop takes it away.
-    connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] { End(); });
+    connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
+      const bool drew = m_context;
+      End();
+      if (drew && OnDrawing)
+        OnDrawing(false);
+    });
     Begin();
+    if (m_context && OnDrawing)
+      OnDrawing(true);
   }
   void paintGL() override {
     if (!m_context || m_blank) {

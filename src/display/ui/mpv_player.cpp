@@ -19,15 +19,41 @@ namespace {
 
 enum Watched : uint64_t { WatchTime = 1, WatchDuration, WatchEof, WatchTracks };
 
-// What the library opens: an address as it is, anything else the real file behind the stored path.
+// The real file behind the stored path. Empty for an address, which may come from a document of somebody else's.
 QByteArray MediaTarget(const QString &stored) {
-  QString path = stored;
-  if (path.startsWith(u"file:///", Qt::CaseInsensitive))
-    path = path.mid(8);
-  else if (path.contains(u"://"))
-    return path.toUtf8();
-  return MapStoredPath(path).text().toUtf8();
+  const bool url = stored.startsWith(u"file:///", Qt::CaseInsensitive);
+  const QString path = MapStoredPath(url ? stored.mid(8) : stored).text();
+  return path.startsWith(u'/') ? path.toUtf8() : QByteArray();
 }
+
+// Arguments of a command by their names, whose order differs between versions of the library.
+class NamedArguments {
+public:
+  void Set(const char *name, QByteArray value) {
+    m_names.push_back(name);
+    m_values.push_back(std::move(value));
+  }
+  // Points into this object.
+  mpv_node Node(NamedArguments *options = nullptr) {
+    m_nodes.clear();
+    for (QByteArray &value : m_values)
+      m_nodes.push_back(mpv_node{.u = {.string = value.data()}, .format = MPV_FORMAT_STRING});
+    std::vector<const char *> &names = m_listed = m_names;
+    if (options) {
+      names.push_back("options");
+      m_nodes.push_back(options->Node());
+    }
+    m_list = {static_cast<int>(m_nodes.size()), m_nodes.data(), const_cast<char **>(names.data())};
+    return mpv_node{.u = {.list = &m_list}, .format = MPV_FORMAT_NODE_MAP};
+  }
+
+private:
+  std::vector<const char *> m_names;
+  std::vector<const char *> m_listed;
+  std::vector<QByteArray> m_values;
+  std::vector<mpv_node> m_nodes;
+  mpv_node_list m_list{};
+};
 
 // A member of a node that is a map; null where there is none.
 const mpv_node *Member(const mpv_node &map, const char *name) {
@@ -83,14 +109,18 @@ struct MpvPlayer::Impl : public QObject {
   void Command(std::initializer_list<const char *> words);
   void Flag(const char *name, bool on);
   void Text(const char *name, const char *value);
-  void Pause(bool on);
+  void ApplyPause();
   void Seek(double seconds);
-  void Load();
+  void Load(double from = 0);
+  void SendLoad();
+  void OnDrawing(bool can);
   void Forget();
+  void OnBroken(bool wasLoaded);
   void Fail();
   void ReadEvents();
   void OnEvent(const mpv_event &event);
   void OnTracks(const mpv_node &list);
+  bool WithoutPicture() const { return fileLoaded && tracksKnown && !videoSelected; }
   void ShowPicture();
   void OnProperty(const mpv_event_property &property, uint64_t watched);
   void Say(const QString &call) const {
@@ -120,6 +150,7 @@ struct MpvPlayer::Impl : public QObject {
   bool loop = false;
   bool stretch = false;
   uint64_t loads = 0;   // counts the files, so that no answer about one is taken for another's
+  bool sent = false;    // the library has been told of the present file
   int64_t entry = 0;    // the library's number of the present file; 0 until it has told
   bool begun = false;   // the library is at the present file
   bool fileLoaded = false;
@@ -129,9 +160,15 @@ struct MpvPlayer::Impl : public QObject {
   bool broken = false;
   bool tracksKnown = false;
   bool hasVideo = false;
+  bool videoSelected = false;   // and can be decoded
+  bool waitsForPicture = false; // SetEsperaImagem
+  bool soundAlone = false;      // the picture of the present file is left out, for it cannot be decoded
+  bool drawingLost = false;
   QList<FaixaDeAudio> sounds;
   int sound = 0;
-  std::optional<double> wantedPosition; // asked for before the file was open
+  int wantedSound = 0;
+  double wantedPosition = 0; // seconds, asked for before the file was open
+  double firstPosition = 0;  // where the library begins by itself
   bool visible = true;
   std::optional<QRect> geometry;
 };
@@ -152,13 +189,17 @@ bool MpvPlayer::Impl::Ensure() {
   Option("input-vo-keyboard", "no");
   Option("load-scripts", "no");
   Option("ytdl", "no");
-  Option("vo", "libmpv");
+  // Without a place to draw on the library would give the picture up, so it plays on without one until there is.
+  if (!surface)
+    surface = NewSoftwareVideoSurface(picwmp);
+  Option("vo", surface->CanDraw() ? "libmpv" : "null");
   Option("hwdec", drawing == VideoDrawing::Gl ? "auto-safe" : "no");
   Option("idle", "yes");
   Option("keep-open", "yes"); // the last picture stands at the end, instead of a sudden black
   Option("hr-seek", "yes");
   Option("audio-display", "no");
   Option("sub-auto", "no");
+  Option("sid", "no");
   // A file is what it is: none of them leads the player to others, here or in a network.
   Option("access-references", "no");
   Option("ordered-chapters", "no");
@@ -185,12 +226,11 @@ bool MpvPlayer::Impl::Ensure() {
       },
       this);
 
-  if (!surface)
-    surface = NewSoftwareVideoSurface(picwmp);
   surface->OnFrame = [this] {
     frame = fileLoaded;
     ShowPicture();
   };
+  surface->OnDrawing = [this](bool can) { OnDrawing(can); };
   surface->Attach(mpv);
   Place();
   Text("volume", QByteArray::number(volume).constData());
@@ -218,40 +258,96 @@ void MpvPlayer::Impl::Text(const char *name, const char *value) {
     mpv_set_property_async(mpv, 0, name, MPV_FORMAT_STRING, &value);
 }
 
-void MpvPlayer::Impl::Pause(bool on) {
-  Flag("pause", on);
+void MpvPlayer::Impl::ApplyPause() {
+  const bool waits = waitsForPicture && !(fileLoaded && tracksKnown && videoSelected);
+  if (sent)
+    Flag("pause", state != PlayState::Playing || waits);
 }
 
 void MpvPlayer::Impl::Seek(double seconds) {
   position = seconds;
-  if (!fileLoaded) {
+  if (fileLoaded)
+    Command({"seek", QByteArray::number(seconds, 'f', 3).constData(), "absolute+exact"});
+  else
     wantedPosition = seconds;
-    return;
-  }
-  Command({"seek", QByteArray::number(seconds, 'f', 3).constData(), "absolute+exact"});
 }
 
-void MpvPlayer::Impl::Load() {
+// What is asked for in the same turn of the loop goes along with the file: one that shall begin in its middle, or wait,
+// is not heard from its start before.
+void MpvPlayer::Impl::Load(double from) {
   Forget();
   state = PlayState::Playing;
+  position = wantedPosition = from;
   ++loads;
+  QMetaObject::invokeMethod(
+      this,
+      [this, load = loads] {
+        if (load == loads && !url.isEmpty())
+          SendLoad();
+      },
+      Qt::QueuedConnection);
+}
+
+void MpvPlayer::Impl::SendLoad() {
   const QByteArray target = MediaTarget(url);
-  const char *words[] = {"loadfile", target.constData(), "replace", nullptr};
-  mpv_command_async(mpv, loads, words);
-  Text("aid", "auto"); // a choice was for the file before
-  Pause(false);
+  if (target.isEmpty()) {
+    Command({"stop"}); // the file before
+    Fail();
+    return;
+  }
+  firstPosition = wantedPosition;
+  NamedArguments options;
+  options.Set("aid", wantedSound > 0 ? QByteArray::number(wantedSound) : QByteArray("auto"));
+  options.Set("vid", soundAlone ? "no" : "auto");
+  if (firstPosition > 0)
+    options.Set("start", QByteArray::number(firstPosition, 'f', 3));
+  NamedArguments arguments;
+  arguments.Set("name", "loadfile");
+  arguments.Set("url", target);
+  arguments.Set("flags", "replace");
+  mpv_node command = arguments.Node(&options);
+  mpv_command_node_async(mpv, loads, &command);
+  sent = true;
+  ApplyPause();
+}
+
+// A renderer that goes takes the file's picture with it, or the whole file where that is all it has. With the next one
+// the file is opened anew where it was.
+void MpvPlayer::Impl::OnDrawing(bool can) {
+  Text("vo", can ? "libmpv" : "null");
+  if (!can) {
+    drawingLost = true;
+    frame = false;
+    ShowPicture();
+  } else if (std::exchange(drawingLost, false) && !url.isEmpty() && !broken) {
+    const PlayState before = state;
+    Load(before == PlayState::Ended ? 0 : position);
+    state = before == PlayState::Ended ? PlayState::Stopped : before;
+  }
 }
 
 void MpvPlayer::Impl::Forget() {
   position = 0;
   duration = 0;
   entry = 0;
-  begun = fileLoaded = started = frame = broken = false;
-  tracksKnown = hasVideo = false;
+  sent = begun = fileLoaded = started = frame = broken = false;
+  tracksKnown = hasVideo = videoSelected = soundAlone = false;
   sounds.clear();
-  sound = 0;
-  wantedPosition.reset();
+  sound = wantedSound = 0; // a choice was for the file before
+  wantedPosition = firstPosition = 0;
   ShowPicture();
+}
+
+// The library gives a whole file up whose picture cannot be decoded. Its sound may be good.
+void MpvPlayer::Impl::OnBroken(bool wasLoaded) {
+  if (!wasLoaded || started || soundAlone) {
+    Fail();
+    return;
+  }
+  const PlayState before = state;
+  Load(position);
+  state = before;
+  soundAlone = true;
 }
 
 void MpvPlayer::Impl::Fail() {
@@ -259,6 +355,8 @@ void MpvPlayer::Impl::Fail() {
   broken = true;
   fileLoaded = started = frame = false;
   ShowPicture();
+  if (owner.OnFalha)
+    owner.OnFalha();
 }
 
 // The surface keeps its last picture, which may be one of the file before: it is uncovered when one of this file is there.
@@ -297,8 +395,19 @@ void MpvPlayer::Impl::OnEvent(const mpv_event &event) {
     if (!begun)
       break;
     fileLoaded = true;
-    if (wantedPosition)
-      Seek(*std::exchange(wantedPosition, std::nullopt));
+    mpv_get_property_async(mpv, loads, "track-list", MPV_FORMAT_NODE); // as they are chosen now
+    if (firstPosition > 0)
+      Text("start", "none"); // a loop goes back to the very start
+    if (wantedPosition != firstPosition)
+      Seek(wantedPosition);
+    break;
+  case MPV_EVENT_GET_PROPERTY_REPLY:
+    if (event.reply_userdata != loads || event.error < 0 || !fileLoaded)
+      break;
+    tracksKnown = true;
+    OnTracks(*static_cast<mpv_node *>(static_cast<mpv_event_property *>(event.data)->data));
+    if (waitsForPicture)
+      ApplyPause();
     break;
   case MPV_EVENT_PLAYBACK_RESTART:
     started = fileLoaded;
@@ -310,10 +419,13 @@ void MpvPlayer::Impl::OnEvent(const mpv_event &event) {
     const auto *end = static_cast<mpv_event_end_file *>(event.data);
     if (entry == 0 || end->playlist_entry_id != entry)
       break;
-    begun = fileLoaded = false;
+    begun = false;
+    const bool wasLoaded = std::exchange(fileLoaded, false);
     if (end->reason == MPV_END_FILE_REASON_REDIRECT)
       Command({"stop"});
-    if (end->reason == MPV_END_FILE_REASON_ERROR || end->reason == MPV_END_FILE_REASON_REDIRECT)
+    if (end->reason == MPV_END_FILE_REASON_ERROR && !drawingLost)
+      OnBroken(wasLoaded);
+    else if (end->reason == MPV_END_FILE_REASON_REDIRECT)
       Fail();
     break;
   }
@@ -326,17 +438,19 @@ void MpvPlayer::Impl::OnEvent(const mpv_event &event) {
 }
 
 void MpvPlayer::Impl::OnTracks(const mpv_node &list) {
-  if (list.format != MPV_FORMAT_NODE_ARRAY || !begun)
+  if (list.format != MPV_FORMAT_NODE_ARRAY || !tracksKnown)
     return;
-  tracksKnown = list.u.list->num > 0;
   hasVideo = false;
+  bool selected = false;
   sounds.clear();
   sound = 0;
   for (int i = 0; i < list.u.list->num; ++i) {
     const mpv_node &track = list.u.list->values[i];
     const QString type = TextOf(Member(track, "type"));
-    if (type == u"video" && !IsSet(Member(track, "albumart")))
+    if (type == u"video" && !IsSet(Member(track, "albumart"))) {
       hasVideo = true;
+      selected = selected || IsSet(Member(track, "selected"));
+    }
     if (type != u"audio")
       continue;
     const int id = static_cast<int>(NumberOf(Member(track, "id")));
@@ -346,14 +460,16 @@ void MpvPlayer::Impl::OnTracks(const mpv_node &list) {
     if (IsSet(Member(track, "selected")))
       sound = id;
   }
+  if (!drawingLost)
+    videoSelected = selected;
 }
 
 void MpvPlayer::Impl::OnProperty(const mpv_event_property &property, uint64_t watched) {
-  if (url.isEmpty() || !property.data)
+  if (!begun || !property.data)
     return;
   switch (watched) {
   case WatchTime:
-    if (state != PlayState::Stopped)
+    if (fileLoaded && state != PlayState::Stopped)
       position = *static_cast<double *>(property.data);
     break;
   case WatchDuration:
@@ -363,7 +479,7 @@ void MpvPlayer::Impl::OnProperty(const mpv_event_property &property, uint64_t wa
     OnTracks(*static_cast<mpv_node *>(property.data));
     break;
   case WatchEof:
-    if (*static_cast<int *>(property.data) && state == PlayState::Playing && !loop)
+    if (*static_cast<int *>(property.data) && fileLoaded && state == PlayState::Playing && !loop)
       state = PlayState::Ended;
     break;
   default:
@@ -414,7 +530,7 @@ void MpvPlayer::ControlsPlay() {
   if (d.state == PlayState::Ended)
     d.Seek(0);
   d.state = PlayState::Playing;
-  d.Pause(false);
+  d.ApplyPause();
   d.ShowPicture();
 }
 
@@ -424,7 +540,7 @@ void MpvPlayer::ControlsPause() {
   if (d.state != PlayState::Playing)
     return;
   d.state = PlayState::Paused;
-  d.Pause(true);
+  d.ApplyPause();
 }
 
 void MpvPlayer::ControlsStop() {
@@ -434,7 +550,7 @@ void MpvPlayer::ControlsStop() {
     return;
   // Kept open at its start, so that the play that often follows at once begins without a gap.
   d.state = PlayState::Stopped;
-  d.Pause(true);
+  d.ApplyPause();
   d.Seek(0);
   d.ShowPicture();
 }
@@ -484,7 +600,11 @@ bool MpvPlayer::Falhou() const {
 }
 
 bool MpvPlayer::SemImagem() const {
-  return m_impl->fileLoaded && m_impl->tracksKnown && !m_impl->hasVideo;
+  return m_impl->WithoutPicture();
+}
+
+bool MpvPlayer::ImagemIlegivel() const {
+  return m_impl->WithoutPicture() && m_impl->hasVideo;
 }
 
 QList<FaixaDeAudio> MpvPlayer::FaixasDeAudio() const {
@@ -497,7 +617,9 @@ int MpvPlayer::FaixaDeAudioAtual() const {
 
 void MpvPlayer::DefineFaixaDeAudio(int id) {
   m_impl->Say(QStringLiteral("currentAudioTrack=%1").arg(id));
-  m_impl->Text("aid", QByteArray::number(id).constData());
+  m_impl->wantedSound = id;
+  if (m_impl->sent)
+    m_impl->Text("aid", QByteArray::number(id).constData());
 }
 
 bool MpvPlayer::TemImagem() const {
@@ -521,6 +643,11 @@ void MpvPlayer::SetFullScreen(bool full) {
 
 void MpvPlayer::SetUiMode(const QString &mode) {
   m_impl->Say(QStringLiteral("uiMode=") + mode);
+}
+
+void MpvPlayer::SetEsperaImagem(bool espera) {
+  m_impl->waitsForPicture = espera;
+  m_impl->ApplyPause();
 }
 
 void MpvPlayer::SetVisible(bool visible) {

@@ -14,7 +14,7 @@ enum class VideoDrawing { Software, Gl };
 
 // The media player inside `Picwmp`. Nothing of the media library is made before the first SetUrl, so that a service
 // without videos does not pay for it. Every call returns at once; a file that cannot be played leaves the player
-// stopped.
+// stopped. Files alone are played, no addresses, and none leads to another.
 class MpvPlayer : public MediaPlayer {
 public:
   // `picwmp` holds the picture and outlives the player. `observer` may be null. Sound goes to the device that the
@@ -39,6 +39,7 @@ public:
   State() const override; // Playing from the call that starts it, Ended at the end of a file that does not loop
   bool Falhou() const override;
   bool SemImagem() const override;
+  bool ImagemIlegivel() const override;
   QList<FaixaDeAudio> FaixasDeAudio() const override;
   int FaixaDeAudioAtual() const override;
   void DefineFaixaDeAudio(int id) override;
@@ -46,6 +47,9 @@ public:
   void SetFullScreen(bool full) override;
   void SetUiMode(const QString &mode) override;
 
+  // While on, a file waits at its start until it is known to have a picture, and one without goes on waiting: its sound
+  // is to be begun once, in another place. What the state says is not touched.
+  void SetEsperaImagem(bool espera);
   void SetVisible(bool visible);       // the player inside its host
   void SetGeometry(const QRect &rect); // in the host's coordinates
 
@@ -53,6 +57,7 @@ public:
   // black.
   bool TemImagem() const;
   std::function<void()> OnImagem; // that changed
+  std::function<void()> OnFalha;  // the media cannot be played
 
 private:
   struct Impl;

@@ -52,6 +52,7 @@ public:
   }
   void Detach() override { End(); }
   QWidget *Widget() override { return this; }
+  bool CanDraw() const override { return true; }
   void SetBlank(bool blank) override {
     m_blank = blank;
     update();

@@ -128,6 +128,8 @@ struct WebPageHost::Impl : public PageObject {
   QTimer reload;
   QElapsedTimer sinceCrash;
   int reloadDelayMs = 0;
+  bool waits = false; // Espera
+  bool drawn = false; // the present page has, behind the held picture
   bool recovering = false;
   bool everReady = false;
   bool interactive = false;
@@ -191,7 +193,10 @@ void WebPageHost::Impl::MakePage() {
   };
   page->OnReady = [this](int load) { OnReady(load); };
   page->OnDrawn = [this](int load) {
-    if (load == queue.Load() && held->isVisible())
+    if (load != queue.Load() || !held->isVisible())
+      return;
+    drawn = true;
+    if (!waits)
       holdLimit.start(FrameOnItsWayMs);
   };
   QObject::connect(page.get(), &QWebEnginePage::loadingChanged, &host,
@@ -217,6 +222,7 @@ void WebPageHost::Impl::Navigate(const QString &url, int timeoutSeconds) {
   if (host.OnLeave)
     host.OnLeave();
   HoldPicture();
+  drawn = false;
   address = PageAddress(url);
   timeoutMs = (timeoutSeconds > 0 ? timeoutSeconds : DefaultTimeoutSeconds) * 1000;
   recovering = false;
@@ -237,7 +243,7 @@ void WebPageHost::Impl::OnReady(int load) {
     return;
   timeout.stop();
   everReady = true;
-  if (holdLimit.isActive() && holdLimit.remainingTime() > HoldAfterReadyMs)
+  if (!waits && holdLimit.isActive() && holdLimit.remainingTime() > HoldAfterReadyMs)
     holdLimit.start(HoldAfterReadyMs);
   view->setZoomFactor(zoom); // the engine keeps it for a process, and a load may have brought another one
   queue.Ready(load);
@@ -413,6 +419,12 @@ void WebPageHost::Segura(const QPixmap &picture) {
     return;
   m_impl->held->Hold(picture);
   m_impl->holdLimit.start(HoldLimitMs);
+}
+
+void WebPageHost::Espera(bool espera) {
+  const bool ended = std::exchange(m_impl->waits, espera) && !espera;
+  if (ended && m_impl->drawn && IsHolding())
+    m_impl->holdLimit.start(FrameOnItsWayMs);
 }
 
 bool WebPageHost::IsHolding() const {

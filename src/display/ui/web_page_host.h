@@ -35,6 +35,9 @@ public:
 
   // Covers the page with that picture until the next page has drawn itself, or for a moment when none is navigated to.
   void Segura(const QPixmap &picture);
+  // While on, what covers the page stays when the page has drawn itself: something else is coming over it. Not for
+  // longer than a slow page would be waited for.
+  void Espera(bool espera);
   // The picture of the page before stands on the screen while the page is drawing itself.
   bool IsHolding() const;
 

@@ -43,11 +43,11 @@ QSize PositionBar::sizeHint() const {
 }
 
 void PositionBar::AtualizaBarra(double percentual) {
+  if (isSliderDown()) // the pointer has it
+    return;
   m_percentual = std::clamp(percentual, 0.0, 100.0);
-  if (!isSliderDown()) {
-    const QSignalBlocker quiet(this);
-    setValue(static_cast<int>(std::lround(m_percentual * Steps / 100)));
-  }
+  const QSignalBlocker quiet(this);
+  setValue(static_cast<int>(std::lround(m_percentual * Steps / 100)));
   Preenche();
 }
 
@@ -115,7 +115,8 @@ void PositionBar::keyPressEvent(QKeyEvent *event) {
     Aponta(0);
     break;
   case Qt::Key_End:
-    Aponta(width());
+    if (m_temMidia)
+      emit AoFim();
     break;
   default:
     event->ignore();

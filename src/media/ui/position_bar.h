@@ -20,6 +20,7 @@ public:
 
 signals:
   void Escolhido(double percentual); // by the operator
+  void AoFim();
   void Passo(int seconds);
 
 protected:

@@ -10,7 +10,7 @@ VideoWindows::~VideoWindows() = default;
 
 void VideoWindows::AbreAdicionar() {
   if (!m_add)
-    m_add = std::make_unique<FrmAddVideoNaLista>(m_doors, [this] { AbreControle(); });
+    m_add = std::make_unique<FrmAddVideoNaLista>(m_doors, [this] { AbreControle(true); });
   m_add->Open();
 }
 
@@ -19,7 +19,9 @@ void VideoWindows::AgendaChanged() {
     m_add->AtualizaAgenda();
 }
 
-void VideoWindows::AbreControle() {
+void VideoWindows::AbreControle(bool comTeclado) {
+  if (m_add)
+    m_add->AtualizaControle();
   if (!m_doors.emExibicao())
     return;
   if (!m_control) {
@@ -28,10 +30,12 @@ void VideoWindows::AbreControle() {
     QObject::connect(m_control.get(), &FrmVideoControl::Closed, m_control.get(),
                      [this] { m_control.release()->deleteLater(); });
   }
-  m_control->Open();
+  m_control->Open(comTeclado);
 }
 
 void VideoWindows::FechaControle() {
+  if (m_add)
+    m_add->AtualizaControle();
   if (m_control)
     m_control->close();
 }

@@ -17,7 +17,8 @@ public:
 
   void AbreAdicionar();
   void AgendaChanged(); // another agenda is active, or it has another title
-  void AbreControle();
+  // The operator asks for it with the keyboard; the console opens it beside his work.
+  void AbreControle(bool comTeclado);
   void FechaControle();
 
 private:

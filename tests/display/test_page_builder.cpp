@@ -58,7 +58,7 @@ struct Desk {
                       letras,
                       {[this] { return Telao(); }, [this] { return &preview; }, [this] { return previewWidth; },
                        [this] { return labelSize; }, [this](bool ligado) { frameCalls += ligado ? 1 : 100; },
-                       [this] { ++bibleCalls; }},
+                       [this] { ++bibleCalls; }, {}},
                       random,
                       yielder};
 

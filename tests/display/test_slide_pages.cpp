@@ -160,7 +160,7 @@ private:
                      estado,
                      ajustes,
                      canal,
-                     {[this] { return &display; }, [this] { return &preview; }, [] { return 320; }, {}, {}, {}},
+                     {[this] { return &display; }, [this] { return &preview; }, [] { return 320; }, {}, {}, {}, {}},
                      random,
                      yielder};
     Desk() {

@@ -374,7 +374,8 @@ void Program::Impl::AbreLegendas() {
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
-      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
+      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events,
+                        software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
@@ -573,6 +574,8 @@ Program::~Program() {
   m_impl->core.controles.AbreGaleria = nullptr;
   m_impl->themes.reset();
   m_impl->notices.reset();
+  m_impl->servidor.Mudou = nullptr;
+  m_impl->legendas.reset();
   m_impl->sobre.reset();
   m_impl->console.reset();
 }

@@ -7,8 +7,6 @@
 #include "media/video_files.h"
 #include "songs/song_text.h"
 
-#include <utility>
-
 namespace tolmira {
 
 namespace {
@@ -40,7 +38,6 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
     m_console.prompt.Message(MessageKind::Information, QStringLiteral("Tolmira"), recusa);
     return;
   }
-  const QString legenda = std::exchange(m_console.legenda.TextoLegenda, QString());
   FechaSlideShow(kind);
   const bool haviaVideo = m_video.EmExibicao();
   // Without another item the empty page would stay, black.
@@ -51,7 +48,6 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
 
   if (!name.isEmpty()) {
     if (!Carrega(kind, caption, name)) {
-      m_console.legenda.TextoLegenda = legenda; // of the text that stays
       if (haviaVideo)
         m_video.VoltaAoTema();
       return;

@@ -61,10 +61,14 @@ private slots:
   void init() { FailOnWindowWarnings(); }
 
   void thePreviewFollowsTheControls() {
+    constexpr QRgb Title = qRgb(0, 143, 255), Plate = qRgb(18, 240, 165); // the one is the passages' own
     Room room;
+    EstadoLegenda settings;
+    settings.Letras.backColor = 0xA5F012;
+    SalvarLegenda(room.store, settings);
     room.form.Open();
-    // The frame is another origin to the script, so its picture is looked at: the sample's title, in its colour.
-    const auto titleSeen = [&room](QRgb colour) {
+    // The frame is another origin to the script, so its picture is looked at.
+    const auto seen = [&room](QRgb colour) {
       const QImage picture = room.form.grab().toImage();
       for (int y = 0; y < picture.height(); ++y)
         for (int x = picture.width() / 2; x < picture.width(); ++x)
@@ -72,9 +76,12 @@ private slots:
             return true;
       return false;
     };
-    QTRY_VERIFY_WITH_TIMEOUT(titleSeen(qRgb(0, 143, 255)), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(seen(Title), 20000);
     room.In<QTabWidget>("Abas")->setCurrentIndex(1);
-    QTRY_VERIFY_WITH_TIMEOUT(!titleSeen(qRgb(0, 143, 255)), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!seen(Title), 20000);
+    QVERIFY(!seen(Plate)); // what is behind it shines through
+    room.In<QSlider>("sliderTransparenciaLetras")->setValue(10);
+    QTRY_VERIFY_WITH_TIMEOUT(seen(Plate), 20000);
     QCOMPARE(room.In<ColourField>("SelectColorsTextofonteLetras")->toolTip(),
              QStringLiteral("Aperte e segure o botão do mouse para selecionar a cor desejada"));
   }

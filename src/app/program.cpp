@@ -76,7 +76,6 @@ struct Program::Impl {
   void MakeShowWindows();
   void MakeVideoWindows();
   void MakeNoticeWindows();
-  void MakeCaptions();
   void MostraServidor();
   void AbreLegendas();
   void MakeDisplay();
@@ -181,7 +180,7 @@ void Program::Impl::MakeWindows() {
   MakeShowWindows();
   MakeVideoWindows();
   MakeNoticeWindows();
-  MakeCaptions();
+  servidor.Mudou = [this] { MostraServidor(); };
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -350,10 +349,6 @@ void Program::Impl::MakeNoticeWindows() {
     core.contexto.Atualiza();
   };
   notices = std::make_unique<NoticeWindows>(NoticeDoors{store, prompt, positions, envia, mostra, console.get()});
-}
-
-void Program::Impl::MakeCaptions() {
-  servidor.Mudou = [this] { MostraServidor(); };
 }
 
 void Program::Impl::MostraServidor() {

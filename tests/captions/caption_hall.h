@@ -28,6 +28,7 @@ public:
       port = free.serverPort();
       free.close();
       GravaPorta(store, port);
+      CarregaLegendas(store, legenda);
       server.Inicia();
     }
   }

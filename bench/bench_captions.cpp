@@ -1,5 +1,5 @@
-#include "captions/caption_composer.h"
 #include "caption_hall.h"
+#include "captions/caption_composer.h"
 
 #include <QCoreApplication>
 #include <QTcpSocket>
@@ -13,8 +13,9 @@ namespace {
 
 QString Verse() {
   LegendaLetras look;
-  return ComposeLegendaLetra(look, QStringLiteral("You set a lamp beside the road<br>Before I knew the way<br>You took my "
-                                                  "hurry and my load<br>And taught me how to stay"));
+  return ComposeLegendaLetra(look,
+                             QStringLiteral("You set a lamp beside the road<br>Before I knew the way<br>You took my "
+                                            "hurry and my load<br>And taught me how to stay"));
 }
 
 void ComposeSong(benchmark::State &state) {
@@ -31,8 +32,8 @@ void ComposePassage(benchmark::State &state) {
 }
 BENCHMARK(ComposePassage);
 
-// Polls on one kept connection, asked from another thread. Real time is that of a poll as the client sees it, processor time what it
-// takes of the interface thread, with its turn of the message loop.
+// Polls on one kept connection, asked from another thread. Real time is that of a poll as the client sees it, processor
+// time what it takes of the interface thread, with its turn of the message loop.
 void Poll(benchmark::State &state) {
   testing::CaptionHall hall;
   hall.legenda.TextoLegenda = Verse();

@@ -36,7 +36,8 @@ int main(int argc, char **argv) {
   RealBrowser browser;
   if (!program.Start() || !browser.Start())
     return 1;
-  program.Do(QStringLiteral("show"), {{QStringLiteral("kind"), 2}, {QStringLiteral("label"), QStringLiteral("Song")},
+  program.Do(QStringLiteral("show"), {{QStringLiteral("kind"), 2},
+                                      {QStringLiteral("label"), QStringLiteral("Song")},
                                       {QStringLiteral("target"), QStringLiteral("Song")}});
   const auto key = [&program](const char *name) {
     program.Do(QStringLiteral("key"), {{QStringLiteral("key"), QLatin1String(name)}});
@@ -44,13 +45,15 @@ int main(int argc, char **argv) {
   key("Down");
   browser.Go(u"http://127.0.0.1:" + port + u"/captions");
   // Resolved by the page itself as soon as the new text is in its document.
-  const QString next = QStringLiteral("new Promise(d => new MutationObserver((m, o) => { if (m.some(c => [...c.addedNodes]"
-                                      ".some(n => n.innerText))) { o.disconnect(); d(Date.now()) } })"
-                                      ".observe(document.body, {subtree: true, childList: true}))");
+  const QString next =
+      QStringLiteral("new Promise(d => new MutationObserver((m, o) => { if (m.some(c => [...c.addedNodes]"
+                     ".some(n => n.innerText))) { o.disconnect(); d(Date.now()) } })"
+                     ".observe(document.body, {subtree: true, childList: true}))");
   browser.Eval(QStringLiteral("new Promise(d => setTimeout(d, 1500))"));
   std::vector<double> waits;
   for (int n = 0; n < times; ++n) {
-    browser.Eval(QStringLiteral("window.seen = %1; new Promise(d => setTimeout(d, %2))").arg(next).arg(400 + 37 * (n % 8)));
+    browser.Eval(
+        QStringLiteral("window.seen = %1; new Promise(d => setTimeout(d, %2))").arg(next).arg(400 + 37 * (n % 8)));
     const qint64 pressed = QDateTime::currentMSecsSinceEpoch();
     key(n / 8 % 2 == 0 ? "Down" : "Up");
     waits.push_back(browser.Eval(QStringLiteral("window.seen")).toDouble() - static_cast<double>(pressed));

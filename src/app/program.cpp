@@ -78,7 +78,6 @@ struct Program::Impl {
   void MakeShowWindows();
   void MakeVideoWindows();
   void MakeNoticeWindows();
-  void MakeCaptions();
   void MostraServidor();
   void AbreLegendas();
   void MakeDisplay();
@@ -186,7 +185,7 @@ void Program::Impl::MakeWindows() {
   MakeShowWindows();
   MakeVideoWindows();
   MakeNoticeWindows();
-  MakeCaptions();
+  servidor.Mudou = [this] { MostraServidor(); };
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
   windows.newSong = [this] { editors->Novo(songs.get()); };
@@ -361,10 +360,6 @@ void Program::Impl::MakeNoticeWindows() {
       NoticeDoors{store, prompt, positions, envia, porQueNaoSeVe, mostra, console.get()});
 }
 
-void Program::Impl::MakeCaptions() {
-  servidor.Mudou = [this] { MostraServidor(); };
-}
-
 void Program::Impl::MostraServidor() {
   const ServidorDeLegendas agora = servidor.TemCliente() ? ServidorDeLegendas::ComCliente
                                    : servidor.Ligado()   ? ServidorDeLegendas::SemCliente
@@ -383,7 +378,8 @@ void Program::Impl::AbreLegendas() {
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
   quendar = std::make_unique<FrmQuendar>(
-      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events, software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
+      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events,
+                        software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
@@ -608,6 +604,8 @@ Program::~Program() {
   m_impl->themes.reset();
   m_impl->notices.reset();
   m_impl->cameras.reset();
+  m_impl->servidor.Mudou = nullptr;
+  m_impl->legendas.reset();
   m_impl->sobre.reset();
   m_impl->console.reset();
 }

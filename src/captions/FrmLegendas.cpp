@@ -15,6 +15,7 @@
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -28,10 +29,23 @@ constexpr int IntervaloDoTimer1 = 500; // ms
 constexpr int LarguraDasAbas = 430;
 constexpr int LarguraDaPorta = 90;
 
+// A port, or nothing yet; the form says what is missing when the server is to start.
+class ValidaPorta : public QIntValidator {
+public:
+  explicit ValidaPorta(QObject *parent) : QIntValidator(0, 65535, parent) {
+    QLocale semPontos(QLocale::C);
+    semPontos.setNumberOptions(QLocale::RejectGroupSeparator);
+    setLocale(semPontos);
+  }
+  State validate(QString &texto, int &lugar) const override {
+    return texto.isEmpty() || QIntValidator::validate(texto, lugar) == Acceptable ? Acceptable : Invalid;
+  }
+};
+
 const QString ExemploDeLetra = QStringLiteral("I will call<br>Upon Your name");
-const QString ExemploDeVersiculo =
-    QStringLiteral("For God so loved the world, that he gave his only begotten Son, that whosoever believeth in him should "
-                   "not perish, but have everlasting life.");
+const QString ExemploDeVersiculo = QStringLiteral(
+    "For God so loved the world, that he gave his only begotten Son, that whosoever believeth in him should "
+    "not perish, but have everlasting life.");
 
 } // namespace
 
@@ -111,6 +125,7 @@ QWidget *FrmLegendas::MakeServer() {
   m_text1->setAccessibleName(tr("Port"));
   m_text1->setToolTip(tr("The port that the broadcast tool asks at, best between 49152 and 65535"));
   m_text1->setMaxLength(5);
+  m_text1->setValidator(new ValidaPorta(m_text1));
   m_text1->setFixedWidth(LarguraDaPorta);
   connect(m_text1, &QLineEdit::returnPressed, this, &FrmLegendas::BotaoFlat1);
   auto *port = new QLabel(tr("Po&rt"), this);
@@ -126,10 +141,7 @@ QWidget *FrmLegendas::MakeServer() {
   m_optionFlat1 = new QCheckBox(tr("S&tart with the program"), this);
   m_optionFlat1->setObjectName(QStringLiteral("OptionFlat1"));
   m_optionFlat1->setToolTip(tr("Starts the server with the program, and again after a failure"));
-  connect(m_optionFlat1, &QCheckBox::clicked, this, [this](bool on) {
-    m_temp.StartOnLoad = m_doors.legenda.StartOnLoad = on;
-    GravaStartOnLoad(m_doors.store, on);
-  });
+  connect(m_optionFlat1, &QCheckBox::clicked, this, &FrmLegendas::OptionFlat1);
   column->addWidget(m_optionFlat1);
 
   m_labelFalha = new QLabel(tr("This port cannot be used. Choose another one."), this);
@@ -168,7 +180,9 @@ void FrmLegendas::Open() {
   activateWindow();
 }
 
-PageObject *FrmLegendas::WV() const { return m_preview->PicWV()->WV(); }
+PageObject *FrmLegendas::WV() const {
+  return m_preview->PicWV()->WV();
+}
 
 void FrmLegendas::CarregaLegendaTemp() {
   CarregaLegendas(m_doors.store, m_temp);
@@ -186,10 +200,12 @@ void FrmLegendas::MostraPreviaLegenda(int aba) {
 }
 
 void FrmLegendas::Salva() {
-  if (const quint16 porta = PortaDoTexto(m_text1->text()); porta > 0)
+  if (const quint16 porta = PortaDoTexto(m_text1->text()); porta > 0) {
     m_temp.Porta = porta;
+    m_text1->setText(QString::number(porta));
+  }
   if (!SalvarLegenda(m_doors.store, m_temp)) {
-    m_doors.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), tr("The settings could not be saved."));
+    DizQueNaoGravou();
     return;
   }
   m_doors.legenda.Biblia = m_temp.Biblia;
@@ -198,20 +214,37 @@ void FrmLegendas::Salva() {
     m_doors.salvas();
 }
 
+void FrmLegendas::DizQueNaoGravou() {
+  m_doors.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), tr("The settings could not be saved."));
+}
+
+void FrmLegendas::OptionFlat1(bool ligado) {
+  if (!GravaStartOnLoad(m_doors.store, ligado)) {
+    m_optionFlat1->setChecked(!ligado);
+    DizQueNaoGravou();
+    return;
+  }
+  m_temp.StartOnLoad = m_doors.legenda.StartOnLoad = ligado;
+}
+
 void FrmLegendas::BotaoFlat1() {
   m_falhou = false;
-  if (m_doors.servidor.Ligado()) {
+  if (m_doors.servidor.EmServico()) {
     m_doors.servidor.Desliga();
   } else {
+    const QString titulo = QStringLiteral("Caption Server for OBS");
     QString erro;
-    if (!m_doors.servidor.Liga(m_text1->text(), erro))
-      m_doors.prompt.Message(MessageKind::Information, QStringLiteral("Caption Server for OBS"),
-                             QStringLiteral("Enter the port number (between 49152 and 65535) and then click 'Start Server'"));
-    else if (!erro.isEmpty())
-      m_doors.prompt.Message(MessageKind::Warning, QStringLiteral("Caption Server for OBS"), erro);
-    else
+    if (!m_doors.servidor.Liga(m_text1->text(), erro)) {
+      m_doors.prompt.Message(
+          MessageKind::Information, titulo,
+          QStringLiteral("Enter the port number (between 49152 and 65535) and then click 'Start Server'"));
+    } else {
+      m_temp.Porta = m_doors.legenda.Porta;
+      m_text1->setText(QString::number(m_temp.Porta));
       m_falhou = !m_doors.servidor.Ligado();
-    m_temp.Porta = m_doors.legenda.Porta;
+      if (!erro.isEmpty())
+        m_doors.prompt.Message(MessageKind::Warning, titulo, erro);
+    }
   }
   MostraServidor();
 }
@@ -227,15 +260,14 @@ void FrmLegendas::BotaoFlat3() {
       QStringLiteral("If there is an issue, try changing the port number (between 49152 and 65535)"),
       QStringLiteral("Always choose ports that are not being used by other applications and ensure the firewall allows "
                      "connections on the chosen port.")};
-  const QStringList linhas = m_doors.servidor.Ligado()
-                                 ? QStringList{u"1) " + fonte, u"2) " + endereco}
-                                 : QStringList{porta, u"2) " + fonte, u"3) " + endereco};
+  const QStringList linhas = m_doors.servidor.EmServico() ? QStringList{u"1) " + fonte, u"2) " + endereco}
+                                                          : QStringList{porta, u"2) " + fonte, u"3) " + endereco};
   m_doors.prompt.Message(MessageKind::Information, QStringLiteral("Caption Server for Broadcast"),
                          (linhas + fim).join(u'\n'));
 }
 
 void FrmLegendas::MostraServidor() {
-  const bool ligado = m_doors.servidor.Ligado();
+  const bool ligado = m_doors.servidor.EmServico();
   m_botaoFlat1->setText(ligado ? QStringLiteral("Stop Server") : QStringLiteral("Start Server"));
   SetLook(m_botaoFlat1, "state", ligado ? QStringLiteral("live") : QString());
   m_text1->setEnabled(!ligado);

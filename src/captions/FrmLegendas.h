@@ -40,6 +40,8 @@ private:
   void CarregaLegendaTemp();
   void MostraPreviaLegenda(int aba);
   void Salva();
+  void DizQueNaoGravou();
+  void OptionFlat1(bool ligado);
   void BotaoFlat1();
   void BotaoFlat3();
   void MostraServidor();

@@ -23,7 +23,9 @@ QString Rgb(qint32 cor) {
   return u"rgb(" + parte(0) + u',' + parte(8) + u',' + parte(16);
 }
 
-QString ClasseDoPeso(bool negrito) { return negrito ? QStringLiteral(" fontBold") : QStringLiteral(" fontNormal"); }
+QString ClasseDoPeso(bool negrito) {
+  return negrito ? QStringLiteral(" fontBold") : QStringLiteral(" fontNormal");
+}
 
 QString Classes(const EstiloLegenda &estilo) {
   QString classes;
@@ -53,8 +55,8 @@ struct Passagem {
   }
   // Styles 1 and 2; the first of them closes one block more than it opens.
   QString Caixa(QStringView classe, QStringView fim) const {
-    return u"</div><div class='" + classe + classes + u"' style='font-family:" + fonte + u';' + coresDoTexto +
-           u";'>" + texto + fim + Margem;
+    return u"</div><div class='" + classe + classes + u"' style='font-family:" + fonte + u';' + coresDoTexto + u";'>" +
+           texto + fim + Margem;
   }
   // Styles 3 to 5: over the whole breadth.
   QString Faixa() const {
@@ -152,7 +154,9 @@ Abertura BlocoDaLinha(int estilo) {
 
 } // namespace
 
-QString ComposeCor(qint32 cor) { return Rgb(cor) + u')'; }
+QString ComposeCor(qint32 cor) {
+  return Rgb(cor) + u')';
+}
 
 QString ComposeFundo(qint32 cor, int transparencia) {
   return transparencia >= Opaco ? QString(Rgb(cor) + u", 1)")

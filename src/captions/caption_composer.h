@@ -17,7 +17,7 @@ QString ComposeLegendaBiblia(const LegendaBiblia &estilo, const QString &texto, 
 // Lines at the mark "|#|", made into two where their lengths come closest; one or two lines stay.
 QString EquilibraLinhas(const QString &texto);
 
-QString ComposeCor(qint32 cor);                       // "rgb(r,g,b)"
-QString ComposeFundo(qint32 cor, int transparencia);  // "rgb(r,g,b, 0.t)", opaque from 10 on
+QString ComposeCor(qint32 cor);                      // "rgb(r,g,b)"
+QString ComposeFundo(qint32 cor, int transparencia); // "rgb(r,g,b, 0.t)", opaque from 10 on
 
 } // namespace tolmira

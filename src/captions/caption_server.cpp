@@ -12,9 +12,9 @@ namespace {
 
 Q_LOGGING_CATEGORY(logCaption, "tolmira.caption", QtWarningMsg)
 
-constexpr int IntervaloDoVigia = 1000;        // ms
+constexpr int IntervaloDoVigia = 1000;         // ms
 constexpr qint64 MaximoSemPedido = 256 * 1024; // bytes: who sends more without asking for anything is no browser
-constexpr qint64 ClienteRecente = 3000;       // ms
+constexpr qint64 ClienteRecente = 3000;        // ms
 
 const QString PedidoDaPagina = QStringLiteral("Load");
 const QString PedidoDaLegenda = QStringLiteral("Update");
@@ -40,7 +40,6 @@ CaptionServer::~CaptionServer() {
 }
 
 void CaptionServer::Inicia() {
-  CarregaLegendas(m_store, m_legenda);
   if (m_legenda.StartOnLoad && m_legenda.Porta >= 1)
     StartServer();
   m_timerLegenda->Start(IntervaloDoVigia);
@@ -73,9 +72,11 @@ bool CaptionServer::Liga(const QString &porta, QString &erro) {
   if (numero == 0)
     return false;
   m_legenda.Porta = numero;
-  GravaPorta(m_store, numero);
+  const bool gravada = GravaPorta(m_store, numero);
   m_legenda.Parado = false;
   erro = StartServer();
+  if (!gravada) // and so the one that the settings have is in force
+    erro = QStringLiteral("The settings could not be saved.");
   Avisa();
   return true;
 }
@@ -83,7 +84,7 @@ bool CaptionServer::Liga(const QString &porta, QString &erro) {
 void CaptionServer::Desliga() {
   m_winsock1.Close();
   m_legenda.Parado = true;
-  m_houvePedido = false;
+  m_ultimaVez.reset();
   Avisa();
 }
 
@@ -92,9 +93,12 @@ bool CaptionServer::Ligado() const {
   return estado == Winsock::Ouvindo || estado == Winsock::Conectado;
 }
 
+bool CaptionServer::EmServico() const {
+  return Ligado() || m_winsock1.State() == Winsock::Fechando;
+}
+
 bool CaptionServer::TemCliente() const {
-  return m_winsock1.State() == Winsock::Conectado ||
-         (m_houvePedido && m_clock.NowMs() - m_ultimaVez < ClienteRecente);
+  return m_winsock1.State() == Winsock::Conectado || (m_ultimaVez && m_clock.NowMs() - *m_ultimaVez < ClienteRecente);
 }
 
 void CaptionServer::TimerLegenda() {
@@ -132,17 +136,15 @@ void CaptionServer::Responde(const QByteArray &pedido) {
 
 void CaptionServer::Load() {
   m_legenda.UltimoPedido = PedidoDaPagina;
-  m_houvePedido = true;
   m_ultimaVez = m_clock.NowMs();
   m_semPedido = 0;
   m_winsock1.SendData("HTTP/1.1 200 OK\r\nContent-Type: text/html; charset=iso-8859-1\r\n\r\n" + Pagina());
 }
 
-// Browsers read iso-8859-1 as windows-1252. What that lacks is a numeric character reference, which the length counts as it is
-// sent.
+// Browsers read iso-8859-1 as windows-1252. What that lacks is a numeric character reference, which the length counts
+// as it is sent.
 void CaptionServer::Update() {
   m_legenda.UltimoPedido = PedidoDaLegenda;
-  m_houvePedido = true;
   m_ultimaVez = m_clock.NowMs();
   m_semPedido = 0;
   QByteArray texto = EncodePage(m_legenda.TextoLegenda);

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tolmira {
 
@@ -20,19 +21,23 @@ public:
                 std::function<TabelaDeEnderecos()> enderecos);
   ~CaptionServer();
 
-  void Inicia();         // reads the settings, comes up if they ask for it, and starts the watchdog
-  QString StartServer(); // (re)starts listening; what went wrong, mostly nothing. A port in use shows in Ligado() alone
-  void Encerra();        // the program ends
+  void Inicia(); // comes up if the settings, which have been read, ask for it, and starts the watchdog
+  // (Re)starts listening with the settings as they are stored; what went wrong, mostly nothing. A port in use shows in
+  // Ligado() alone.
+  QString StartServer();
+  void Encerra(); // the program ends
 
   // The operator's start, with the port as it was typed; false, and nothing happens, when that is 0. `erro` as of
-  // StartServer.
+  // StartServer, or that the port could not be stored; the one that was stored counts then.
   bool Liga(const QString &porta, QString &erro);
   void Desliga(); // holds until the next start by hand
 
-  bool Ligado() const;
+  bool Ligado() const;     // it listens, or carries a client
+  bool EmServico() const;  // the same, and while a client has gone that the watchdog has not yet seen off
   bool TemCliente() const; // one is connected, or has asked a moment ago
 
-  std::function<void()> Mudou; // called by each tick of the watchdog, and when the operator starts or stops. May be empty
+  // Called by each tick of the watchdog, and when the operator starts or stops. May be empty.
+  std::function<void()> Mudou;
 
 private:
   void TimerLegenda();
@@ -49,9 +54,8 @@ private:
   Clock &m_clock;
   std::function<TabelaDeEnderecos()> m_enderecos;
   std::unique_ptr<PeriodicTimer> m_timerLegenda;
-  qint64 m_semPedido = 0; // bytes of this client since its last request
-  qint64 m_ultimaVez = 0; // ms, of the last request
-  bool m_houvePedido = false;
+  qint64 m_semPedido = 0;            // bytes of this client since its last request
+  std::optional<qint64> m_ultimaVez; // ms, of the last request since the operator's start
 };
 
 } // namespace tolmira

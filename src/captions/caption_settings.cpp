@@ -17,8 +17,12 @@ const QString ChavePorta = QStringLiteral("porta");
 const QString ChaveStartOnLoad = QStringLiteral("startOnLoad");
 constexpr QStringView Arquivo = u"\\Data\\Config.dat";
 
-QString Logico(bool valor) { return valor ? QStringLiteral("True") : QStringLiteral("False"); }
-QString Peso(bool negrito) { return negrito ? QStringLiteral("bold") : QStringLiteral("normal"); }
+QString Logico(bool valor) {
+  return valor ? QStringLiteral("True") : QStringLiteral("False");
+}
+QString Peso(bool negrito) {
+  return negrito ? QStringLiteral("bold") : QStringLiteral("normal");
+}
 
 // Reads the keys of one section; a field holds its default before.
 class Leitor {
@@ -38,7 +42,9 @@ public:
   }
 
 private:
-  QString Le(const char *chave, const QString &padrao) const { return m_ini.Read(m_secao, QLatin1String(chave), padrao); }
+  QString Le(const char *chave, const QString &padrao) const {
+    return m_ini.Read(m_secao, QLatin1String(chave), padrao);
+  }
 
   const IniSnapshot &m_ini;
   const QString &m_secao;
@@ -128,7 +134,9 @@ bool SalvarLegenda(const IniStore &store, const EstadoLegenda &legenda) {
   return todas && WriteFileAtomically(arquivo, EncodeText(texto, old.encoding));
 }
 
-quint16 PortaDoTexto(const QString &texto) { return WholeNumber<quint16>(texto); }
+quint16 PortaDoTexto(const QString &texto) {
+  return WholeNumber<quint16>(texto);
+}
 
 bool GravaPorta(const IniStore &store, quint16 porta) {
   return store.WriteConfig(Secao, ChavePorta, QString::number(porta));

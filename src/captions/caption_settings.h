@@ -5,8 +5,8 @@
 
 namespace tolmira {
 
-// Reads port, start and both styles; what the file lacks takes its default. Bad numbers are 0, colours and transparencies
-// stay within their bounds.
+// Reads port, start and both styles; what the file lacks takes its default. Bad numbers are 0, colours and
+// transparencies stay within their bounds.
 void CarregaLegendas(const IniStore &store, EstadoLegenda &legenda);
 
 // Writes what CarregaLegendas reads, in one step. False when nothing was written.

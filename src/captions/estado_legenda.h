@@ -51,7 +51,7 @@ struct EstadoLegenda {
   bool Parado = false;      // the server: the operator stopped it
   bool StartOnLoad = false; // reading the settings; the form
   QString UltimoPedido;     // the server: "Load", "Update", or empty before the first request
-  QString TextoLegenda;     // command handler; emptied by whatever takes the text off the screen
+  QString TextoLegenda;     // command handler; emptied by another item and by the strip that leaves the frame
 
   LegendaBiblia Biblia; // reading and saving the settings
   LegendaLetras Letras; // the same; the composer makes of style 0 style 1

@@ -7,8 +7,8 @@ namespace tolmira {
 
 // The machine's IPv4 addresses as the system lists them.
 struct TabelaDeEnderecos {
-  int resultado = 0;         // not 0: the system's number for what went wrong
-  QList<quint32> enderecos;  // ascending
+  int resultado = 0;        // not 0: the system's number for what went wrong
+  QList<quint32> enderecos; // ascending
 };
 
 TabelaDeEnderecos GetIpAddrTable();

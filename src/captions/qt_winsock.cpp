@@ -85,7 +85,9 @@ void QtWinsock::Arrived() {
     DataArrival(m_client->bytesAvailable());
 }
 
-QByteArray QtWinsock::GetData() { return m_client ? m_client->readAll() : QByteArray(); }
+QByteArray QtWinsock::GetData() {
+  return m_client ? m_client->readAll() : QByteArray();
+}
 
 void QtWinsock::SendData(const QByteArray &data) {
   if (!m_client)

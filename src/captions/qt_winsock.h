@@ -9,8 +9,8 @@
 
 namespace tolmira {
 
-// The real Winsock. What a client can make it hold is bounded: a piece of 64 KiB that has arrived, and the last answer with as
-// much before it that waits to be sent. A client that lets more wait is dropped when it asks again.
+// The real Winsock. What a client can make it hold is bounded: a piece of 64 KiB that has arrived, and the last answer
+// with as much before it that waits to be sent. A client that lets more wait is dropped when it asks again.
 class QtWinsock : public QObject, public Winsock {
   Q_OBJECT
 

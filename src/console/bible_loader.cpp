@@ -91,6 +91,10 @@ bool BibleLoader::TemTexto(const QString &reference) {
 }
 
 bool BibleLoader::exibeTextoBiblico(const QString &reference, bool applyTheme, bool show) {
+  return Exibe(reference, applyTheme, show, true);
+}
+
+bool BibleLoader::Exibe(const QString &reference, bool applyTheme, bool show, bool outroItem) {
   PainelConsole &painel = m_console.painel;
   QString canonical = Canonica(reference);
   const QString text = TextoDoVersiculo(m_loja.GetVerse(canonical)).trimmed();
@@ -104,6 +108,8 @@ bool BibleLoader::exibeTextoBiblico(const QString &reference, bool applyTheme, b
   }
 
   m_console.estado.UltimoTexto.clear();
+  if (outroItem)
+    m_console.legenda.TextoLegenda.clear();
   painel.SliderExLouvorVisible = painel.SliderExBibliaVisible = painel.ComboFontSizeVisible = false;
   CarregaLeitura(canonical, text, applyTheme, show);
   painel.SliderExBibliaVisible = true;
@@ -171,8 +177,8 @@ int BibleLoader::Tamanho(const QString &texto, const QString &referencia, const 
   tela.centrado = ajustes.AlinhamentoVertical == u"center";
   tela.escala = ajustes.EscalaBiblia;
   tela.zoom = ajustes.ZoomAjustBiblia;
-  return TamanhoBiblia(m_console.legenda.Biblia.maiusculas ? texto.toUpper() : texto, referencia + u" (" + versao + u')', tela,
-                       m_console.measure);
+  return TamanhoBiblia(m_console.legenda.Biblia.maiusculas ? texto.toUpper() : texto,
+                       referencia + u" (" + versao + u')', tela, m_console.measure);
 }
 
 void BibleLoader::EnviaVersiculo(bool comEfeito) {
@@ -224,7 +230,7 @@ void BibleLoader::CMDProximo_Click(int direction) {
     if (estado.EnviarAoTelao)
       estado.FundoPreso = false; // a move of the text takes the screen back from a background placed by hand
     if (passo->outroCapitulo) {
-      exibeTextoBiblico(passo->referencia, false, true);
+      Exibe(passo->referencia, false, true, false);
     } else {
       CarregaLeitura(passo->referencia, passo->texto, false, true);
       m_stepper.MouseUp_Finaliza(false, false);

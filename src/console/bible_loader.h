@@ -50,6 +50,8 @@ private:
     QString texto;
     bool outroCapitulo = false;
   };
+  // Walking on into the next chapter is no other item: the caption of the verse stays until the next one goes out.
+  bool Exibe(const QString &reference, bool applyTheme, bool show, bool outroItem);
   std::optional<Passo> Vizinho(const QString &reference, bool frente);
   std::optional<Passo> NoCapitulo(QString &reference, bool frente);
   bool TemCapitulo(const QString &reference);

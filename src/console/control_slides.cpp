@@ -89,6 +89,7 @@ void ControlSlides::TomaConsole() {
   estado.VersoHtmlAtual.clear();
   estado.VersoTextoAtual.clear();
   estado.UltimoTexto.clear();
+  m_console.legenda.TextoLegenda.clear();
   estado.ModoMovimento = QStringLiteral("Normal");
   m_stepper.PlaceBelowFrame();
   m_console.faixa.Label1Visible = false;

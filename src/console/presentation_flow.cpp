@@ -7,8 +7,6 @@
 #include "media/video_files.h"
 #include "songs/song_text.h"
 
-#include <utility>
-
 namespace tolmira {
 
 namespace {
@@ -37,7 +35,6 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
 
   if (!name.isEmpty() && Recusa(kind, caption, name))
     return;
-  const QString legenda = std::exchange(m_console.legenda.TextoLegenda, QString());
   FechaSlideShow(kind);
   const bool haviaVideo = m_video.EmExibicao();
   // Without another item the empty page would stay, black.
@@ -48,7 +45,6 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
 
   if (!name.isEmpty()) {
     if (!Carrega(kind, caption, name)) {
-      m_console.legenda.TextoLegenda = legenda; // of the text that stays
       if (haviaVideo)
         m_video.VoltaAoTema();
       return;

@@ -69,6 +69,7 @@ bool SongLoader::ListMusicasDuploClique(const QString &caption, const QString &f
         QStringLiteral("Item not found.\n\nThe file may have been deleted or moved to another location."));
     return false;
   }
+  m_console.legenda.TextoLegenda.clear();
   PainelConsole &painel = m_console.painel;
   painel.Label9 = caption;
   m_console.estado.EstrofeAtual = -1;

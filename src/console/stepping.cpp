@@ -184,10 +184,10 @@ void VerseStepper::LimpaTela(const QString &modo) {
     CallPageScript(m_console.previa(), QStringLiteral("UpdateTextHtml"));
     estado.VersoHtmlAtual.clear();
     estado.VersoTextoAtual.clear();
+    m_console.legenda.TextoLegenda.clear();
   }
   estado.EstrofeAtual = -1;
   estado.UltimoTexto.clear();
-  m_console.legenda.TextoLegenda.clear();
   m_console.Atualiza();
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "captions/estado_legenda.h"
 #include "display/display_channel.h"
 #include "display/display_seams.h"
 #include "display/estado.h"
-#include "captions/estado_legenda.h"
 #include "foundation/seams.h"
 
 #include <QString>

@@ -20,13 +20,17 @@ public:
       QDir(folder.path()).mkdir(QLatin1String(sub));
     WriteBytes(folder.filePath(QStringLiteral("html/legenda.html")),
                ReadBytes(qEnvironmentVariable("TOLMIRA_SOURCE_DIR") + QStringLiteral("/assets/html/legenda.html")));
-    QTcpServer free;
-    free.listen(QHostAddress::Any);
-    port = free.serverPort();
-    free.close();
     GravaStartOnLoad(store, true);
-    GravaPorta(store, port);
-    server.Inicia();
+    // The port was free a moment ago; another program may have it by now.
+    for (int tries = 0; tries < 10 && !server.Ligado(); ++tries) {
+      QTcpServer free;
+      free.listen(QHostAddress::Any);
+      port = free.serverPort();
+      free.close();
+      GravaPorta(store, port);
+      CarregaLegendas(store, legenda);
+      server.Inicia();
+    }
   }
   QString Url() const { return QStringLiteral("http://127.0.0.1:%1/captions").arg(port); }
 

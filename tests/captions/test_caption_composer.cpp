@@ -24,36 +24,51 @@ private slots:
     const QString band = u"</div><div class='biblia2 contorno fontNormal' style='font-family:Serif;" + text +
                          u";'><div style='width: 90%;'>Verse</div></div>";
     const QString one = u"<div class='titulo tituloQuadrado fontBold' style='font-family:Serif;font-size:1rem; " +
-                        title + u";'>John 3:16 (KJV)</div><div class='biblia1 tituloQuadrado contorno fontNormal' "
-                                u"style='font-family:Serif;" + text + u";'>Verse</div></div>" + margin;
-    const QString sides = title + u"; width: 20vw;'>John 3:16<br>KJV</div><div class= 'bloco2b contorno fontNormal' "
-                                  u"style='width:80vw; " + text + u";'>Verse</div></div>";
+                        title +
+                        u";'>John 3:16 (KJV)</div><div class='biblia1 tituloQuadrado contorno fontNormal' "
+                        u"style='font-family:Serif;" +
+                        text + u";'>Verse</div></div>" + margin;
+    const QString sides = title +
+                          u"; width: 20vw;'>John 3:16<br>KJV</div><div class= 'bloco2b contorno fontNormal' "
+                          u"style='width:80vw; " +
+                          text + u";'>Verse</div></div>";
     const QString loose = u"<div class='bloco2 fontBold' style='font-family:Serif;font-size:1rem; width:94vw;'><div "
-                          u"class= 'bloco2a' style='" + title + u"; width:20vw;'>John 3:16<br>KJV</div><div class= "
-                          u"'bloco2b contorno fontNormal' style='width:74vw; " + text +
-                          u";'>Verse</div></div><div style='margin-bottom: 6vh;'></div>";
+                          u"class= 'bloco2a' style='" +
+                          title +
+                          u"; width:20vw;'>John 3:16<br>KJV</div><div class= "
+                          u"'bloco2b contorno fontNormal' style='width:74vw; " +
+                          text + u";'>Verse</div></div><div style='margin-bottom: 6vh;'></div>";
     QTest::newRow("0 is 1") << 0 << one;
     QTest::newRow("1") << 1 << one;
     QTest::newRow("2") << 2
-                       << QString(u"<div class='titulo tituloRedondo fontBold' style='font-family:Serif;font-size:1rem; " +
-                                  title + u";'>John 3:16 (KJV)</div><div class='biblia1 contorno fontNormal' "
-                                          u"style='font-family:Serif;" + text + u";'>Verse</div>" + margin);
+                       << QString(
+                              u"<div class='titulo tituloRedondo fontBold' style='font-family:Serif;font-size:1rem; " +
+                              title +
+                              u";'>John 3:16 (KJV)</div><div class='biblia1 contorno fontNormal' "
+                              u"style='font-family:Serif;" +
+                              text + u";'>Verse</div>" + margin);
     QTest::newRow("3") << 3
                        << QString(u"<div class='titulo tituloQuadrado  fontBold' style='font-family:Serif;"
-                                  u"font-size:1rem; " + title + u"; left:0%;'>John 3:16 (KJV)" + band);
+                                  u"font-size:1rem; " +
+                                  title + u"; left:0%;'>John 3:16 (KJV)" + band);
     QTest::newRow("4") << 4
                        << QString(u"<div class='titulo tituloRedondo fontBold' style='font-family:Serif;"
-                                  u"font-size:1rem; " + title + u"; left:-3%;'>&nbsp; &nbsp; &nbsp; &nbsp;John 3:16 "
-                                  u"(KJV)" + band);
+                                  u"font-size:1rem; " +
+                                  title +
+                                  u"; left:-3%;'>&nbsp; &nbsp; &nbsp; &nbsp;John 3:16 "
+                                  u"(KJV)" +
+                                  band);
     QTest::newRow("5") << 5
                        << QString(u"<div class='titulo fontBold' style='font-size:0.8rem;  font-family:Serif;" + title +
                                   u"; left:5%;'>John 3:16 (KJV)" + band);
     QTest::newRow("6") << 6
                        << QString(u"<div class='bloco2' style='font-family:Serif;'><div class= 'bloco2a  fontBold' "
-                                  u"style='font-size:1rem; " + sides);
+                                  u"style='font-size:1rem; " +
+                                  sides);
     QTest::newRow("7") << 7
                        << QString(u"<div class='bloco2' style='font-family:Serif;'><div class= 'bloco2a fontBold' "
-                                  u"style='font-size:1rem; " + sides + margin);
+                                  u"style='font-size:1rem; " +
+                                  sides + margin);
     QTest::newRow("8") << 8 << loose;
     QTest::newRow("above 8") << 23 << loose;
   }
@@ -68,7 +83,8 @@ private slots:
     look.fontColorTitulo = 0x090807;
     look.backColorTitulo = 0x0c0b0a;
     look.transparenciaTitulo = 2; // read by nobody
-    QTEST(ComposeLegendaBiblia(look, QStringLiteral("Verse"), QStringLiteral("John 3:16"), QStringLiteral("KJV")), "html");
+    QTEST(ComposeLegendaBiblia(look, QStringLiteral("Verse"), QStringLiteral("John 3:16"), QStringLiteral("KJV")),
+          "html");
   }
 
   void songs_data() {
@@ -197,16 +213,18 @@ private slots:
     QVERIFY(read.Porta == 50505 && read.StartOnLoad);
     const QByteArray bytes = ReadBytes(file);
     QVERIFY(bytes.startsWith("[Config]\r\nestiloLouvor=4\r\n"));
-    QVERIFY(bytes.contains("[Legendas B\xED" "blia]\r\nestilo=7\r\nalinhamento=0\r\nContorno=False\r\nSombra=False\r\n"
+    QVERIFY(bytes.contains("[Legendas B\xED"
+                           "blia]\r\nestilo=7\r\nalinhamento=0\r\nContorno=False\r\nSombra=False\r\n"
                            "fontBold=normal\r\nfontBoldTitulo=normal\r\nfontColor=16777215\r\n"));
   }
 
   void badSettingsAreHarmless() {
     QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("Data")));
-    WriteBytes(folder.filePath(QStringLiteral("Data/Config.dat")),
-               "[Legendas]\r\nporta=99999\r\nstartOnLoad=yes\r\n[Legendas Letras]\r\nestilo=x\r\nfontColor=99999999999\r\n"
-               "backColor=-5\r\ntransparencia=77\r\nfontBold=maybe\r\n");
+    WriteBytes(
+        folder.filePath(QStringLiteral("Data/Config.dat")),
+        "[Legendas]\r\nporta=99999\r\nstartOnLoad=yes\r\n[Legendas Letras]\r\nestilo=x\r\nfontColor=99999999999\r\n"
+        "backColor=-5\r\ntransparencia=77\r\nfontBold=maybe\r\n");
     const AppFolder app(folder.path());
     EstadoLegenda read;
     CarregaLegendas(IniStore(app), read);

@@ -1,4 +1,5 @@
 #include "captions/caption_server.h"
+#include "captions/caption_settings.h"
 #include "support/fake_clock.h"
 #include "support/fake_winsock.h"
 #include "support/files.h"
@@ -20,8 +21,9 @@ class TestCaptionServer : public QObject {
       WriteBytes(folder.filePath(QStringLiteral("html/legenda.html")), "<a href='[caminho]'>[apppath] \xE1</a>\r\n");
       server.Mudou = [this] { ++told; };
     }
-    void Settings(const QByteArray &keys) const {
+    void Settings(const QByteArray &keys) {
       WriteBytes(folder.filePath(QStringLiteral("Data/Config.dat")), "[Legendas]\r\n" + keys);
+      CarregaLegendas(store, legenda);
     }
 
     QTemporaryDir folder;
@@ -70,10 +72,10 @@ private slots:
     hall.server.StartServer();
     hall.socket.Connect(1);
     hall.legenda.TextoLegenda = QStringLiteral("<p>á</p>");
-    const QByteArray expected =
-        answer == u"page"      ? PageHead + "<a href='http://192.168.1.5:4747'>" + hall.folder.path().toLatin1() + " \xE1</a>\r\n"
-        : answer == u"caption" ? Caption(8, "<p>\xE1</p>")
-                               : QByteArray("HTTP/1.1 404 Not Found\r\n\r\n");
+    const QByteArray expected = answer == u"page" ? PageHead + "<a href='http://192.168.1.5:4747'>" +
+                                                        hall.folder.path().toLatin1() + " \xE1</a>\r\n"
+                                : answer == u"caption" ? Caption(8, "<p>\xE1</p>")
+                                                       : QByteArray("HTTP/1.1 404 Not Found\r\n\r\n");
     QCOMPARE(hall.socket.Ask(request), expected);
     QTEST(hall.legenda.UltimoPedido, "remembered");
     QCOMPARE(hall.socket.state, int(Winsock::Conectado)); // and the connection stays
@@ -85,7 +87,9 @@ private slots:
     QTest::newRow("nothing") << QString() << Caption(0, "");
     QTest::newRow("quotation marks") << QStringLiteral("say \"so\"") << Caption(8, "say so");
     QTest::newRow("beyond the code page") << QString(QChar(0x5e9)) << Caption(7, "&#1513;");
-    QTest::newRow("of it alone") << QStringLiteral("“a”") << Caption(3, "\x93" "a\x94");
+    QTest::newRow("of it alone") << QStringLiteral("“a”")
+                                 << Caption(3, "\x93"
+                                               "a\x94");
   }
   void lengths() {
     QFETCH(QString, caption);
@@ -187,6 +191,8 @@ private slots:
       return;
     QCOMPARE(hall.legenda.Url, QStringLiteral("http://192.168.1.5:%1/captions").arg(port));
     QCOMPARE(hall.store.ReadConfig(QStringLiteral("Legendas"), QStringLiteral("porta"), {}), QString::number(port));
+    hall.socket.state = Winsock::Fechando; // until the watchdog has seen it
+    QVERIFY(hall.server.EmServico() && !hall.server.Ligado());
     hall.server.Desliga();
     hall.clock.Advance(5000);
     QVERIFY(!hall.server.Ligado() && hall.legenda.Parado);

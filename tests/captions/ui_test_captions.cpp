@@ -4,6 +4,7 @@
 #include "support/counting_yielder.h"
 #include "support/fake_clock.h"
 #include "support/fake_winsock.h"
+#include "support/full_disk.h"
 #include "support/scripted_prompt.h"
 #include "support/web_fixture.h"
 #include "support/window_warnings.h"
@@ -31,7 +32,8 @@ class UiTestCaptions : public QObject {
       for (const char *sub : {"Data", "html"})
         QDir(folder.path()).mkdir(QLatin1String(sub));
       for (const QString &page : {QStringLiteral("legenda.html"), QStringLiteral("legendaPreview.html")})
-        QFile::copy(qEnvironmentVariable("TOLMIRA_SOURCE_DIR") + u"/assets/html/" + page, folder.filePath(u"html/" + page));
+        QFile::copy(qEnvironmentVariable("TOLMIRA_SOURCE_DIR") + u"/assets/html/" + page,
+                    folder.filePath(u"html/" + page));
       positions.SetConsole(&desk);
     }
     template <class Control> Control *In(const char *name) { return form.findChild<Control *>(QLatin1String(name)); }
@@ -61,10 +63,14 @@ private slots:
   void init() { FailOnWindowWarnings(); }
 
   void thePreviewFollowsTheControls() {
+    constexpr QRgb Title = qRgb(0, 143, 255), Plate = qRgb(18, 240, 165); // the one is the passages' own
     Room room;
+    EstadoLegenda settings;
+    settings.Letras.backColor = 0xA5F012;
+    SalvarLegenda(room.store, settings);
     room.form.Open();
-    // The frame is another origin to the script, so its picture is looked at: the sample's title, in its colour.
-    const auto titleSeen = [&room](QRgb colour) {
+    // The frame is another origin to the script, so its picture is looked at.
+    const auto seen = [&room](QRgb colour) {
       const QImage picture = room.form.grab().toImage();
       for (int y = 0; y < picture.height(); ++y)
         for (int x = picture.width() / 2; x < picture.width(); ++x)
@@ -72,9 +78,12 @@ private slots:
             return true;
       return false;
     };
-    QTRY_VERIFY_WITH_TIMEOUT(titleSeen(qRgb(0, 143, 255)), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(seen(Title), 20000);
     room.In<QTabWidget>("Abas")->setCurrentIndex(1);
-    QTRY_VERIFY_WITH_TIMEOUT(!titleSeen(qRgb(0, 143, 255)), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!seen(Title), 20000);
+    QVERIFY(!seen(Plate)); // what is behind it shines through
+    room.In<QSlider>("sliderTransparenciaLetras")->setValue(10);
+    QTRY_VERIFY_WITH_TIMEOUT(seen(Plate), 20000);
     QCOMPARE(room.In<ColourField>("SelectColorsTextofonteLetras")->toolTip(),
              QStringLiteral("Aperte e segure o botão do mouse para selecionar a cor desejada"));
   }
@@ -111,7 +120,8 @@ private slots:
     QCOMPARE(button->text(), QStringLiteral("Start Server"));
     QVERIFY(!room.In<QWidget>("PicServer")->isVisible());
     room.Click("BotaoFlat3");
-    QVERIFY(room.prompt.shown.last().text.startsWith(u"1) Enter the port number (between 49152 and 65535) and then click"));
+    QVERIFY(
+        room.prompt.shown.last().text.startsWith(u"1) Enter the port number (between 49152 and 65535) and then click"));
 
     port->setText(QStringLiteral("50000"));
     button->click();
@@ -127,11 +137,37 @@ private slots:
     room.socket.state = Winsock::Fechado; // by itself
     QTRY_COMPARE(button->text(), QStringLiteral("Start Server"));
     button->click();
+    room.socket.state = Winsock::Fechando; // a client that went is no stopped server
+    room.form.Open();
+    QVERIFY(!QTest::qWaitFor([&] { return button->text() != u"Stop Server"; }, 700)); // over a tick of its timer
     button->click();
     QVERIFY(room.legenda.Parado && port->isEnabled());
 
+    port->clear();
+    QTest::keyClicks(port, QStringLiteral("65536"));
+    QCOMPARE(port->text(), QStringLiteral("6553"));
+    port->clear();
+    QTest::keyClick(port, Qt::Key_Return);
+    QVERIFY(room.prompt.shown.last().text.startsWith(u"Enter the port number"));
+    port->setText(QStringLiteral("99999")); // from outside, where nobody types
+    button->click();
+    QCOMPARE(port->text(), QStringLiteral("65535"));
+
+    {
+      FullDisk full(0);
+      room.Click("OptionFlat1");
+      QCOMPARE(room.prompt.shown.last().text, QStringLiteral("The settings could not be saved."));
+      QVERIFY(!room.In<QCheckBox>("OptionFlat1")->isChecked() && !room.legenda.StartOnLoad);
+      button->click();
+      port->setText(QStringLiteral("80"));
+      room.prompt.shown.clear();
+      button->click();
+      QCOMPARE(room.prompt.shown.last().text, QStringLiteral("The settings could not be saved."));
+      QCOMPARE(port->text(), QStringLiteral("65535")); // which is in force
+    }
     room.Click("OptionFlat1");
-    QCOMPARE(room.store.ReadConfig(QStringLiteral("Legendas"), QStringLiteral("startOnLoad"), {}), QStringLiteral("True"));
+    QCOMPARE(room.store.ReadConfig(QStringLiteral("Legendas"), QStringLiteral("startOnLoad"), {}),
+             QStringLiteral("True"));
   }
 };
 

@@ -148,6 +148,22 @@ private slots:
     QCOMPARE(m_fixture->Enviados(), {QStringLiteral("John 3:2 Three two")});
   }
 
+  // Another passage takes the caption away before its page is built; walking on leaves it to the verse that goes out, which
+  // looking ahead does not.
+  void theCaptionGoesWithItsPassage() {
+    QString &caption = m_fixture->core.legenda.TextoLegenda;
+    m_fixture->Mostra(QStringLiteral("John 1:1"));
+    caption = QStringLiteral("of the verse");
+    m_fixture->core.stepper.CtrlDown();
+    m_fixture->Tecla(Qt::Key_Down);
+    m_fixture->Tecla(Qt::Key_Down);
+    QCOMPARE(m_fixture->core.estado.ReferenciaAtual, QStringLiteral("John 2:1"));
+    QCOMPARE(caption, QStringLiteral("of the verse"));
+    m_fixture->core.stepper.CtrlUp();
+    m_fixture->Mostra(QStringLiteral("John 3:1"));
+    QCOMPARE(caption, QString());
+  }
+
   void neighboursOfAChapter() {
     QCOMPARE(NextCapitulo(QStringLiteral("Song of Solomon 2:7")), QStringLiteral("Song of Solomon 3:1"));
     QCOMPARE(PreviousCapitulo(QStringLiteral("I John 2:7")), QStringLiteral("I John 1:1000"));

@@ -465,13 +465,49 @@ private slots:
     QCOMPARE(caption, QString());
     m_fixture->core.teclas.KeyDown(Qt::Key_Down, false, true);
     caption = QStringLiteral("of the verse");
-    m_fixture->Show(QStringLiteral("There is no such song")); // the verse stays on the screen
+    const auto outOfTheFrame = [this] {
+      m_fixture->EndGlide();
+      m_fixture->core.stepper.Label1MouseDown(0);
+      m_fixture->core.stepper.Label1MouseMove(-20000);
+      m_fixture->core.stepper.Label1MouseUp(0);
+    };
+    m_fixture->core.stepper.CtrlDown(); // looking ahead, the screen keeps its verse
+    outOfTheFrame();
     QCOMPARE(caption, QStringLiteral("of the verse"));
-    m_fixture->EndGlide();
-    m_fixture->core.stepper.Label1MouseDown(0);
-    m_fixture->core.stepper.Label1MouseMove(-20000); // out of the frame
-    m_fixture->core.stepper.Label1MouseUp(0);
+    m_fixture->core.stepper.CtrlUp(); // and now it follows
     QCOMPARE(caption, QString());
+
+    m_fixture->core.teclas.KeyDown(Qt::Key_Down, false, true);
+    caption = QStringLiteral("of the verse");
+    outOfTheFrame();
+    QCOMPARE(caption, QString());
+  }
+
+  // Their boxes stand for as long as the operator likes, with the verse on the screen, and the next verse may go out meanwhile.
+  void theCaptionStaysWithItsTextWhereNothingElseComes_data() {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a song that is gone") << 2 << QStringLiteral("There is no such song");
+    QTest::newRow("slides without a slide") << 5 << QStringLiteral("Empty.sld");
+    QTest::newRow("a file that is gone") << 4 << QStringLiteral("/gone.mp4");
+    QTest::newRow("a passage that is not there") << 1 << QStringLiteral("John 99:1");
+    QTest::newRow("no item") << 2 << QString();
+  }
+  void theCaptionStaysWithItsTextWhereNothingElseComes() {
+    QFETCH(int, kind);
+    QFETCH(QString, name);
+    m_fixture->Write(QStringLiteral("Lyrics/Canto.txt"), TresEstrofes);
+    m_fixture->WriteSlides(QStringLiteral("Empty.sld"), 0);
+    m_fixture->Show(QStringLiteral("Canto"));
+    QString &caption = m_fixture->core.legenda.TextoLegenda;
+    caption = QStringLiteral("of the verse");
+    QString meanwhile = caption;
+    m_fixture->prompt.whileAsking = [&] {
+      meanwhile = std::exchange(caption, QStringLiteral("of the next verse"));
+    };
+    m_fixture->core.flow.ShowEntry(kind, 1, name, name);
+    QCOMPARE(meanwhile, QStringLiteral("of the verse"));
+    QCOMPARE(caption, m_fixture->prompt.shown.isEmpty() ? meanwhile : QStringLiteral("of the next verse"));
   }
 
   void aSavedLookComposesTheCaptionOfTheVerseThatStays() {

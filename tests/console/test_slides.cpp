@@ -21,6 +21,7 @@ private slots:
   void openingTakesTheConsoleOver() {
     m_fixture->Show(QStringLiteral("Graça"));
     Core().stepper.TeclaEstrofe(1);
+    Core().legenda.TextoLegenda = QStringLiteral("of the verse");
     m_fixture->Forget();
     ShowSlides(QStringLiteral("Natal.sld"));
     QCOMPARE(Estado().TipoAtual, QStringLiteral("Slides"));
@@ -29,6 +30,7 @@ private slots:
     QVERIFY(!Core().faixa.Label1Visible);
     QVERIFY(!Core().painel.Picture4Visible && !Core().painel.Picture7Visible);
     QVERIFY(!Core().painel.CommandBtEnabled && !Core().painel.LbFaixaVisible && !Core().painel.SliderExLouvorVisible);
+    QCOMPARE(Core().legenda.TextoLegenda, QString());
     const QString page = m_fixture->folder.path() + QStringLiteral("\\temp");
     QCOMPARE(m_fixture->display.commands.first(), QString(u"CarregaTema|#" + page + u".html"));
     QCOMPARE(m_fixture->preview.urls.last(), QString(u"file:///" + page + u"-pv.html"));

@@ -1,5 +1,7 @@
 #include <QtTest>
 
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <csignal>
 
 #include "remote_program.h"
@@ -145,6 +147,41 @@ private slots:
     program.Do(QStringLiteral("send"), {{QStringLiteral("comando"), QStringLiteral("Show")}});
     QVERIFY(program.WaitForText(QStringLiteral("display"), shown));
     QVERIFY(program.Quit());
+  }
+
+  void captionsAreHandedOutAndTheProgramEndsBehindTheirForm() {
+    RemoteProgram program(m_folder->path());
+    StartOnFirstVerse(program);
+    const auto click = [&program](const char *window, const char *control) {
+      program.Do(QStringLiteral("click"),
+                 {{QStringLiteral("window"), QLatin1String(window)}, {QStringLiteral("control"), QLatin1String(control)}});
+    };
+    click("FrmMonitor", "BarraAdicionar6");
+    QTRY_VERIFY_WITH_TIMEOUT(program.OpenBoxes().contains(QStringLiteral("FrmLegendas")), 20000);
+    QTcpSocket client;
+    const auto connected = [&] { // another program may take the port in between
+      QTcpServer free;
+      free.listen(QHostAddress::Any);
+      const quint16 port = free.serverPort();
+      free.close();
+      program.Do(QStringLiteral("set"), {{QStringLiteral("window"), QStringLiteral("FrmLegendas")},
+                                         {QStringLiteral("control"), QStringLiteral("Text1")},
+                                         {QStringLiteral("value"), QString::number(port)}});
+      click("FrmLegendas", "BotaoFlat1");
+      return QTest::qWaitFor(
+          [&] {
+            client.connectToHost(QHostAddress::LocalHost, port);
+            return client.waitForConnected(100);
+          },
+          10000);
+    };
+    QVERIFY(connected() || connected());
+    QByteArray heard;
+    client.write("GET /getlegenda HTTP/1.1\r\n\r\n");
+    QTRY_VERIFY_WITH_TIMEOUT((heard += client.readAll()).contains(">1 2 3</div>"), 20000);
+    QVERIFY(program.Quit());
+    QCOMPARE(program.Process().exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.Process().exitCode(), 0);
   }
 
   void aSecondCopyIsToldAndDoesNotStart() {

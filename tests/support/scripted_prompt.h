@@ -25,12 +25,12 @@ public:
 
   void Message(MessageKind kind, const QString &title, const QString &text) override {
     shown.append({kind, title, text, {}});
+    Stand();
   }
 
   int Ask(const QString &title, const QString &text, const QStringList &buttons) override {
     shown.append({MessageKind::Question, title, text, buttons});
-    if (const auto act = std::exchange(whileAsking, nullptr))
-      act();
+    Stand();
     return answers.isEmpty() ? -1 : answers.takeFirst();
   }
 
@@ -63,7 +63,7 @@ public:
   }
 
   QList<int> answers;
-  std::function<void()> whileAsking; // once, as long as the next box stands open
+  std::function<void()> whileAsking; // once, as long as the next box with a text stands open
   QStringList files;
   QStringList typed; // into the boxes for a line of text
   QList<qint32> colours;
@@ -71,6 +71,12 @@ public:
   QList<FileQuestion> fileQuestions;
   QList<QStringList> textQuestions; // title, text, what stood in the box
   QList<QPair<QString, qint32>> colourQuestions;
+
+private:
+  void Stand() {
+    if (const auto act = std::exchange(whileAsking, nullptr))
+      act();
+  }
 };
 
 } // namespace tolmira::testing

@@ -23,7 +23,9 @@ constexpr int BibleStyles = 8;
 constexpr int LyricsStyles = 11;
 constexpr int Opaque = 10;
 
-QString Spoken(QString caption) { return caption.remove(u'&'); }
+QString Spoken(QString caption) {
+  return caption.remove(u'&');
+}
 
 } // namespace
 
@@ -44,16 +46,16 @@ CaptionLook::CaptionLook(EstiloLegenda &estilo, const Nomes &nomes, QWidget *par
   Font(estilo, nomes.suffix);
   Place(estilo, nomes.suffix);
   Ticks(estilo, nomes.suffix);
-  Colours({u"SelectColorsTextofonte" + nomes.suffix, tr("Text"), nomes.hintOfFont, &estilo.fontColor},
-          {u"SelectColorsTextofundo" + nomes.suffix, tr("Background"), Hint, &estilo.backColor});
+  Colours({u"SelectColorsTextofonte" + nomes.suffix, tr("Te&xt"), nomes.hintOfFont, &estilo.fontColor},
+          {u"SelectColorsTextofundo" + nomes.suffix, tr("Bac&kground"), Hint, &estilo.backColor});
   Slider(nomes.transparency, tr("Opac&ity"), 0, Opaque, &estilo.transparencia);
 }
 
 CaptionLook::CaptionLook(LegendaLetras &letras, QWidget *parent)
-    : CaptionLook(letras,
-                  {QStringLiteral("Letras"), LyricsStyles, QStringLiteral("sliderTransparenciaLetras"),
-                   HintOfTheLyricsFont},
-                  parent) {
+    : CaptionLook(
+          letras,
+          {QStringLiteral("Letras"), LyricsStyles, QStringLiteral("sliderTransparenciaLetras"), HintOfTheLyricsFont},
+          parent) {
   m_grid->setRowStretch(m_row, 1);
 }
 
@@ -62,9 +64,9 @@ CaptionLook::CaptionLook(LegendaBiblia &biblia, QWidget *parent)
                   {QStringLiteral("Biblia"), BibleStyles, QStringLiteral("sliderTransparenciaTextoBiblia"), Hint},
                   parent) {
   m_grid->setRowMinimumHeight(m_row++, medidas::Gap);
-  Tick(Row(tr("Title")), QStringLiteral("ChkNegritoTitulo"), tr("Bo&ld title"), &biblia.fontBoldTitulo);
-  Colours({QStringLiteral("SelectColorsTitulofonteBiblia"), tr("Title text"), Hint, &biblia.fontColorTitulo},
-          {QStringLiteral("SelectColorsTituloFundoBiblia"), tr("Title background"), Hint, &biblia.backColorTitulo});
+  Tick(Row(tr("Title")), QStringLiteral("ChkNegritoTitulo"), tr("Bol&d title"), &biblia.fontBoldTitulo);
+  Colours({QStringLiteral("SelectColorsTitulofonteBiblia"), tr("Tit&le text"), Hint, &biblia.fontColorTitulo},
+          {QStringLiteral("SelectColorsTituloFundoBiblia"), tr("Title back&ground"), Hint, &biblia.backColorTitulo});
   Slider(QStringLiteral("sliderTransparenciaTituloBiblia"), tr("Opacity, titl&e"), 0, Opaque,
          &biblia.transparenciaTitulo);
   m_grid->setRowStretch(m_row, 1);
@@ -194,9 +196,11 @@ void CaptionLook::Colours(const Colour &left, const Colour &right) {
   for (const Colour &colour : {left, right}) {
     auto *under = new QVBoxLayout;
     under->setSpacing(medidas::Step);
-    under->addWidget(new QLabel(colour.caption, this));
-    auto *field = new ColourField(colour.name.toLatin1().constData(), colour.caption, this);
+    auto *label = new QLabel(colour.caption, this);
+    auto *field = new ColourField(colour.name.toLatin1().constData(), Spoken(colour.caption), this);
+    label->setBuddy(field);
     field->setToolTip(colour.hint);
+    under->addWidget(label);
     under->addWidget(field);
     row->addLayout(under, 1);
     connect(field, &ColourField::Changed, this, [this, to = colour.field](qint32 value) {

@@ -10,7 +10,8 @@ constexpr int PageSeconds = 8;
 }
 
 CaptionPreview::CaptionPreview(const AppFolder &app, const PageProfile &perfil, QWidget *parent)
-    : ProjectionFrame(QStringLiteral("captions"), Altura::PelaLargura, [] { return nullptr; }, perfil, parent),
+    : ProjectionFrame(
+          QStringLiteral("captions"), Altura::PelaLargura, [] { return nullptr; }, perfil, parent),
       m_pagina(app.At(u"\\html\\legendaPreview.html")) {
   setMinimumWidth(480);
   setAccessibleName(tr("The caption as the broadcast shows it"));
@@ -23,8 +24,11 @@ void CaptionPreview::Mostra(const QString &html) {
 }
 
 void CaptionPreview::Diz() {
-  if (PageObject *page = PicWV()->WV())
-    page->ExecuteScript(u"ChangeinnerHTML('" + QString(m_html).replace(u'\'', QStringLiteral("\\'")) + u"')");
+  PageObject *page = PicWV()->WV();
+  if (!page)
+    return;
+  const QString html = QString(m_html).replace(u'\\', QStringLiteral("\\\\")).replace(u'\'', QStringLiteral("\\'"));
+  page->ExecuteScript(u"ChangeinnerHTML('" + html + u"')");
 }
 
 void CaptionPreview::Navega() {
@@ -41,6 +45,8 @@ void CaptionPreview::Exibida() {
     Navega();
 }
 
-void CaptionPreview::Recuperada() { Navega(); }
+void CaptionPreview::Recuperada() {
+  Navega();
+}
 
 } // namespace tolmira

@@ -28,15 +28,16 @@ constexpr int PicturesPerSecond = 30;
 constexpr int CrawlSeconds = 30;
 constexpr double KeyEveryMs = 500;
 
-// Every picture differs from the one before it in each of its rows.
+// Its colours turn, so that every picture differs from the one before it in each of its rows.
 bool MakeVideo(const QString &path, int seconds) {
   QProcess ffmpeg;
-  ffmpeg.start(QStringLiteral("ffmpeg"),
-               {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-f"), QStringLiteral("lavfi"),
-                QStringLiteral("-i"),
-                QStringLiteral("testsrc2=size=1280x720:rate=%1:duration=%2").arg(PicturesPerSecond).arg(seconds),
-                QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p"), QStringLiteral("-c:v"),
-                QStringLiteral("libx264"), QStringLiteral("-preset"), QStringLiteral("veryfast"), path});
+  ffmpeg.start(
+      QStringLiteral("ffmpeg"),
+      {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-f"), QStringLiteral("lavfi"),
+       QStringLiteral("-i"),
+       QStringLiteral("testsrc2=size=1280x720:rate=%1:duration=%2,hue=H=2*t").arg(PicturesPerSecond).arg(seconds),
+       QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p"), QStringLiteral("-c:v"), QStringLiteral("libx264"),
+       QStringLiteral("-preset"), QStringLiteral("veryfast"), path});
   return ffmpeg.waitForFinished(-1) && ffmpeg.exitCode() == 0;
 }
 

@@ -1,5 +1,11 @@
 #include "bible/FrmAddBibliaNaLista.h"
 
+#include "bible/reference_entry.h"
+#include "bible/ui/dialog_keys.h"
+#include "bible/ui/reference_box.h"
+#include "controls/ui/add_dialog.h"
+#include "controls/ui/palette.h"
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -7,18 +13,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "bible/reference_entry.h"
-#include "bible/ui/dialog_keys.h"
-#include "bible/ui/reference_box.h"
-#include "controls/ui/palette.h"
-
 namespace tolmira {
 
 namespace {
 
-constexpr int Largura = 460;            // px
-constexpr int LinhasDoVersiculo = 4;    // room for most verses; a longer one is cut at the box's lower edge
-constexpr int PermanenciaMs = 4000;     // of the text that says what was added
+constexpr int Largura = 460;         // px
+constexpr int LinhasDoVersiculo = 4; // room for most verses; a longer one is cut at the box's lower edge
+constexpr int PermanenciaMs = 4000;  // of the text that says what was added
 
 } // namespace
 
@@ -78,12 +79,7 @@ FrmAddBibliaNaLista::FrmAddBibliaNaLista(BibleDoors doors)
   hints->addWidget(customise);
   column->addLayout(hints);
 
-  m_label2 = new QLabel(this);
-  m_label2->setObjectName(QStringLiteral("Label2"));
-  m_label2->setTextFormat(Qt::PlainText);
-  m_label2->setWordWrap(true);
-  m_label2->setMinimumHeight(m_label2->fontMetrics().lineSpacing());
-  m_label2->setAccessibleName(tr("What was added last"));
+  m_label2 = NewAddedLabel(this);
   column->addWidget(m_label2);
   column->addStretch(1);
 
@@ -135,7 +131,9 @@ void FrmAddBibliaNaLista::changeEvent(QEvent *event) {
   QWidget::changeEvent(event);
 }
 
-void FrmAddBibliaNaLista::ShowHint() { m_hint->setText(m_ctrlEnter.Hint()); }
+void FrmAddBibliaNaLista::ShowHint() {
+  m_hint->setText(m_ctrlEnter.Hint());
+}
 
 void FrmAddBibliaNaLista::ShowVerse() {
   QString reference = NormalizeReference(m_text2->text());

@@ -1,5 +1,6 @@
 #include "media/FrmAddVideoNaLista.h"
 
+#include "controls/ui/add_dialog.h"
 #include "controls/ui/palette.h"
 #include "media/video_files.h"
 
@@ -54,12 +55,7 @@ FrmAddVideoNaLista::FrmAddVideoNaLista(const VideoDoors &doors, std::function<vo
   link->addWidget(m_command1);
   column->addLayout(link);
 
-  m_label2 = new QLabel(this);
-  m_label2->setObjectName(QStringLiteral("Label2"));
-  m_label2->setTextFormat(Qt::PlainText);
-  m_label2->setWordWrap(true);
-  m_label2->setMinimumHeight(m_label2->fontMetrics().lineSpacing());
-  m_label2->setAccessibleName(tr("What was added last"));
+  m_label2 = NewAddedLabel(this);
   column->addWidget(m_label2);
   column->addStretch(1);
 
@@ -94,7 +90,7 @@ void FrmAddVideoNaLista::AtualizaAgenda() {
   constexpr int Longest = 30; // letters; the button stays of a size
   if (title.size() > Longest)
     title = title.left(Longest - 1) + u'…';
-  m_command1->setText(u"&Include in '" + title.replace(u'&', QStringLiteral("&&")) + u'\'');
+  m_command1->setText(IncludeCaption(title));
 }
 
 void FrmAddVideoNaLista::CommandVideo() {

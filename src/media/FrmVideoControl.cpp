@@ -4,14 +4,14 @@
 #include "controls/ui/elided_label.h"
 #include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
-#include "controls/ui/value_slider.h"
+#include "controls/ui/play_keys.h"
+#include "controls/ui/volume_box.h"
 #include "media/ui/position_bar.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -23,7 +23,6 @@ namespace {
 
 constexpr QSize FirstSize{480, 190};
 constexpr int ProgressMs = 250;
-constexpr int LeastVolumeWidth = 120;
 
 } // namespace
 
@@ -48,10 +47,7 @@ FrmVideoControl::FrmVideoControl(const VideoDoors &doors) : QWidget(doors.dono, 
   MakeButtons(column);
   MakeSound(column);
 
-  for (QWidget *part : findChildren<QWidget *>())
-    if (part->focusPolicy() != Qt::NoFocus)
-      part->installEventFilter(this);
-  installEventFilter(this);
+  new PlayKeys(this, [this] { Image3(VideoControl::TocaOuPara); });
   m_timerProgress = m_doors.clock.NewTimer([this] { TickProgress(); });
 }
 
@@ -126,21 +122,8 @@ void FrmVideoControl::MakeButtons(QVBoxLayout *column) {
 void FrmVideoControl::MakeSound(QVBoxLayout *column) {
   auto *row = new QHBoxLayout;
   row->setSpacing(medidas::Gap);
-  auto *icon = new QLabel(this);
-  icon->setPixmap(DeskIcon(QLatin1String("volume"), cores::Quiet).pixmap(medidas::Icon, medidas::Icon));
-  row->addWidget(icon);
-  m_sliderVolume = new ValueSlider(this);
-  m_sliderVolume->setObjectName(QStringLiteral("sliderVolume"));
-  m_sliderVolume->setRange(0, 100);
-  m_sliderVolume->setMinimumWidth(LeastVolumeWidth);
-  m_sliderVolume->setAccessibleName(tr("Volume of the video"));
-  m_sliderVolume->setToolTip(tr("Volume of the video"));
-  row->addWidget(m_sliderVolume, 1);
-  m_volume = new QLabel(QStringLiteral("100"), this);
-  m_volume->setObjectName(QStringLiteral("LbVolume"));
-  m_volume->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  m_volume->setMinimumWidth(m_volume->fontMetrics().horizontalAdvance(QStringLiteral("1000")));
-  row->addWidget(m_volume);
+  m_volume = new VolumeBox(tr("Volume of the video"), this);
+  row->addWidget(m_volume, 1);
   row->addSpacing(medidas::Margin);
   m_labelAudio = new QLabel(tr("&Sound:"), this);
   m_comboAudio = new QComboBox(this);
@@ -155,8 +138,7 @@ void FrmVideoControl::MakeSound(QVBoxLayout *column) {
     part->hide();
   }
   column->addLayout(row);
-  connect(m_sliderVolume, &ValueSlider::valueChanged, this, [this](int volume) { m_volume->setNum(volume); });
-  connect(m_sliderVolume, &ValueSlider::Changed, this, [this](int volume) { m_doors.controle.DefineVolume(volume); });
+  connect(m_volume, &VolumeBox::Changed, this, [this](int volume) { m_doors.controle.DefineVolume(volume); });
   connect(m_comboAudio, &QComboBox::activated, this, [this](int row_) {
     if (row_ >= 0 && row_ < m_faixas.size())
       m_doors.controle.DefineFaixa(m_faixas[row_].id);
@@ -165,7 +147,7 @@ void FrmVideoControl::MakeSound(QVBoxLayout *column) {
 
 void FrmVideoControl::Open(bool comTeclado) {
   m_doors.controle.Carrega();
-  MostraVolume();
+  m_volume->Mostra(m_doors.controle.Volume());
   TickProgress();
   m_timerProgress->Start(ProgressMs);
   if (!isVisible())
@@ -229,31 +211,6 @@ void FrmVideoControl::MostraFaixas() {
   for (int i = 0; i < m_faixas.size(); ++i)
     if (m_faixas[i].id == atual && m_comboAudio->currentIndex() != i)
       m_comboAudio->setCurrentIndex(i);
-}
-
-void FrmVideoControl::MostraVolume() {
-  const QSignalBlocker quiet(m_sliderVolume);
-  m_sliderVolume->setValue(m_doors.controle.Volume());
-  m_volume->setNum(m_sliderVolume->value());
-}
-
-// Space never presses the button that happens to have the focus, which might be the one that ends the video.
-bool FrmVideoControl::eventFilter(QObject *watched, QEvent *event) {
-  if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
-    return QWidget::eventFilter(watched, event);
-  const auto *key = static_cast<QKeyEvent *>(event);
-  const bool pressed = event->type() == QEvent::KeyPress && !key->isAutoRepeat();
-  if (key->key() == Qt::Key_Space) {
-    if (pressed)
-      Image3(VideoControl::TocaOuPara);
-    return true;
-  }
-  if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-    if (auto *button = qobject_cast<QAbstractButton *>(watched); button && pressed)
-      button->click();
-    return true;
-  }
-  return QWidget::eventFilter(watched, event);
 }
 
 void FrmVideoControl::closeEvent(QCloseEvent *event) {

@@ -16,7 +16,7 @@ namespace tolmira {
 
 class ElidedLabel;
 class PositionBar;
-class ValueSlider;
+class VolumeBox;
 
 // The control of the local video on the projection. Closing it leaves the video running. In it Space plays and pauses,
 // wherever the focus is.
@@ -33,7 +33,6 @@ signals:
   void Closed();
 
 protected:
-  bool eventFilter(QObject *watched, QEvent *event) override;
   void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -44,7 +43,6 @@ private:
   void TickProgress();
   void MostraAviso(const VideoControl::Progresso &visto);
   void MostraFaixas();
-  void MostraVolume();
 
   VideoDoors m_doors;
   ElidedLabel *m_labelTitulo;
@@ -54,8 +52,7 @@ private:
   std::array<QPushButton *, 3> m_image3{};
   QPushButton *m_imageStop;
   QCheckBox *m_checkLoop;
-  ValueSlider *m_sliderVolume;
-  QLabel *m_volume;
+  VolumeBox *m_volume;
   QLabel *m_labelAudio;
   QComboBox *m_comboAudio;
   ElidedLabel *m_labelAviso;

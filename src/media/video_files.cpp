@@ -3,6 +3,7 @@
 #include "foundation/real_path.h"
 #include "foundation/text_file.h"
 #include "foundation/text_utils.h"
+#include "foundation/video_folder.h"
 
 #include <QFileInfo>
 #include <QMimeDatabase>
@@ -13,10 +14,9 @@ namespace tolmira {
 namespace {
 
 const QString Config = QStringLiteral("Config");
-const QString PastaVideosOld = QStringLiteral("pastaVideosOld");
 const QString Titulo = QStringLiteral("Tolmira");
-const QString Filtro = QStringLiteral("Videos (*.mp4 *.m4v *.mkv *.webm *.mov *.avi *.wmv *.mpg *.mpeg);;"
-                                      "Sound (*.mp3 *.m4a *.ogg *.opus *.flac *.wav *.wma *.aac);;All files (*)");
+const QString Filtro =
+    FiltroDeVideos + QStringLiteral(";;Sound (*.mp3 *.m4a *.ogg *.opus *.flac *.wav *.wma *.aac);;All files (*)");
 
 } // namespace
 

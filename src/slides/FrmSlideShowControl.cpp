@@ -4,13 +4,13 @@
 #include "controls/ui/elided_label.h"
 #include "controls/ui/icon_button.h"
 #include "controls/ui/palette.h"
-#include "controls/ui/value_slider.h"
+#include "controls/ui/play_keys.h"
+#include "controls/ui/volume_box.h"
 #include "foundation/text_file.h"
 #include "foundation/text_utils.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -21,7 +21,6 @@ namespace tolmira {
 namespace {
 
 constexpr QSize FirstSize{420, 150};
-constexpr int LeastVolumeWidth = 120;
 
 } // namespace
 
@@ -57,32 +56,15 @@ FrmSlideShowControl::FrmSlideShowControl(const ShowDoors &doors) : QWidget(doors
   for (QPushButton *button : {m_image3, m_imageRestart, m_imageStop})
     row->addWidget(button);
   row->addSpacing(medidas::Margin);
-  auto *icon = new QLabel(this);
-  icon->setPixmap(DeskIcon(QLatin1String("volume"), cores::Quiet).pixmap(medidas::Icon, medidas::Icon));
-  row->addWidget(icon);
-  m_sliderVolume = new ValueSlider(this);
-  m_sliderVolume->setObjectName(QStringLiteral("sliderVolume"));
-  m_sliderVolume->setRange(0, 100);
-  m_sliderVolume->setMinimumWidth(LeastVolumeWidth);
-  m_sliderVolume->setAccessibleName(tr("Volume of the music"));
-  m_sliderVolume->setToolTip(tr("Volume of the music"));
-  row->addWidget(m_sliderVolume, 1);
-  m_volume = new QLabel(QStringLiteral("100"), this);
-  m_volume->setObjectName(QStringLiteral("LbVolume"));
-  m_volume->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  m_volume->setMinimumWidth(m_volume->fontMetrics().horizontalAdvance(QStringLiteral("1000")));
-  row->addWidget(m_volume);
+  m_volume = new VolumeBox(tr("Volume of the music"), this);
+  row->addWidget(m_volume, 1);
   column->addLayout(row);
 
-  for (QWidget *part : {static_cast<QWidget *>(m_image3), static_cast<QWidget *>(m_imageRestart),
-                        static_cast<QWidget *>(m_imageStop), static_cast<QWidget *>(m_sliderVolume)})
-    part->installEventFilter(this);
-  installEventFilter(this);
+  new PlayKeys(this, [this] { Image3(); });
   connect(m_image3, &QPushButton::clicked, this, &FrmSlideShowControl::Image3);
   connect(m_imageRestart, &QPushButton::clicked, this, &FrmSlideShowControl::ImageRestart);
   connect(m_imageStop, &QPushButton::clicked, this, &QWidget::close);
-  connect(m_sliderVolume, &ValueSlider::valueChanged, this, [this](int volume) { m_volume->setNum(volume); });
-  connect(m_sliderVolume, &ValueSlider::Changed, this, [this](int volume) { m_doors.player.DefineVolume(volume); });
+  connect(m_volume, &VolumeBox::Changed, this, [this](int volume) { m_doors.player.DefineVolume(volume); });
 }
 
 FrmSlideShowControl::~FrmSlideShowControl() {
@@ -157,28 +139,7 @@ void FrmSlideShowControl::ImagemMudou(const QString &nome) {
 
 void FrmSlideShowControl::Mostra() {
   m_image3->setIcon(DeskIcon(QLatin1String(m_doors.player.Parado() ? "show" : "pause")));
-  const QSignalBlocker quiet(m_sliderVolume);
-  m_sliderVolume->setValue(m_doors.player.Volume());
-  m_volume->setNum(m_sliderVolume->value());
-}
-
-// Space never presses the button that happens to have the focus, which might be the one that ends the show.
-bool FrmSlideShowControl::eventFilter(QObject *watched, QEvent *event) {
-  if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
-    return QWidget::eventFilter(watched, event);
-  const auto *key = static_cast<QKeyEvent *>(event);
-  const bool pressed = event->type() == QEvent::KeyPress && !key->isAutoRepeat();
-  if (key->key() == Qt::Key_Space) {
-    if (pressed)
-      Image3();
-    return true;
-  }
-  if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-    if (auto *button = qobject_cast<QPushButton *>(watched); button && pressed)
-      button->click();
-    return true;
-  }
-  return QWidget::eventFilter(watched, event);
+  m_volume->Mostra(m_doors.player.Volume());
 }
 
 void FrmSlideShowControl::closeEvent(QCloseEvent *event) {

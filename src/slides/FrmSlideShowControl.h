@@ -10,7 +10,7 @@ class QPushButton;
 namespace tolmira {
 
 class ElidedLabel;
-class ValueSlider;
+class VolumeBox;
 
 // The remote of the slide show on the projection. The show runs for as long as this window stands; closing it brings the
 // theme back. In it Space pauses and goes on, wherever the focus is.
@@ -30,7 +30,6 @@ signals:
   void Closed();
 
 protected:
-  bool eventFilter(QObject *watched, QEvent *event) override;
   void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -49,8 +48,7 @@ private:
   QPushButton *m_image3;
   QPushButton *m_imageRestart;
   QPushButton *m_imageStop;
-  ValueSlider *m_sliderVolume;
-  QLabel *m_volume;
+  VolumeBox *m_volume;
   bool m_closed = false;
 };
 

@@ -1,5 +1,6 @@
 #include "songs/FrmAddMusicaNaLista.h"
 
+#include "controls/ui/add_dialog.h"
 #include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
 #include "foundation/text_fields.h"
@@ -30,10 +31,6 @@ constexpr int PacienciaMs = 200;    // a search that takes longer is told of
 
 const QString TituloDaCaixa = QStringLiteral("Tolmira");
 const QString NadaSelecionado = QStringLiteral("No item selected");
-
-QString Caption(QString text) {
-  return text.replace(u'&', QStringLiteral("&&"));
-}
 
 } // namespace
 
@@ -210,7 +207,7 @@ void FrmAddMusicaNaLista::hideEvent(QHideEvent *event) {
 
 void FrmAddMusicaNaLista::AtualizaAgenda() {
   const QString title = m_doors.tituloDaAgenda ? m_doors.tituloDaAgenda() : QString();
-  m_command2->setText(QStringLiteral("&Include in '") + Caption(title) + u'\'');
+  m_command2->setText(IncludeCaption(title));
 }
 
 void FrmAddMusicaNaLista::AtualizaLista(const QString &nome) {

@@ -5,6 +5,7 @@
 #include "foundation/text_fields.h"
 #include "foundation/text_file.h"
 #include "foundation/text_utils.h"
+#include "foundation/video_folder.h"
 #include "themes/picture_file.h"
 #include "themes/picture_folder.h"
 #include "themes/small_copy.h"
@@ -20,7 +21,6 @@ namespace {
 const QString Titulos = QStringLiteral("Tolmira");
 const QString Separador = QStringLiteral("|");
 const QString Config = QStringLiteral("Config");
-const QString PastaVideosOld = QStringLiteral("pastaVideosOld");
 const QString SemRotacao = QStringLiteral("-1");
 constexpr int MaiorPosicao = 5; // of the interval list
 constexpr int QualidadeDaMiniatura = 90;
@@ -182,9 +182,8 @@ void ThemeEditor::MoveImagem(int posicao, int paraOnde) {
 bool ThemeEditor::CommandVideo() {
   const QString padrao = m_parts.store.App().At(u"\\Videos");
   const QString pasta = m_parts.store.ReadConfig(Config, PastaVideosOld, padrao);
-  const QString path = m_parts.prompt.OpenFile(
-      Titulos, MapStoredPath(pasta).text(),
-      QStringLiteral("Videos (*.mp4 *.m4v *.mkv *.webm *.mov *.avi *.wmv *.mpg *.mpeg);;All files (*)"));
+  const QString path =
+      m_parts.prompt.OpenFile(Titulos, MapStoredPath(pasta).text(), FiltroDeVideos + u";;All files (*)");
   if (path.isEmpty())
     return false;
   // A "|" would end the path where the theme is read.

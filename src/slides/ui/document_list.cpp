@@ -1,5 +1,6 @@
 #include "slides/ui/document_list.h"
 
+#include "controls/ui/add_dialog.h"
 #include "controls/ui/palette.h"
 #include "foundation/trash.h"
 #include "slides/slide_folder.h"
@@ -148,7 +149,7 @@ void DocumentList::Mostra(const QString &selecionado) {
 
 void DocumentList::AtualizaAgenda() {
   QString title = m_doors.agendaTitle ? m_doors.agendaTitle() : QString();
-  m_command2->setText(QStringLiteral("&Include in '") + title.replace(u'&', QStringLiteral("&&")) + u'\'');
+  m_command2->setText(IncludeCaption(title));
 }
 
 QString DocumentList::Texto() const {

@@ -310,7 +310,7 @@ void MpvPlayer::Impl::OnProperty(const mpv_event_property &property, uint64_t wa
   switch (watched) {
   case MpvLibrary::WatchTime:
     if (fileLoaded && state != PlayState::Stopped)
-      position = *static_cast<double *>(property.data);
+      position = std::max(0.0, *static_cast<double *>(property.data)); // a sound may begin before the picture's zero
     break;
   case MpvLibrary::WatchDuration:
     duration = *static_cast<double *>(property.data);

@@ -7,6 +7,8 @@ namespace tolmira {
 
 namespace {
 
+constexpr int UltimoDaVolta = 9; // the two behind it are for who names them
+
 Q_LOGGING_CATEGORY(logFetch, "tolmira.fetch", QtWarningMsg)
 
 class TentativasEmRodadas : public WebTask {
@@ -57,10 +59,10 @@ private:
 
 int PageFetcher::NextMethod(int round, const QString &keyName, const IniStore &store) {
   const int lido = store.ReadConfig(QStringLiteral("Config"), keyName, QStringLiteral("1")).toInt();
-  // Callers store 1 to 9; anything else somebody wrote by hand.
+  // Anything else somebody wrote by hand.
   const int stored = lido >= 1 && lido <= MetodosDeBusca ? lido : 1;
   const int method = stored + round - 1;
-  return method > 9 ? stored + round - 10 : method;
+  return method > UltimoDaVolta ? (method - 1) % UltimoDaVolta + 1 : method;
 }
 
 std::unique_ptr<WebTask> PageFetcher::FetchPage(const QString &keyName, const QUrl &url, const QString &mustHold,

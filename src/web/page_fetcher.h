@@ -19,7 +19,8 @@ public:
 
   static constexpr int Rodadas = 11;
 
-  // The method of that round (from 1), by the key in the section `Config`: stored + round - 1, and above 9 less 9.
+  // The method of that round (from 1), by the key in the section `Config`: stored + round - 1, and behind 9 from 1
+  // again.
   // Callers that scrape what they fetch learn for themselves, by Tenta.
   static int NextMethod(int round, const QString &keyName, const IniStore &store);
 

@@ -14,17 +14,16 @@ public:
   virtual ~WebTask() = default;
 };
 
-inline constexpr int MetodosDeBusca = 11;      // FetchBy's methods count from 1
-inline constexpr int LimiteDePaginaMB = 32;    // of a page, unpacked; what is larger counts as a failure
-inline constexpr int LimiteDeTempoMs = 10'000; // of one method's try, with all its redirections
+inline constexpr int MetodosDeBusca = 11;         // FetchBy's methods count from 1
+inline constexpr int LimiteDePagina = 32'000'000; // bytes of a page, unpacked; what is larger is a failure
+inline constexpr int LimiteDeTempoMs = 10'000;    // of one method's try, with all its redirections
 inline constexpr int LimiteDeRedirecionamentos = 10;
 
 // How a download went.
 struct FimDoDownload {
-  bool inteiro = false;     // every byte that was announced came, and the file is in its place
-  bool porHttps = false;    // so did all addresses on the way
-  bool pareceOutro = false; // the server answered with something else than what an earlier, stopped download began
-  QUrl endereco;            // where it came from in the end
+  bool inteiro = false;  // the server said where it ends, every byte came, and the file is in its place
+  bool porHttps = false; // so did all addresses on the way
+  QUrl endereco;         // where it came from in the end
 };
 
 // A file that is to be fetched. It grows beside its place, as `arquivo` + ".part", and takes it in one step when it is

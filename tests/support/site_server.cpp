@@ -33,7 +33,10 @@ SiteServer::SiteServer(QObject *parent, quint16 port) : QObject(parent) {
   });
 }
 
-SiteServer::~SiteServer() = default;
+SiteServer::~SiteServer() {
+  for (QTcpSocket *socket : m_server.findChildren<QTcpSocket *>())
+    socket->disconnect(); // what it tells while it goes is nobody's
+}
 
 void SiteServer::On(const QByteArray &path, Handler handler) {
   m_handlers.prepend({path, std::move(handler)});

@@ -1,0 +1,155 @@
+#include "web/real_web_client.h"
+
+#include "web/curl_request.h"
+#include "web/file_download.h"
+#include "web/qt_request.h"
+#include "web/side_work.h"
+
+#include <QNetworkAccessManager>
+#include <array>
+#include <optional>
+#include <utility>
+
+namespace tolmira {
+
+namespace {
+
+const QByteArray UA1 = QByteArrayLiteral("Mozilla/5.0 (compatible; MSIE 11.0; Windows NT 10.0)");
+const QByteArray UA2 =
+    QByteArrayLiteral("Mozilla/5.0 (Windows NT 10.0; Win64; x64) AppleWebKit/537.36 (KHTML, like Gecko) "
+                      "Chrome/91.0.4472.124 Safari/537.36 Edg/91.0.864.59");
+
+enum class Familia { Qt, Curl };
+enum class Agente { DoSistema, Um, Dois, DoDL };
+
+// Hosts tell clients apart by more than their names, so the rows of one family and one name differ in the version of
+// the protocol, or in what becomes of the bytes.
+struct Metodo {
+  Familia familia;
+  Agente agente;
+  bool http2 = true;
+  bool crua = false; // the bytes are read as a text file of people, whatever character set is declared
+};
+
+constexpr std::array<Metodo, MetodosDeBusca> Metodos{{
+    {Familia::Qt, Agente::DoSistema},
+    {Familia::Qt, Agente::Um},
+    {Familia::Qt, Agente::Dois},
+    {Familia::Curl, Agente::Um},
+    {Familia::Curl, Agente::Dois},
+    {Familia::Curl, Agente::Um, true, true},
+    {Familia::Curl, Agente::Dois, true, true},
+    {Familia::Curl, Agente::DoDL},
+    {Familia::Curl, Agente::Um, false},
+    {Familia::Qt, Agente::Um, false},
+    {Familia::Qt, Agente::Dois, false},
+}};
+
+QByteArray NomeDoAgente(Agente agente) {
+  switch (agente) {
+  case Agente::Um:
+    return UA1;
+  case Agente::Dois:
+    return UA2;
+  case Agente::DoDL:
+    return AgenteDoDL();
+  case Agente::DoSistema:
+    break;
+  }
+  return {};
+}
+
+using Pronto = std::function<void(const QString &page)>;
+
+// A page by Qt Network: the wire belongs to the interface thread, and turning a large page into text does not.
+class PaginaPorQt : public WebTask {
+public:
+  PaginaPorQt(QNetworkAccessManager &gerente, SideWork &aoLado, const Metodo &metodo, int limiteMs, const QUrl &url,
+              Pronto pronto)
+      : m_aoLado(aoLado), m_crua(metodo.crua), m_pronto(std::move(pronto)) {
+    m_request.emplace(gerente, url, NomeDoAgente(metodo.agente), metodo.http2, limiteMs,
+                      [this](QtRequest::Fim fim) { Veio(std::move(fim)); });
+  }
+
+private:
+  void Veio(QtRequest::Fim fim) {
+    if (!fim.completa) {
+      const Pronto pronto = std::move(m_pronto);
+      pronto(QString());
+      return;
+    }
+    auto corpo = std::make_shared<QtRequest::Fim>(std::move(fim));
+    m_texto = m_aoLado.Comeca([this, corpo, crua = m_crua](const std::atomic<bool> &, const SideWork::Avisa &) {
+      auto texto = std::make_shared<QString>();
+      if (corpo->corpo.Desembrulha(corpo->embrulho))
+        *texto = corpo->corpo.Texto(corpo->tipo, crua);
+      return SideWork::Relato([this, texto] {
+        const Pronto pronto = std::move(m_pronto);
+        pronto(*texto);
+      });
+    });
+  }
+
+  SideWork &m_aoLado;
+  bool m_crua;
+  Pronto m_pronto;
+  std::optional<QtRequest> m_request;
+  std::unique_ptr<WebTask> m_texto; // reports nothing once this is gone
+};
+
+SideWork::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar,
+                               const Pronto &pronto) {
+  PageBody corpo;
+  CurlRequest get;
+  get.endereco = url;
+  get.agente = NomeDoAgente(metodo.agente);
+  get.http2 = metodo.http2;
+  get.limiteTotalMs = limiteMs;
+  get.comeca = [](const CurlRequest::Cabeca &cabeca) { return cabeca.status == 200; };
+  get.recebe = [&corpo](const char *bytes, size_t size) { return corpo.Recebe(bytes, size); };
+  const CurlRequest::Fim fim = get.Executa(parar);
+  auto texto = std::make_shared<QString>(fim.completa ? corpo.Texto(fim.cabeca.tipo, metodo.crua) : QString());
+  return [pronto, texto] { pronto(*texto); };
+}
+
+} // namespace
+
+struct RealWebClient::Impl {
+  explicit Impl(int limite) : limiteMs(limite) {}
+  int limiteMs;
+  QNetworkAccessManager gerente;
+  SideWork aoLado;
+};
+
+RealWebClient::RealWebClient(int limiteDeTempoMs) : m_impl(std::make_unique<Impl>(limiteDeTempoMs)) {
+  UsaProxyDoAmbiente(m_impl->gerente);
+}
+RealWebClient::~RealWebClient() = default;
+
+std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pronto pronto) {
+  const Metodo metodo = Metodos.at(static_cast<size_t>(qBound(1, method, MetodosDeBusca) - 1));
+  if (metodo.familia == Familia::Qt)
+    return std::make_unique<PaginaPorQt>(m_impl->gerente, m_impl->aoLado, metodo, m_impl->limiteMs, url,
+                                         std::move(pronto));
+  return m_impl->aoLado.Comeca([metodo, limiteMs = m_impl->limiteMs, url,
+                                pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideWork::Avisa &) {
+    return PaginaPorCurl(metodo, limiteMs, url, parar, pronto);
+  });
+}
+
+std::unique_ptr<WebTask> RealWebClient::Download(const PedidoDeDownload &pedido,
+                                                 std::function<void(qint64, qint64)> andou,
+                                                 std::function<void(const FimDoDownload &)> pronto) {
+  return m_impl->aoLado.Comeca(
+      [pedido, limiteMs = m_impl->limiteMs, andou = std::move(andou),
+       pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideWork::Avisa &avisa) {
+        const auto conta = [&avisa, &andou](qint64 veio, qint64 total) {
+          if (andou)
+            avisa([andou, veio, total] { andou(veio, total); });
+        };
+        const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, parar, conta);
+        return SideWork::Relato([pronto, fim] { pronto(fim); });
+      });
+}
+
+} // namespace tolmira

@@ -2,14 +2,12 @@
 
 #include <QFileInfo>
 #include <QObject>
-#include <QUrlQuery>
 
 namespace tolmira {
 
 namespace {
 
 const QString Titulo = QStringLiteral("Tolmira");
-const QString Programa = QStringLiteral("Tolmira"); // in the key `prog`
 
 } // namespace
 
@@ -23,33 +21,11 @@ void HelpDesk::AbreAjuda() {
 }
 
 void HelpDesk::AbreSuporte() {
-  QString file = m_store.App().At(u"\\Data\\Endpoints.dat");
-  const QString host =
-      m_store.ReadConfig(QStringLiteral("Endpoints"), QStringLiteral("Suporte"), QString(), file).trimmed();
-  if (host.isEmpty()) {
-    m_prompt.Message(MessageKind::Information, Titulo,
-                     QObject::tr("No support address is configured. It is the key Suporte in the section Endpoints of "
-                                 "Data\\Endpoints.dat."));
-    return;
-  }
-  const QUrl address = EnderecoDoSuporte(host);
-  if (!address.isValid()) {
-    m_prompt.Message(MessageKind::Warning, Titulo,
-                     QObject::tr("The support address in Data\\Endpoints.dat is not an address of the web: %1").arg(host));
-    return;
-  }
-  Abre(address);
-}
-
-QUrl HelpDesk::EnderecoDoSuporte(const QString &host) {
-  QUrl address(host.contains(u"://") ? host : QStringLiteral("https://") + host, QUrl::StrictMode);
-  const bool web = address.scheme() == u"https" || address.scheme() == u"http";
-  if (!address.isValid() || !web || address.host().isEmpty() || !address.userInfo().isEmpty())
-    return {};
-  QUrlQuery query(address);
-  query.addQueryItem(QStringLiteral("prog"), Programa);
-  address.setQuery(query);
-  return address;
+  const QUrl address = m_endpoints.PaginaDoPrograma(Endpoint::Suporte);
+  if (address.isValid())
+    Abre(address);
+  else
+    m_prompt.Message(MessageKind::Information, Titulo, m_endpoints.PorQueNao(Endpoint::Suporte));
 }
 
 void HelpDesk::Abre(const QUrl &address) {

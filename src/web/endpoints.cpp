@@ -4,6 +4,7 @@
 #include "foundation/text_file.h"
 
 #include <QObject>
+#include <QUrlQuery>
 #include <array>
 
 namespace tolmira {
@@ -76,6 +77,16 @@ QUrl Endpoints::EnderecoEm(const QString &host, const QString &caminho) {
   const bool web = address.scheme() == u"https" || address.scheme() == u"http";
   if (!address.isValid() || !web || address.host().isEmpty() || !address.userInfo().isEmpty())
     return {};
+  return address;
+}
+
+QUrl Endpoints::PaginaDoPrograma(Endpoint endpoint) const {
+  QUrl address = Endereco(endpoint, QString());
+  if (!address.isValid())
+    return {};
+  QUrlQuery query(address);
+  query.addQueryItem(QStringLiteral("prog"), QStringLiteral("Tolmira"));
+  address.setQuery(query);
   return address;
 }
 

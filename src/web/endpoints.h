@@ -41,6 +41,8 @@ public:
   // Invalid when the endpoint is blank or no address of the web.
   QUrl Endereco(Endpoint endpoint, const QString &caminho) const;
   static QUrl EnderecoEm(const QString &host, const QString &caminho);
+  // The page there for people, with the program's name in the key `prog`.
+  QUrl PaginaDoPrograma(Endpoint endpoint) const;
 
   // What the operator is told when Endereco is invalid: that it is not configured and where that is done, or that what
   // stands there is no address.

@@ -28,10 +28,11 @@ class TestHelp : public QObject {
 private:
   struct Room {
     Room() : app(folder.path()), store(app) { QDir(folder.path()).mkdir(QStringLiteral("Data")); }
-    HelpDesk Desk(const QString &pages) { return {store, prompt, opener, pages}; }
+    HelpDesk Desk(const QString &pages) { return {endpoints, prompt, opener, pages}; }
     QTemporaryDir folder;
     AppFolder app;
     IniStore store;
+    Endpoints endpoints{store};
     ScriptedPrompt prompt;
     RecordingOpener opener;
   };

@@ -199,8 +199,13 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   ways.addBible = [&d, open] { open(d.windows.addBible); };
   ways.browseBible = [&d, open] { open(d.windows.browseBible); };
   ways.searchBible = [&d, open] { open(d.windows.searchBible); };
+  ways.searchVersions = [&d, open] { open(d.windows.searchVersions); };
+  ways.downloadLyrics = [&d, open] { open(d.windows.downloadLyrics); };
+  ways.downloadPictures = [&d, open] { open(d.windows.downloadPictures); };
+  ways.downloadVideos = [&d, open] { open(d.windows.downloadVideos); };
   ways.help = [&d, open] { open(d.windows.help); };
   ways.support = [&d, open] { open(d.windows.support); };
+  ways.verifyUpdate = [&d, open] { open(d.windows.verifyUpdate); };
   ways.about = [&d, open] { open(d.windows.about); };
   ways.keySheet = [this, &d] {
     if (!d.sheet) {

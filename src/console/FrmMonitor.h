@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QMainWindow>
-
-#include <functional>
-#include <memory>
-
 #include "console/ui/console_parts.h"
 #include "display/display_seams.h"
 #include "display/ui/page_profile.h"
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
 
 namespace tolmira {
 
@@ -25,8 +24,8 @@ public:
   explicit FrmMonitor(Parts parts, PageProfile perfil = {});
   ~FrmMonitor() override;
 
-  std::function<bool()> PodeFechar; // asked first; false keeps the window open. May be empty
-  std::function<void()> AoFechar; // the window was closed; the program ends
+  std::function<bool()> PodeFechar;  // asked first; false keeps the window open. May be empty
+  std::function<void()> AoFechar;    // the window was closed; the program ends
   std::function<void()> PreviaMudou; // the preview has another size, for a moment already. May be empty
 
   // The windows behind the console's buttons, menus and keys.
@@ -44,14 +43,19 @@ public:
     std::function<void()> cameras;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
+    std::function<void()> searchVersions; // of the Bible
+    std::function<void()> downloadLyrics;
+    std::function<void()> downloadPictures;
+    std::function<void()> downloadVideos;  // those that are suggested
     std::function<void(int)> configTema;   // the editor of a theme
     std::function<void(int)> chooseScreen; // for the projection: index into the panel's `telas`
     std::function<void()> help;
     std::function<void()> support;
+    std::function<void()> verifyUpdate;
     std::function<void()> about;
     std::function<void(QWidget &form)> restorePosition; // of a window of the console's own, before it is shown
     std::function<void(QWidget &form)> savePosition;    // when it was closed
-    std::function<void()> agendaChanged; // another agenda is active, or it has another title
+    std::function<void()> agendaChanged;                // another agenda is active, or it has another title
   };
   void SetWindows(Windows windows);
 
@@ -61,8 +65,8 @@ public:
   void AjustaPreview();
   void CarregaTiles();
   void RecarregaTile(int n); // theme n has another picture
-  void positionInicial(); // writes the default rectangle, fills the work area and shows the window
-  bool CriaPrevia();      // the engine on the preview; false when it cannot start
+  void positionInicial();    // writes the default rectangle, fills the work area and shows the window
+  bool CriaPrevia();         // the engine on the preview; false when it cannot start
   WebPageHost *PicWV();
   void TakeKeysOf(QWidget *window); // keys that reach that window count as the console's
 

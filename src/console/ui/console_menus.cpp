@@ -1,5 +1,8 @@
 #include "console/ui/console_menus.h"
 
+#include "controls/ui/desk_icon.h"
+#include "controls/ui/palette.h"
+
 #include <QActionGroup>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -7,10 +10,15 @@
 #include <QPushButton>
 #include <QResizeEvent>
 
-#include "controls/ui/desk_icon.h"
-#include "controls/ui/palette.h"
-
 namespace tolmira {
+
+namespace {
+
+QString DicaDasLetras() {
+  return QObject::tr("Searches the lyrics sites for songs and saves them");
+}
+
+} // namespace
 
 ConsoleMenus::ConsoleMenus(ConsoleParts parts, Ways ways, QWidget *parent)
     : QMenuBar(parent), m_parts(parts), m_ways(std::move(ways)) {
@@ -39,15 +47,19 @@ QMenu *ConsoleMenus::Menu(const char *name, const QString &title) {
   return menu;
 }
 
-void ConsoleMenus::Later(QMenu *menu, const QString &text) {
-  QAction *action = menu->addAction(text);
-  action->setEnabled(false);
-  action->setToolTip(AindaNao());
+// An entry that opens a window by the mouse or by the menu's own keys alone.
+QAction *ConsoleMenus::Action(QMenu *menu, const char *name, const QString &text, const QString &tip,
+                              std::function<void()> way) {
+  QAction *action = menu->addAction(text, this, std::move(way));
+  action->setObjectName(QLatin1String(name));
+  action->setToolTip(tip);
+  return action;
 }
 
 void ConsoleMenus::MakeFile() {
   QMenu *menu = Menu("MnArquivo", tr("&File"));
-  Later(menu, QStringLiteral("Download lyrics from the internet"));
+  Action(menu, "MnBaixarLetras", QStringLiteral("Download lyrics from the internet"), DicaDasLetras(),
+         [this] { m_ways.downloadLyrics(); });
   QAction *newSong = Entry(menu, Comando::NovaLetra, [this] { m_ways.newSong(); });
   newSong->setObjectName(QStringLiteral("MnNovaLetra"));
   newSong->setAutoRepeat(false);
@@ -59,9 +71,12 @@ void ConsoleMenus::MakeFile() {
 
 void ConsoleMenus::MakeActions() {
   QMenu *menu = Menu("MnAcoes", tr("&Actions"));
-  Later(menu, QStringLiteral("Download Lyrics from the Internet"));
-  Later(menu, QStringLiteral("Download Images from the Internet"));
-  Later(menu, QStringLiteral("Download Videos from the Internet"));
+  Action(menu, "MnAcoesLetras", QStringLiteral("Download Lyrics from the Internet"), DicaDasLetras(),
+         [this] { m_ways.downloadLyrics(); });
+  Action(menu, "MnAcoesImagens", QStringLiteral("Download Images from the Internet"),
+         tr("Searches pictures for backgrounds and adds them to the gallery"), [this] { m_ways.downloadPictures(); });
+  Action(menu, "MnAcoesVideos", QStringLiteral("Download Videos from the Internet"),
+         tr("Fetches the videos that are suggested for this program folder"), [this] { m_ways.downloadVideos(); });
 }
 
 void ConsoleMenus::MakeScreen() {
@@ -110,10 +125,13 @@ void ConsoleMenus::FillScreens() {
     action->setChecked(m_telas[i].marcada);
     action->setEnabled(m_telas[i].presente);
     // Behind the menu's own doing: the choice makes its entries anew.
-    connect(action, &QAction::triggered, this, [this, index] {
-      m_telas.clear();
-      m_ways.chooseScreen(index);
-    }, Qt::QueuedConnection);
+    connect(
+        action, &QAction::triggered, this,
+        [this, index] {
+          m_telas.clear();
+          m_ways.chooseScreen(index);
+        },
+        Qt::QueuedConnection);
   }
 }
 
@@ -148,7 +166,10 @@ void ConsoleMenus::FillVersions() {
       Atualiza(); // the tick goes by what came of it
     });
   }
-  Later(m_mnIb, QStringLiteral("Search versions"));
+  m_mnIb->addSeparator();
+  Action(m_mnIb, "MnBuscaVersoes", QStringLiteral("Search versions"),
+         tr("Adds Bible versions from the internet or from this computer, or removes some"),
+         [this] { m_ways.searchVersions(); });
 }
 
 void ConsoleMenus::MakeGo() {
@@ -159,7 +180,8 @@ void ConsoleMenus::MakeGo() {
   Entry(menu, Comando::SobeEntrada, [this] { m_ways.move(-1); });
   menu->addSeparator();
   for (int n = 1; n <= NumeroDeAgendas; ++n)
-    Entry(menu, static_cast<Comando>(static_cast<int>(Comando::Aba1) + n - 1), [this, n] { m_parts.agenda.SelectTab(n); });
+    Entry(menu, static_cast<Comando>(static_cast<int>(Comando::Aba1) + n - 1),
+          [this, n] { m_parts.agenda.SelectTab(n); });
   menu->addSeparator();
   Entry(menu, Comando::Agenda, [this] { m_ways.toAgenda(); });
   Entry(menu, Comando::Texto, [this] { m_ways.toStrip(); });
@@ -175,7 +197,8 @@ void ConsoleMenus::MakeHelp() {
   entry(QStringLiteral("Quendar Vaelis Help"), tr("First steps, keys and files, in the browser"),
         [this] { m_ways.help(); });
   entry(QStringLiteral("Technical Support"), tr("Opens the support page in the browser"), [this] { m_ways.support(); });
-  Later(menu, QStringLiteral("Check for Updates"));
+  entry(QStringLiteral("Check for Updates"), tr("Asks whether there is a newer version"),
+        [this] { m_ways.verifyUpdate(); });
   menu->addSeparator();
   QAction *sheet = Entry(menu, Comando::Folha, [this] { m_ways.keySheet(); });
   sheet->setObjectName(QStringLiteral("MnAtalhos"));

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QMenuBar>
-
-#include <functional>
-#include <vector>
-
 #include "console/key_sheet.h"
 #include "console/ui/console_parts.h"
+
+#include <QMenuBar>
+#include <functional>
+#include <vector>
 
 class QActionGroup;
 class QLabel;
@@ -29,16 +28,21 @@ public:
     std::function<void()> toThemes;
     std::function<void()> toReference; // the quick box
     std::function<void()> newSong;
+    std::function<void()> downloadLyrics;
+    std::function<void()> downloadPictures;
+    std::function<void()> downloadVideos; // those that are suggested
     std::function<void()> pictureOnScreen;
     std::function<void()> videoControl;
     std::function<void()> cameras;
     std::function<void()> addBible;
     std::function<void()> browseBible;
     std::function<void()> searchBible;
+    std::function<void()> searchVersions;
     std::function<void(int index)> chooseScreen; // of the panel's `telas`
     std::function<void()> keySheet;
     std::function<void()> help;
     std::function<void()> support;
+    std::function<void()> verifyUpdate;
     std::function<void()> about;
     std::function<void(int delta)> choose; // the next or previous entry of the agenda
     std::function<void(int delta)> move;   // the chosen entry inside its group
@@ -61,7 +65,7 @@ private:
   void MakeCorner();
   QAction *Entry(QMenu *menu, Comando comando, std::function<void()> way);
   QMenu *Menu(const char *name, const QString &title);
-  static void Later(QMenu *menu, const QString &text);
+  QAction *Action(QMenu *menu, const char *name, const QString &text, const QString &tip, std::function<void()> way);
 
   ConsoleParts m_parts;
   Ways m_ways;

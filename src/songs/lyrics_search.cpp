@@ -92,6 +92,7 @@ void LyricsSearch::Command1(const QString &palavras) {
     return;
 
   m_siteDasLinhas = em;
+  m_artista.clear();
   const QString andamento = QObject::tr("Searching %1…").arg(pagina.nome);
   Comeca(Trabalho::Busca, andamento);
   Lista({});
@@ -130,7 +131,8 @@ void LyricsSearch::ListaDoArtista(qsizetype linha) {
     Diz(MessageKind::Information, semLista);
     return;
   }
-  const QString artista = NomeDaLetra(QString(), SiteDeLetras::Letras, m_resultados.Titulos[linha]).author;
+  // The rows of such a list begin with the artist, those of a search end with him.
+  const QString artista = m_artista.isEmpty() ? NomeDaLinha(m_resultados.Titulos[linha]).author : m_artista;
   const QString andamento = QObject::tr("Reading the artist's list…");
   Comeca(Trabalho::ListaDoArtista, andamento);
   m_task = m_doors.fetcher.FetchPage(
@@ -146,6 +148,7 @@ void LyricsSearch::ListaDoArtista(qsizetype linha) {
           for (QString &titulo : lista.Titulos)
             titulo.prepend(QString(artista + u" - "));
         }
+        m_artista = artista;
         MostraLetra({});
         Lista(std::move(lista));
       },

@@ -73,6 +73,7 @@ private:
   LyricsSearchDoors m_doors;
   SiteDeLetras m_site = SitePadrao;
   SiteEmUso m_siteDasLinhas;
+  QString m_artista; // whose list the rows are; empty for those of a search
   ResultadosDeLetras m_resultados;
   ResultadosDeLetras m_achados; // of the page that was looked at last
   SongContent m_letra;

@@ -81,6 +81,10 @@ SongName NomeDosDadosEstruturados(const QString &page) {
   return nome;
 }
 
+SongName Reparado(const SongName &nome) {
+  return TidyName({RepairEntities(nome.title.trimmed()), RepairEntities(nome.author.trimmed())});
+}
+
 QString ComecoDe(const QString &texto) {
   QString comeco = texto.left(30);
   for (int vez = 0; vez < 3; ++vez) {
@@ -126,17 +130,14 @@ QString TiraRepetidas(const QString &letra) {
   return TrimAll(estrofes.join(TwoLineEnds));
 }
 
+SongName NomeDaLinha(const QString &titulo) {
+  const qsizetype traco = titulo.lastIndexOf(u'-');
+  const QString artista = traco < 0 ? QString() : titulo.sliced(traco + 1);
+  return Reparado({traco < 0 ? titulo : titulo.first(traco), artista});
+}
+
 SongName NomeDaLetra(const QString &page, SiteDeLetras site, const QString &tituloDaLinha) {
-  SongName nome;
-  if (site == SiteDeLetras::ZionLyrics) {
-    nome = NomeDosDadosEstruturados(page);
-  } else {
-    // A row of an artist's list begins with the artist, and is cut in the same way.
-    const qsizetype traco = tituloDaLinha.lastIndexOf(u'-');
-    nome.title = traco < 0 ? tituloDaLinha : tituloDaLinha.first(traco);
-    nome.author = traco < 0 ? QString() : tituloDaLinha.sliced(traco + 1);
-  }
-  return TidyName({RepairEntities(nome.title.trimmed()), RepairEntities(nome.author.trimmed())});
+  return site == SiteDeLetras::ZionLyrics ? Reparado(NomeDosDadosEstruturados(page)) : NomeDaLinha(tituloDaLinha);
 }
 
 bool MesmaMusica(const QString &uma, const QString &outra) {

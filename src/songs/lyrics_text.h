@@ -18,6 +18,8 @@ QString CortaLetra(const QString &page, SiteDeLetras site);
 QString LimpaLetra(QString letra);
 QString TiraRepetidas(const QString &letra);
 
+// Title and artist in the title of a row, apart by the last "-".
+SongName NomeDaLinha(const QString &titulo);
 // Title and artist of an opened row: from the page's structured data for Zion Lyrics, else from the row's title.
 SongName NomeDaLetra(const QString &page, SiteDeLetras site, const QString &tituloDaLinha);
 

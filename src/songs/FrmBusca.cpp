@@ -178,6 +178,9 @@ void FrmBusca::MakeButtons(QVBoxLayout *column) {
   m_jaExiste->setObjectName(QStringLiteral("LbJaExiste"));
   m_jaExiste->setProperty("look", QStringLiteral("quiet"));
   m_jaExiste->setProperty("state", QStringLiteral("held"));
+  QSizePolicy place = m_jaExiste->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  m_jaExiste->setSizePolicy(place);
   m_salvar = Button(this, "CmdSalvar", QString(), tr("Writes the song into the collection (Ctrl+S)"));
   m_salvar->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
   m_salvar->setProperty("look", QStringLiteral("main"));
@@ -272,7 +275,7 @@ void FrmBusca::ShowPreview() {
 
 void FrmBusca::ShowName() {
   m_sobrescreve = m_busca.JaExiste(Content().name);
-  m_jaExiste->setText(m_sobrescreve ? tr("A song of this name is in the collection already.") : QString());
+  m_jaExiste->setVisible(m_sobrescreve);
   m_salvar->setText(m_sobrescreve ? QStringLiteral("Overwrite") : QStringLiteral("Save"));
 }
 

@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -182,7 +183,6 @@ void FrmBusca::MakeButtons(QVBoxLayout *column) {
   place.setRetainSizeWhenHidden(true);
   m_jaExiste->setSizePolicy(place);
   m_salvar = Button(this, "CmdSalvar", QString(), tr("Writes the song into the collection (Ctrl+S)"));
-  m_salvar->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
   m_salvar->setProperty("look", QStringLiteral("main"));
   auto *add = Button(this, "CmdAddLista", tr("Save and a&dd"), tr("Saves the song and puts it into the active agenda"));
   auto *close = Button(this, "CmdFechar", tr("&Close"), tr("Closes the window (Esc)"));
@@ -192,6 +192,10 @@ void FrmBusca::MakeButtons(QVBoxLayout *column) {
   row->addWidget(close);
   column->addLayout(row);
   connect(m_salvar, &QPushButton::clicked, this, &FrmBusca::Save);
+  // Of the window: a key of the button would go with each new caption.
+  auto *key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_S), this);
+  key->setAutoRepeat(false);
+  connect(key, &QShortcut::activated, this, &FrmBusca::Save);
   connect(add, &QPushButton::clicked, this, &FrmBusca::SaveAndAdd);
   connect(close, &QPushButton::clicked, this, &QWidget::close);
 }

@@ -1,4 +1,5 @@
 #include "foundation/ini_store.h"
+#include "foundation/text_fields.h"
 #include "songs/lyrics_search.h"
 #include "songs/lyrics_text.h"
 #include "support/files.h"
@@ -56,7 +57,7 @@ private:
       search->AbreLinha(row);
       Wait();
     }
-    QByteArray Song(const char *name) const { return ReadBytes(folder.filePath(u"Lyrics/" + QString::fromUtf8(name))); }
+    QByteArray Song(const QString &name) const { return ReadBytes(folder.filePath(QString(u"Lyrics/" + name))); }
     QStringList Songs() const { return QDir(folder.filePath(QStringLiteral("Lyrics"))).entryList(QDir::Files); }
     QString Key(const char *key) const {
       return store.ReadConfig(QStringLiteral("Config"), QLatin1String(key), QStringLiteral("1"));
@@ -332,7 +333,7 @@ private slots:
     QCOMPARE(content.text.toLower(), text.toLower());
     QVERIFY(!room.search->JaExiste(content.name));
     QVERIFY(room.search->CmdSalvar(content, false));
-    QCOMPARE(QString::fromLatin1(room.Song(file.toUtf8())), QString(text + u"\r\n"));
+    QCOMPARE(QString::fromLatin1(room.Song(file)), QString(text + u"\r\n"));
     QVERIFY(room.search->JaExiste(content.name));
     QCOMPARE(room.saved, QStringList(file.chopped(4)));
     QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Lyrics successfully added to the list.")));
@@ -497,9 +498,9 @@ private slots:
     const SongContent content{{QStringLiteral("Luz"), QStringLiteral("Coro")}, Lines("maçã\n\nB")};
     QVERIFY(!room.search->CmdSalvar(content, false)); // the box is closed
     QVERIFY(room.prompt.TakeTexts().value(0).contains(u"Overwrite the file?"));
-    QCOMPARE(room.Song("Luz (Coro).txt"), QByteArray("Água\r\n"));
+    QCOMPARE(room.Song(QStringLiteral("Luz (Coro).txt")), QByteArray("Água\r\n"));
     QVERIFY(room.search->CmdSalvar(content, true));
-    QCOMPARE(room.Song("Luz (Coro).txt"), QByteArray("Maçã\r\n\r\nB\r\n"));
+    QCOMPARE(room.Song(QStringLiteral("Luz (Coro).txt")), QByteArray("Maçã\r\n\r\nB\r\n"));
     QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Lyrics successfully added to the list.")));
     QCOMPARE(room.console.TakeCalls(), QStringList(QStringLiteral("ProcessaEditar Luz (Coro).txt Luz (Coro).txt")));
   }

@@ -24,6 +24,8 @@ namespace tolmira {
 namespace {
 
 constexpr QSize FirstSize{1000, 620};
+constexpr int LeastHeight = 420;
+constexpr int LeastLyricsWidth = 240;
 constexpr int PreviewMs = 120; // after a key; a burst of keys is looked at once
 
 template <class Control> Control *Named(Control *control, const char *name, const QString &spoken, const QString &tip) {
@@ -46,6 +48,7 @@ FrmBusca::FrmBusca(LyricsDoors doors)
     : QWidget(doors.editor.dono, Qt::Window), m_doors(std::move(doors)), m_busca(m_doors.busca) {
   setObjectName(QStringLiteral("FrmBusca"));
   setWindowTitle(tr("Lyrics from the web"));
+  setMinimumHeight(LeastHeight); // the breadth follows from what stands in the rows
   resize(FirstSize);
   auto *column = new QVBoxLayout(this);
   column->setContentsMargins(medidas::Margin, medidas::Margin, medidas::Margin, medidas::Margin);
@@ -74,6 +77,7 @@ FrmBusca::FrmBusca(LyricsDoors doors)
   connect(m_text3, &QLineEdit::textChanged, this, &FrmBusca::ShowName);
   connect(m_text4, &QLineEdit::textChanged, this, &FrmBusca::ShowName);
   ShowRows();
+  ShowWork();
   ShowLyrics();
 }
 
@@ -144,6 +148,7 @@ QWidget *FrmBusca::MakeBoxes() {
   m_text2->setPlaceholderText(tr("The lyrics of the row that you open appear here.\n"
                                  "They can be changed before they are saved."));
   m_text2->setTabChangesFocus(true);
+  m_text2->setMinimumWidth(LeastLyricsWidth);
   grid->addWidget(m_text2, 2, 0);
 
   auto *side = new QVBoxLayout;
@@ -221,7 +226,6 @@ void FrmBusca::ShowRows() {
   for (int row = 0; row < m_list1->count(); ++row)
     m_list1->item(row)->setToolTip(rows[row].toHtmlEscaped());
   m_artista->setEnabled(false);
-  m_list1->SetEmptyText(tr("Type words of a title and press Enter.\n\nWhat the site knows is listed here."));
   if (rows.isEmpty())
     return;
   m_strip->End(rows.size() == 1 ? tr("1 song found") : tr("%1 songs found").arg(locale().toString(rows.size())));
@@ -241,8 +245,9 @@ void FrmBusca::ShowWork() {
   if (searching && m_command1->hasFocus())
     m_text1->setFocus(Qt::OtherFocusReason); // a button that is disabled would hand the keyboard to its neighbour
   m_command1->setEnabled(!searching);
-  if (searching)
-    m_list1->SetEmptyText(QString());
+  m_list1->SetEmptyText(searching ? QString()
+                                  : tr("Type words of a title and press Enter.\n\n"
+                                       "What the site knows is listed here."));
 }
 
 void FrmBusca::ShowLyrics() {

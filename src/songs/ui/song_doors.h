@@ -25,7 +25,7 @@ struct SongDoors {
   std::function<bool(const QString &)> abreEditor;
   std::function<bool(const QString &)> editorAberto; // whether an editor stands open on that song
   // Fetches lyrics from the web, with these words in the search box. Empty while there is no such window.
-  std::function<void(const QString &palavras)> abreBusca;
+  std::function<void(const QString &palavras)> abreBusca = {};
 };
 
 } // namespace tolmira

@@ -127,7 +127,7 @@ struct Desk {
   void Make() {
     clock.tick = nullptr;
     dialog = std::make_unique<FrmAddMusicaNaLista>(
-        SongDoors{TheCollection().app, console, positions, clock, prompt, nullptr, nullptr, nullptr, nullptr});
+        SongDoors{TheCollection().app, console, positions, clock, prompt, nullptr, nullptr, nullptr, nullptr, nullptr});
     list = dialog->findChild<ListMusicas *>();
     box = dialog->findChild<QLineEdit *>();
     list->viewport()->installEventFilter(&paints);

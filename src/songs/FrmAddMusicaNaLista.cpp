@@ -133,6 +133,7 @@ void FrmAddMusicaNaLista::MakeButtons() {
   m_command2->setProperty("look", QStringLiteral("main"));
   m_mostrar = button("CmdMostrar", tr("&Show"), tr("Shows the chosen song on the projection (Ctrl+Enter)"));
   row->addStretch(1);
+  QPushButton *web = button("CmdInternet", tr("From the &web…"), tr("Fetches the words of a song from a lyrics site"));
   m_command3 = button("Command3", tr("&Edit…"), tr("Opens the chosen song in the editor"));
   m_command4 = button("Command4", tr("&Delete…"), tr("Moves the chosen song's file to the trash"));
   static_cast<QVBoxLayout *>(layout())->addLayout(row);
@@ -141,6 +142,8 @@ void FrmAddMusicaNaLista::MakeButtons() {
   connect(m_command3, &QPushButton::clicked, this, &FrmAddMusicaNaLista::Command3);
   connect(m_command4, &QPushButton::clicked, this, &FrmAddMusicaNaLista::Command4);
   connect(m_mostrar, &QPushButton::clicked, this, &FrmAddMusicaNaLista::Mostra);
+  web->setVisible(m_doors.abreBusca != nullptr);
+  connect(web, &QPushButton::clicked, this, [this] { m_doors.abreBusca(m_text1->text()); });
   m_timer1 = m_doors.clock.NewTimer([this] {
     m_timer1->Stop();
     m_label2->clear();
@@ -280,7 +283,10 @@ bool FrmAddMusicaNaLista::TemTexto() {
   const int answer = m_doors.prompt.Ask(
       TituloDaCaixa, QStringLiteral("Do you want to download the lyrics for this song from the internet?"),
       {QStringLiteral("Yes"), QStringLiteral("No")});
-  Diz(answer == 0 ? tr("Lyrics cannot be downloaded yet.") : QStringLiteral("The file is empty."));
+  if (answer != 0)
+    Diz(QStringLiteral("The file is empty."));
+  else if (m_doors.abreBusca)
+    m_doors.abreBusca(m_list->Texto());
   return false;
 }
 

@@ -111,7 +111,7 @@ SongEditor::Result SongEditor::Save(const SongContent &content) {
 
   // The reader puts a line end in front of hymns of the second hymnal; written back, they would become more each time.
   const QString text = CapitalLines(TrimCrLf(CollapseBlankRuns(content.text)));
-  if (!Write(target, text)) {
+  if (!WriteSongFile(target, text, m_encoding)) {
     Say(MessageKind::Critical,
         QStringLiteral("Could not save the file.\n\n%1\n\nThe text stays in the window.").arg(FileNameOf(target)));
     return {};
@@ -124,17 +124,6 @@ SongEditor::Result SongEditor::Save(const SongContent &content) {
   m_saved = {SongNameOf(target), text};
   m_file = FileStateOf(target);
   return result;
-}
-
-bool SongEditor::Write(const QString &target, const QString &text) {
-  const QByteArray bytes = EncodeText(text.isEmpty() ? text : QString(text + LineEnd), m_encoding);
-  if (!WriteFileAtomically(target, bytes))
-    return false;
-  const FileContent written = ReadFileContent(target);
-  if (!written.complete || written.bytes != bytes)
-    return false;
-  m_encoding = DecodeText(bytes).encoding; // a first character beyond the code page makes the file UTF-8
-  return true;
 }
 
 // The song has a new name and stands safely under it. The file of the old name goes, or the song would be there twice.

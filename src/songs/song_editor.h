@@ -56,7 +56,6 @@ public:
 private:
   QString TargetOf(const SongName &name) const;
   QString FreeTarget(const QString &target, const SongName &name) const;
-  bool Write(const QString &target, const QString &text);
   void FinishRename(const QString &target);
   void Say(MessageKind kind, const QString &text);
 

@@ -1,6 +1,5 @@
 #include "songs/song_text.h"
 
-#include "foundation/code_page.h"
 #include "foundation/text_fields.h"
 #include "foundation/text_file.h"
 #include "foundation/text_utils.h"
@@ -145,6 +144,17 @@ QString ReadSongFile(const AppFolder &app, const QString &path) {
       WriteFileAtomically(path, bytes); // a file that cannot be written keeps its text and is repaired in memory only
   }
   return repaired;
+}
+
+bool WriteSongFile(const QString &path, const QString &text, TextEncoding &encoding) {
+  const QByteArray bytes = EncodeText(text.isEmpty() ? text : QString(text + LineEnd), encoding);
+  if (!WriteFileAtomically(path, bytes))
+    return false;
+  const FileContent written = ReadFileContent(path);
+  if (!written.complete || written.bytes != bytes)
+    return false;
+  encoding = DecodeText(bytes).encoding;
+  return true;
 }
 
 QString CollapseBlankRuns(const QString &text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/app_folder.h"
+#include "foundation/code_page.h"
 
 #include <QString>
 #include <QStringList>
@@ -17,6 +18,9 @@ TipoLouvor TipoDoCaminho(const QString &path);
 // Reads a song and, under <app>\Harpa and <app>\Lyrics, repairs it and writes the repaired text back. A file that holds
 // a NUL byte or could not be read whole is never rewritten. Empty when the file does not exist.
 QString ReadSongFile(const AppFolder &app, const QString &path);
+// Writes a song with a line end behind it and looks whether it reads back. False when it is not on disk whole; what was
+// there before then stands. A text that the encoding cannot hold makes the file UTF-8, and `encoding` says so.
+bool WriteSongFile(const QString &path, const QString &text, TextEncoding &encoding);
 QString CleanSongText(const QString &text);
 QString CollapseBlankRuns(const QString &text);
 

@@ -19,15 +19,21 @@
 #include "slides/ui/show_windows.h"
 #include "slides/ui/slide_windows.h"
 #include "songs/FrmAddMusicaNaLista.h"
+#include "songs/FrmBusca.h"
 #include "songs/FrmSobregravar.h"
+#include "songs/ui/lyrics_window.h"
 #include "songs/ui/song_editors.h"
 #include "support/fake_winsock.h"
 #include "support/hand_made_pdf.h"
 #include "support/recording_presentation.h"
+#include "support/scripted_web.h"
 #include "support/small_bible.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
 #include <QtTest>
 #include <functional>
 #include <map>
@@ -97,7 +103,7 @@ inline BibleDoors DoorsOfBible(House &house) {
           house.clock,           &house.desk, [] { return QString(); }};
 }
 
-inline std::shared_ptr<SongEditors> EditorsOfSongs(House &house) {
+inline SongEditorDoors DoorsOfSongEditor(House &house) {
   const auto room = [](const QString &, const AjustesTexto &) {
     SongRoom made;
     made.pagina.font.sizePt = 15;
@@ -105,22 +111,53 @@ inline std::shared_ptr<SongEditors> EditorsOfSongs(House &house) {
     made.tamanhoBase = 40;
     return made;
   };
+  return {house.store,
+          house.prompt,
+          house.clock,
+          house.random,
+          house.yielder,
+          house.measure,
+          house.console,
+          house.positions,
+          house.core.estado,
+          house.core.ajustes,
+          [] { return nullptr; },
+          room,
+          {},
+          &house.desk};
+}
+
+inline std::shared_ptr<SongEditors> EditorsOfSongs(House &house) {
   return std::make_shared<SongEditors>(
-      SongEditorDoors{house.store,
-                      house.prompt,
-                      house.clock,
-                      house.random,
-                      house.yielder,
-                      house.measure,
-                      house.console,
-                      house.positions,
-                      house.core.estado,
-                      house.core.ajustes,
-                      [] { return nullptr; },
-                      room,
-                      {},
-                      &house.desk},
-      TextFormatDoors{[] { return TextFormat(); }, [](const TextFormat &) { return true; }});
+      DoorsOfSongEditor(house), TextFormatDoors{[] { return TextFormat(); }, [](const TextFormat &) { return true; }});
+}
+
+// The window of the web lyrics with long rows, and with a song whose name is taken.
+inline std::shared_ptr<void> LyricsFromTheWeb(House &house) {
+  struct Web {
+    explicit Web(House &house) : endpoints(house.store), fetcher(house.store, client) {}
+    ScriptedWeb client;
+    Endpoints endpoints;
+    PageFetcher fetcher;
+    std::unique_ptr<LyricsWindow> window;
+  };
+  auto web = std::make_shared<Web>(house);
+  web->endpoints.GravaPadroes();
+  web->client.page = [](int, const QUrl &url) -> QString {
+    return url.path() == u"/search"
+               ? u"<a href=\"/url?q=https://www.azlyrics.com/a&\">" + House::LongName + u" | AZLyrics.com</div>"
+               : QStringLiteral("ringtone-->Uma linha</div>");
+  };
+  web->window = std::make_unique<LyricsWindow>(LyricsDoors{
+      {house.app, web->endpoints, web->fetcher, house.prompt, house.console, {}, {}}, DoorsOfSongEditor(house)});
+  web->window->AbreBusca(QStringLiteral("Canto"));
+  auto *form = house.desk.findChild<FrmBusca *>();
+  form->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
+  auto *rows = form->findChild<QListWidget *>(QStringLiteral("List1"));
+  [&] { QTRY_COMPARE(rows->count(), 1); }();
+  emit rows->itemActivated(rows->item(0));
+  [&] { QTRY_VERIFY(form->findChild<QLabel *>(QStringLiteral("LbJaExiste"))->isVisible()); }();
+  return web;
 }
 
 inline std::shared_ptr<SlideWindows> WindowsOfSlides(House &house) {
@@ -160,10 +197,9 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
   house.display.player.duration = 7200;
   house.display.player.falhou = true;
   house.display.player.faixas = {{1, QStringLiteral("por")}, {2, House::LongName}};
-  return std::make_shared<VideoWindows>(VideoDoors{house.store, house.prompt, house.clock, house.console,
-                                                   house.positions, house.core.controleDeVideo,
-                                                   [] { return House::LongName; }, [] { return true; }, [] {},
-                                                   &house.desk});
+  return std::make_shared<VideoWindows>(
+      VideoDoors{house.store, house.prompt, house.clock, house.console, house.positions, house.core.controleDeVideo,
+                 [] { return House::LongName; }, [] { return true; }, [] {}, &house.desk});
 }
 
 inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
@@ -201,7 +237,8 @@ inline const std::map<QString, Opener> &EveryWindow() {
                                                            &h.desk,
                                                            [] { return QStringLiteral("Agenda 1"); },
                                                            {},
-                                                           [](const QString &) { return false; }});
+                                                           [](const QString &) { return false; },
+                                                           [](const QString &) {}});
          h.clock.Advance(1000);
          return form;
        }},
@@ -221,6 +258,7 @@ inline const std::map<QString, Opener> &EveryWindow() {
          editors->Novo();
          return editors;
        }},
+      {QStringLiteral("FrmBusca"), [](House &h) { return LyricsFromTheWeb(h); }},
       {QStringLiteral("FrmConfigFormatTexto"),
        [](House &h) {
          auto editors = EditorsOfSongs(h);
@@ -273,8 +311,8 @@ inline const std::map<QString, Opener> &EveryWindow() {
       {QStringLiteral("FrmCameras"),
        [](House &h) {
          h.core.cameras.StatusTelaCamera(true);
-         auto window = std::make_shared<CameraWindow>(
-             CameraDoors{h.clock, h.positions, h.core.cameras, [] {}, &h.desk});
+         auto window =
+             std::make_shared<CameraWindow>(CameraDoors{h.clock, h.positions, h.core.cameras, [] {}, &h.desk});
          window->Abre();
          h.core.cameras.Respondeu(u"http://indexcam//?" + House::LongName + u"|Lens|", Alvo::Previa);
          return window;

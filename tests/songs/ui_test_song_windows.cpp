@@ -41,13 +41,14 @@ private:
     void Write(const QString &name, const QByteArray &bytes) const { WriteBytes(folder.filePath(name), bytes); }
     bool Exists(const QString &name) const { return QFile::exists(folder.filePath(name)); }
     void Open() {
-      dialog = std::make_unique<FrmAddMusicaNaLista>(SongDoors{
-          app, console, positions, clock, prompt, &desk, [this] { return title; },
-          [this](const QString &path) {
-            edited = path;
-            return true;
-          },
-          [this](const QString &path) { return path == edited; }});
+      dialog = std::make_unique<FrmAddMusicaNaLista>(
+          SongDoors{app, console, positions, clock, prompt, &desk, [this] { return title; },
+                    [this](const QString &path) {
+                      edited = path;
+                      return true;
+                    },
+                    [this](const QString &path) { return path == edited; },
+                    [this](const QString &words) { searched.append(words); }});
       dialog->Open();
       list = dialog->findChild<ListMusicas *>(QStringLiteral("ListMusicas1"));
       box = dialog->findChild<QLineEdit *>(QStringLiteral("Text1"));
@@ -79,6 +80,7 @@ private:
     QWidget desk;
     QString title = QStringLiteral("Agenda 1");
     QString edited;
+    QStringList searched; // on the web
     std::unique_ptr<FrmAddMusicaNaLista> dialog;
     ListMusicas *list = nullptr;
     QLineEdit *box = nullptr;
@@ -139,24 +141,29 @@ private slots:
 
   void AnEmptyFileIsNotAdded_data() {
     QTest::addColumn<QList<int>>("answers");
-    QTest::addColumn<QString>("said");
-    QTest::newRow("No") << QList<int>{1} << QStringLiteral("The file is empty.");
-    QTest::newRow("closed") << QList<int>{} << QStringLiteral("The file is empty.");
-    QTest::newRow("Yes") << QList<int>{0} << QStringLiteral("Lyrics cannot be downloaded yet.");
+    QTest::addColumn<QStringList>("said");
+    QTest::addColumn<QStringList>("searched");
+    const QStringList empty(QStringLiteral("The file is empty."));
+    QTest::newRow("No") << QList<int>{1} << empty << QStringList();
+    QTest::newRow("closed") << QList<int>{} << empty << QStringList();
+    QTest::newRow("Yes") << QList<int>{0} << QStringList() << QStringList(QStringLiteral("Vazio"));
   }
   void AnEmptyFileIsNotAdded() {
     QFETCH(QList<int>, answers);
-    QFETCH(QString, said);
+    QFETCH(QStringList, said);
     Room room;
     room.Open();
     room.list->SelectRow(2);
     room.prompt.answers = answers;
     room.Press("Command2");
     QCOMPARE(room.prompt.shown.first().buttons, QStringList({QStringLiteral("Yes"), QStringLiteral("No")}));
-    QCOMPARE(
-        room.Said(),
-        QStringList({QStringLiteral("Do you want to download the lyrics for this song from the internet?"), said}));
+    QCOMPARE(room.Said(),
+             QStringList(QStringLiteral("Do you want to download the lyrics for this song from the internet?")) + said);
+    QTEST(room.searched, "searched");
     QVERIFY(room.console.calls.isEmpty());
+    room.Type(QStringLiteral("mar"));
+    room.Press("CmdInternet");
+    QCOMPARE(room.searched.last(), QStringLiteral("mar"));
   }
 
   void EditingOpensTheFileOnce() {

@@ -24,6 +24,8 @@ struct SongDoors {
   // On the song at that stored path; false when it cannot be read. Empty while there is no editor.
   std::function<bool(const QString &)> abreEditor;
   std::function<bool(const QString &)> editorAberto; // whether an editor stands open on that song
+  // Fetches lyrics from the web, with these words in the search box. Empty while there is no such window.
+  std::function<void(const QString &palavras)> abreBusca = {};
 };
 
 } // namespace tolmira

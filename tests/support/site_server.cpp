@@ -33,7 +33,11 @@ SiteServer::SiteServer(QObject *parent, quint16 port) : QObject(parent) {
   });
 }
 
-SiteServer::~SiteServer() = default;
+// Clients may still be connected, and their sockets outlive what is kept about them.
+SiteServer::~SiteServer() {
+  for (QTcpSocket *socket : m_server.findChildren<QTcpSocket *>())
+    socket->disconnect(this);
+}
 
 void SiteServer::On(const QByteArray &path, Handler handler) {
   m_handlers.prepend({path, std::move(handler)});

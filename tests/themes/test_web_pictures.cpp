@@ -134,7 +134,7 @@ private slots:
                            << "/images/search?q=blue+night+sky&qs=n&form=QBIR&pq=blue+night+sky&first=1&count=20";
     QTest::newRow("page 2") << "sea" << 2 << "/images/search?q=sea&qs=n&form=QBIR&pq=sea&first=32&count=20";
     QTest::newRow("marks")
-        << u"c\u00e9u & a+b=#_" << 1
+        << QStringLiteral("c\u00e9u & a+b=#_") << 1
         << "/images/search?q=c%C3%A9u+%26+a%2Bb%3D%23_&qs=n&form=QBIR&pq=c%C3%A9u+%26+a%2Bb%3D%23_&first=16&count=20";
   }
   void addresses() {
@@ -150,7 +150,7 @@ private slots:
           {QStringLiteral("http://a.example/%1.jpg").arg(i), QStringLiteral("http://t.example/%1").arg(i), {}});
     images[0].endereco = QStringLiteral("http://a.example/'onerror='x\"<b>&c");
     images[1].miniatura.clear();
-    const auto cell = [](const QString &id, const QString &src) {
+    const auto cell = [](const QString &id, const QString &src) -> QString {
       return u"<td width='168' align='center' id=''><a  id='" + id +
              u"' href='javascript:void(0);'><img border='0' id='" + id + u"' src='" + src +
              u"' height='114' width='164'></a></td>";
@@ -183,7 +183,7 @@ private slots:
                                   << "foto.jpg";
     QTest::newRow("no name") << "http://a/"
                              << "image.jpg";
-    QTest::newRow("decoded") << "http://a/c%C3%A9u+azul.jpg" << u"c\u00e9u azul.jpg";
+    QTest::newRow("decoded") << "http://a/c%C3%A9u+azul.jpg" << QStringLiteral("c\u00e9u azul.jpg");
     QTest::newRow("folders") << "http://a/..%2f..%5cData%5cConfig.dat"
                              << "Config.dat";
     QTest::newRow("hidden") << "http://a/.bashrc"
@@ -214,7 +214,7 @@ private slots:
     const QString id = QStringLiteral("1|") + room.search.Imagens()[1].endereco;
     QCOMPARE(*room.search.Imagem(id), room.search.Imagens()[1]);
     for (const QString &other :
-         {id + u'x', QStringLiteral("2|x"), QStringLiteral("-1|x"), QStringLiteral("nulo"), QString()})
+         QStringList{id + u'x', QStringLiteral("2|x"), QStringLiteral("-1|x"), QStringLiteral("nulo"), QString()})
       QVERIFY2(!room.search.Imagem(other), qPrintable(other));
   }
 

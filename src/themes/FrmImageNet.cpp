@@ -71,10 +71,14 @@ FrmImageNet::FrmImageNet(const ImageNetDoors &doors)
                          rodadas);
   });
   connect(&m_busca, &WebPictureSearch::Mostrou, this, &FrmImageNet::Mostra);
-  connect(&m_busca, &WebPictureSearch::NaoConfigurada, this, [this](const QString &motivo) {
-    AcabaBusca({});
-    Diz(MessageKind::Information, motivo);
-  });
+  // Not from inside the key or button that asked, which may go while the box stands open.
+  connect(
+      &m_busca, &WebPictureSearch::NaoConfigurada, this,
+      [this](const QString &motivo) {
+        AcabaBusca({});
+        Diz(MessageKind::Information, motivo);
+      },
+      Qt::QueuedConnection);
   connect(&m_adder, &WebPictureAdder::Andou, this, [this](qint64 veio, qint64 total) {
     m_dl1->Advance(total > 0  ? tr("Downloading… %1 of %2").arg(Megabytes(veio), Megabytes(total))
                    : veio > 0 ? tr("Downloading… %1").arg(Megabytes(veio))

@@ -45,7 +45,10 @@ void WebPictureAdder::Baixou() {
   m_passo = Passo::Exame;
   const QString path = MapStoredPath(Temporario()).text();
   m_pool.start([this, path, proprio = m_imagem.nome] {
-    const NomeDeImagem nome = NomeEmImagens(path, proprio);
+    NomeDeImagem nome = NomeEmImagens(path, proprio);
+    // Beyond its header and its end: what nobody has looked at yet is drawn once, at a small size.
+    if (!nome.nome.isEmpty() && ReadPicture(path, [](const QSize &) { return SmallCopySize; }).image.isNull())
+      nome = {};
     QMetaObject::invokeMethod(
         this, [this, nome] { Examinou(nome); }, Qt::QueuedConnection);
   });

@@ -24,7 +24,11 @@
 #include "support/fake_winsock.h"
 #include "support/hand_made_pdf.h"
 #include "support/recording_presentation.h"
+#include "support/scripted_web.h"
 #include "support/small_bible.h"
+#include "themes/ui/theme_windows.h"
+#include "web/endpoints.h"
+#include "web/page_fetcher.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -160,11 +164,28 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
   house.display.player.duration = 7200;
   house.display.player.falhou = true;
   house.display.player.faixas = {{1, QStringLiteral("por")}, {2, House::LongName}};
-  return std::make_shared<VideoWindows>(VideoDoors{house.store, house.prompt, house.clock, house.console,
-                                                   house.positions, house.core.controleDeVideo,
-                                                   [] { return House::LongName; }, [] { return true; }, [] {},
-                                                   &house.desk});
+  return std::make_shared<VideoWindows>(
+      VideoDoors{house.store, house.prompt, house.clock, house.console, house.positions, house.core.controleDeVideo,
+                 [] { return House::LongName; }, [] { return true; }, [] {}, &house.desk});
 }
+
+// With a web that has nothing.
+class WebOfThemes {
+public:
+  explicit WebOfThemes(House &house)
+      : m_fetcher(house.store, m_web), m_endpoints(house.store),
+        windows(ThemeDoors{
+            house.app, house.store, house.positions, house.prompt, &house.desk, {}, {}, {}, &m_fetcher, &m_endpoints}) {
+  }
+
+private:
+  ScriptedWeb m_web;
+  PageFetcher m_fetcher;
+  Endpoints m_endpoints;
+
+public:
+  ThemeWindows windows;
+};
 
 inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
   return std::make_shared<NoticeWindows>(
@@ -273,11 +294,17 @@ inline const std::map<QString, Opener> &EveryWindow() {
       {QStringLiteral("FrmCameras"),
        [](House &h) {
          h.core.cameras.StatusTelaCamera(true);
-         auto window = std::make_shared<CameraWindow>(
-             CameraDoors{h.clock, h.positions, h.core.cameras, [] {}, &h.desk});
+         auto window =
+             std::make_shared<CameraWindow>(CameraDoors{h.clock, h.positions, h.core.cameras, [] {}, &h.desk});
          window->Abre();
          h.core.cameras.Respondeu(u"http://indexcam//?" + House::LongName + u"|Lens|", Alvo::Previa);
          return window;
+       }},
+      {QStringLiteral("FrmImageNet"),
+       [](House &h) {
+         auto themes = std::make_shared<WebOfThemes>(h);
+         themes->windows.AbreImageNet();
+         return themes;
        }},
       {QStringLiteral("FrmExibeAviso"),
        [](House &h) {

@@ -23,6 +23,11 @@ QString Page(int first, int count, PictureForm form = PictureForm::Newest) {
   return QString::fromUtf8(PicturePage(Host, first, count, form));
 }
 
+// A picture whose header and end are right, and nothing else.
+QByteArray Rubbish(const QByteArray &gif) {
+  return gif.left(13) + QByteArray(20, '\x01') + ';';
+}
+
 struct Room : GalleryRoom {
   void Configure(const QString &key, const QString &value) const {
     QString file = app.At(u"\\Data\\Endpoints.dat");
@@ -309,6 +314,7 @@ private slots:
     QTest::newRow("of a kind that is not kept") << "http://a/sea.gif" << Gif() << "sea.jpg" << added;
     QTest::newRow("a page instead") << "http://a/sea.jpg" << QByteArray("<html>Not for you</html>") << "" << refused;
     QTest::newRow("half a picture") << "http://a/sea.jpg" << HalfOf(NoisyJpeg({64, 64})) << "" << refused;
+    QTest::newRow("rubbish between header and end") << "http://a/sea.gif" << Rubbish(Gif()) << "" << refused;
     QTest::newRow("a bomb") << "http://a/sea.png" << PngThatClaims({60000, 60000}) << "" << refused;
     QTest::newRow("nothing") << "http://a/sea.jpg" << QByteArray() << ""
                              << "File not found.";

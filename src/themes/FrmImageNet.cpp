@@ -2,6 +2,7 @@
 
 #include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/spoken_role.h"
 #include "controls/ui/work_strip.h"
 #include "display/ui/web_result_view.h"
 #include "foundation/text_utils.h"
@@ -140,6 +141,7 @@ QWidget *FrmImageNet::MakeResults() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(medidas::Gap);
   m_wb = new WebResultView(folha);
+  SetSpokenRole(m_wb, QAccessible::Pane);
   m_wb->setObjectName(QStringLiteral("WB"));
   m_wb->setAccessibleName(tr("Pictures found"));
   m_wb->setMinimumHeight(MenorPagina);
@@ -178,6 +180,7 @@ QWidget *FrmImageNet::MakePreview() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(medidas::Gap);
   m_imagem = new WebResultView(folha);
+  SetSpokenRole(m_imagem, QAccessible::Pane);
   m_imagem->setObjectName(QStringLiteral("WBPreview"));
   m_imagem->setAccessibleName(tr("Preview of the picture"));
   m_imagem->setMinimumHeight(MenorPagina);

@@ -5,6 +5,7 @@
 #include "support/counting_yielder.h"
 #include "support/scripted_web.h"
 #include "support/sites/picture_site.h"
+#include "support/window_walker.h"
 #include "support/window_warnings.h"
 #include "themes/FrmBrowseImages.h"
 #include "themes/FrmImageNet.h"
@@ -185,6 +186,23 @@ private slots:
     QCOMPARE(room.Said(), QStringList{QStringLiteral("Please wait for the current download to finish.")});
     QTest::mouseClick(room.Find<QPushButton>("ImgDownCancel"), Qt::LeftButton);
     QCOMPARE(room.Strip("DL1"), QStringLiteral("Download canceled."));
+  }
+
+  // Tab goes through the page and on; a screen reader meets each picture by its name.
+  void thePageIsPartOfTheWindow() {
+    Room room;
+    room.Open();
+    room.Search(QStringLiteral("sea"));
+    QWidget *page = room.Drawing(room.WB());
+    QTRY_VERIFY(page->hasFocus());
+    QTest::keyClick(page, Qt::Key_Down);
+    QTest::keyClick(page, Qt::Key_End);
+    QTest::keyClick(page, Qt::Key_Tab);
+    QTRY_COMPARE(QApplication::focusWidget(), room.Find<QPushButton>("Command20"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+    QTRY_VERIFY(page->hasFocus());
+    const QStringList faults = SpeechFaults(room.window);
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
   }
 
   void nothingFoundIsSaid() {

@@ -5,6 +5,7 @@
 #include "display/ui/page_profile.h"
 
 #include <QChildEvent>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPalette>
 #include <QRandomGenerator>
@@ -122,9 +123,9 @@ public:
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     const auto cor = [&cores](QPalette::ColorRole papel) { return cores.color(papel).name(); };
-    script.setSourceCode(Ajudante.arg(m_token, Estilo.arg(cor(QPalette::Window), cor(QPalette::WindowText),
-                                                          cor(QPalette::PlaceholderText), cor(QPalette::Button),
-                                                          cor(QPalette::Link))));
+    script.setSourceCode(
+        Ajudante.arg(m_token, Estilo.arg(cor(QPalette::Window), cor(QPalette::WindowText),
+                                         cor(QPalette::PlaceholderText), cor(QPalette::Button), cor(QPalette::Link))));
     scripts().insert(script);
   }
 
@@ -151,6 +152,31 @@ private:
   bool m_carregando = false;
 };
 
+// The engine's drawing widget is made late and stands at the end of the window's Tab order; the page's place in it is
+// that of the widget around it.
+class VistaNaOrdem : public QWebEngineView {
+public:
+  explicit VistaNaOrdem(QWidget *lugar) : QWebEngineView(lugar), m_lugar(lugar) {}
+
+protected:
+  // Behind the last link of the page, or before its first.
+  bool focusNextPrevChild(bool next) override {
+    const auto vizinho = [next](const QWidget *widget) {
+      return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    };
+    for (QWidget *other = vizinho(m_lugar); other && other != m_lugar; other = vizinho(other))
+      if (other->window() == m_lugar->window() && !m_lugar->isAncestorOf(other) && !other->focusProxy() &&
+          (other->focusPolicy() & Qt::TabFocus) && other->isVisible() && other->isEnabled()) {
+        other->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
+      }
+    return false;
+  }
+
+private:
+  QWidget *m_lugar;
+};
+
 } // namespace
 
 struct WebResultView::Impl {
@@ -164,6 +190,7 @@ struct WebResultView::Impl {
 
 WebResultView::WebResultView(QWidget *parent) : QWidget(parent), m_impl(std::make_unique<Impl>()) {
   setAutoFillBackground(true);
+  setFocusPolicy(Qt::StrongFocus);
 }
 
 WebResultView::~WebResultView() {
@@ -202,7 +229,7 @@ bool WebResultView::Mostra(const QString &html) {
       if (++m_impl->mortes <= MortesDemais)
         QTimer::singleShot(0, this, [this] { m_impl->page->Carrega(m_impl->html); });
     });
-    m_impl->view = std::make_unique<QWebEngineView>(this);
+    m_impl->view = std::make_unique<VistaNaOrdem>(this);
     m_impl->view->setContextMenuPolicy(Qt::PreventContextMenu);
     m_impl->view->setAcceptDrops(false);
     m_impl->view->setAccessibleName(accessibleName());
@@ -211,12 +238,16 @@ bool WebResultView::Mostra(const QString &html) {
     m_impl->view->setPage(m_impl->page.get());
     m_impl->view->setGeometry(rect());
     m_impl->view->show();
-    setFocusProxy(m_impl->view.get());
   }
   m_impl->html = html;
   m_impl->mortes = 0;
   m_impl->page->Carrega(html);
   return true;
+}
+
+void WebResultView::focusInEvent(QFocusEvent *event) {
+  if (m_impl->view)
+    m_impl->view->setFocus(event->reason());
 }
 
 void WebResultView::resizeEvent(QResizeEvent *) {
@@ -228,8 +259,11 @@ bool WebResultView::eventFilter(QObject *, QEvent *event) {
   switch (event->type()) {
   case QEvent::ChildAdded:
   case QEvent::ChildPolished: // the engine makes its drawing widget at the first load and a new one for each process
-    if (auto *child = qobject_cast<QWidget *>(static_cast<QChildEvent *>(event)->child()))
+    if (auto *child = qobject_cast<QWidget *>(static_cast<QChildEvent *>(event)->child())) {
       child->installEventFilter(this);
+      if (event->type() == QEvent::ChildPolished)
+        child->setFocusPolicy(Qt::ClickFocus); // Tab comes here by way of the widget around it
+    }
     return false;
   case QEvent::KeyPress:
   case QEvent::KeyRelease:

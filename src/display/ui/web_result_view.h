@@ -19,7 +19,7 @@ public:
   // the text is longer than a page may be.
   bool Mostra(const QString &html);
   static constexpr qsizetype MaiorPagina = 2'000'000; // bytes, as an address writes them
-  void Esvazia(); // ends the engine's part; not from inside an event of the page
+  void Esvazia();                                     // ends the engine's part; not from inside an event of the page
   bool Vazia() const;
 
 signals:
@@ -27,6 +27,7 @@ signals:
   void Pronta();                  // the page stands, its pictures may still come
 
 protected:
+  void focusInEvent(QFocusEvent *event) override;
   void resizeEvent(QResizeEvent *event) override;
   bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -28,9 +28,9 @@ const QString TituloDaCaixa = QStringLiteral("Tolmira");
 
 } // namespace
 
-FrmBrowseImages::FrmBrowseImages(const ThemeDoors &doors)
-    : QWidget(doors.dono, Qt::Dialog), m_doors(doors), m_galeria(doors.app, doors.store), m_loader(doors.app),
-      m_adder(doors.app, doors.prompt) {
+FrmBrowseImages::FrmBrowseImages(const ThemeDoors &doors, std::function<void(QWidget *dono)> abreInternet)
+    : QWidget(doors.dono, Qt::Dialog), m_doors(doors), m_abreInternet(std::move(abreInternet)),
+      m_galeria(doors.app, doors.store), m_loader(doors.app), m_adder(doors.app, doors.prompt) {
   setObjectName(QStringLiteral("FrmBrowseImages"));
   setMinimumHeight(360); // the width is that of the bottom row
   auto *column = new QVBoxLayout(this);
@@ -67,6 +67,13 @@ void FrmBrowseImages::MakeTop() {
   m_label17->setToolTip(tr("Copies pictures into the program. They can also be dropped on the grid"));
   connect(m_label17, &QPushButton::clicked, this, &FrmBrowseImages::Label17);
   row->addWidget(m_label17);
+  if (m_abreInternet && m_doors.paginas) {
+    auto *internet = new QPushButton(tr("From the &internet…"), this);
+    internet->setObjectName(QStringLiteral("CmdInternet"));
+    internet->setToolTip(tr("Looks for pictures on the web and takes them into the gallery"));
+    connect(internet, &QPushButton::clicked, this, [this] { m_abreInternet(this); });
+    row->addWidget(internet);
+  }
   static_cast<QVBoxLayout *>(layout())->addLayout(row);
 }
 
@@ -262,6 +269,11 @@ void FrmBrowseImages::Adicionadas(const QStringList &nomes) {
   AtualizaTitulo();
 }
 
+void FrmBrowseImages::Chegaram(const QStringList &nomes) {
+  if (isVisible() && !m_adder.Trabalhando()) // else what is under way brings the grid up to date
+    Adicionadas(nomes);
+}
+
 void FrmBrowseImages::AbreMenu(int index, const QPoint &global) {
   QMenu *menu = index < 0 ? MenusDeImagem::MenuImg(this, [this](MarcaDeImagem marca) { Faz(marca); })
                           : MenusDeImagem::MenuImg2(this, Primeira(), FazCom(m_grade->NomeArquivo()));
@@ -369,8 +381,8 @@ void FrmBrowseImages::resizeEvent(QResizeEvent *event) {
 void FrmBrowseImages::hideEvent(QHideEvent *event) {
   m_doors.posicoes.SaveFormPosition(*this, false);
   QWidget::hideEvent(event);
-  // When it is hidden. Window managers lose the focus when a box and the window below it go at the same moment, and what
-  // is still being added must not end with the editor that the gallery was open for.
+  // When it is hidden. Window managers lose the focus when a box and the window below it go at the same moment, and
+  // what is still being added must not end with the editor that the gallery was open for.
   QTimer::singleShot(0, this, [this] {
     if (isVisible() || !parentWidget())
       return;

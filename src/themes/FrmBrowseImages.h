@@ -23,11 +23,14 @@ class FrmBrowseImages : public QWidget {
   Q_OBJECT
 
 public:
-  explicit FrmBrowseImages(const ThemeDoors &doors);
+  // `abreInternet` opens the search on the web over the gallery; used only when the doors have what it needs.
+  explicit FrmBrowseImages(const ThemeDoors &doors, std::function<void(QWidget *dono)> abreInternet = {});
   ~FrmBrowseImages() override;
 
   // Modal over its client. A gallery that stands open goes over to the new client.
   void Open(const PedidoDeImagem &pedido);
+  // Pictures that came into the folder by another window; nothing happens while the gallery is closed.
+  void Chegaram(const QStringList &nomes);
 
 protected:
   void keyPressEvent(QKeyEvent *event) override;
@@ -55,6 +58,7 @@ private:
   QString Acao() const;     // the action label
 
   ThemeDoors m_doors;
+  std::function<void(QWidget *dono)> m_abreInternet;
   PictureGallery m_galeria;
   SmallCopyLoader m_loader;
   PictureAdder m_adder;

@@ -2,6 +2,7 @@
 
 #include "foundation/real_path.h"
 #include "foundation/text_file.h"
+#include "foundation/text_utils.h"
 #include "themes/picture_file.h"
 
 #include <QFile>
@@ -116,10 +117,31 @@ bool EstaEmImagens(const AppFolder &app, const QString &path) {
 }
 
 NomeDeImagem NomeEmImagens(const QString &path) {
+  return NomeEmImagens(path, QFileInfo(path).fileName());
+}
+
+NomeDeImagem NomeEmImagens(const QString &path, const QString &nome) {
   const PictureFacts facts = ExaminePicture(path);
   if (facts.problem != PictureProblem::None)
     return {{}, false, facts.problem == PictureProblem::Missing};
-  return {NomePara(QFileInfo(path).fileName(), facts.format), !FicaComoEsta(facts.format), false};
+  return {NomePara(nome, facts.format), !FicaComoEsta(facts.format), false};
+}
+
+QString NomeLivreEmImagens(const AppFolder &app, const QString &nome) {
+  const auto livre = [&app](const QString &tentado) { return !FileExists(app.At(u"\\Images\\") + tentado); };
+  QString tentado = nome;
+  for (int n = 1; n < NomesDemais; ++n) {
+    const QString seguinte = NextFreeName(tentado);
+    if (seguinte == tentado) // a name with two pairs of parentheses, whose series does not go on
+      break;
+    tentado = seguinte;
+    if (livre(tentado))
+      return tentado;
+  }
+  const QFileInfo partes(nome);
+  for (int n = 2;; ++n)
+    if (tentado = partes.completeBaseName() + u'-' + QString::number(n) + u'.' + partes.suffix(); livre(tentado))
+      return tentado;
 }
 
 Copia CopiaParaImagens(const AppFolder &app, const QString &path, const QString &nome) {

@@ -22,6 +22,11 @@ struct NomeDeImagem {
   bool sumiu = false;    // there is no file to look at any more, or none that can be read
 };
 NomeDeImagem NomeEmImagens(const QString &path);
+// The same for a file that lies under another name than its own.
+NomeDeImagem NomeEmImagens(const QString &path, const QString &nome);
+
+// The first of the series behind `nome` ("Foto(1).jpg", "Foto(2).jpg" ...) that no picture there has.
+QString NomeLivreEmImagens(const AppFolder &app, const QString &nome);
 
 // Puts the picture there under that name as one step: whole, or not at all. What stood there is replaced, and its small
 // copy removed. Can be called from any thread.

@@ -28,6 +28,9 @@
 #include "support/recording_presentation.h"
 #include "support/scripted_web.h"
 #include "support/small_bible.h"
+#include "themes/ui/theme_windows.h"
+#include "web/endpoints.h"
+#include "web/page_fetcher.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -202,6 +205,24 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
                  [] { return House::LongName; }, [] { return true; }, [] {}, &house.desk});
 }
 
+// With a web that has nothing.
+class WebOfThemes {
+public:
+  explicit WebOfThemes(House &house)
+      : m_fetcher(house.store, m_web), m_endpoints(house.store),
+        windows(ThemeDoors{
+            house.app, house.store, house.positions, house.prompt, &house.desk, {}, {}, {}, &m_fetcher, &m_endpoints}) {
+  }
+
+private:
+  ScriptedWeb m_web;
+  PageFetcher m_fetcher;
+  Endpoints m_endpoints;
+
+public:
+  ThemeWindows windows;
+};
+
 inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
   return std::make_shared<NoticeWindows>(
       NoticeDoors{house.store, house.prompt, house.positions, [](const QString &) {}, {}, {}, &house.desk});
@@ -316,6 +337,12 @@ inline const std::map<QString, Opener> &EveryWindow() {
          window->Abre();
          h.core.cameras.Respondeu(u"http://indexcam//?" + House::LongName + u"|Lens|", Alvo::Previa);
          return window;
+       }},
+      {QStringLiteral("FrmImageNet"),
+       [](House &h) {
+         auto themes = std::make_shared<WebOfThemes>(h);
+         themes->windows.AbreImageNet();
+         return themes;
        }},
       {QStringLiteral("FrmExibeAviso"),
        [](House &h) {

@@ -2,6 +2,7 @@
 
 #include "display/page_address.h"
 #include "display/script_queue.h"
+#include "display/ui/engine_start.h"
 #include "display/ui/held_picture.h"
 #include "display/ui/prompt_drawing.h"
 #include "display/ui/web_page.h"
@@ -9,10 +10,8 @@
 #include <QApplication>
 #include <QChildEvent>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QPointer>
 #include <QQuickWidget>
@@ -22,7 +21,6 @@
 #include <QWebEngineView>
 #include <algorithm>
 #include <map>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -69,17 +67,6 @@ QString JsonOf(const QVariant &value) {
   // An array of one, because a bare value is no JSON document.
   const QByteArray text = QJsonDocument(QJsonArray{QJsonValue::fromVariant(value)}).toJson(QJsonDocument::Compact);
   return QString::fromUtf8(text.mid(1, text.size() - 2));
-}
-
-// The engine ends the whole program when it cannot start its processes, so what can be known is looked at before.
-bool EngineCanStart() {
-  if (geteuid() == 0 && !qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX") &&
-      !qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").contains("--no-sandbox"))
-    return false;
-  QString program = qEnvironmentVariable("QTWEBENGINEPROCESS_PATH");
-  if (program.isEmpty())
-    program = QLibraryInfo::path(QLibraryInfo::LibraryExecutablesPath) + u"/QtWebEngineProcess";
-  return QFileInfo(program).isExecutable();
 }
 
 } // namespace

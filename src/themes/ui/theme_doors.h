@@ -12,6 +12,9 @@ class QWidget;
 
 namespace tolmira {
 
+class Endpoints;
+class PageFetcher;
+
 // What the windows of the themes work with. All of it outlives them.
 struct ThemeDoors {
   const AppFolder &app;
@@ -23,6 +26,9 @@ struct ThemeDoors {
   // Puts the picture over the theme at once; `move`: with slow movement. False when it is refused, which was told.
   std::function<bool(const QString &path, bool move)> exibeImagem;
   std::function<bool()> moveImagens; // whether pictures move now
+  // By which pictures are looked for on the web; without them that window does not exist.
+  PageFetcher *paginas = nullptr;
+  const Endpoints *endpoints = nullptr;
 };
 
 // Who opens the gallery, and what becomes of the picture.

@@ -7,6 +7,7 @@
 namespace tolmira {
 
 class FrmBrowseImages;
+class FrmImageNet;
 
 // The windows of the themes, each made when it is first wanted.
 class ThemeWindows {
@@ -18,10 +19,14 @@ public:
   void AbreGaleria(const PedidoDeImagem &pedido);
   void AbreGaleriaDoFundo(); // "FundoPadrao"
   void AbreGaleriaDoTelao(); // "FrmMonitor"
+  // The search for pictures on the web, modal over `dono`; by itself over the console when that is null.
+  void AbreImageNet(QWidget *dono = nullptr);
 
 private:
   ThemeDoors m_doors;
-  QPointer<FrmBrowseImages> m_galeria; // goes with the window that it stands over
+  // Each goes with the window that it stands over.
+  QPointer<FrmBrowseImages> m_galeria;
+  QPointer<FrmImageNet> m_imageNet;
 };
 
 } // namespace tolmira

@@ -3,7 +3,7 @@
 #include "web/curl_request.h"
 #include "web/file_download.h"
 #include "web/qt_request.h"
-#include "web/side_work.h"
+#include "web/client_threads.h"
 
 #include <QNetworkAccessManager>
 #include <array>
@@ -64,9 +64,9 @@ using Pronto = std::function<void(const QString &page)>;
 // A page by Qt Network: the wire belongs to the interface thread, and turning a large page into text does not.
 class PaginaPorQt : public WebTask {
 public:
-  PaginaPorQt(QNetworkAccessManager &gerente, SideWork &aoLado, const Metodo &metodo, int limiteMs, const QUrl &url,
+  PaginaPorQt(QNetworkAccessManager &gerente, ClientThreads &fios, const Metodo &metodo, int limiteMs, const QUrl &url,
               Pronto pronto)
-      : m_aoLado(aoLado), m_crua(metodo.crua), m_pronto(std::move(pronto)) {
+      : m_fios(fios), m_crua(metodo.crua), m_pronto(std::move(pronto)) {
     m_request.emplace(gerente, url, NomeDoAgente(metodo.agente), metodo.http2, limiteMs,
                       [this](QtRequest::Fim fim) { Veio(std::move(fim)); });
   }
@@ -79,25 +79,25 @@ private:
       return;
     }
     auto corpo = std::make_shared<QtRequest::Fim>(std::move(fim));
-    m_texto = m_aoLado.Comeca([this, corpo, crua = m_crua](const std::atomic<bool> &, const SideWork::Avisa &) {
+    m_texto = m_fios.Comeca([this, corpo, crua = m_crua](const std::atomic<bool> &, const ClientThreads::Avisa &) {
       auto texto = std::make_shared<QString>();
       if (corpo->corpo.Desembrulha(corpo->embrulho))
         *texto = corpo->corpo.Texto(corpo->tipo, crua);
-      return SideWork::Relato([this, texto] {
+      return ClientThreads::Relato([this, texto] {
         const Pronto pronto = std::move(m_pronto);
         pronto(*texto);
       });
     });
   }
 
-  SideWork &m_aoLado;
+  ClientThreads &m_fios;
   bool m_crua;
   Pronto m_pronto;
   std::optional<QtRequest> m_request;
   std::unique_ptr<WebTask> m_texto; // reports nothing once this is gone
 };
 
-SideWork::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar,
+ClientThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar,
                                const Pronto &pronto) {
   PageBody corpo;
   CurlRequest get;
@@ -118,7 +118,7 @@ struct RealWebClient::Impl {
   explicit Impl(int limite) : limiteMs(limite) {}
   int limiteMs;
   QNetworkAccessManager gerente;
-  SideWork aoLado;
+  ClientThreads fios;
 };
 
 RealWebClient::RealWebClient(int limiteDeTempoMs) : m_impl(std::make_unique<Impl>(limiteDeTempoMs)) {
@@ -129,10 +129,10 @@ RealWebClient::~RealWebClient() = default;
 std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pronto pronto) {
   const Metodo metodo = Metodos.at(static_cast<size_t>(qBound(1, method, MetodosDeBusca) - 1));
   if (metodo.familia == Familia::Qt)
-    return std::make_unique<PaginaPorQt>(m_impl->gerente, m_impl->aoLado, metodo, m_impl->limiteMs, url,
+    return std::make_unique<PaginaPorQt>(m_impl->gerente, m_impl->fios, metodo, m_impl->limiteMs, url,
                                          std::move(pronto));
-  return m_impl->aoLado.Comeca([metodo, limiteMs = m_impl->limiteMs, url,
-                                pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideWork::Avisa &) {
+  return m_impl->fios.Comeca([metodo, limiteMs = m_impl->limiteMs, url,
+                                pronto = std::move(pronto)](const std::atomic<bool> &parar, const ClientThreads::Avisa &) {
     return PaginaPorCurl(metodo, limiteMs, url, parar, pronto);
   });
 }
@@ -140,15 +140,15 @@ std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pro
 std::unique_ptr<WebTask> RealWebClient::Download(const PedidoDeDownload &pedido,
                                                  std::function<void(qint64, qint64)> andou,
                                                  std::function<void(const FimDoDownload &)> pronto) {
-  return m_impl->aoLado.Comeca(
+  return m_impl->fios.Comeca(
       [pedido, limiteMs = m_impl->limiteMs, andou = std::move(andou),
-       pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideWork::Avisa &avisa) {
+       pronto = std::move(pronto)](const std::atomic<bool> &parar, const ClientThreads::Avisa &avisa) {
         const auto conta = [&avisa, &andou](qint64 veio, qint64 total) {
           if (andou)
             avisa([andou, veio, total] { andou(veio, total); });
         };
         const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, parar, conta);
-        return SideWork::Relato([pronto, fim] { pronto(fim); });
+        return ClientThreads::Relato([pronto, fim] { pronto(fim); });
       });
 }
 

@@ -13,10 +13,10 @@ namespace tolmira {
 
 // Work that waits for the web beside the interface thread. Its reports run on the thread of this object, and none runs
 // once its task was dropped. Ending this ends all work and waits for it, which takes a moment.
-class SideWork : public QObject {
+class ClientThreads : public QObject {
 public:
-  SideWork() = default;
-  ~SideWork() override;
+  ClientThreads() = default;
+  ~ClientThreads() override;
 
   using Relato = std::function<void()>;
   using Avisa = std::function<void(Relato)>; // from the work's thread: runs that on the other one

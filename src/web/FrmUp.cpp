@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -75,6 +76,7 @@ void FrmUp::Baixa() {
     m_dl1 = TrabalhaAoLado([](const std::atomic_bool &) {}, [this] { Acabou({}); });
     return;
   }
+  QDir().mkpath(QFileInfo(m_arquivo).path());
   PedidoDeDownload pedido;
   pedido.endereco = m_instalador;
   pedido.arquivo = m_arquivo;

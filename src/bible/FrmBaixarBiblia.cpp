@@ -18,9 +18,11 @@ namespace tolmira {
 namespace {
 
 const QString Titulo = QStringLiteral("Tolmira");
-constexpr QSize Tamanho{760, 460};
-constexpr int LarguraDaVersao = 320;
-constexpr int LarguraDaOrigem = 180;
+constexpr QSize Tamanho{800, 460};
+constexpr int LarguraMinima = 420;
+constexpr int AlturaMinima = 300;
+constexpr int LarguraDaVersao = 290;
+constexpr int LarguraDaOrigem = 170;
 constexpr int LarguraDoProgresso = 140;
 
 QString NomeInteiro(const VersaoOferecida &versao) {
@@ -40,7 +42,7 @@ FrmBaixarBiblia::FrmBaixarBiblia(BibleDownloadDoors doors)
     : QWidget(doors.dono, Qt::Dialog), m_doors(std::move(doors)), m_busca(m_doors.endpoints, m_doors.web),
       m_importador(m_doors.importador),
       m_fila(m_doors.app, m_doors.web, m_importador,
-             {[this](const QString &texto) { m_label1->setText(texto); },
+             {[this](const QString &texto) { Diz(texto); },
               [this](qint64 veio, qint64 total) {
                 m_progress1->setRange(0, total > 0 ? 1000 : 0);
                 m_progress1->setValue(total > 0 ? int(1000.0 * double(qMin(veio, total)) / double(total)) : 0);
@@ -69,6 +71,7 @@ FrmBaixarBiblia::FrmBaixarBiblia(BibleDownloadDoors doors)
   MakeButtons();
   connect(m_list1, &QTreeWidget::currentItemChanged, this, &FrmBaixarBiblia::MostraBotoes);
   connect(m_list1, &QTreeWidget::itemChanged, this, &FrmBaixarBiblia::MostraBotoes);
+  setMinimumSize(LarguraMinima, AlturaMinima);
   resize(Tamanho);
 }
 
@@ -131,7 +134,7 @@ void FrmBaixarBiblia::MakeButtons() {
 
 void FrmBaixarBiblia::Open() {
   if (!isVisible()) {
-    m_label1->clear();
+    Diz({});
     MostraLista();
     PegaInstaladas();
     m_doors.posicoes.RestoreFormPosition(*this, false);
@@ -159,7 +162,7 @@ void FrmBaixarBiblia::PegaInstaladas() {
 void FrmBaixarBiblia::Command1() {
   if (m_procura) {
     m_procura.reset();
-    m_label1->clear();
+    Diz({});
     MostraBotoes();
     return;
   }
@@ -175,7 +178,7 @@ void FrmBaixarBiblia::Command1() {
     return;
   }
   m_lista = endereco;
-  m_label1->setText(tr("Searching…"));
+  Diz(tr("Searching…"));
   m_progress1->setRange(0, 0);
   m_procura = m_busca.Procura(endereco, [this](const auto &versoes) { Achou(versoes); });
   MostraBotoes();
@@ -184,7 +187,7 @@ void FrmBaixarBiblia::Command1() {
 void FrmBaixarBiblia::Achou(const std::optional<QList<VersaoOferecida>> &versoes) {
   m_procura.reset();
   m_daWeb = versoes.value_or(QList<VersaoOferecida>());
-  m_label1->clear();
+  Diz({});
   MostraLista();
   if (!versoes)
     m_doors.prompt.Message(
@@ -221,6 +224,7 @@ void FrmBaixarBiblia::MostraLista() {
     const QString nome = NomeInteiro(versao);
     item->setText(0, nome);
     item->setToolTip(0, nome);
+    item->setText(1, tr("the program folder"));
     if (!versao.endereco.isEmpty() || !versao.modulo.isEmpty()) {
       item->setText(1, versao.modulo.isEmpty() ? tr("the web") : tr("installed on this computer"));
       item->setCheckState(0, marcadas.contains(chave) ? Qt::Checked : Qt::Unchecked);
@@ -241,12 +245,19 @@ void FrmBaixarBiblia::MostraEstado(const Linha &linha) {
     partes << (arquivos.novo ? tr("Old and New Testament") : tr("Old Testament only"));
   else if (arquivos.novo)
     partes << tr("New Testament only");
+  else
+    partes << tr("not there");
   if (arquivos.velho && !PodeRemover(nome))
     partes << QString(nome + u" cannot be removed");
   partes += linha.contado;
   const QSignalBlocker quieto(m_list1);
   linha.item->setText(2, partes.join(QStringLiteral(" · ")));
   linha.item->setToolTip(2, partes.join(u'\n'));
+}
+
+void FrmBaixarBiblia::Diz(const QString &texto) {
+  m_label1->setText(texto);
+  m_label1->setToolTip(texto);
 }
 
 FrmBaixarBiblia::Linha *FrmBaixarBiblia::LinhaAtual() {
@@ -283,7 +294,7 @@ void FrmBaixarBiblia::MostraBotoes() {
 void FrmBaixarBiblia::Command3() {
   if (m_fila.Roda()) {
     ParaTudo();
-    m_label1->setText(tr("Stopped."));
+    Diz(tr("Stopped."));
     VersoesMudaram();
     return;
   }
@@ -305,7 +316,7 @@ void FrmBaixarBiblia::Acabou() {
   QString frase = trouxe == 1 ? tr("1 file was added.") : tr("%1 files were added.").arg(trouxe);
   if (const int faltaram = m_fila.Faltaram(); faltaram > 0)
     frase += u' ' + (faltaram == 1 ? tr("1 could not be had.") : tr("%1 could not be had.").arg(faltaram));
-  m_label1->setText(frase);
+  Diz(frase);
   // What was brought needs no mark any more; what failed keeps it for the next try.
   {
     const QSignalBlocker quieto(m_list1);
@@ -332,7 +343,7 @@ void FrmBaixarBiblia::Remove() {
     return;
   const bool removida = RemoveVersao(m_doors.app, nome);
   VersoesMudaram();
-  m_label1->setText(removida ? tr("%1 was removed.").arg(nome) : QString());
+  Diz(removida ? tr("%1 was removed.").arg(nome) : QString());
   MostraLista();
   if (!removida)
     m_doors.prompt.Message(MessageKind::Warning, Titulo, u"Unable to remove " + nome);

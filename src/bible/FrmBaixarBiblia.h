@@ -46,6 +46,7 @@ private:
   void MostraLista();
   void MostraEstado(const Linha &linha);
   void MostraBotoes();
+  void Diz(const QString &texto);
   void Acabou();
   void ParaTudo();
   void VersoesMudaram();

@@ -20,6 +20,7 @@ namespace tolmira {
 namespace {
 
 constexpr QSize Tamanho{760, 440};
+constexpr int AlturaMinima = 300;
 constexpr int LarguraDoTitulo = 380;
 constexpr int LarguraDoTamanho = 110;
 constexpr qsizetype MaiorAgenda = 30; // letters of its title on the button
@@ -59,6 +60,7 @@ FrmConteudo::FrmConteudo(ContentDoors doors)
   connect(m_list1, &QTreeWidget::currentItemChanged, this, &FrmConteudo::MostraBotoes);
   connect(m_strip, &WorkStrip::Stopped, this, &FrmConteudo::Para);
   AtualizaAgenda();
+  setMinimumHeight(AlturaMinima);
   resize(Tamanho);
 }
 

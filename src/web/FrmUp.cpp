@@ -54,7 +54,8 @@ FrmUp::FrmUp(const UpdateDoors &doors, const QUrl &instalador, const QUrl &pagin
   column->addStretch(1);
   column->addWidget(m_strip);
   connect(m_strip, &WorkStrip::Stopped, this, &QWidget::close);
-  resize(Largura, administrador ? Altura : AlturaComNota);
+  setMinimumSize(Largura, administrador ? Altura : AlturaComNota);
+  resize(minimumSize());
 }
 
 void FrmUp::Open() {

@@ -54,14 +54,17 @@ private slots:
     QTest::newRow("empty") << "" << noList;
     QTest::newRow("refusal page") << "url|:|/t|:|T|:|KJV<br>" << noList;
     QTest::newRow("no row") << "[Lista]" << none;
-    QTest::newRow("two") << QString::fromLatin1(BibleListReply()) << QStringList{QStringLiteral("HARBOUR"), QStringLiteral("HILLSIDE")};
+    QTest::newRow("two") << QString::fromLatin1(BibleListReply())
+                         << QStringList{QStringLiteral("HARBOUR"), QStringLiteral("HILLSIDE")};
     QTest::newRow("too few fields") << "[Lista]<br>url|:|/t|:|KJV" << none;
     QTest::newRow("names that lead elsewhere")
         << "[Lista]<br>url|:|/t|:|T|:|../x<br>url|:|/t|:|T|:|a\\b<br>url|:|/t|:|T|:|.x<br>url|:|/t|:|T|:|a:b" << none;
     QTest::newRow("names the menu would misread")
         << "[Lista]<br>url|:|/t|:|T|:|AOLD_B<br>url|:|/t|:|T|:|A.txt<br>url|:|/t|:|T|:|" << none;
-    QTest::newRow("twice") << "[Lista]<br>url|:|/a|:|A|:|KJV<br>url|:|/b|:|B|:|kjv" << QStringList{QStringLiteral("KJV")};
-    QTest::newRow("a row with a marker before it") << "[Lista]<li>url|:|/a|:|A|:| X |:|more<br>" << QStringList{QStringLiteral("X")};
+    QTest::newRow("twice") << "[Lista]<br>url|:|/a|:|A|:|KJV<br>url|:|/b|:|B|:|kjv"
+                           << QStringList{QStringLiteral("KJV")};
+    QTest::newRow("a row with a marker before it")
+        << "[Lista]<li>url|:|/a|:|A|:| X |:|more<br>" << QStringList{QStringLiteral("X")};
   }
   void ReadsAList() {
     QFETCH(QString, reply);
@@ -80,13 +83,20 @@ private slots:
     QTest::addColumn<QString>("folder");
     QTest::addColumn<QString>("address"); // empty: refused
     const char *https = "https://t.example/a/list.php?tag=x", *http = "http://127.0.0.1:8/list.php";
-    QTest::newRow("whole") << https << "https://f.example/b/?q=1" << "https://f.example/b/NEW_A%20B.txt";
-    QTest::newRow("of the host") << https << "/texts" << "https://t.example/texts/NEW_A%20B.txt";
-    QTest::newRow("beside the list") << https << "texts/" << "https://t.example/a/texts/NEW_A%20B.txt";
-    QTest::newRow("tests' own server") << http << "/texts" << "http://127.0.0.1:8/texts/NEW_A%20B.txt";
-    QTest::newRow("away from https") << https << "http://f.example" << "";
-    QTest::newRow("a file") << http << "file:///etc" << "";
-    QTest::newRow("with a password") << https << "https://u:p@f.example" << "";
+    QTest::newRow("whole") << https << "https://f.example/b/?q=1"
+                           << "https://f.example/b/NEW_A%20B.txt";
+    QTest::newRow("of the host") << https << "/texts"
+                                 << "https://t.example/texts/NEW_A%20B.txt";
+    QTest::newRow("beside the list") << https << "texts/"
+                                     << "https://t.example/a/texts/NEW_A%20B.txt";
+    QTest::newRow("tests' own server") << http << "/texts"
+                                       << "http://127.0.0.1:8/texts/NEW_A%20B.txt";
+    QTest::newRow("away from https") << https << "http://f.example"
+                                     << "";
+    QTest::newRow("a file") << http << "file:///etc"
+                            << "";
+    QTest::newRow("with a password") << https << "https://u:p@f.example"
+                                     << "";
   }
   void FindsAFile() {
     QFETCH(QString, list);
@@ -150,15 +160,15 @@ private slots:
     FilaDeBiblias queue(*m_app, *m_web, importer, Listening());
     queue.Comeca(m_list, *LeListaDeBiblias(QString::fromLatin1(BibleListReply())));
     QTRY_VERIFY(m_ended);
-    QCOMPARE(m_said, QStringList({QStringLiteral("there is already: HARBOUR Old Testament"),
-                                  QStringLiteral("HARBOUR> there is already: HARBOUR Old Testament"),
-                                  QStringLiteral("Downloading: HARBOUR New"),
-                                  QStringLiteral("HARBOUR> New Testament: added"),
-                                  QStringLiteral("Downloading: HILLSIDE Old"),
-                                  QStringLiteral("HILLSIDE> Old Testament: what came is no text of a version, and was "
-                                                 "removed"),
-                                  QStringLiteral("Downloading: HILLSIDE New"),
-                                  QStringLiteral("HILLSIDE> New Testament: it could not be downloaded")}));
+    QCOMPARE(m_said,
+             QStringList({QStringLiteral("there is already: HARBOUR Old Testament"),
+                          QStringLiteral("HARBOUR> there is already: HARBOUR Old Testament"),
+                          QStringLiteral("Downloading: HARBOUR New"), QStringLiteral("HARBOUR> New Testament: added"),
+                          QStringLiteral("Downloading: HILLSIDE Old"),
+                          QStringLiteral("HILLSIDE> Old Testament: what came is no text of a version, and was "
+                                         "removed"),
+                          QStringLiteral("Downloading: HILLSIDE New"),
+                          QStringLiteral("HILLSIDE> New Testament: it could not be downloaded")}));
     QCOMPARE(queue.Trouxe(), 1);
     QCOMPARE(queue.Faltaram(), 2);
     QCOMPARE(ReadBytes(InBible(QStringLiteral("OLD_HARBOUR.txt"))), QByteArray("mine"));

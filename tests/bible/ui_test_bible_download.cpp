@@ -84,13 +84,23 @@ private slots:
     QTest::addColumn<QString>("term");
     QTest::addColumn<QString>("reply");
     QTest::addColumn<QString>("message");
-    const QString failed =
-        QStringLiteral("Unable to perform the search.\nCheck if you are connected to the internet.");
-    QTest::newRow("no term") << "t.example" << " " << "" << "Enter a term to search.";
-    QTest::newRow("no answer") << "t.example" << "a" << "" << failed;
-    QTest::newRow("no row") << "t.example" << "a" << "[Lista]<br>" << "Not Found.";
-    QTest::newRow("not configured") << "" << "a" << "" << "No address is configured for this. It is the key "
-                                                         "ListaBiblias in the section Endpoints of Data\\Endpoints.dat.";
+    const QString failed = QStringLiteral("Unable to perform the search.\nCheck if you are connected to the internet.");
+    QTest::newRow("no term") << "t.example"
+                             << " "
+                             << ""
+                             << "Enter a term to search.";
+    QTest::newRow("no answer") << "t.example"
+                               << "a"
+                               << "" << failed;
+    QTest::newRow("no row") << "t.example"
+                            << "a"
+                            << "[Lista]<br>"
+                            << "Not Found.";
+    QTest::newRow("not configured") << ""
+                                    << "a"
+                                    << ""
+                                    << "No address is configured for this. It is the key "
+                                       "ListaBiblias in the section Endpoints of Data\\Endpoints.dat.";
   }
   void SaysWhatCameOfASearch() {
     QFETCH(QString, host);

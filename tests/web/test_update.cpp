@@ -59,10 +59,12 @@ private slots:
     const QString latest = QStringLiteral("You are already using the latest version of the Tolmira");
     QTest::newRow("nothing") << "" << failure << 11;
     QTest::newRow("a page of something else") << "<html>Sign in</html>" << failure << 1;
-    QTest::newRow("newer") << "a!*!b!*!1.2.4!*!c" << "a!*!b!*!1.2.4!*!c!*!Link" << 1;
+    QTest::newRow("newer") << "a!*!b!*!1.2.4!*!c"
+                           << "a!*!b!*!1.2.4!*!c!*!Link" << 1;
     QTest::newRow("the same") << "a!*!b!*!1.2.3" << latest << 1;
     QTest::newRow("older") << "a!*!b!*!1.1.0!*!Link" << latest << 1;
-    QTest::newRow("by the text of the codes") << "a!*!b!*!0.9.0" << "a!*!b!*!0.9.0!*!Link" << 1; // "9000" > "12003"
+    QTest::newRow("by the text of the codes") << "a!*!b!*!0.9.0"
+                                              << "a!*!b!*!0.9.0!*!Link" << 1; // "9000" > "12003"
     QTest::newRow("no version") << "!*!" << latest << 1;
   }
   void Answers() {

@@ -33,15 +33,9 @@ private:
       web.page = [](int, const QUrl &) {
         return QStringLiteral("!*!!*!2.0.0!*!https://d.example/i.exe!*!<b>Calmer</b> fades.");
       };
-      windows = std::make_unique<UpdateWindows>(UpdateDoors{endpoints,
-                                                            pages,
-                                                            prompt,
-                                                            opener,
-                                                            positions,
-                                                            [this] { ++ended; },
-                                                            &desk,
-                                                            [this] { return administrator; },
-                                                            folder.filePath(QStringLiteral("Desktop"))});
+      windows = std::make_unique<UpdateWindows>(
+          UpdateDoors{endpoints, pages, prompt, opener, positions, [this] { ++ended; }, &desk,
+                      [this] { return administrator; }, folder.filePath(QStringLiteral("Desktop"))});
     }
     QString Installer() const { return folder.filePath(QStringLiteral("Desktop/Instalar-Tolmira.exe")); }
     // Up to the running download.
@@ -119,9 +113,8 @@ private slots:
                                          [](const ScriptedWeb::Pedido &one) { return one.method == 0; });
     QCOMPARE(downloads, 1);
     QCOMPARE(room.prompt.TakeTexts(), messages);
-    QCOMPARE(room.opener.opened,
-             QList<QUrl>{ends ? QUrl::fromLocalFile(room.Installer())
-                              : QUrl(QStringLiteral("https://maker.example?prog=Tolmira"))});
+    QCOMPARE(room.opener.opened, QList<QUrl>{ends ? QUrl::fromLocalFile(room.Installer())
+                                                  : QUrl(QStringLiteral("https://maker.example?prog=Tolmira"))});
     QCOMPARE(room.ended, ends ? 1 : 0);
     QCOMPARE(QFile::exists(room.Installer()), ends);
   }

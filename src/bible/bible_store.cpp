@@ -45,10 +45,6 @@ QStringList OldTestamentFiles(const QString &storedFolder) {
   return names;
 }
 
-QString ShortName(const QString &fileName) {
-  return QString(fileName).remove(OldPrefix, Qt::CaseInsensitive).remove(Extension, Qt::CaseInsensitive);
-}
-
 // Only the prefix changes: a version may have "OLD" in its own name.
 QString NewTestamentFile(const QString &oldTestamentFile) {
   if (!oldTestamentFile.startsWith(OldPrefix, Qt::CaseInsensitive))
@@ -78,11 +74,19 @@ QString DecodeVersion(const QByteArray &bytes) {
   return decoded.text;
 }
 
+} // namespace
+
+QString NomeCurto(const QString &fileName) {
+  return QString(fileName).remove(OldPrefix, Qt::CaseInsensitive).remove(Extension, Qt::CaseInsensitive);
+}
+
 VersionText ReadVersionFile(const QString &storedPath) {
   return VersionText(DecodeVersion(ReadFileContent(storedPath, VersionFileLimit).bytes));
 }
 
-} // namespace
+QString ArquivoDaVersao(const QString &nomeCurto, Testamento testamento) {
+  return (testamento == Testamento::Velho ? QStringLiteral("OLD_") : QStringLiteral("NEW_")) + nomeCurto + Extension;
+}
 
 BibleStore::BibleStore(const AppFolder &app, const IniStore &store) : m_app(app), m_store(store) {}
 
@@ -140,6 +144,16 @@ void BibleStore::BuildVersionMenu() {
     VersaoMudou();
 }
 
+void BibleStore::GuardaEscolha() const {
+  const QStringList files = OldTestamentFiles(m_app.At(u"\\Bible\\"));
+  const QString inForce = NomeDoArquivo(m_bibliaAtual);
+  const auto place = files.indexOf(inForce);
+  if (files.isEmpty())
+    return;
+  StoreKey(KeyDefault(), QString::number(place < 0 ? 1 : place + 1));
+  StoreKey(KeyDefaultText(), files.at(place < 0 ? 0 : place));
+}
+
 QString BibleStore::LegendaAtual() const {
   const bool exists = m_bibliaAtual >= 1 && m_bibliaAtual <= static_cast<int>(m_versoes.size());
   return exists ? m_versoes[static_cast<size_t>(m_bibliaAtual - 1)].legenda : QString();
@@ -154,7 +168,7 @@ void BibleStore::LoadVersion(int index) {
     if (const QString other = NewTestamentFile(file); !other.isEmpty())
       textos.novo = ReadVersionFile(folder + other);
   }
-  m_versaoBiblia = ShortName(file);
+  m_versaoBiblia = NomeCurto(file);
 }
 
 bool BibleStore::ChooseVersion(int index) {

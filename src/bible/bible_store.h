@@ -45,6 +45,9 @@ public:
   // Makes it the version in force and stores it; false when it is already, or there is none of that index. The caller
   // shows the verse again.
   bool ChooseVersion(int index);
+  // To be called before BuildVersionMenu where versions came into the folder or left it: stores the index that the
+  // version in force has there now, so that it stays in force. One that was removed gives way to the first.
+  void GuardaEscolha() const;
   // Of a loaded version; an empty text otherwise. Stands until the next BuildVersionMenu.
   const VersionText &Texto(int index, bool novoTestamento) const;
 
@@ -87,6 +90,13 @@ private:
   QStringList m_capitulo;
   QString m_refAtual;
 };
+
+// "OLD_KJV.txt" or "NEW_KJV.txt".
+enum class Testamento { Velho, Novo };
+QString ArquivoDaVersao(const QString &nomeCurto, Testamento testamento);
+QString NomeCurto(const QString &arquivo); // "KJV" of "OLD_KJV.txt"
+// One file of a version, up to VersionFileLimit; empty when it cannot be read.
+VersionText ReadVersionFile(const QString &storedPath);
 
 // A verse line without its number: what stands behind the first blank.
 QString TextoDoVersiculo(const QString &linha);

@@ -211,15 +211,16 @@ QString NextFreeName(const QString &name) {
   return name.left(name.lastIndexOf(u'(')) + u'(' + NumberText(number + 1) + u")." + extension;
 }
 
+QString VersionCode(const QString &version) {
+  static constexpr std::array<double, 3> Weights = {10000, 1000, 1};
+  double sum = 0;
+  for (int i = 0; i < 3; ++i)
+    sum += Weights[static_cast<size_t>(i)] * NumericPrefix(SplitField(version, QStringLiteral("."), i + 1));
+  return NumberText(sum);
+}
+
 bool VersionIsNewer(const QString &current, const QString &latest) {
-  const auto code = [](const QString &version) {
-    static constexpr std::array<double, 3> Weights = {10000, 1000, 1};
-    double sum = 0;
-    for (int i = 0; i < 3; ++i)
-      sum += Weights[static_cast<size_t>(i)] * NumericPrefix(SplitField(version, QStringLiteral("."), i + 1));
-    return NumberText(sum);
-  };
-  return code(latest) > code(current);
+  return VersionCode(latest) > VersionCode(current);
 }
 
 QString EscapeHtml(const QString &text) {

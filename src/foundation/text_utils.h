@@ -25,7 +25,9 @@ QString FolderOf(const QString &path, const QString &delimiter); // up to and in
 // a name with two of them can come back unchanged: a caller that looks for a free name must stop there.
 QString NextFreeName(const QString &name);
 
-bool VersionIsNewer(const QString &current, const QString &latest);
+// A version "1.2.3" as the number by which versions are compared, as text: 12003.
+QString VersionCode(const QString &version);
+bool VersionIsNewer(const QString &current, const QString &latest); // by the text of their codes
 // `shortPattern` is the system's short date pattern; the three-number form asks the system locale for it.
 QDate FormatDate(int day, int month, int year, const QString &shortPattern);
 QDate FormatDate(int day, int month, int year);

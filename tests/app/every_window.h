@@ -3,6 +3,7 @@
 #include "bible/FrmAddBibliaNaLista.h"
 #include "bible/FrmBibleBrowser.h"
 #include "bible/FrmBibleSearch.h"
+#include "bible/ui/bible_windows.h"
 #include "captions/FrmLegendas.h"
 #include "console/FrmAtalhos.h"
 #include "console/FrmSobre.h"
@@ -10,6 +11,7 @@
 #include "display/ui/engine_versions.h"
 #include "foundation/ui/form_position.h"
 #include "media/ui/camera_window.h"
+#include "media/ui/content_window.h"
 #include "media/ui/video_windows.h"
 #include "notices/ui/notice_windows.h"
 #include "slides/FrmImportar.h"
@@ -25,12 +27,15 @@
 #include "songs/ui/song_editors.h"
 #include "support/fake_winsock.h"
 #include "support/hand_made_pdf.h"
+#include "support/recording_opener.h"
 #include "support/recording_presentation.h"
 #include "support/scripted_web.h"
+#include "support/sites/services_site.h"
 #include "support/small_bible.h"
 #include "themes/ui/theme_windows.h"
 #include "web/endpoints.h"
 #include "web/page_fetcher.h"
+#include "web/ui/update_windows.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -86,6 +91,10 @@ public:
   FakeWinsock winsock;
   CaptionServer captions{core.legenda, store, winsock, clock, [] { return TabelaDeEnderecos{0, {0xc0a80105}}; }};
   RecordingPresentation console;
+  ScriptedWeb web;
+  Endpoints endpoints{store};
+  PageFetcher pages{store, web};
+  RecordingOpener opener;
   QWidget desk;
 };
 
@@ -243,6 +252,47 @@ inline std::shared_ptr<FrmImportar> OpenedImport(House &house) {
   return form;
 }
 
+// Over a version with a long name.
+inline std::shared_ptr<BibleWindows> WindowsOfDownloads(House &house) {
+  WriteBytes(house.folder.filePath(u"Bible/OLD_" + House::LongName.left(60) + u".txt"), TinyVersion("Genesis", "a"));
+  house.core.leitura.CarregaVersoes();
+  auto windows = std::make_shared<BibleWindows>(
+      DoorsOfBible(house), BibleDownloadDoors{house.core.lojaBiblia, house.app, house.endpoints, house.web,
+                                              house.prompt, house.positions, QString(), [] {}, &house.desk});
+  windows->AbreBaixar();
+  return windows;
+}
+
+// A newer version was found, or is being fetched.
+inline std::shared_ptr<UpdateWindows> WindowsOfUpdates(House &house, bool now) {
+  QString file = house.app.At(u"\\Data\\Endpoints.dat");
+  house.store.WriteConfig(QStringLiteral("Endpoints"), QStringLiteral("Atualizacao"), QStringLiteral("up.example"),
+                          file);
+  house.web.page = [](int, const QUrl &) {
+    return QString(u"!*!!*!9.0.0!*!https://d.example/i.exe!*!" + House::LongName);
+  };
+  auto windows = std::make_shared<UpdateWindows>(UpdateDoors{house.endpoints, house.pages, house.prompt, house.opener,
+                                                             house.positions, [] {}, &house.desk, [] { return false; },
+                                                             house.folder.filePath(QStringLiteral("Desktop"))});
+  windows->VerifyUpdate();
+  auto *button = house.desk.findChild<QPushButton *>(QStringLiteral("Command1"));
+  [&] { QTRY_VERIFY(button->isEnabled()); }();
+  house.web.answers = false;
+  if (now)
+    button->click();
+  return windows;
+}
+
+// With a video of a long name and a line that is none.
+inline std::shared_ptr<ContentWindow> WindowOfContent(House &house) {
+  house.Write(QStringLiteral("Data/content.dat"),
+              ContentLine(House::LongName.toUtf8(), "https://v.example/v.mp4", SuggestedVideo()) + "broken");
+  auto window = std::make_shared<ContentWindow>(ContentDoors{house.app, house.web, house.console, house.positions,
+                                                             [] { return House::LongName; }, &house.desk});
+  window->Abre();
+  return window;
+}
+
 inline const std::map<QString, Opener> &EveryWindow() {
   static const std::map<QString, Opener> all{
       {QStringLiteral("FrmAddBibliaNaLista"), [](House &h) { return Opened<FrmAddBibliaNaLista>(DoorsOfBible(h)); }},
@@ -371,6 +421,10 @@ inline const std::map<QString, Opener> &EveryWindow() {
              CaptionDoors{h.store, h.prompt, h.positions, h.core.legenda, h.captions, {}, {}, &h.desk});
        }},
       {QStringLiteral("FrmImportar"), OpenedImport},
+      {QStringLiteral("FrmBaixarBiblia"), WindowsOfDownloads},
+      {QStringLiteral("FrmComunicado"), [](House &h) { return WindowsOfUpdates(h, false); }},
+      {QStringLiteral("FrmUp"), [](House &h) { return WindowsOfUpdates(h, true); }},
+      {QStringLiteral("FrmConteudo"), WindowOfContent},
   };
   return all;
 }

@@ -1,12 +1,14 @@
 #include "bible/ui/bible_windows.h"
 
 #include "bible/FrmAddBibliaNaLista.h"
+#include "bible/FrmBaixarBiblia.h"
 #include "bible/FrmBibleBrowser.h"
 #include "bible/FrmBibleSearch.h"
 
 namespace tolmira {
 
-BibleWindows::BibleWindows(BibleDoors doors) : m_doors(std::move(doors)) {}
+BibleWindows::BibleWindows(BibleDoors doors, std::optional<BibleDownloadDoors> baixar)
+    : m_doors(std::move(doors)), m_baixarDoors(std::move(baixar)) {}
 BibleWindows::~BibleWindows() = default;
 
 void BibleWindows::OpenAdd() {
@@ -28,6 +30,18 @@ void BibleWindows::OpenSearch() {
   if (!m_search)
     m_search = std::make_unique<FrmBibleSearch>(m_doors);
   m_search->Open();
+}
+
+void BibleWindows::AbreBaixar() {
+  if (!m_baixarDoors)
+    return;
+  if (!m_baixar)
+    m_baixar = std::make_unique<FrmBaixarBiblia>(*m_baixarDoors);
+  m_baixar->Open();
+}
+
+bool BibleWindows::FechaBaixar() {
+  return !m_baixar || !m_baixar->isVisible() || m_baixar->close();
 }
 
 void BibleWindows::CloseAdd() {

@@ -56,7 +56,7 @@ private:
     PedidoDeDownload pedido;
     pedido.endereco = m_endereco;
     pedido.arquivo = m_rascunho;
-    pedido.limiteBytes = qint64(LimiteDePaginaMB) * 1024 * 1024;
+    pedido.limiteBytes = LimiteDePagina;
     m_tarefa = m_web.Download(pedido, {}, [this](const FimDoDownload &fim) {
       const QString resposta = fim.inteiro ? ReadWholeFile(m_rascunho) : QString();
       if (TemLista(resposta))

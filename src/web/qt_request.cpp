@@ -22,7 +22,7 @@ public:
       return {QNetworkProxy(QNetworkProxy::NoProxy)};
     const bool socks = url.scheme().startsWith(u"socks");
     return {QNetworkProxy(socks ? QNetworkProxy::Socks5Proxy : QNetworkProxy::HttpProxy, url.host(),
-                          static_cast<quint16>(url.port(socks ? 1080 : 80)), url.userName(), url.password())};
+                          static_cast<quint16>(url.port()), url.userName(), url.password())};
   }
 };
 
@@ -41,7 +41,7 @@ void QtRequest::Larga::operator()(QNetworkReply *reply) const {
 QtRequest::QtRequest(QNetworkAccessManager &gerente, const QUrl &url, const QByteArray &agente, bool http2,
                      int limiteMs, std::function<void(Fim fim)> pronto)
     : m_gerente(gerente), m_caminho(url), m_agente(agente), m_http2(http2), m_pronto(std::move(pronto)) {
-  QTimer::singleShot(limiteMs, this, [this] { Conta(false); });
+  QTimer::singleShot(limiteMs, Qt::PreciseTimer, this, [this] { Conta(false); });
   if (Redirects::EhDaWeb(url))
     Pede();
   else
@@ -57,7 +57,7 @@ void QtRequest::Pede() {
   request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
   // The manager's own unpacking happens here, on the interface thread, and to the end, however much comes out.
-  request.setRawHeader("Accept-Encoding", "gzip, deflate");
+  request.setRawHeader("Accept-Encoding", "gzip");
   if (!m_agente.isEmpty())
     request.setHeader(QNetworkRequest::UserAgentHeader, m_agente);
   m_reply.reset(m_gerente.get(request));
@@ -90,7 +90,7 @@ void QtRequest::Le() {
   if (!m_fim.corpo.Recebe(bytes.constData(), static_cast<size_t>(bytes.size())))
     QTimer::singleShot(0, this, [this] { Conta(false); });
   else if (m_reply->bytesAvailable() > 0)
-    QTimer::singleShot(0, m_reply.get(), [this] { Le(); });
+    QTimer::singleShot(0, this, [this] { Le(); });
 }
 
 // An address that cannot be reached ends without a status.

@@ -1,9 +1,9 @@
 #include "web/real_web_client.h"
 
+#include "web/client_threads.h"
 #include "web/curl_request.h"
 #include "web/file_download.h"
 #include "web/qt_request.h"
-#include "web/client_threads.h"
 
 #include <QNetworkAccessManager>
 #include <array>
@@ -61,6 +61,22 @@ QByteArray NomeDoAgente(Agente agente) {
 
 using Pronto = std::function<void(const QString &page)>;
 
+// What the thread has read, on the way to who asked for it.
+ClientThreads::Relato Pagina(const std::shared_ptr<QString> &texto) {
+  return [texto](ClientThreads::Ouvintes &ouvintes) {
+    const auto pronto = std::move(ouvintes.pagina); // it may drop the task
+    pronto(*texto);
+  };
+}
+
+// The texts are handed over unshared, so that the largest is there once.
+std::shared_ptr<QString> TextoDe(PageBody &corpo, const QByteArray &tipo, const QByteArray &embrulho, bool crua) {
+  auto texto = std::make_shared<QString>();
+  if (corpo.Desembrulha(embrulho))
+    *texto = corpo.Texto(tipo, crua);
+  return texto;
+}
+
 // A page by Qt Network: the wire belongs to the interface thread, and turning a large page into text does not.
 class PaginaPorQt : public WebTask {
 public:
@@ -78,38 +94,35 @@ private:
       pronto(QString());
       return;
     }
-    auto corpo = std::make_shared<QtRequest::Fim>(std::move(fim));
-    m_texto = m_fios.Comeca([this, corpo, crua = m_crua](const std::atomic<bool> &, const ClientThreads::Avisa &) {
-      auto texto = std::make_shared<QString>();
-      if (corpo->corpo.Desembrulha(corpo->embrulho))
-        *texto = corpo->corpo.Texto(corpo->tipo, crua);
-      return ClientThreads::Relato([this, texto] {
-        const Pronto pronto = std::move(m_pronto);
-        pronto(*texto);
-      });
-    });
+    auto veio = std::make_shared<QtRequest::Fim>(std::move(fim));
+    m_texto = m_fios.Comeca(
+        [veio, crua = m_crua](const std::atomic<bool> &, const ClientThreads::Avisa &) {
+          return Pagina(TextoDe(veio->corpo, veio->tipo, veio->embrulho, crua));
+        },
+        {std::move(m_pronto), {}, {}});
   }
 
   ClientThreads &m_fios;
   bool m_crua;
   Pronto m_pronto;
   std::optional<QtRequest> m_request;
-  std::unique_ptr<WebTask> m_texto; // reports nothing once this is gone
+  std::unique_ptr<WebTask> m_texto;
 };
 
-ClientThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar,
-                               const Pronto &pronto) {
+ClientThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url,
+                                    const std::atomic<bool> &parar) {
   PageBody corpo;
   CurlRequest get;
   get.endereco = url;
   get.agente = NomeDoAgente(metodo.agente);
   get.http2 = metodo.http2;
+  get.cabecalhos.append("Accept-Encoding: gzip");
   get.limiteTotalMs = limiteMs;
   get.comeca = [](const CurlRequest::Cabeca &cabeca) { return cabeca.status == 200; };
   get.recebe = [&corpo](const char *bytes, size_t size) { return corpo.Recebe(bytes, size); };
   const CurlRequest::Fim fim = get.Executa(parar);
-  auto texto = std::make_shared<QString>(fim.completa ? corpo.Texto(fim.cabeca.tipo, metodo.crua) : QString());
-  return [pronto, texto] { pronto(*texto); };
+  return Pagina(fim.completa ? TextoDe(corpo, fim.cabeca.tipo, fim.cabeca.embrulho, metodo.crua)
+                             : std::make_shared<QString>());
 }
 
 } // namespace
@@ -118,6 +131,7 @@ struct RealWebClient::Impl {
   explicit Impl(int limite) : limiteMs(limite) {}
   int limiteMs;
   QNetworkAccessManager gerente;
+  std::shared_ptr<LugaresEmUso> lugares = std::make_shared<LugaresEmUso>();
   ClientThreads fios;
 };
 
@@ -131,25 +145,33 @@ std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pro
   if (metodo.familia == Familia::Qt)
     return std::make_unique<PaginaPorQt>(m_impl->gerente, m_impl->fios, metodo, m_impl->limiteMs, url,
                                          std::move(pronto));
-  return m_impl->fios.Comeca([metodo, limiteMs = m_impl->limiteMs, url,
-                                pronto = std::move(pronto)](const std::atomic<bool> &parar, const ClientThreads::Avisa &) {
-    return PaginaPorCurl(metodo, limiteMs, url, parar, pronto);
-  });
+  return m_impl->fios.Comeca(
+      [metodo, limiteMs = m_impl->limiteMs, url](const std::atomic<bool> &parar, const ClientThreads::Avisa &) {
+        return PaginaPorCurl(metodo, limiteMs, url, parar);
+      },
+      {std::move(pronto), {}, {}});
 }
 
 std::unique_ptr<WebTask> RealWebClient::Download(const PedidoDeDownload &pedido,
                                                  std::function<void(qint64, qint64)> andou,
                                                  std::function<void(const FimDoDownload &)> pronto) {
   return m_impl->fios.Comeca(
-      [pedido, limiteMs = m_impl->limiteMs, andou = std::move(andou),
-       pronto = std::move(pronto)](const std::atomic<bool> &parar, const ClientThreads::Avisa &avisa) {
-        const auto conta = [&avisa, &andou](qint64 veio, qint64 total) {
-          if (andou)
-            avisa([andou, veio, total] { andou(veio, total); });
+      [pedido, limiteMs = m_impl->limiteMs, lugares = m_impl->lugares](const std::atomic<bool> &parar,
+                                                                       const ClientThreads::Avisa &avisa) {
+        const auto conta = [&avisa](qint64 veio, qint64 total) {
+          avisa([veio, total](ClientThreads::Ouvintes &ouvintes) {
+            const auto andando = ouvintes.andou;
+            if (andando)
+              andando(veio, total);
+          });
         };
-        const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, parar, conta);
-        return ClientThreads::Relato([pronto, fim] { pronto(fim); });
-      });
+        const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, *lugares, parar, conta);
+        return ClientThreads::Relato([fim](ClientThreads::Ouvintes &ouvintes) {
+          const auto acabou = std::move(ouvintes.fim);
+          acabou(fim);
+        });
+      },
+      {{}, std::move(andou), std::move(pronto)});
 }
 
 } // namespace tolmira

@@ -38,7 +38,7 @@ WorkStrip::WorkStrip(QWidget *parent)
 
 void WorkStrip::ShowText(const QString &text) {
   m_text->setText(text);
-  m_text->setToolTip(text);
+  m_text->setToolTip(text.toHtmlEscaped()); // it may hold what a page calls itself
 }
 
 void WorkStrip::Begin(const QString &text) {

@@ -83,7 +83,7 @@ void FrmAddVideoNaLista::Open() {
 }
 
 void FrmAddVideoNaLista::AtualizaControle() {
-  m_commandControle->setEnabled(m_doors.emExibicao());
+  m_commandControle->setEnabled(m_doors.emExibicao() || m_doors.daWebEmExibicao());
 }
 
 void FrmAddVideoNaLista::AtualizaAgenda() {

@@ -291,5 +291,5 @@ private slots:
   }
 };
 
-QTEST_GUILESS_MAIN(TestWebVideo)
+QTEST_MAIN(TestWebVideo)
 #include "test_web_video.moc"

@@ -37,7 +37,11 @@ QString ParaScript(const QString &json) {
 
 // Each escape is a byte of UTF-8, or of windows-1252 where they are none together.
 QString Decodifica(const QString &texto) {
-  return DecodeText(EncodeText(UrlDecode(texto))).text;
+  const QString letras = UrlDecode(texto);
+  QByteArray bytes;
+  for (const QChar letra : letras)
+    bytes += static_cast<char>(ByteOfCharacter(letra.unicode()));
+  return DecodeText(bytes).text;
 }
 
 QString SemMarcas(QString texto) {

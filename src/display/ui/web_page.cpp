@@ -79,6 +79,7 @@ void WebPage::Load(const QUrl &url, int load) {
   m_began = m_ready = m_complete = false;
   m_fromServer = url.scheme().startsWith(u"http");
   settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, !m_fromServer && !m_foreign);
+  settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, m_foreign); // pictures, say
   this->load(url);
 }
 

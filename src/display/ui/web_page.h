@@ -14,7 +14,8 @@ class WebPage : public QWebEnginePage {
 public:
   WebPage(QWebEngineProfile *profile, QObject *parent);
 
-  // What is loaded holds what others wrote: its scripts read no files.
+  // What is loaded holds what others wrote: its scripts read no files, and it may have
+  // pictures of the web. Such a page says by a policy of its own what it loads.
   void SetForeign() { m_foreign = true; }
   // Loads an address as the load of this number. Reports of the page before it no longer arrive.
   void Load(const QUrl &url, int load);

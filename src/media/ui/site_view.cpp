@@ -7,6 +7,7 @@
 #include <QWebEnginePage>
 #include <QWebEngineSettings>
 #include <QWebEngineView>
+#include <utility>
 
 namespace tolmira {
 
@@ -66,10 +67,16 @@ void SiteView::Abre(const QUrl &url) {
   Fecha();
   if (!m_profile)
     m_profile = NewPageProfile();
-  m_page = std::make_unique<SitePage>(m_profile.get(), m_pode, [this](const QUrl &where) { emit Recusado(where); });
-  connect(m_page.get(), &QWebEnginePage::urlChanged, this, &SiteView::Endereco);
+  m_page = std::make_unique<SitePage>(m_profile.get(), m_pode, [this](const QUrl &where) {
+    m_recusou = true; // which also counts as a load that failed
+    emit Recusado(where);
+  });
+  connect(m_page.get(), &QWebEnginePage::urlChanged, this, [this](const QUrl &now) {
+    if (std::exchange(m_url, now) != now && m_pode(now)) // one that was refused comes back to where it was
+      emit Endereco(now);
+  });
   connect(m_page.get(), &QWebEnginePage::loadFinished, this, [this](bool ok) {
-    if (!ok)
+    if (!std::exchange(m_recusou, false) && !ok)
       emit Falhou();
   });
   m_view = new QWebEngineView(this);

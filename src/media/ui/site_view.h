@@ -34,6 +34,8 @@ private:
   PageProfile m_profile;
   std::function<bool(const QUrl &url)> m_pode;
   std::unique_ptr<QWebEnginePage> m_page;
+  QUrl m_url;
+  bool m_recusou = false;
   QWebEngineView *m_view = nullptr;
 };
 

@@ -38,8 +38,9 @@ inline QByteArray VideoResultsPage(const QJsonArray &results) {
   const QJsonObject data =
       in("contents", in("twoColumnSearchResultsRenderer",
                         in("primaryContents", in("sectionListRenderer", in("contents", sections)))));
+  const QByteArray text = QJsonDocument(data).toJson(QJsonDocument::Compact).replace('<', "\\u003c");
   return "<!DOCTYPE html><html><body><script nonce=\"a\">var ytInitialData = " +
-         QJsonDocument(data).toJson(QJsonDocument::Compact) + ";</script><script>if (window.ytcsi) {}</script></body></html>";
+         text + ";</script><script>if (window.ytcsi) {}</script></body></html>";
 }
 
 // A site of invented videos: its results at /results, the page of each at /embed/, with a clip of two seconds that plays

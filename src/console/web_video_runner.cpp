@@ -16,8 +16,9 @@ const QString PaginaYoutube = QStringLiteral("youtube");
 constexpr int IntervaloDoOlhar = 500; // ms
 constexpr int TempoLimiteSegundos = 8;
 // A page that comes back plays by itself; one that the operator had paused must not sound in the hall.
-const QString FicaParado =
-    QStringLiteral("document.addEventListener('play', e => e.target.pause(), {capture: true, once: true});");
+const QString FicaParado = QStringLiteral(
+    "(v => v && !v.paused ? v.pause() : document.addEventListener('play', e => e.target.pause(), {capture: true, once: "
+    "true}))(document.querySelector('video'));");
 
 } // namespace
 

@@ -25,18 +25,18 @@ public:
   std::function<void()> AbreControle;
   std::function<void()> FechaControle;
 
-  bool Conhece(const QString &link) const; // it names a page of the site, which can be shown
+  bool Conhece(const QString &link) const;                  // it names a page of the site, which can be shown
   void Inicia(const QString &link, const QString &caption); // of such a link
   // The projection is left on the empty page, the control closed. False when no web video was on show.
   bool Para();
   void Encerra(); // the same, and the theme comes back
   bool EmExibicao() const { return m_emExibicao; }
 
-  // The site's server sends the page on to that address. False when that is nothing for the projection; Desviou is to be
-  // called then, not from within the page's event.
+  // The site's server sends the page on to that address. False when that is nothing for the projection; Desviou is to
+  // be called then, not from within the page's event.
   bool PodeDesviar(const QUrl &url) const;
   void Desviou();
-  void TelaoRefeito();         // the projection has a new page host
+  void TelaoRefeito();          // the projection has a new page host
   void PaginaVoltou(Alvo qual); // its process had died; the page begins anew
 
 private:

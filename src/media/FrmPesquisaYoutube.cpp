@@ -72,8 +72,9 @@ void FrmPesquisaYoutube::MakeSearch(QVBoxLayout *column) {
   m_pesquisar1->setMaxLength(200);
   m_cmdPesquisar = Button("CmdPesquisar", tr("&Search"), tr("Searches the site for videos (Enter)"));
   m_cmdPesquisar->setProperty("look", QStringLiteral("main"));
-  m_cmdSite = Button("CmdSite", tr("&Open the site"),
-                     tr("The site's own pages, to accept its cookies or to sign in; the projection shows nothing of it"));
+  m_cmdSite =
+      Button("CmdSite", tr("&Open the site"),
+             tr("The site's own pages, to accept its cookies or to sign in; the projection shows nothing of it"));
   m_cmdSite->setCheckable(true);
   m_cmdVoltar = Button("CmdVoltar", tr("Bac&k"), tr("Back to the site's page before"));
   m_cmdVoltar->hide();
@@ -100,9 +101,11 @@ void FrmPesquisaYoutube::MakePages(QVBoxLayout *column) {
   m_wv->setObjectName(QStringLiteral("WV"));
   m_wv->SetInteractive();
   m_wv->SetForeign();
-  m_siteView = new SiteView(m_doors.perfil, [this](const QUrl &url) { return m_site.PodeNoDialogo(url); }, m_paginas);
+  m_siteView = new SiteView(
+      m_doors.perfil, [this](const QUrl &url) { return m_site.PodeNoDialogo(url); }, m_paginas);
   m_siteView->setObjectName(QStringLiteral("SiteView"));
-  for (QWidget *page : {static_cast<QWidget *>(m_dica), static_cast<QWidget *>(m_wv), static_cast<QWidget *>(m_siteView)})
+  for (QWidget *page :
+       {static_cast<QWidget *>(m_dica), static_cast<QWidget *>(m_wv), static_cast<QWidget *>(m_siteView)})
     m_paginas->addWidget(page);
   column->addWidget(m_paginas, 1);
   connect(m_siteView, &SiteView::Endereco, this, [this](const QUrl &url) { Diz(url.host()); });

@@ -44,11 +44,9 @@ FrmYoutubeCtrl::FrmYoutubeCtrl(const VideoDoors &doors) : QWidget(doors.dono, Qt
 
   auto *row = new QHBoxLayout;
   row->setSpacing(medidas::Gap);
-  m_imagePlay =
-      NewIconButton(QStringLiteral("ImagePlay"), "pause", tr("Pauses the video, or plays it (Space)"), this);
+  m_imagePlay = NewIconButton(QStringLiteral("ImagePlay"), "pause", tr("Pauses the video, or plays it (Space)"), this);
   auto *restart = NewIconButton(QStringLiteral("ImageRestart"), "restart", tr("Goes to the start of the video"), this);
-  auto *stop =
-      NewIconButton(QStringLiteral("ImageStop"), "stop", tr("Ends the video and brings the theme back"), this);
+  auto *stop = NewIconButton(QStringLiteral("ImageStop"), "stop", tr("Ends the video and brings the theme back"), this);
   for (QPushButton *button : {m_imagePlay, restart, stop})
     row->addWidget(button);
   row->addStretch(1);
@@ -95,7 +93,7 @@ void FrmYoutubeCtrl::Atualiza() {
     if (label->text() == text)
       return;
     label->setText(text);
-    label->setToolTip(text);
+    label->setToolTip(text.toHtmlEscaped()); // which takes markup where it finds any
   };
   show(m_labelTitulo, web.Titulo());
   show(m_label1, web.Tempo());

@@ -94,8 +94,7 @@ QString VideoSite::LinkDe(const QString &colado) const {
 QUrl VideoSite::Busca(const QString &termo) const {
   // What has a meaning of its own in a query is escaped, so that all of the term is searched for.
   const QString escapado = QString::fromLatin1(QUrl::toPercentEncoding(termo, " "));
-  return m_endpoints.Endereco(Endpoint::VideosWeb,
-                              u"/results?search_query=" + QString(escapado).replace(u' ', u'+'));
+  return m_endpoints.Endereco(Endpoint::VideosWeb, u"/results?search_query=" + QString(escapado).replace(u' ', u'+'));
 }
 
 QUrl VideoSite::Inicio() const {

@@ -18,8 +18,9 @@ public:
 
   bool EhDoSite(const QUrl &url) const; // a page of the web there
 
-  // What a link of an agenda's entry has the projection load, without "?autoplay=1": an embed address as it stands, that
-  // of the video where the link names it in another way, and else the link. Empty when it is no address of the site.
+  // What a link of an agenda's entry has the projection load, without "?autoplay=1": an embed address as it stands,
+  // that of the video where the link names it in another way, and else the link. Empty when it is no address of the
+  // site.
   QString EnderecoDoTelao(const QString &link) const;
   // A server may send a load of the projection on to another page of a video, and nowhere else: pages that ask for
   // consent or a password are not for the hall.
@@ -28,8 +29,8 @@ public:
   bool PodeNoDialogo(const QUrl &url) const;
 
   QString Embed(const QString &id) const; // the address by which that video is embedded
-  // The same out of what people paste: the address of its page, a short link, or the embed address itself. Empty when it
-  // is none.
+  // The same out of what people paste: the address of its page, a short link, or the embed address itself. Empty when
+  // it is none.
   QString LinkDe(const QString &colado) const;
   QUrl Busca(const QString &termo) const; // of the results; invalid while no site is configured
   QUrl Inicio() const;                    // its first page, likewise

@@ -76,6 +76,7 @@ void WebVideoControl::Desviou() {
   m_pergunta.reset();
   m_tempo.clear();
   m_situacao = Situacao::Desviado;
+  m_estado.EstadoYoutube.clear();
 }
 
 // One question at a time: a page that is still loading answers when it is there.

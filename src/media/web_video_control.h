@@ -20,14 +20,14 @@ public:
 
   void ImagePlay();
   void ImageRestart();
-  void ImageStop(); // the owner ends the video
+  void ImageStop();         // the owner ends the video
   bool MostraPausa() const; // the button shows the pause sign: a press pauses
 
   enum class Situacao { Abrindo, Tocando, Parado, Acabou, SemVideo, SemPagina, Desviado };
   void Comeca(const QString &titulo); // one came on show
   void Termina();
-  void Desviou(); // the site would have shown something else, which was kept off the projection
-  void Olha();    // asks the page, whose answer comes later
+  void Desviou();              // the site would have shown something else, which was kept off the projection
+  void Olha();                 // asks the page, whose answer comes later
   bool TelaPediuPausa() const; // the operator paused it
 
   Situacao Como() const { return m_situacao; }

@@ -160,11 +160,20 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
   house.display.player.duration = 7200;
   house.display.player.falhou = true;
   house.display.player.faixas = {{1, QStringLiteral("por")}, {2, House::LongName}};
-  return std::make_shared<VideoWindows>(VideoDoors{house.store, house.prompt, house.clock, house.console,
-                                                   house.positions, house.core.controleDeVideo,
-                                                   [] { return House::LongName; }, [&house] { return !house.core.videoDaWeb.EmExibicao(); },
-                                                   [] {}, &house.desk, house.core.controleDaWeb,
-                                                   [&house] { return house.core.videoDaWeb.EmExibicao(); }, {}, {}});
+  return std::make_shared<VideoWindows>(VideoDoors{house.store,
+                                                   house.prompt,
+                                                   house.clock,
+                                                   house.console,
+                                                   house.positions,
+                                                   house.core.controleDeVideo,
+                                                   [] { return House::LongName; },
+                                                   [&house] { return !house.core.videoDaWeb.EmExibicao(); },
+                                                   [] {},
+                                                   &house.desk,
+                                                   house.core.controleDaWeb,
+                                                   [&house] { return house.core.videoDaWeb.EmExibicao(); },
+                                                   {},
+                                                   {}});
 }
 
 inline std::shared_ptr<NoticeWindows> WindowsOfNotices(House &house) {
@@ -288,8 +297,8 @@ inline const std::map<QString, Opener> &EveryWindow() {
       {QStringLiteral("FrmCameras"),
        [](House &h) {
          h.core.cameras.StatusTelaCamera(true);
-         auto window = std::make_shared<CameraWindow>(
-             CameraDoors{h.clock, h.positions, h.core.cameras, [] {}, &h.desk});
+         auto window =
+             std::make_shared<CameraWindow>(CameraDoors{h.clock, h.positions, h.core.cameras, [] {}, &h.desk});
          window->Abre();
          h.core.cameras.Respondeu(u"http://indexcam//?" + House::LongName + u"|Lens|", Alvo::Previa);
          return window;

@@ -25,7 +25,9 @@ private:
     }
     void ShowIt(const QString &link = Link) { core.flow.ShowEntry(4, 1, QStringLiteral("Clipe"), link); }
     QString Empty() const { return app.At(u"\\html\\emptyback.html"); }
-    QString Navigated(const char *page) const { return QStringLiteral("%1: Navigate %2 8s").arg(QLatin1String(page), Empty()); }
+    QString Navigated(const char *page) const {
+      return QStringLiteral("%1: Navigate %2 8s").arg(QLatin1String(page), Empty());
+    }
     QStringList TakeJournal() { return std::exchange(journal, {}); }
     QString Banner() {
       core.contexto.descreve();
@@ -253,7 +255,8 @@ private slots:
     house.ShowIt();
     house.Forget();
     QVERIFY(house.core.videoDaWeb.PodeDesviar(QUrl(QStringLiteral("https://m.youtube.com/embed/x"))));
-    QVERIFY(!house.core.videoDaWeb.PodeDesviar(QUrl(QStringLiteral("https://consent.youtube.com/m?continue=/embed/x"))));
+    QVERIFY(
+        !house.core.videoDaWeb.PodeDesviar(QUrl(QStringLiteral("https://consent.youtube.com/m?continue=/embed/x"))));
     house.core.videoDaWeb.Desviou();
     QCOMPARE(house.TakeJournal(), QStringList{QStringLiteral("command PararYoutube")});
     QVERIFY(house.Banner().contains(u"Open the site"));

@@ -1,5 +1,5 @@
-#include "media/web_video_search.h"
 #include "media/video_site.h"
+#include "media/web_video_search.h"
 #include "support/files.h"
 #include "support/sites/video_site.h"
 
@@ -39,7 +39,8 @@ private slots:
                           << "{}";
     QTest::newRow("marks of a page") << "var ytInitialData = {\"b\":\"<!--<script>&\\u2028\"};</script>"
                                      << "{\"b\":\"\\u003c!--\\u003cscript\\u003e\\u0026\\u2028\"}";
-    QTest::newRow("nested too deeply") << QString(u"var ytInitialData = {\"b\":" + QString(1000000, u'[') + u"};</script>")
+    QTest::newRow("nested too deeply") << QString(u"var ytInitialData = {\"b\":" + QString(1000000, u'[') +
+                                                  u"};</script>")
                                        << "{}";
     QTest::newRow("too large") << QString(u"var ytInitialData = {\"b\":\"" + QString(9000000, u'x') + u"\"};</script>")
                                << "{}";
@@ -114,8 +115,8 @@ private slots:
     QVERIFY(MontaPaginaDaPesquisa(app, QStringLiteral("{}"), QString()).isEmpty()); // no template
     QDir(folder.path()).mkdir(QStringLiteral("html"));
     WriteBytes(folder.filePath(QStringLiteral("html/py.dat")), "var d = [resultadoJson]; var s = \"[site]\";");
-    const QString data = DadosDaPesquisa(QString::fromUtf8(VideoResultsPage({VideoResult(
-        QStringLiteral("Ab1"), QStringLiteral("</script><script>alert(1)</script> [site]"))})));
+    const QString data = DadosDaPesquisa(QString::fromUtf8(VideoResultsPage(
+        {VideoResult(QStringLiteral("Ab1"), QStringLiteral("</script><script>alert(1)</script> [site]"))})));
     QVERIFY(data.contains(u"Ab1") && !data.contains(u'<'));
     QVERIFY(!MontaPaginaDaPesquisa(app, data, QStringLiteral("https://a\"b\\/")).isEmpty());
     QCOMPARE(ReadBytes(folder.filePath(QStringLiteral("html/pesquisaY.html"))),

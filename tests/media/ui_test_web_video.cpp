@@ -30,7 +30,8 @@ class UiTestWebVideo : public QObject {
 
 private:
   struct Room {
-    explicit Room(PageProfile profile) : perfil(std::move(profile)), app(folder.path()), store(app), positions(store, yielder), fetcher(store, web) {
+    explicit Room(PageProfile profile)
+        : perfil(std::move(profile)), app(folder.path()), store(app), positions(store, yielder), fetcher(store, web) {
       for (const char *sub : {"Data", "html"})
         QDir(folder.path()).mkdir(QLatin1String(sub));
       QFile::copy(qEnvironmentVariable("TOLMIRA_SOURCE_DIR") + QStringLiteral("/assets/html/py.dat"),
@@ -38,10 +39,10 @@ private:
       QString file = app.At(u"\\Data\\Endpoints.dat");
       store.WriteConfig(QStringLiteral("Endpoints"), QStringLiteral("VideosWeb"), site.Host(), file);
       PlayVideoSite(site);
-      windows = std::make_unique<VideoWindows>(VideoDoors{
-          store, prompt, clock, console, positions, control, [] { return QStringLiteral("Culto"); },
-          [] { return false; }, [this] { ++ended; }, &desk, controlOfWeb, [this] { return onShow; },
-          [this] { return &fetcher; }, perfil});
+      windows = std::make_unique<VideoWindows>(
+          VideoDoors{store, prompt, clock, console, positions, control, [] { return QStringLiteral("Culto"); },
+                     [] { return false; }, [this] { ++ended; }, &desk, controlOfWeb, [this] { return onShow; },
+                     [this] { return &fetcher; }, perfil});
     }
     QWidget *Open(const char *name) {
       for (QWidget *top : QApplication::topLevelWidgets())
@@ -95,14 +96,14 @@ private slots:
 
   void searchesAndShowsWhatCame() {
     Room room(m_profile);
-    PageObject *page = room.Search(
-        {VideoResult(QStringLiteral("Ab_1"), QStringLiteral("Águas & \"Luz\" <b>"), QStringLiteral("3:07"),
-                     QStringLiteral("Coro"), room.site.Host() + u"/vi/a.jpg"),
-         VideoResult(QStringLiteral("Ab_2"), QStringLiteral("Dois"), {}, {}, QStringLiteral("https://example.org/x.jpg")),
-         VideoResult(QStringLiteral("a b"), QStringLiteral("no id")), QJsonObject(), QStringLiteral("x"),
-         QJsonObject{{QStringLiteral("videoRenderer"), 3}}});
-    QCOMPARE(room.web.asked.first().url.toEncoded(),
-             room.site.Host().toLatin1() + "/results?search_query=paz+no+vale");
+    PageObject *page =
+        room.Search({VideoResult(QStringLiteral("Ab_1"), QStringLiteral("Águas & \"Luz\" <b>"), QStringLiteral("3:07"),
+                                 QStringLiteral("Coro"), room.site.Host() + u"/vi/a.jpg"),
+                     VideoResult(QStringLiteral("Ab_2"), QStringLiteral("Dois"), {}, {},
+                                 QStringLiteral("https://example.org/x.jpg")),
+                     VideoResult(QStringLiteral("a b"), QStringLiteral("no id")), QJsonObject(), QStringLiteral("x"),
+                     QJsonObject{{QStringLiteral("videoRenderer"), 3}}});
+    QCOMPARE(room.web.asked.first().url.toEncoded(), room.site.Host().toLatin1() + "/results?search_query=paz+no+vale");
     QCOMPARE(Eval(page, QStringLiteral("[...document.querySelectorAll('.titulo,.resto')].map(e => e.textContent)")),
              QStringLiteral("[\"Águas & \\\"Luz\\\" <b>\",\"3:07 · Coro\",\"Dois\",\"\"]"));
     QCOMPARE(Eval(page, QStringLiteral("[...document.images].map(i => i.getAttribute('src'))")),
@@ -133,8 +134,9 @@ private slots:
   // What others wrote into the site's data is shown and nothing else.
   void foreignTextsAreOnlyTexts() {
     Room room(m_profile);
-    const QString hostile = QStringLiteral("</script><script>document.title='bad'</script><img src=x onerror=\"document."
-                                           "title='bad'\">\u2028';document.title='bad';//");
+    const QString hostile =
+        QStringLiteral("</script><script>document.title='bad'</script><img src=x onerror=\"document."
+                       "title='bad'\">\u2028';document.title='bad';//");
     PageObject *page = room.Search({VideoResult(QStringLiteral("Ab_1"), hostile, hostile, hostile,
                                                 QStringLiteral("javascript:document.title='bad'"))});
     QCOMPARE(Eval(page, QStringLiteral("document.querySelectorAll('.video').length")), QStringLiteral("1"));
@@ -162,8 +164,7 @@ private slots:
     QVERIFY(room.Find<QPushButton>("FrmPesquisaYoutube", "CmdPesquisar")->isEnabled());
     room.Find<QLineEdit>("FrmPesquisaYoutube", "Pesquisar1")->setText(QStringLiteral(" a "));
     room.Find<QPushButton>("FrmPesquisaYoutube", "CmdPesquisar")->click();
-    QCOMPARE(room.prompt.shown.last().text,
-             QStringLiteral("Enter the search term or paste the link for the video."));
+    QCOMPARE(room.prompt.shown.last().text, QStringLiteral("Enter the search term or paste the link for the video."));
     room.web.answers = false;
     room.Find<QLineEdit>("FrmPesquisaYoutube", "Pesquisar1")->setText(QStringLiteral("paz"));
     room.Find<QPushButton>("FrmPesquisaYoutube", "CmdPesquisar")->click();

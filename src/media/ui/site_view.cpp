@@ -17,7 +17,8 @@ namespace {
 // opens in its place.
 class SitePage : public QWebEnginePage {
 public:
-  SitePage(QWebEngineProfile *profile, std::function<bool(const QUrl &)> pode, std::function<void(const QUrl &)> recusou)
+  SitePage(QWebEngineProfile *profile, std::function<bool(const QUrl &)> pode,
+           std::function<void(const QUrl &)> recusou)
       : QWebEnginePage(profile, nullptr), m_pode(std::move(pode)), m_recusou(std::move(recusou)) {
     setBackgroundColor(QColor(cores::Desk));
     setAudioMuted(true); // which would be heard in the hall

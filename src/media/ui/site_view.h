@@ -12,8 +12,8 @@ class QWebEngineView;
 
 namespace tolmira {
 
-// The site itself, for the operator to answer what it asks before it shows videos: whether it may keep cookies, or who he
-// is. It goes where `pode` says and nowhere else, makes no sound, and has no rights on this computer.
+// The site itself, for the operator to answer what it asks before it shows videos: whether it may keep cookies, or who
+// he is. It goes where `pode` says and nowhere else, makes no sound, and has no rights on this computer.
 class SiteView : public QWidget {
   Q_OBJECT
 
@@ -22,7 +22,7 @@ public:
   ~SiteView() override;
 
   void Abre(const QUrl &url);
-  void Fecha();               // and the page ends
+  void Fecha(); // and the page ends
   void Volta();
 
 signals:

@@ -33,8 +33,8 @@ struct VideoDoors {
   WebVideoControl &controleDaWeb;
   std::function<bool()> daWebEmExibicao;
   std::function<PageFetcher *()> paginas; // null while the program has no way into the web
-  // Of the results and of the site's own pages. The projection shares it, so that what the site was answered holds there
-  // too; nothing of it is kept on disk.
+  // Of the results and of the site's own pages. The projection shares it, so that what the site was answered holds
+  // there too; nothing of it is kept on disk.
   PageProfile perfil;
 };
 

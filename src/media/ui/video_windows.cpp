@@ -13,8 +13,7 @@ namespace {
 template <class Control> void OpenControl(std::unique_ptr<Control> &control, const VideoDoors &doors, bool comTeclado) {
   if (!control) {
     control = std::make_unique<Control>(doors);
-    QObject::connect(control.get(), &Control::Closed, control.get(),
-                     [&control] { control.release()->deleteLater(); });
+    QObject::connect(control.get(), &Control::Closed, control.get(), [&control] { control.release()->deleteLater(); });
   }
   control->Open(comTeclado);
 }

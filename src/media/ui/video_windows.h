@@ -21,8 +21,8 @@ public:
   void AbreAdicionar();
   void AbrePesquisa();
   void AgendaChanged(); // another agenda is active, or it has another title
-  // Of the video on show, a local one or one of the web. The operator asks for it with the keyboard; the console opens it
-  // beside his work.
+  // Of the video on show, a local one or one of the web. The operator asks for it with the keyboard; the console opens
+  // it beside his work.
   void AbreControle(bool comTeclado);
   void FechaControle();
   void UnloadFrmYoutube();

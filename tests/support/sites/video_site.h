@@ -30,21 +30,19 @@ inline QJsonObject VideoResult(const QString &id, const QString &title, const QS
 
 // The page of results around them, in the form in which the site sends it.
 inline QByteArray VideoResultsPage(const QJsonArray &results) {
-  const auto in = [](const char *name, const QJsonValue &value) {
-    return QJsonObject{{QLatin1String(name), value}};
-  };
+  const auto in = [](const char *name, const QJsonValue &value) { return QJsonObject{{QLatin1String(name), value}}; };
   const QJsonArray sections{in("itemSectionRenderer", in("contents", results)),
                             in("continuationItemRenderer", QJsonObject())};
   const QJsonObject data =
       in("contents", in("twoColumnSearchResultsRenderer",
                         in("primaryContents", in("sectionListRenderer", in("contents", sections)))));
   const QByteArray text = QJsonDocument(data).toJson(QJsonDocument::Compact).replace('<', "\\u003c");
-  return "<!DOCTYPE html><html><body><script nonce=\"a\">var ytInitialData = " +
-         text + ";</script><script>if (window.ytcsi) {}</script></body></html>";
+  return "<!DOCTYPE html><html><body><script nonce=\"a\">var ytInitialData = " + text +
+         ";</script><script>if (window.ytcsi) {}</script></body></html>";
 }
 
-// A site of invented videos: its results at /results, the page of each at /embed/, with a clip of two seconds that plays
-// again and again. "Consent_1" sends to a page that asks for consent, "Nothing_1" has no video.
+// A site of invented videos: its results at /results, the page of each at /embed/, with a clip of two seconds that
+// plays again and again. "Consent_1" sends to a page that asks for consent, "Nothing_1" has no video.
 inline void PlayVideoSite(SiteServer &server) {
   const QTemporaryDir folder;
   const QString clip = MakeMedia(folder.filePath(QStringLiteral("clip.webm")),

@@ -28,9 +28,19 @@ void Program::Impl::MakeDisplay() {
   quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
   quendar->Commands().OnCamera = [this](const QString &uri) { CameraRespondeu(uri, Alvo::Telao); };
+  quendar->Commands().PodeDesviar = [this](const QString &uri) { return PodeDesviar(QUrl(uri)); };
   quendar->Commands().OnShowEnding = [this](int ms) { core.show.FimAVista(ms); };
   quendar->Commands().OnImageName = [this](const QString &nome) { shows->ImagemMudou(TextoRelatado(nome)); };
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
+}
+
+// Where the site sends the projection on to what is not for the hall, the projection goes to its empty page, behind the
+// event of the page that is refused.
+bool Program::Impl::PodeDesviar(const QUrl &url) {
+  const bool pode = core.videoDaWeb.PodeDesviar(url);
+  if (!pode)
+    QTimer::singleShot(0, quendar.get(), [this] { core.videoDaWeb.Desviou(); });
+  return pode;
 }
 
 // A command came after the one that closes the window. The new one is hidden and black, as every new one is, until a
@@ -239,6 +249,7 @@ Program::~Program() {
   m_impl->core.flow.controleDeShows = {};
   m_impl->shows.reset();
   m_impl->core.video.AbreControle = m_impl->core.video.FechaControle = nullptr;
+  m_impl->core.videoDaWeb.AbreControle = m_impl->core.videoDaWeb.FechaControle = nullptr;
   m_impl->videos.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();

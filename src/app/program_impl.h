@@ -32,6 +32,8 @@
 #include "songs/ui/song_windows.h"
 #include "themes/ui/theme_editors.h"
 #include "themes/ui/theme_windows.h"
+#include "web/endpoints.h"
+#include "web/page_fetcher.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -64,6 +66,7 @@ struct Program::Impl {
   void AbreLegendas();
   void MakeDisplay();
   void RemakeDisplay();
+  bool PodeDesviar(const QUrl &url);
   void MakeStartup();
   bool CriaPrevia();
   void CameraRespondeu(const QString &uri, Alvo de);
@@ -78,6 +81,7 @@ struct Program::Impl {
   CommandLine line;
   AppFolder app;
   IniStore store;
+  Endpoints endpoints{store};
   SingleInstance instance;
 
   ControlEvents events;
@@ -99,6 +103,9 @@ struct Program::Impl {
   int triesLeft = TentativasDeLugar; // to put the projection's window where the desktop would not leave it
 
   QtWinsock winsock1;
+
+  std::unique_ptr<WebClient> web;
+  std::unique_ptr<PageFetcher> paginas;
 
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;

@@ -24,6 +24,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return slides ? slides->WV() : nullptr;
   if (name == u"FrmLegendas")
     return legendas ? legendas->WV() : nullptr;
+  if (name == u"FrmPesquisaYoutube")
+    return videos ? videos->WV() : nullptr;
   if (name == u"FrmSlideShow")
     return shows ? shows->WV() : nullptr;
   return nullptr;
@@ -64,6 +66,7 @@ void Program::Impl::MakeWindows() {
   windows.addSlides = [this] { slides->AbreLista(); };
   windows.addShows = [this] { shows->AbreLista(); };
   windows.addVideos = [this] { videos->AbreAdicionar(); };
+  windows.searchVideos = [this] { videos->AbrePesquisa(); };
   windows.captions = [this] { AbreLegendas(); };
   windows.notices = [this] { notices->AbreAviso(); };
   windows.videoControl = [this] { videos->AbreControle(true); };
@@ -202,9 +205,13 @@ void Program::Impl::MakeVideoWindows() {
   videos = std::make_unique<VideoWindows>(VideoDoors{store, prompt, clock, core.flow, positions, core.controleDeVideo,
                                                      [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
                                                      [this] { return core.video.EmExibicao(); },
-                                                     [this] { core.video.Encerra(); }, console.get()});
-  core.video.AbreControle = [this] { videos->AbreControle(false); };
+                                                     [this] { core.flow.EncerraMidia(); }, console.get(),
+                                                     core.controleDaWeb,
+                                                     [this] { return core.videoDaWeb.EmExibicao(); },
+                                                     [this] { return paginas.get(); }, profile});
+  core.video.AbreControle = core.videoDaWeb.AbreControle = [this] { videos->AbreControle(false); };
   core.video.FechaControle = [this] { videos->FechaControle(); };
+  core.videoDaWeb.FechaControle = [this] { videos->UnloadFrmYoutube(); };
   const auto aoTexto = [this] {
     console->activateWindow();
     console->FocusStrip();

@@ -32,12 +32,6 @@ void UsaProxyDoAmbiente(QNetworkAccessManager &gerente) {
   gerente.setProxyFactory(new FabricaDeProxies);
 }
 
-void QtRequest::Larga::operator()(QNetworkReply *reply) const {
-  reply->disconnect();
-  reply->abort();
-  reply->deleteLater();
-}
-
 QtRequest::QtRequest(QNetworkAccessManager &gerente, const QUrl &url, const QByteArray &agente, bool http2,
                      int limiteMs, std::function<void(Fim fim)> pronto)
     : m_gerente(gerente), m_caminho(url), m_agente(agente), m_http2(http2), m_pronto(std::move(pronto)) {
@@ -48,7 +42,19 @@ QtRequest::QtRequest(QNetworkAccessManager &gerente, const QUrl &url, const QByt
     QTimer::singleShot(0, this, [this] { Conta(false); });
 }
 
-QtRequest::~QtRequest() = default;
+QtRequest::~QtRequest() {
+  Larga();
+}
+
+// Ends what is under way, on the wire too.
+void QtRequest::Larga() {
+  if (!m_reply)
+    return;
+  m_reply->disconnect(this); // of this alone: the reply's own connections end what is on the wire
+  m_reply->abort();
+  m_reply->deleteLater();
+  m_reply.clear();
+}
 
 void QtRequest::Pede() {
   QNetworkRequest request(m_caminho.Atual());
@@ -60,12 +66,13 @@ void QtRequest::Pede() {
   request.setRawHeader("Accept-Encoding", "gzip");
   if (!m_agente.isEmpty())
     request.setHeader(QNetworkRequest::UserAgentHeader, m_agente);
-  m_reply.reset(m_gerente.get(request));
+  Larga();
+  m_reply = m_gerente.get(request);
   m_reply->setReadBufferSize(NaMao);
   // Behind the toolkit's own doing: the answer may be dropped from inside.
-  connect(m_reply.get(), &QNetworkReply::metaDataChanged, this, &QtRequest::Cabeca, Qt::QueuedConnection);
-  connect(m_reply.get(), &QNetworkReply::readyRead, this, &QtRequest::Le);
-  connect(m_reply.get(), &QNetworkReply::finished, this, &QtRequest::Acabou, Qt::QueuedConnection);
+  connect(m_reply, &QNetworkReply::metaDataChanged, this, &QtRequest::Cabeca, Qt::QueuedConnection);
+  connect(m_reply, &QNetworkReply::readyRead, this, &QtRequest::Le);
+  connect(m_reply, &QNetworkReply::finished, this, &QtRequest::Acabou, Qt::QueuedConnection);
 }
 
 int QtRequest::Status() const {
@@ -119,7 +126,7 @@ void QtRequest::Conta(bool completa) {
   if (m_contou)
     return;
   m_contou = true;
-  m_reply.reset();
+  Larga();
   m_fim.completa = completa;
   const auto pronto = std::move(m_pronto);
   pronto(std::move(m_fim));

@@ -1,5 +1,5 @@
-#include "app/program_impl.h"
 #include "app/asset_places.h"
+#include "app/program_impl.h"
 #include "console/page_zoom.h"
 #include "display/show_page.h"
 
@@ -20,9 +20,9 @@ constexpr int CalmaDoInicio = 700;   // ms: until the first pages and previews a
 
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
-  quendar = std::make_unique<FrmQuendar>(
-      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events,
-                        software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
+  quendar =
+      std::make_unique<FrmQuendar>(FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events,
+                                                     software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
@@ -236,6 +236,9 @@ Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line))
 Program::~Program() {
   // Pages end before the profile they share, and before the application object.
   m_impl->control.reset();
+  m_impl->letras.reset();
+  m_impl->atualizacao.reset();
+  m_impl->conteudo.reset();
   m_impl->quendar.reset();
   m_impl->core.flow.FechaAddBiblia = nullptr;
   m_impl->core.agenda.editorDeMusicas = {};
@@ -269,7 +272,7 @@ std::optional<int> Program::Start() {
   // First, so that what the start has to say can be answered from outside.
   p.ListenForControl();
   const AssetPlaces assets = FindAssets(p.line.assets, QCoreApplication::applicationDirPath());
-  p.help = std::make_unique<HelpDesk>(p.store, p.prompt, p.opener, assets.help);
+  p.help = std::make_unique<HelpDesk>(p.endpoints, p.prompt, p.opener, assets.help);
   const FillResult filled = FillProgramFolder(p.app.path(), assets);
   if (!filled.problem.isEmpty())
     p.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), filled.problem);
@@ -278,6 +281,7 @@ std::optional<int> Program::Start() {
   if (p.leaving)
     return 0;
 
+  p.endpoints.GravaPadroes();
   p.MakeWindows();
   p.MakePlace();
   p.MakeStartup();

@@ -215,11 +215,7 @@ void VideosSugeridos::Pede(bool continua) {
 }
 
 void VideosSugeridos::Veio(const FimDoDownload &fim) {
-  if (fim.pareceOutro) {
-    QFile::remove(Chegada(m_video) + u".part");
-    Termina(QObject::tr("%1 is another one on the web now. What had come was removed; download it again.")
-                .arg(m_video.titulo));
-  } else if (fim.inteiro && (fim.porHttps || m_video.endereco.scheme() == u"http")) {
+  if (fim.inteiro && (fim.porHttps || m_video.endereco.scheme() == u"http")) {
     ConfereChegada();
   } else {
     if (fim.inteiro)

@@ -20,13 +20,17 @@ QString Forma(char16_t letra) {
 
 } // namespace
 
-QString CutBetween(QStringView text, QStringView from, QStringView to, qsizetype start) {
+QStringView ViewBetween(QStringView text, QStringView from, QStringView to, qsizetype start) {
   const qsizetype begin = text.indexOf(from, start);
   if (begin < 0)
     return {};
   const qsizetype inner = begin + from.size();
   const qsizetype end = text.indexOf(to, inner);
-  return end < 0 ? QString() : text.sliced(inner, end - inner).toString();
+  return end < 0 ? QStringView() : text.sliced(inner, end - inner);
+}
+
+QString CutBetween(QStringView text, QStringView from, QStringView to, qsizetype start) {
+  return ViewBetween(text, from, to, start).toString();
 }
 
 QString FixMojibake(QString text) {
@@ -41,6 +45,24 @@ QString FixMojibake(QString text) {
   for (const auto &caso : simples)
     text.replace(Forma(caso.letra), QString(caso.simples));
   return text;
+}
+
+QString LinhaLimpa(QString linha) {
+  const auto entre = [](QChar c, char16_t de, char16_t ate) { return c.unicode() >= de && c.unicode() <= ate; };
+  for (qsizetype i = 0; i < linha.size(); ++i) {
+    const QChar c = linha[i];
+    const bool separa = c == u'\t' || c == u'\r' || c == u'\n' || entre(c, 0x2028, 0x2029);
+    if (separa) {
+      linha[i] = u' ';
+    } else if (c.isHighSurrogate() && i + 1 < linha.size() && linha[i + 1].isLowSurrogate()) {
+      ++i;
+    } else if (c.isSurrogate() || entre(c, 0xfdd0, 0xfdef) || entre(c, 0xfff9, 0xfffb) || entre(c, 0xfffe, 0xffff) ||
+               c == QChar::ByteOrderMark || entre(c, 0x202a, 0x202e) || entre(c, 0x2066, 0x2069)) {
+      linha[i] = u'\0'; // a control character, as those that go below
+    }
+  }
+  linha.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+  return linha;
 }
 
 QString NomeSeguro(const QString &nome) {

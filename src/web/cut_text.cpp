@@ -3,7 +3,9 @@
 #include "foundation/code_page.h"
 #include "foundation/file_name.h"
 
+#include <QList>
 #include <QStringList>
+#include <utility>
 
 namespace tolmira {
 
@@ -16,6 +18,23 @@ QString Forma(char16_t letra) {
   for (const char byte : bytes)
     forma += QChar(CharacterOfByte(static_cast<unsigned char>(byte)));
   return forma;
+}
+
+// In the order in which they are made.
+const QList<std::pair<QString, QString>> &Reparos() {
+  static const QList<std::pair<QString, QString>> reparos = [] {
+    QList<std::pair<QString, QString>> lista;
+    for (const char16_t aspa : {u'\u2018', u'\u2019'})
+      lista.append({Forma(aspa), QString(QChar(aspa))});
+    for (char16_t letra = 0xa1; letra <= 0xff; ++letra)
+      lista.append({Forma(letra), QString(QChar(letra))});
+    constexpr std::pair<char16_t, char16_t> Simples[] = {
+        {0x103, u'a'}, {0x104, u'A'}, {0x107, u'c'}, {0x108, u'C'}, {0x109, u'c'}};
+    for (const auto &[letra, simples] : Simples)
+      lista.append({Forma(letra), QString(QChar(simples))});
+    return lista;
+  }();
+  return reparos;
 }
 
 } // namespace
@@ -34,16 +53,8 @@ QString CutBetween(QStringView text, QStringView from, QStringView to, qsizetype
 }
 
 QString FixMojibake(QString text) {
-  text.replace(Forma(0x2018), QStringLiteral("‘"));
-  text.replace(Forma(0x2019), QStringLiteral("’"));
-  for (char16_t letra = 0xa1; letra <= 0xff; ++letra)
-    text.replace(Forma(letra), QString(QChar(letra)));
-  const struct {
-    char16_t letra;
-    QChar simples;
-  } simples[] = {{0x103, u'a'}, {0x104, u'A'}, {0x107, u'c'}, {0x108, u'C'}, {0x109, u'c'}};
-  for (const auto &caso : simples)
-    text.replace(Forma(caso.letra), QString(caso.simples));
+  for (const auto &[forma, letra] : Reparos())
+    text.replace(forma, letra);
   return text;
 }
 

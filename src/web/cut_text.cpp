@@ -3,6 +3,7 @@
 #include "foundation/code_page.h"
 #include "foundation/file_name.h"
 
+#include <QList>
 #include <QStringList>
 #include <utility>
 
@@ -73,29 +74,60 @@ bool EhDispositivo(const QString &nome) {
   return dispositivos.contains(base) || numerado;
 }
 
+// In the order in which they are made.
+const QList<std::pair<QString, QString>> &Reparos() {
+  static const QList<std::pair<QString, QString>> reparos = [] {
+    QList<std::pair<QString, QString>> lista;
+    for (const char16_t aspa : {u'\u2018', u'\u2019'})
+      lista.append({Forma(aspa), QString(QChar(aspa))});
+    for (char16_t letra = 0xa1; letra <= 0xff; ++letra)
+      lista.append({Forma(letra), QString(QChar(letra))});
+    constexpr std::pair<char16_t, char16_t> Simples[] = {
+        {0x103, u'a'}, {0x104, u'A'}, {0x107, u'c'}, {0x108, u'C'}, {0x109, u'c'}};
+    for (const auto &[letra, simples] : Simples)
+      lista.append({Forma(letra), QString(QChar(simples))});
+    return lista;
+  }();
+  return reparos;
+}
+
 } // namespace
 
-QString CutBetween(QStringView text, QStringView from, QStringView to, qsizetype start) {
+QStringView ViewBetween(QStringView text, QStringView from, QStringView to, qsizetype start) {
   const qsizetype begin = text.indexOf(from, start);
   if (begin < 0)
     return {};
   const qsizetype inner = begin + from.size();
   const qsizetype end = text.indexOf(to, inner);
-  return end < 0 ? QString() : text.sliced(inner, end - inner).toString();
+  return end < 0 ? QStringView() : text.sliced(inner, end - inner);
+}
+
+QString CutBetween(QStringView text, QStringView from, QStringView to, qsizetype start) {
+  return ViewBetween(text, from, to, start).toString();
 }
 
 QString FixMojibake(QString text) {
-  Troca(text, Forma(0x2018), QStringLiteral("‘"));
-  Troca(text, Forma(0x2019), QStringLiteral("’"));
-  for (char16_t letra = 0xa1; letra <= 0xff; ++letra)
-    Troca(text, Forma(letra), QString(QChar(letra)));
-  const struct {
-    char16_t letra;
-    QChar simples;
-  } simples[] = {{0x103, u'a'}, {0x104, u'A'}, {0x107, u'c'}, {0x108, u'C'}, {0x109, u'c'}};
-  for (const auto &caso : simples)
-    Troca(text, Forma(caso.letra), QString(caso.simples));
+  for (const auto &[forma, letra] : Reparos())
+    Troca(text, forma, letra);
   return text;
+}
+
+QString LinhaLimpa(QString linha) {
+  const auto entre = [](QChar c, char16_t de, char16_t ate) { return c.unicode() >= de && c.unicode() <= ate; };
+  for (qsizetype i = 0; i < linha.size(); ++i) {
+    const QChar c = linha[i];
+    const bool separa = c == u'\t' || c == u'\r' || c == u'\n' || entre(c, 0x2028, 0x2029);
+    if (separa) {
+      linha[i] = u' ';
+    } else if (c.isHighSurrogate() && i + 1 < linha.size() && linha[i + 1].isLowSurrogate()) {
+      ++i;
+    } else if (c.isSurrogate() || entre(c, 0xfdd0, 0xfdef) || entre(c, 0xfff9, 0xfffb) || entre(c, 0xfffe, 0xffff) ||
+               c == QChar::ByteOrderMark || entre(c, 0x202a, 0x202e) || entre(c, 0x2066, 0x2069)) {
+      linha[i] = u'\0'; // a control character, as those that go below
+    }
+  }
+  linha.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+  return linha;
 }
 
 QString NomeSeguro(const QString &nome) {

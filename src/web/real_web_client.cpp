@@ -5,8 +5,10 @@
 #include "web/qt_request.h"
 #include "web/side_work.h"
 
+#include <QHash>
 #include <QNetworkAccessManager>
 #include <array>
+#include <mutex>
 #include <optional>
 #include <utility>
 
@@ -118,6 +120,8 @@ struct RealWebClient::Impl {
   explicit Impl(int limite) : limiteMs(limite) {}
   int limiteMs;
   QNetworkAccessManager gerente;
+  // One that was dropped takes a moment to clear its part away, which must not be that of the next one of the file.
+  QHash<QString, std::weak_ptr<std::mutex>> porArquivo;
   SideWork aoLado;
 };
 
@@ -140,13 +144,20 @@ std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pro
 std::unique_ptr<WebTask> RealWebClient::Download(const PedidoDeDownload &pedido,
                                                  std::function<void(qint64, qint64)> andou,
                                                  std::function<void(const FimDoDownload &)> pronto) {
+  m_impl->porArquivo.removeIf([](const auto &entrada) { return entrada.value().expired(); });
+  std::shared_ptr<std::mutex> vez = m_impl->porArquivo.value(pedido.arquivo).lock();
+  if (!vez) {
+    vez = std::make_shared<std::mutex>();
+    m_impl->porArquivo.insert(pedido.arquivo, vez);
+  }
   return m_impl->aoLado.Comeca(
-      [pedido, limiteMs = m_impl->limiteMs, andou = std::move(andou),
+      [pedido, vez, limiteMs = m_impl->limiteMs, andou = std::move(andou),
        pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideWork::Avisa &avisa) {
         const auto conta = [&avisa, &andou](qint64 veio, qint64 total) {
           if (andou)
             avisa([andou, veio, total] { andou(veio, total); });
         };
+        const std::lock_guard<std::mutex> minha(*vez);
         const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, parar, conta);
         return SideWork::Relato([pronto, fim] { pronto(fim); });
       });

@@ -169,6 +169,7 @@ QWidget *FrmImageNet::MakeResults() {
   connect(m_andamento, &WorkStrip::Stopped, this, [this] {
     m_busca.Para();
     AcabaBusca(tr("Stopped."));
+    m_txtPesquisa->setFocus();
   });
   return folha;
 }
@@ -264,7 +265,8 @@ void FrmImageNet::MostraInstrucoes() {
 }
 
 bool FrmImageNet::MostraEm(WebResultView *onde, const QString &pagina) {
-  const bool mostra = onde->Mostra(pagina);
+  using Rede = WebResultView::RedePropria;
+  const bool mostra = onde->Mostra(pagina, m_busca.RedePropria() ? Rede::Aberta : Rede::Fechada);
   if (!mostra)
     m_andamento->End(tr("The pictures cannot be shown: the page engine cannot be started here."));
   return mostra;
@@ -288,9 +290,11 @@ void FrmImageNet::Pesquisa(const QString &termo) {
 }
 
 void FrmImageNet::Vizinha(int delta) {
-  ComecaBusca();
-  if (!m_busca.Vizinha(delta))
-    AcabaBusca(tr("This is the first page."));
+  m_termo = m_termoNaTela;
+  if (m_busca.Vizinha(delta))
+    ComecaBusca();
+  else
+    m_andamento->End(tr("This is the first page."));
 }
 
 void FrmImageNet::ComecaBusca() {
@@ -313,11 +317,14 @@ void FrmImageNet::AcabaBusca(const QString &desfecho) {
 
 void FrmImageNet::Mostra(const ResultadoDaBusca &resultado) {
   m_naTela = resultado;
+  m_termoNaTela = m_termo;
   const qsizetype quantas = m_busca.Imagens().size();
   AcabaBusca(quantas > 0 ? tr("%1 pictures of “%2”").arg(quantas).arg(m_termo) : QString());
   const bool digitaOutra = m_txtPesquisa->hasFocus() && m_txtPesquisa->text().trimmed() != m_termo;
   if (MostraEm(m_wb, resultado.pagina) && quantas > 0 && !digitaOutra)
     m_wb->setFocus();
+  else if (quantas == 0)
+    m_txtPesquisa->setFocus(); // for another try
 }
 
 void FrmImageNet::Clicou(const QString &id) {
@@ -338,7 +345,7 @@ void FrmImageNet::AbrePreview(const ImagemDaWeb &imagem) {
   }
   const QString texto = tr("%1, from %2").arg(imagem.nome, QUrl(imagem.endereco).host());
   m_nome->setText(texto);
-  m_nome->setToolTip(imagem.endereco);
+  m_nome->setToolTip(EscapeHtml(imagem.endereco)); // as plain text it might be taken for markup
   m_dl1->End();
   m_folhas->setCurrentIndex(1);
   MostraEm(m_imagem, PaginaDaPrevia(imagem));

@@ -75,7 +75,8 @@ private:
   WebPictureAdder m_adder;
   ResultadoDaBusca m_naTela;
   ImagemDaWeb m_escolhida;
-  QString m_termo; // being searched
+  QString m_termo;       // being searched
+  QString m_termoNaTela; // of the page on show, which the next and the previous one go on with
   QLineEdit *m_txtPesquisa = nullptr;
   QList<QPushButton *> m_pesquisam; // begin a search, and rest while one is under way
   QStackedWidget *m_folhas = nullptr;

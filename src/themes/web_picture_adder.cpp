@@ -28,6 +28,7 @@ void WebPictureAdder::AdicionarImagem(const ImagemDaWeb &imagem) {
   if (Trabalhando())
     return;
   m_imagem = imagem;
+  ++m_vez;
   m_passo = Passo::Download;
   QFile::remove(MapStoredPath(Temporario()).text()); // what an earlier run left is not what comes now
   emit Andou(0, -1);
@@ -44,18 +45,18 @@ void WebPictureAdder::Baixou() {
   }
   m_passo = Passo::Exame;
   const QString path = MapStoredPath(Temporario()).text();
-  m_pool.start([this, path, proprio = m_imagem.nome] {
+  m_pool.start([this, path, vez = m_vez, proprio = m_imagem.nome] {
     NomeDeImagem nome = NomeEmImagens(path, proprio);
     // Beyond its header and its end: what nobody has looked at yet is drawn once, at a small size.
     if (!nome.nome.isEmpty() && ReadPicture(path, [](const QSize &) { return SmallCopySize; }).image.isNull())
       nome = {};
     QMetaObject::invokeMethod(
-        this, [this, nome] { Examinou(nome); }, Qt::QueuedConnection);
+        this, [this, vez, nome] { Examinou(vez, nome); }, Qt::QueuedConnection);
   });
 }
 
-void WebPictureAdder::Examinou(const NomeDeImagem &nome) {
-  if (m_passo != Passo::Exame)
+void WebPictureAdder::Examinou(int vez, const NomeDeImagem &nome) {
+  if (m_passo != Passo::Exame || vez != m_vez)
     return;
   if (nome.nome.isEmpty()) {
     Acaba({nome.sumiu ? QStringLiteral("File not found.") : tr("This file cannot be used as a picture."), {}, true});
@@ -91,6 +92,8 @@ void WebPictureAdder::Desiste() {
   if (m_passo == Passo::Copia)
     return;
   m_download.reset();
+  if (Trabalhando())
+    QFile::remove(MapStoredPath(Temporario()).text());
   m_passo = Passo::Nenhum;
 }
 

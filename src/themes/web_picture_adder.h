@@ -50,7 +50,7 @@ private:
 
   QString Temporario() const; // imgtemp.jpg, stored path
   void Baixou();
-  void Examinou(const NomeDeImagem &nome);
+  void Examinou(int vez, const NomeDeImagem &nome);
   void Copia(const QString &nome);
   void Copiou(const QString &nome, tolmira::Copia copia);
   void Acaba(const FimDaAdicao &fim);
@@ -61,6 +61,7 @@ private:
   ImagemDaWeb m_imagem;
   QString m_nome; // in the gallery
   Passo m_passo = Passo::Nenhum;
+  int m_vez = 0; // of the adding, by which the look at a picture that was given up is known
   std::unique_ptr<WebTask> m_download;
 };
 

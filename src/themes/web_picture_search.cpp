@@ -1,5 +1,8 @@
 #include "themes/web_picture_search.h"
 
+#include "web/own_network.h"
+
+#include <QUrl>
 #include <utility>
 
 namespace tolmira {
@@ -27,7 +30,7 @@ WebPictureSearch::WebPictureSearch(PageFetcher &paginas, const Endpoints &endpoi
 
 void WebPictureSearch::pesquisarImagens(const QString &termo, int pagina, Recurso recurso) {
   if (!termo.trimmed().isEmpty())
-    Busca({termo.trimmed(), qMax(0, pagina), FonteDeImagens::BING, recurso});
+    Busca({termo.trimmed(), qMax(0, pagina), FonteDeImagens::BING, recurso, false});
 }
 
 bool WebPictureSearch::Vizinha(int delta) {
@@ -65,13 +68,22 @@ void WebPictureSearch::Busca(const Pedido &pedido) {
       emit NaoConfigurada(m_endpoints.PorQueNao(onde));
     return;
   }
+  m_pedido.redePropria = DaRedePropria(url.host());
   m_tarefa = m_paginas.Tenta(
-      Chave, url,
-      [this](const QString &pagina) {
-        m_lidas = ImagensDaPagina(pagina);
-        return !m_lidas.isEmpty();
-      },
-      [this](const QString &) { Veio(); }, [this](int rodada) { emit Andou(rodada, PageFetcher::Rodadas); });
+      Chave, url, [this](const QString &pagina) { return Le(pagina); }, [this](const QString &) { Veio(); },
+      [this](int rodada) { emit Andou(rodada, PageFetcher::Rodadas); });
+}
+
+bool WebPictureSearch::Le(const QString &pagina) {
+  m_lidas = ImagensDaPagina(pagina);
+  if (!m_pedido.redePropria) {
+    const auto dentro = [](const QString &endereco) { return DaRedePropria(QUrl(endereco).host()); };
+    m_lidas.removeIf([&dentro](const ImagemDaWeb &imagem) { return dentro(imagem.endereco); });
+    for (ImagemDaWeb &imagem : m_lidas)
+      if (!imagem.miniatura.isEmpty() && dentro(imagem.miniatura))
+        imagem.miniatura.clear();
+  }
+  return !m_lidas.isEmpty();
 }
 
 void WebPictureSearch::Veio() {

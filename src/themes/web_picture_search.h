@@ -36,6 +36,8 @@ public:
   bool Buscando() const { return m_tarefa != nullptr; }
 
   const QList<ImagemDaWeb> &Imagens() const { return m_imagens; } // of the table on show
+  // Whether they may lie in this machine's own network, as the search itself does. From a search outside none is taken.
+  bool RedePropria() const { return m_atual.redePropria; }
   // The picture of a link of that table; null when the link is none of its own.
   const ImagemDaWeb *Imagem(const QString &id) const;
 
@@ -50,9 +52,11 @@ private:
     int pagina = 0;
     FonteDeImagens fonte = FonteDeImagens::BING;
     Recurso recurso = Recurso::Sim;
+    bool redePropria = false;
   };
 
   void Busca(const Pedido &pedido);
+  bool Le(const QString &pagina); // whether there is something in it
   void Veio();
   void NadaAchado();
   void Mostra(const ResultadoDaBusca &resultado);

@@ -3,6 +3,7 @@
 #include "foundation/text_utils.h"
 #include "web/cut_text.h"
 
+#include <QStringDecoder>
 #include <QUrl>
 #include <algorithm>
 
@@ -12,36 +13,41 @@ namespace {
 
 constexpr int Colunas = 5; // of a row of the table; where the rows break on the screen is the window's affair
 constexpr int ResultadosPorPagina = 16;
+constexpr int MaximoDeMarcas = 2000; // that are looked at, whatever stands behind them
 
 const QString MarcaNova2 = QStringLiteral("murl&quot;:&quot;");
 const QString MarcaMiniatura = QStringLiteral("turl&quot;:&quot;");
 const QString MarcaNova = QStringLiteral("imgurl:&quot;");
 const QString MarcaAntiga = QStringLiteral("<a class=\"thumb\" ");
 
-bool EDaWeb(const QString &endereco) {
-  if (endereco.isEmpty() || endereco.size() > MaiorEndereco)
+bool EDaWeb(QStringView endereco) {
+  if (!endereco.startsWith(u"http", Qt::CaseInsensitive) || endereco.size() > MaiorEndereco)
     return false;
   if (std::any_of(endereco.begin(), endereco.end(), [](QChar c) { return c < u' ' || c == u'\x7f'; }))
     return false;
-  const QUrl url(endereco, QUrl::TolerantMode);
+  const QUrl url(endereco.toString(), QUrl::TolerantMode);
   const bool web = url.scheme() == u"http" || url.scheme() == u"https";
   return url.isValid() && web && !url.host().isEmpty() && url.userInfo().isEmpty();
 }
 
-void Guarda(QList<ImagemDaWeb> &imagens, const QString &endereco, const QString &miniatura) {
-  if (EDaWeb(endereco))
-    imagens.append({endereco, EDaWeb(miniatura) ? miniatura : QString(), NomeDoEndereco(endereco)});
+void Guarda(QList<ImagemDaWeb> &imagens, QStringView endereco, QStringView miniatura) {
+  if (!EDaWeb(endereco))
+    return;
+  const QString inteiro = endereco.toString();
+  imagens.append({inteiro, EDaWeb(miniatura) ? miniatura.toString() : QString(), NomeDoEndereco(inteiro)});
 }
 
 // What stands before the next "&" that is looked for from `procura` on; `fim` becomes its place, -1 when there is none.
-QString AteOE(QStringView pagina, qsizetype inicio, qsizetype procura, qsizetype &fim) {
+QStringView AteOE(QStringView pagina, qsizetype inicio, qsizetype procura, qsizetype &fim) {
   fim = pagina.indexOf(u'&', procura);
-  return fim < 0 ? QString() : pagina.sliced(inicio, fim - inicio).toString();
+  return fim < 0 ? QStringView() : pagina.sliced(inicio, fim - inicio);
 }
 
-// An attribute's value, with the entity by which a page writes the "&" of an address. False when it is not there.
-bool Atributo(QStringView pedaco, QStringView nome, QString &valor) {
-  const qsizetype marca = pedaco.indexOf(nome);
+// An attribute's value, with the entity by which a page writes the "&" of an address; empty when it is longer than an
+// address may be. `onde` moves behind it. False when it is not there.
+bool Atributo(QStringView pedaco, QStringView nome, qsizetype &onde, QString &valor) {
+  constexpr qsizetype MaiorLink = 8 * MaiorEndereco; // it may hold an address with each mark written as three or five
+  const qsizetype marca = pedaco.indexOf(nome, onde);
   if (marca < 0)
     return false;
   qsizetype inicio = marca + nome.size();
@@ -50,7 +56,8 @@ bool Atributo(QStringView pedaco, QStringView nome, QString &valor) {
   const qsizetype fim = pedaco.indexOf(u'"', inicio);
   if (fim < 0)
     return false;
-  valor = pedaco.sliced(inicio, fim - inicio).toString();
+  onde = fim + 1;
+  valor = fim - inicio <= MaiorLink ? pedaco.sliced(inicio, fim - inicio).toString() : QString();
   valor.replace(QLatin1String("&amp;"), QLatin1String("&"));
   return true;
 }
@@ -71,6 +78,19 @@ QString TermoNoEndereco(const QString &termo) {
   return QString::fromLatin1(QUrl::toPercentEncoding(curto, " ")).replace(u' ', u'+');
 }
 
+// A name in an address is written in UTF-8 for most sites, and in windows-1252 for the others. Marks that turn the
+// direction of a text would show an ending that is not the name's.
+QString Decodificado(const QString &nome) {
+  const QByteArray bytes = QByteArray::fromPercentEncoding(QString(nome).replace(u'+', u' ').toUtf8());
+  QStringDecoder utf8(QStringDecoder::Utf8);
+  QString texto = utf8(bytes);
+  if (utf8.hasError())
+    texto = UrlDecodeSplit(nome);
+  texto = FixMojibake(texto);
+  texto.removeIf([](QChar c) { return c.category() == QChar::Other_Format; });
+  return texto;
+}
+
 QString NoAtributo(const QString &texto) {
   return EscapeHtml(texto).replace(u'\'', QLatin1String("&#39;")).replace(u'"', QLatin1String("&quot;"));
 }
@@ -88,16 +108,16 @@ QString Celula(int index, const ImagemDaWeb &imagem) {
 QList<ImagemDaWeb> getUrlImgsBingNew2(QStringView pagina) {
   QList<ImagemDaWeb> imagens;
   qsizetype onde = 0;
-  while (imagens.size() < MaximoDeImagens) {
+  for (int marcas = 0; marcas < MaximoDeMarcas && imagens.size() < MaximoDeImagens; ++marcas) {
     const qsizetype marca = pagina.indexOf(MarcaNova2, onde);
     if (marca < 0)
       break;
     const qsizetype inicio = marca + MarcaNova2.size();
-    const QString endereco = AteOE(pagina, inicio, inicio, onde);
+    const QStringView endereco = AteOE(pagina, inicio, inicio, onde);
     if (onde < 0)
       break;
     const qsizetype marcaPequena = pagina.indexOf(MarcaMiniatura, onde);
-    QString miniatura;
+    QStringView miniatura;
     if (marcaPequena >= 0) {
       const qsizetype pequena = marcaPequena + MarcaMiniatura.size();
       miniatura = AteOE(pagina, pequena, pequena, onde);
@@ -113,12 +133,12 @@ QList<ImagemDaWeb> getUrlImgsBingNew(QStringView pagina) {
   constexpr qsizetype Adiante = 4; // the shortest beginning of an address, "http"
   QList<ImagemDaWeb> imagens;
   qsizetype onde = 0;
-  while (imagens.size() < MaximoDeImagens) {
+  for (int marcas = 0; marcas < MaximoDeMarcas && imagens.size() < MaximoDeImagens; ++marcas) {
     const qsizetype marca = pagina.indexOf(MarcaNova, onde);
     if (marca < 0)
       break;
     const qsizetype inicio = marca + MarcaNova.size();
-    const QString endereco = AteOE(pagina, inicio, inicio + Adiante, onde);
+    const QStringView endereco = AteOE(pagina, inicio, inicio + Adiante, onde);
     if (onde < 0)
       break;
     Guarda(imagens, endereco, {});
@@ -129,15 +149,16 @@ QList<ImagemDaWeb> getUrlImgsBingNew(QStringView pagina) {
 QList<ImagemDaWeb> getUrlImgsBing(QStringView pagina) {
   QList<ImagemDaWeb> imagens;
   qsizetype marca = pagina.indexOf(MarcaAntiga);
-  while (marca >= 0 && imagens.size() < MaximoDeImagens) {
+  for (int marcas = 0; marca >= 0 && marcas < MaximoDeMarcas && imagens.size() < MaximoDeImagens; ++marcas) {
     const qsizetype inicio = marca + MarcaAntiga.size();
     marca = pagina.indexOf(MarcaAntiga, inicio);
     const QStringView pedaco = pagina.sliced(inicio, (marca < 0 ? pagina.size() : marca) - inicio);
+    qsizetype onde = 0;
     QString href;
-    if (!Atributo(pedaco, u"href=", href))
+    if (!Atributo(pedaco, u"href=", onde, href))
       break;
     QString miniatura;
-    const bool vista = Atributo(pedaco, u"src2=", miniatura) || Atributo(pedaco, u"src=", miniatura);
+    const bool vista = Atributo(pedaco, u"src2=", onde, miniatura) || Atributo(pedaco, u"src=", onde, miniatura);
     Guarda(imagens, EnderecoDoLink(href), miniatura);
     if (!vista)
       break;
@@ -191,8 +212,7 @@ ResultadoClicado LeIdDoResultado(const QString &id) {
 
 QString NomeDoEndereco(const QString &endereco) {
   const auto antesDe = [](const QString &texto, QChar marca) { return texto.left(texto.indexOf(marca)); };
-  const QString caminho = antesDe(antesDe(endereco, u'?'), u'#');
-  QString nome = NomeSeguro(FixMojibake(UrlDecodeSplit(FileNameOf(caminho))));
+  QString nome = NomeSeguro(Decodificado(FileNameOf(antesDe(antesDe(endereco, u'?'), u'#'))));
   if (nome.isEmpty())
     nome = QStringLiteral("image");
   return nome.contains(u'.') ? nome : nome + QStringLiteral(".jpg");

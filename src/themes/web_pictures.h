@@ -15,8 +15,9 @@ struct ImagemDaWeb {
   friend bool operator==(const ImagemDaWeb &, const ImagemDaWeb &) = default;
 };
 
-// Bounds of what one page can make the program keep and draw.
-inline constexpr qsizetype MaximoDeImagens = 200;
+// Bounds of what one page can make the program keep and draw. Together they keep the table of results, with every mark
+// of it escaped, below what a WebResultView takes; a further page begins 16 pictures on anyway.
+inline constexpr qsizetype MaximoDeImagens = 50;
 inline constexpr qsizetype MaiorEndereco = 1000; // characters; a picture with a longer one is passed over
 inline constexpr qsizetype MaiorTermo = 200;     // characters of a search
 

@@ -1,5 +1,6 @@
 #include "web/redirects.h"
 
+#include "web/own_network.h"
 #include "web/web_client.h"
 
 namespace tolmira {
@@ -16,7 +17,8 @@ bool Redirects::EhRedirecionamento(int status) {
 bool Redirects::Segue(const QByteArray &location) {
   const QUrl next = m_atual.resolved(QUrl::fromEncoded(location));
   const bool lessSafe = m_atual.scheme() == u"https" && next.scheme() != u"https";
-  if (location.isEmpty() || !EhDaWeb(next) || lessSafe || ++m_vezes > LimiteDeRedirecionamentos)
+  const bool paraDentro = DaRedePropria(next.host()) && !DaRedePropria(m_atual.host());
+  if (location.isEmpty() || !EhDaWeb(next) || lessSafe || paraDentro || ++m_vezes > LimiteDeRedirecionamentos)
     return false;
   m_atual = next;
   m_porHttps = m_porHttps && next.scheme() == u"https";

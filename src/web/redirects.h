@@ -14,8 +14,8 @@ public:
   static bool EhDaWeb(const QUrl &url);
   static bool EhRedirecionamento(int status);
 
-  // Goes where a server points to. False when that is not followed: the eleventh time, from https to anything else, and
-  // to anything that is not of the web.
+  // Goes where a server points to. False when that is not followed: the eleventh time, from https to anything else,
+  // from outside into this machine's own network, and to anything that is not of the web.
   bool Segue(const QByteArray &location);
 
   const QUrl &Atual() const { return m_atual; }

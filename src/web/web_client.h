@@ -43,7 +43,8 @@ public:
 
   // One GET by the numbered method, without a body. `pronto` gets the page as text, empty after any failure: a status
   // other than 200, an answer that broke off, took too long or became too large, a redirection that is not followed
-  // (the eleventh; from https to anything else; to anything but the web).
+  // (the eleventh; from https to anything else; from outside into this machine's own network; to anything but the
+  // web).
   [[nodiscard]] virtual std::unique_ptr<WebTask> FetchBy(int method, const QUrl &url,
                                                          std::function<void(const QString &page)> pronto) = 0;
 

@@ -52,7 +52,7 @@ struct Room : GalleryRoom {
   void Serve(const QByteArray &bytes) {
     web.file = [bytes](const PedidoDeDownload &wanted) {
       WriteBytes(MapStoredPath(wanted.arquivo).text(), bytes);
-      return FimDoDownload{true, true, false, wanted.endereco};
+      return FimDoDownload{true, true, wanted.endereco};
     };
   }
   static ImagemDaWeb Image(const QString &address) { return {address, {}, NomeDoEndereco(address)}; }
@@ -111,6 +111,8 @@ private slots:
                newest.arg(QStringLiteral("http://u:p@a.example/a.jpg"), b) + newest.arg(QStringLiteral("/a.jpg"), b) +
                newest.arg(a, QStringLiteral("data:image/svg+xml,x"))
         << QStringList{a + u"  a.jpg"};
+    QTest::newRow("oldest: the small form is behind the link")
+        << oldest.arg(a + u"?src=", QStringLiteral("src"), b) << QStringList{a + u"?src= " + b + u" a.jpg"};
     QTest::newRow("too long an address") << newest.arg(QString(u"http://a.example/" + QString(MaiorEndereco, u'a')),
                                                        b) +
                                                 newest.arg(a, b)
@@ -129,6 +131,15 @@ private slots:
          {"murl&quot;:&quot;http://a/&", "imgurl:&quot;http://a/&", "<a class=\"thumb\" href=\"http://a/\"src=\"\""})
       QCOMPARE(ImagensDaPagina(QString::fromLatin1(marker).repeated(200'000)).size(),
                QByteArray(marker).startsWith('m') ? 1 : MaximoDeImagens);
+  }
+
+  // The table of the worst page can still be shown.
+  void theLargestTableFits() {
+    const QString quotes = u"http://a.example/" + QString(MaiorEndereco - 17, u'\'');
+    const QString entry = u"<a class=\"thumb\" href=\"" + quotes + u"\" src=\"" + quotes + u'"';
+    const QList<ImagemDaWeb> images = ImagensDaPagina(entry.repeated(300));
+    QCOMPARE(images.size(), MaximoDeImagens);
+    QVERIFY(QUrl::toPercentEncoding(CriaPagina(images)).size() < 1'900'000);
   }
 
   void addresses_data() {
@@ -191,6 +202,11 @@ private slots:
     QTest::newRow("decoded") << "http://a/c%C3%A9u+azul.jpg" << QStringLiteral("c\u00e9u azul.jpg");
     QTest::newRow("folders") << "http://a/..%2f..%5cData%5cConfig.dat"
                              << "Config.dat";
+    QTest::newRow("not western") << "http://a/%E6%B5%B7.jpg" << QStringLiteral("\u6d77.jpg");
+    QTest::newRow("windows-1252") << "http://a/c%E9u.jpg" << QStringLiteral("c\u00e9u.jpg");
+    QTest::newRow("turned around") << "http://a/a%E2%80%AEgpj.exe" << QStringLiteral("agpj.exe");
+    QTest::newRow("ends in the middle") << "http://a/sea%00.jpg%0d%0a?x=/../b"
+                                        << "sea .jpg";
     QTest::newRow("hidden") << "http://a/.bashrc"
                             << "bashrc.jpg";
     QTest::newRow("device") << "http://a/con.jpg"
@@ -221,6 +237,26 @@ private slots:
     for (const QString &other :
          QStringList{id + u'x', QStringLiteral("2|x"), QStringLiteral("-1|x"), QStringLiteral("nulo"), QString()})
       QVERIFY2(!room.search.Imagem(other), qPrintable(other));
+  }
+
+  // A page outside does not make the program ask this machine's own network for anything.
+  void theOwnNetworkIsLeftAlone() {
+    Room room;
+    const QString entry = QStringLiteral("murl&quot;:&quot;%1&quot; turl&quot;:&quot;%2&quot;");
+    room.web.page = [&entry](int, const QUrl &) -> QString {
+      return entry.arg(QStringLiteral("http://192.168.1.1/reboot?a.jpg"), Host) +
+             entry.arg(Host + u"/a.jpg", QStringLiteral("http://[::1]/t"));
+    };
+    room.search.pesquisarImagens(QStringLiteral("sea"), 0);
+    QTRY_VERIFY(room.shown);
+    QCOMPARE(room.search.Imagens(), (QList<ImagemDaWeb>{{Host + u"/a.jpg", {}, QStringLiteral("a.jpg")}}));
+    QVERIFY(!room.search.RedePropria());
+    room.shown.reset();
+    room.Configure(QStringLiteral("PesquisaImagens"), QStringLiteral("http://10.0.0.7"));
+    room.search.pesquisarImagens(QStringLiteral("sea"), 0);
+    QTRY_VERIFY(room.shown);
+    QCOMPARE(room.search.Imagens().size(), 2);
+    QVERIFY(room.search.RedePropria());
   }
 
   void pagesTurn() {
@@ -388,6 +424,19 @@ private slots:
     QCOMPARE(room.ended->texto, QStringLiteral("Download canceled."));
     QCOMPARE(room.web.dropped, 1);
     QVERIFY(room.Images().isEmpty());
+  }
+
+  // The look at one that was given up says nothing about the next.
+  void whatWasGivenUpIsForgotten() {
+    Room room;
+    room.Serve(PictureBytes({64, 36}, "jpg"));
+    room.adder.AdicionarImagem(Room::Image(QStringLiteral("http://a/sea.jpg")));
+    QTRY_VERIFY(!room.adder.Baixando()); // it is being looked at
+    room.adder.Desiste();
+    room.Serve(PictureBytes({64, 36}, "png"));
+    room.adder.AdicionarImagem(Room::Image(QStringLiteral("http://a/sky.png")));
+    QTRY_VERIFY(room.ended);
+    QCOMPARE(room.Images(), QStringList{QStringLiteral("sky.png")});
   }
 
   void aPictureThatCannotBeWrittenIsTold() {

@@ -13,6 +13,7 @@
 #include "themes/ui/theme_windows.h"
 #include "web/endpoints.h"
 #include "web/page_fetcher.h"
+#include "web/real_web_client.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -32,8 +33,9 @@ class UiTestImageNet : public QObject {
 
 private:
   struct Room : GalleryRoom {
-    Room()
-        : positions(store, yielder),
+    enum class Clients { Scripted, Real };
+    explicit Room(Clients clients = Clients::Scripted)
+        : fetcher(store, clients == Clients::Real ? static_cast<WebClient &>(real) : web), positions(store, yielder),
           windows(
               ThemeDoors{app, store, positions, prompt, &desk, {}, {}, [] { return false; }, &fetcher, &endpoints}) {
       QString file = app.At(u"\\Data\\Endpoints.dat");
@@ -45,7 +47,7 @@ private:
       };
       web.file = [](const PedidoDeDownload &wanted) {
         WriteBytes(MapStoredPath(wanted.arquivo).text(), PictureBytes({64, 36}, "jpg", Qt::blue));
-        return FimDoDownload{true, false, false, wanted.endereco};
+        return FimDoDownload{true, false, wanted.endereco};
       };
       desk.resize(1200, 900);
       positions.SetConsole(&desk);
@@ -79,7 +81,8 @@ private:
 
     SiteServer site;
     ScriptedWeb web;
-    PageFetcher fetcher{store, web};
+    RealWebClient real;
+    PageFetcher fetcher;
     Endpoints endpoints{store};
     CountingYielder yielder;
     FormPositions positions;
@@ -164,6 +167,46 @@ private slots:
     QVERIFY(room.Said().isEmpty());
   }
 
+  // Nothing stands in for anything here but the site itself.
+  void aPictureComesAllTheWay() {
+    Room room(Room::Clients::Real);
+    room.site.On("/images/search?q=broken", [](const SiteRequest &) { return SiteAnswer::Status(500); });
+    room.site.On("/pictures/view-17", [](const SiteRequest &) {
+      SiteAnswer answer;
+      answer.body = PictureBytes({64, 36}, "jpg");
+      answer.ending = SiteAnswer::Ending::CutShort;
+      return answer;
+    });
+    room.Open();
+    room.Search(QStringLiteral("sea"));
+    QTRY_VERIFY(room.Drawing(room.WB())->hasFocus());
+    QSignalSpy ready(room.WB(), &WebResultView::Pronta);
+    QTest::mouseClick(room.Find<QPushButton>("Command21"), Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(!ready.isEmpty(), 20000);
+    QCOMPARE(room.Find<QLabel>("Label1")->text(), QStringLiteral("Page 2"));
+    QTRY_VERIFY(room.Drawing(room.WB())->hasFocus());
+
+    QTest::keyClick(room.Drawing(room.WB()), Qt::Key_Return);
+    QTRY_VERIFY_WITH_TIMEOUT(room.InPreview(), 20000);
+    QTest::keyClick(room.Find<QPushButton>("BtAdicionar"), Qt::Key_Return);
+    QTRY_COMPARE_WITH_TIMEOUT(room.Strip("DL1"), QStringLiteral("Added successfully."), 20000);
+    QCOMPARE(room.Images(), QStringList{QStringLiteral("view-16.png")});
+    QCOMPARE(room.Mini(), room.Images());
+
+    QTest::keyClick(room.window, Qt::Key_Escape);
+    QTest::keyClick(room.Drawing(room.WB()), Qt::Key_Right);
+    QTest::keyClick(room.Drawing(room.WB()), Qt::Key_Return);
+    QTRY_VERIFY_WITH_TIMEOUT(room.InPreview(), 20000);
+    QTest::keyClick(room.Find<QPushButton>("BtAdicionar"), Qt::Key_Return);
+    QTRY_VERIFY_WITH_TIMEOUT(!room.prompt.shown.isEmpty(), 20000);
+    QCOMPARE(room.Said(), QStringList{QStringLiteral("File not found.")});
+    QCOMPARE(room.Images().size(), 1);
+
+    room.Search(QStringLiteral("broken"));
+    QTRY_VERIFY(room.Find<QLineEdit>("TxtPesquisa")->hasFocus());
+    QVERIFY(!room.Find<QPushButton>("Command21")->isEnabled());
+  }
+
   void theMouseChoosesInThePage() {
     Room room;
     room.Open();
@@ -228,6 +271,25 @@ private slots:
     QVERIFY(room.Find<QPushButton>("BtTema1")->isEnabled());
   }
 
+  // Of two pages the later one stays, and none asks this machine's own network for pictures unless it came from there.
+  void theOwnNetworkIsLeftAlone() {
+    SiteServer site;
+    PlayPictures(site);
+    WebResultView view(nullptr);
+    QSignalSpy ready(&view, &WebResultView::Pronta);
+    view.show();
+    const auto page = [&site](int n) -> QString {
+      return u"<html><body><img src='" + site.Host() + u"/thumbs/" + QString::number(n) + u"'></body></html>";
+    };
+    QVERIFY(view.Mostra(page(1)));
+    QTRY_VERIFY_WITH_TIMEOUT(!ready.isEmpty(), 20000);
+    QVERIFY(view.Mostra(page(2)));
+    QVERIFY(view.Mostra(page(3), WebResultView::RedePropria::Aberta));
+    QTRY_VERIFY_WITH_TIMEOUT(!site.asked.isEmpty(), 20000);
+    QCOMPARE(site.asked.size(), 1);
+    QCOMPARE(site.asked[0].target, QByteArray("/thumbs/3"));
+  }
+
   // Whatever comes into the page, it runs nothing, goes nowhere and reads no file.
   void aHostilePageHasNoRights() {
     QTemporaryDir folder;
@@ -241,12 +303,13 @@ private slots:
     view.show();
     const QString host = site.Host();
     QVERIFY(view.Mostra(u"<html><body><img src='file://" + folder.path() + u"/secret.png' onerror='location.href=\"" +
-                        host + u"/leak?error\"' width=400 height=300 style='display:block'><script>fetch('" + host +
-                        u"/leak?fetch'); location.href='" + host + u"/leak?go';</script><iframe src='" + host +
-                        u"/leak?frame'></iframe><link rel=stylesheet href='" + host +
-                        u"/leak?style'><meta http-equiv=refresh content='0;url=" + host +
-                        u"/leak?refresh'><form action='" + host + u"/leak?form'></form><img src='" + host +
-                        u"/thumbs/7'></body></html>"));
+                            host + u"/leak?error\"' width=400 height=300 style='display:block'><script>fetch('" + host +
+                            u"/leak?fetch'); location.href='" + host + u"/leak?go';</script><iframe src='" + host +
+                            u"/leak?frame'></iframe><link rel=stylesheet href='" + host +
+                            u"/leak?style'><meta http-equiv=refresh content='0;url=" + host +
+                            u"/leak?refresh'><form action='" + host + u"/leak?form'></form><img src='" + host +
+                            u"/thumbs/7'></body></html>",
+                        WebResultView::RedePropria::Aberta));
     QTRY_VERIFY_WITH_TIMEOUT(!ready.isEmpty(), 20000);
     QTRY_VERIFY_WITH_TIMEOUT(!site.asked.isEmpty(), 20000);
     QTest::qWait(300);

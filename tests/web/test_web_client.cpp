@@ -314,6 +314,15 @@ private slots:
     QTest::newRow("with a password") << QStringLiteral("http://a.example/") << QByteArray("http://u:p@a.example/")
                                      << false;
     QTest::newRow("nowhere") << QStringLiteral("http://a.example/") << QByteArray() << false;
+    for (const char *inside : {"http://127.0.0.1/", "http://10.1.2.3/", "http://192.168.1.1/", "http://172.31.0.1/",
+                               "http://0x7f.1/", "http://2130706433/", "http://[::1]/", "http://[::ffff:10.0.0.1]/",
+                               "http://[fd00::1]/", "http://localhost/", "http://router/", "http://nas.local./"})
+      QTest::newRow(inside) << QStringLiteral("http://a.example/") << QByteArray(inside) << false;
+    for (const char *outside :
+         {"http://172.32.0.1/", "http://8.8.8.8/", "http://[2001:db8::1]/", "http://local.example/"})
+      QTest::newRow(outside) << QStringLiteral("http://a.example/") << QByteArray(outside) << true;
+    QTest::newRow("from inside to inside")
+        << QStringLiteral("http://127.0.0.1:81/") << QByteArray("http://10.0.0.1/") << true;
   }
   void whereARedirectionMayLead() {
     QFETCH(QString, from);
@@ -448,6 +457,27 @@ private slots:
       QCOMPARE(net.came, qMakePair(qint64(300'000), qint64(300'000)));
     QCOMPARE(ReadBytes(file), whole ? QByteArray(300'000, 'v') : QByteArray("old"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("film.mp4")});
+  }
+
+  // What one leaves behind when it is stopped is not the part of the next.
+  void aFileIsAskedForAgainAtOnce() {
+    Net net;
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("film.mp4"));
+    SiteAnswer slow;
+    slow.ending = SiteAnswer::Ending::Drip;
+    slow.body = QByteArray(1000, 'a');
+    net.site.On("/first", [&](const SiteRequest &) { return slow; });
+    net.site.On("/second", [&](const SiteRequest &) {
+      SiteAnswer answer = slow;
+      answer.body = "second";
+      return answer;
+    });
+    auto task = net.client.Download({net.site.Url("/first"), file, 1'000'000, false}, {}, [](const FimDoDownload &) {});
+    QTRY_VERIFY(QFile::exists(file + u".part"));
+    task.reset();
+    QVERIFY(net.File({net.site.Url("/second"), file, 1'000'000, false}).inteiro);
+    QCOMPARE(ReadBytes(file), QByteArray("second"));
   }
 
   void aStoppedFileGoesOn_data() {

@@ -3,6 +3,7 @@
 #include "controls/ui/palette.h"
 #include "display/ui/engine_start.h"
 #include "display/ui/page_profile.h"
+#include "web/own_network.h"
 
 #include <QChildEvent>
 #include <QFocusEvent>
@@ -26,6 +27,8 @@
 namespace tolmira {
 
 namespace {
+
+using RedePropria = WebResultView::RedePropria;
 
 constexpr int MortesDemais = 3; // of the render process over one page
 
@@ -95,12 +98,15 @@ const QString Ajudante = QStringLiteral(R"js(
 class SoImagens : public QWebEngineUrlRequestInterceptor {
 public:
   void interceptRequest(QWebEngineUrlRequestInfo &info) override {
-    const QString scheme = info.requestUrl().scheme();
-    const bool imagem =
-        info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage && (scheme == u"http" || scheme == u"https");
+    const QUrl url = info.requestUrl(); // of each step of a redirection
+    const QString scheme = url.scheme();
+    const bool imagem = info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage &&
+                        (scheme == u"http" || scheme == u"https") && (redePropria || !DaRedePropria(url.host()));
     const bool pagina = info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame && scheme == u"data";
     info.block(!imagem && !pagina);
   }
+
+  bool redePropria = false;
 };
 
 class PaginaAlheia : public QWebEnginePage {
@@ -129,7 +135,8 @@ public:
     scripts().insert(script);
   }
 
-  void Carrega(const QString &html) {
+  void Carrega(const QString &html, RedePropria rede) {
+    m_soImagens.redePropria = rede == RedePropria::Aberta;
     m_carregando = true;
     setHtml(html, QUrl(QStringLiteral("about:blank")));
   }
@@ -185,6 +192,7 @@ struct WebResultView::Impl {
   std::unique_ptr<PaginaAlheia> page;
   std::unique_ptr<QWebEngineView> view;
   QString html;
+  RedePropria rede = RedePropria::Fechada;
   int mortes = 0;
 };
 
@@ -211,7 +219,7 @@ bool WebResultView::Vazia() const {
   return !m_impl->view;
 }
 
-bool WebResultView::Mostra(const QString &html) {
+bool WebResultView::Mostra(const QString &html, RedePropria rede) {
   if (!EngineCanStart() || DataHtml.size() + QUrl::toPercentEncoding(html).size() > MaiorPagina)
     return false;
   if (!m_impl->view) {
@@ -227,7 +235,7 @@ bool WebResultView::Mostra(const QString &html) {
     };
     connect(m_impl->page.get(), &QWebEnginePage::renderProcessTerminated, this, [this] {
       if (++m_impl->mortes <= MortesDemais)
-        QTimer::singleShot(0, this, [this] { m_impl->page->Carrega(m_impl->html); });
+        QTimer::singleShot(0, this, [this] { m_impl->page->Carrega(m_impl->html, m_impl->rede); });
     });
     m_impl->view = std::make_unique<VistaNaOrdem>(this);
     m_impl->view->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -240,8 +248,9 @@ bool WebResultView::Mostra(const QString &html) {
     m_impl->view->show();
   }
   m_impl->html = html;
+  m_impl->rede = rede;
   m_impl->mortes = 0;
-  m_impl->page->Carrega(html);
+  m_impl->page->Carrega(html, rede);
   return true;
 }
 

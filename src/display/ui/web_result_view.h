@@ -15,9 +15,12 @@ public:
   explicit WebResultView(QWidget *parent); // drawn in the colours of its palette
   ~WebResultView() override;
 
+  // Pictures of this machine's own network are loaded only where the page came from there as well: nobody outside is
+  // to make the program ask a router or a printer for something.
+  enum class RedePropria { Fechada, Aberta };
   // HTML whose foreign parts are escaped. The first call starts the engine. False when it cannot be started, or when
   // the text is longer than a page may be.
-  bool Mostra(const QString &html);
+  bool Mostra(const QString &html, RedePropria rede = RedePropria::Fechada);
   static constexpr qsizetype MaiorPagina = 2'000'000; // bytes, as an address writes them
   void Esvazia();                                     // ends the engine's part; not from inside an event of the page
   bool Vazia() const;

@@ -29,7 +29,7 @@ private slots:
     Click("FrmMonitor", "MnAcoesLetras");
     Set("FrmBusca", "Text1", QStringLiteral("luz na janela"));
     Click("FrmBusca", "Command1");
-    QTRY_VERIFY_WITH_TIMEOUT(!Read("FrmBusca", "List1").toArray().isEmpty(), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!Rows("FrmBusca", "List1").isEmpty(), 20000);
     Set("FrmBusca", "List1", 0);
     QTRY_COMPARE_WITH_TIMEOUT(Read("FrmBusca", "Text3").toString(), QStringLiteral("Luz na Janela"), 20000);
     Click("FrmBusca", "CmdAddLista");
@@ -111,11 +111,14 @@ private:
   QJsonValue Read(const char *window, const char *control) {
     return m_program.Do(QStringLiteral("read"), With(window, control)).value(QStringLiteral("value"));
   }
+  QJsonArray Rows(const char *window, const char *control) {
+    return m_program.Do(QStringLiteral("read"), With(window, control)).value(QStringLiteral("items")).toArray();
+  }
   bool Visible(const char *window, const char *control) {
     return Control(window, control).value(QStringLiteral("visible")).toBool();
   }
   int RowOf(const char *window, const char *control, const QString &text) {
-    const QJsonArray rows = Read(window, control).toArray();
+    const QJsonArray rows = Rows(window, control);
     for (qsizetype i = 0; i < rows.size(); ++i)
       if (rows[i].toString().contains(text))
         return static_cast<int>(i);

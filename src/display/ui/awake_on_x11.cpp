@@ -7,10 +7,11 @@ namespace tolmira {
 
 void KeepScreenAwake() {
   const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (!x11)
+  xcb_connection_t *server = x11 ? x11->connection() : nullptr; // a desktop without hardware has the one without the other
+  if (!server)
     return;
-  xcb_force_screen_saver(x11->connection(), XCB_SCREEN_SAVER_RESET);
-  xcb_flush(x11->connection());
+  xcb_force_screen_saver(server, XCB_SCREEN_SAVER_RESET);
+  xcb_flush(server);
 }
 
 } // namespace tolmira

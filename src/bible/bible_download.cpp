@@ -5,7 +5,7 @@
 #include "foundation/text_file.h"
 #include "foundation/trash.h"
 #include "web/cut_text.h"
-#include "web/side_work.h"
+#include "web/later.h"
 
 #include <QDir>
 #include <QFile>
@@ -56,7 +56,7 @@ private:
     PedidoDeDownload pedido;
     pedido.endereco = m_endereco;
     pedido.arquivo = m_rascunho;
-    pedido.limiteBytes = qint64(LimiteDePaginaMB) * 1024 * 1024;
+    pedido.limiteBytes = LimiteDePagina;
     m_tarefa = m_web.Download(pedido, {}, [this](const FimDoDownload &fim) {
       const QString resposta = fim.inteiro ? ReadWholeFile(m_rascunho) : QString();
       if (TemLista(resposta))
@@ -222,8 +222,7 @@ void FilaDeBiblias::Busca(const VersaoOferecida &versao, Testamento testamento) 
     pedido.arquivo = Chegada();
     pedido.limiteBytes = VersionFileLimit;
     if (!pedido.endereco.isValid()) {
-      m_tarefa = TrabalhaAoLado([](const std::atomic_bool &) {},
-                                [this] { Termina(QObject::tr("its address is not one that can be read")); });
+      m_tarefa = ContaDepois([this] { Termina(QObject::tr("its address is not one that can be read")); });
       return;
     }
     m_tarefa = m_web.Download(pedido, m_ouvinte.andou, [this, local = pedido.arquivo](const FimDoDownload &fim) {
@@ -249,22 +248,24 @@ void FilaDeBiblias::Busca(const VersaoOferecida &versao, Testamento testamento) 
 
 // Reading a version takes long enough to be seen on the projection, so it is not done on this thread.
 void FilaDeBiblias::Confere(const QString &arquivo) {
-  const auto serve = std::make_shared<bool>(false);
-  m_tarefa =
-      TrabalhaAoLado([arquivo, serve, testamento = Qual()](
-                         const std::atomic_bool &) { *serve = EhVersao(ReadVersionFile(arquivo), testamento); },
-                     [this, arquivo, serve] {
-                       const QString lugar = Pasta() + u'/' + ArquivoDaVersao(Versao().nome, Qual());
-                       // It takes no place that somebody else has taken meanwhile.
-                       if (*serve && QFile::rename(arquivo, lugar)) {
-                         Termina({});
-                         return;
-                       }
-                       QFile::remove(arquivo);
-                       Termina(*serve        ? QObject::tr("it could not be put into the folder")
-                               : m_importada ? QObject::tr("the module has no text of it")
-                                             : QObject::tr("what came is no text of a version, and was removed"));
-                     });
+  m_tarefa = m_fios.Comeca([this, arquivo, testamento = Qual()](const std::atomic<bool> &,
+                                                                const SideThreads::Avisa &) -> SideThreads::Relato {
+    const bool serve = EhVersao(ReadVersionFile(arquivo), testamento);
+    return [this, arquivo, serve] { Conferiu(arquivo, serve); };
+  });
+}
+
+void FilaDeBiblias::Conferiu(const QString &arquivo, bool serve) {
+  const QString lugar = Pasta() + u'/' + ArquivoDaVersao(Versao().nome, Qual());
+  // It takes no place that somebody else has taken meanwhile.
+  if (serve && QFile::rename(arquivo, lugar)) {
+    Termina({});
+    return;
+  }
+  QFile::remove(arquivo);
+  Termina(serve         ? QObject::tr("it could not be put into the folder")
+          : m_importada ? QObject::tr("the module has no text of it")
+                        : QObject::tr("what came is no text of a version, and was removed"));
 }
 
 void FilaDeBiblias::Termina(const QString &frase) {

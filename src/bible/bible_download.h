@@ -3,6 +3,7 @@
 #include "bible/bible_store.h"
 #include "bible/installed_bibles.h"
 #include "web/endpoints.h"
+#include "web/side_threads.h"
 #include "web/web_client.h"
 
 #include <QList>
@@ -95,9 +96,10 @@ private:
   void Adiante();
   void Busca(const VersaoOferecida &versao, Testamento testamento);
   void Confere(const QString &arquivo); // real path of what came
-  void Termina(const QString &frase);   // this file; empty when it is in its place
-  QString Pasta() const;                // real path
-  QString Chegada() const;              // stored path where the file of this step comes to
+  void Conferiu(const QString &arquivo, bool serve);
+  void Termina(const QString &frase); // this file; empty when it is in its place
+  QString Pasta() const;              // real path
+  QString Chegada() const;            // stored path where the file of this step comes to
   const VersaoOferecida &Versao() const { return m_versoes.at(m_passo / 2); }
   Testamento Qual() const { return m_passo % 2 == 0 ? Testamento::Velho : Testamento::Novo; }
 
@@ -112,6 +114,7 @@ private:
   int m_trouxe = 0;
   int m_faltaram = 0;
   std::unique_ptr<QTemporaryDir> m_importada; // both files of the version that is being imported
+  SideThreads m_fios;
   std::unique_ptr<WebTask> m_tarefa;
 };
 

@@ -3,7 +3,7 @@
 #include "controls/ui/palette.h"
 #include "controls/ui/work_strip.h"
 #include "foundation/text_file.h"
-#include "web/side_work.h"
+#include "web/later.h"
 #include "web/update.h"
 
 #include <QDir>
@@ -74,7 +74,7 @@ void FrmUp::Baixa() {
   const QString texto = tr("Downloading…");
   m_strip->Begin(texto);
   if (!m_instalador.isValid()) { // the answer named none
-    m_dl1 = TrabalhaAoLado([](const std::atomic_bool &) {}, [this] { Acabou({}); });
+    m_dl1 = ContaDepois([this] { Acabou({}); });
     return;
   }
   QDir().mkpath(QFileInfo(m_arquivo).path());

@@ -1,13 +1,18 @@
 #include "web/real_web_client.h"
 
+#include "foundation/real_path.h"
 #include "web/curl_request.h"
 #include "web/file_download.h"
 #include "web/qt_request.h"
-#include "web/client_threads.h"
+#include "web/side_threads.h"
 
 #include <QNetworkAccessManager>
 #include <array>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace tolmira {
@@ -64,7 +69,7 @@ using Pronto = std::function<void(const QString &page)>;
 // A page by Qt Network: the wire belongs to the interface thread, and turning a large page into text does not.
 class PaginaPorQt : public WebTask {
 public:
-  PaginaPorQt(QNetworkAccessManager &gerente, ClientThreads &fios, const Metodo &metodo, int limiteMs, const QUrl &url,
+  PaginaPorQt(QNetworkAccessManager &gerente, SideThreads &fios, const Metodo &metodo, int limiteMs, const QUrl &url,
               Pronto pronto)
       : m_fios(fios), m_crua(metodo.crua), m_pronto(std::move(pronto)) {
     m_request.emplace(gerente, url, NomeDoAgente(metodo.agente), metodo.http2, limiteMs,
@@ -79,26 +84,26 @@ private:
       return;
     }
     auto corpo = std::make_shared<QtRequest::Fim>(std::move(fim));
-    m_texto = m_fios.Comeca([this, corpo, crua = m_crua](const std::atomic<bool> &, const ClientThreads::Avisa &) {
+    m_texto = m_fios.Comeca([this, corpo, crua = m_crua](const std::atomic<bool> &, const SideThreads::Avisa &) {
       auto texto = std::make_shared<QString>();
       if (corpo->corpo.Desembrulha(corpo->embrulho))
         *texto = corpo->corpo.Texto(corpo->tipo, crua);
-      return ClientThreads::Relato([this, texto] {
+      return SideThreads::Relato([this, texto] {
         const Pronto pronto = std::move(m_pronto);
         pronto(*texto);
       });
     });
   }
 
-  ClientThreads &m_fios;
+  SideThreads &m_fios;
   bool m_crua;
   Pronto m_pronto;
   std::optional<QtRequest> m_request;
   std::unique_ptr<WebTask> m_texto; // reports nothing once this is gone
 };
 
-ClientThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar,
-                               const Pronto &pronto) {
+SideThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar,
+                                  const Pronto &pronto) {
   PageBody corpo;
   CurlRequest get;
   get.endereco = url;
@@ -112,13 +117,36 @@ ClientThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QU
   return [pronto, texto] { pronto(*texto); };
 }
 
+// The files that downloads write. One that was dropped goes on with its file for a moment, and the next one of that
+// file waits until it has let go: two that write into one part would spoil what has come.
+class ArquivosEmUso {
+public:
+  bool Toma(const QString &real, const std::atomic<bool> &parar) { // false when it was told to stop
+    std::unique_lock lock(m_mutex);
+    while (!parar && m_arquivos.count(real) > 0)
+      m_largou.wait_for(lock, std::chrono::milliseconds(100));
+    return !parar && m_arquivos.insert(real).second;
+  }
+  void Larga(const QString &real) {
+    const std::lock_guard lock(m_mutex);
+    m_arquivos.erase(real);
+    m_largou.notify_all();
+  }
+
+private:
+  std::mutex m_mutex;
+  std::condition_variable m_largou;
+  std::set<QString> m_arquivos;
+};
+
 } // namespace
 
 struct RealWebClient::Impl {
   explicit Impl(int limite) : limiteMs(limite) {}
   int limiteMs;
+  ArquivosEmUso emUso;
   QNetworkAccessManager gerente;
-  ClientThreads fios;
+  SideThreads fios;
 };
 
 RealWebClient::RealWebClient(int limiteDeTempoMs) : m_impl(std::make_unique<Impl>(limiteDeTempoMs)) {
@@ -132,7 +160,7 @@ std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pro
     return std::make_unique<PaginaPorQt>(m_impl->gerente, m_impl->fios, metodo, m_impl->limiteMs, url,
                                          std::move(pronto));
   return m_impl->fios.Comeca([metodo, limiteMs = m_impl->limiteMs, url,
-                                pronto = std::move(pronto)](const std::atomic<bool> &parar, const ClientThreads::Avisa &) {
+                              pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideThreads::Avisa &) {
     return PaginaPorCurl(metodo, limiteMs, url, parar, pronto);
   });
 }
@@ -141,14 +169,18 @@ std::unique_ptr<WebTask> RealWebClient::Download(const PedidoDeDownload &pedido,
                                                  std::function<void(qint64, qint64)> andou,
                                                  std::function<void(const FimDoDownload &)> pronto) {
   return m_impl->fios.Comeca(
-      [pedido, limiteMs = m_impl->limiteMs, andou = std::move(andou),
-       pronto = std::move(pronto)](const std::atomic<bool> &parar, const ClientThreads::Avisa &avisa) {
+      [pedido, limiteMs = m_impl->limiteMs, emUso = &m_impl->emUso, andou = std::move(andou),
+       pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideThreads::Avisa &avisa) {
         const auto conta = [&avisa, &andou](qint64 veio, qint64 total) {
           if (andou)
             avisa([andou, veio, total] { andou(veio, total); });
         };
-        const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, parar, conta);
-        return ClientThreads::Relato([pronto, fim] { pronto(fim); });
+        FimDoDownload fim;
+        if (const QString real = MapStoredPath(pedido.arquivo).text(); emUso->Toma(real, parar)) {
+          fim = BaixaArquivo(pedido, limiteMs, parar, conta);
+          emUso->Larga(real);
+        }
+        return SideThreads::Relato([pronto, fim] { pronto(fim); });
       });
 }
 

@@ -28,7 +28,7 @@ private:
       if (!files.contains(wanted.endereco.path()))
         return FimDoDownload();
       WriteBytes(QString(wanted.arquivo).replace(u'\\', u'/'), files.value(wanted.endereco.path()));
-      return FimDoDownload{true, true, false, wanted.endereco};
+      return FimDoDownload{true, true, wanted.endereco};
     };
   }
 

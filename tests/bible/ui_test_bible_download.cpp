@@ -142,7 +142,7 @@ private slots:
       const bool old = wanted.endereco.path().contains(u"OLD_");
       if (old)
         WriteBytes(QString(wanted.arquivo).replace(u'\\', u'/'), TinyVersion("Genesis", "The tide"));
-      return FimDoDownload{old, true, false, wanted.endereco};
+      return FimDoDownload{old, true, wanted.endereco};
     };
     room.rebuilt = 0;
     room.Button("Command3")->click();

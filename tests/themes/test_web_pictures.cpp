@@ -52,7 +52,7 @@ struct Room : GalleryRoom {
   void Serve(const QByteArray &bytes) {
     web.file = [bytes](const PedidoDeDownload &wanted) {
       WriteBytes(MapStoredPath(wanted.arquivo).text(), bytes);
-      return FimDoDownload{true, true, false, wanted.endereco};
+      return FimDoDownload{true, true, wanted.endereco};
     };
   }
   static ImagemDaWeb Image(const QString &address) { return {address, {}, NomeDoEndereco(address)}; }

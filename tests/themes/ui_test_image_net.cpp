@@ -45,7 +45,7 @@ private:
       };
       web.file = [](const PedidoDeDownload &wanted) {
         WriteBytes(MapStoredPath(wanted.arquivo).text(), PictureBytes({64, 36}, "jpg", Qt::blue));
-        return FimDoDownload{true, false, false, wanted.endereco};
+        return FimDoDownload{true, false, wanted.endereco};
       };
       desk.resize(1200, 900);
       positions.SetConsole(&desk);

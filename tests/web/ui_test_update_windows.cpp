@@ -104,7 +104,7 @@ private slots:
     room.web.file = [&](const PedidoDeDownload &wanted) {
       if (writes)
         WriteBytes(wanted.arquivo, "MZ");
-      return FimDoDownload{whole, https, false, wanted.endereco};
+      return FimDoDownload{whole, https, wanted.endereco};
     };
     room.UpdateNow();
     room.Up()->Open(); // coming to the front again starts nothing

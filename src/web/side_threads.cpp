@@ -1,10 +1,10 @@
-#include "web/client_threads.h"
+#include "web/side_threads.h"
 
 #include <utility>
 
 namespace tolmira {
 
-class ClientThreads::Tarefa : public WebTask {
+class SideThreads::Tarefa : public WebTask {
 public:
   explicit Tarefa(std::shared_ptr<Estado> estado) : m_estado(std::move(estado)) {}
   ~Tarefa() override { m_estado->parar = true; }
@@ -13,14 +13,14 @@ private:
   std::shared_ptr<Estado> m_estado;
 };
 
-ClientThreads::~ClientThreads() {
+SideThreads::~SideThreads() {
   for (const Fio &fio : m_fios)
     fio.estado->parar = true;
   for (Fio &fio : m_fios)
     fio.thread.join();
 }
 
-std::unique_ptr<WebTask> ClientThreads::Comeca(Trabalho trabalho) {
+std::unique_ptr<WebTask> SideThreads::Comeca(Trabalho trabalho) {
   Recolhe();
   auto estado = std::make_shared<Estado>();
   const Avisa avisa = [this, estado](Relato relato) {
@@ -40,7 +40,7 @@ std::unique_ptr<WebTask> ClientThreads::Comeca(Trabalho trabalho) {
   return std::make_unique<Tarefa>(std::move(estado));
 }
 
-void ClientThreads::Recolhe() {
+void SideThreads::Recolhe() {
   for (auto fio = m_fios.begin(); fio != m_fios.end();) {
     if (fio->estado->acabou) {
       fio->thread.join();

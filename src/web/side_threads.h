@@ -11,12 +11,13 @@
 
 namespace tolmira {
 
-// Work that waits for the web beside the interface thread. Its reports run on the thread of this object, and none runs
-// once its task was dropped. Ending this ends all work and waits for it, which takes a moment.
-class ClientThreads : public QObject {
+// Work that takes its time (the web, a disk) beside the interface thread. Its reports run on the thread of this object.
+// Dropping its task tells it to stop and waits for nothing, so a disk that does not answer holds up nobody; no report
+// runs after that. Ending this tells all work to stop and waits for it.
+class SideThreads : public QObject {
 public:
-  ClientThreads() = default;
-  ~ClientThreads() override;
+  SideThreads() = default;
+  ~SideThreads() override;
 
   using Relato = std::function<void()>;
   using Avisa = std::function<void(Relato)>; // from the work's thread: runs that on the other one

@@ -20,7 +20,8 @@ namespace {
 
 constexpr qsizetype MaiorNumero = 500; // of versions in a list
 constexpr qsizetype MaiorNome = 60;
-constexpr qsizetype MaiorCampo = 1000;
+constexpr qsizetype MaiorLinha = 4000;
+constexpr qsizetype MaiorTitulo = 200;
 
 bool TemLista(const QString &resposta) {
   return resposta.contains(u"[Lista]");
@@ -32,6 +33,17 @@ bool EhVersao(const VersionText &texto, Testamento testamento) {
     if (!texto.Chapters(livro).isEmpty())
       return true;
   return false;
+}
+
+std::optional<VersaoOferecida> LeLinha(QStringView linha) {
+  if (linha.size() > MaiorLinha)
+    return std::nullopt;
+  const QList<QStringView> campos = linha.split(u"|:|");
+  if (campos.size() < 4)
+    return std::nullopt;
+  const VersaoOferecida versao{campos[3].trimmed().toString(), campos[2].toString().simplified().left(MaiorTitulo),
+                               campos[1].trimmed().toString(), QString()};
+  return NomeDeVersaoServe(versao.nome) ? std::optional(versao) : std::nullopt;
 }
 
 QString PastaDasBiblias(const AppFolder &app) {
@@ -89,27 +101,23 @@ bool NomeDeVersaoServe(const QString &nome) {
   return !nome.contains(u"old_", Qt::CaseInsensitive) && !nome.contains(u".txt", Qt::CaseInsensitive);
 }
 
-std::optional<QList<VersaoOferecida>> LeListaDeBiblias(QStringView resposta) {
+std::optional<ListaDeBiblias> LeListaDeBiblias(QStringView resposta) {
   if (!resposta.contains(u"[Lista]"))
     return std::nullopt;
-  QList<VersaoOferecida> versoes;
+  ListaDeBiblias lista;
   QSet<QString> nomes;
   for (const QStringView linha : resposta.tokenize(u"<br>")) {
-    if (versoes.size() >= MaiorNumero)
-      break;
-    if (linha.size() > 4 * MaiorCampo || !linha.contains(u"url|:|"))
+    if (!linha.contains(u"url|:|"))
       continue;
-    const QList<QStringView> campos = linha.split(u"|:|");
-    if (campos.size() < 4)
+    const std::optional<VersaoOferecida> versao = lista.versoes.size() < MaiorNumero ? LeLinha(linha) : std::nullopt;
+    if (!versao || nomes.contains(versao->nome.toLower())) {
+      ++lista.recusadas;
       continue;
-    const VersaoOferecida versao{campos[3].trimmed().toString(), campos[2].trimmed().toString(),
-                                 campos[1].trimmed().toString(), QString()};
-    if (!NomeDeVersaoServe(versao.nome) || nomes.contains(versao.nome.toLower()))
-      continue;
-    nomes.insert(versao.nome.toLower());
-    versoes.append(versao);
+    }
+    nomes.insert(versao->nome.toLower());
+    lista.versoes.append(*versao);
   }
-  return versoes;
+  return lista;
 }
 
 QUrl EnderecoDoArquivo(const QUrl &lista, const VersaoOferecida &versao, Testamento testamento) {

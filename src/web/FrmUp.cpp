@@ -2,6 +2,7 @@
 
 #include "controls/ui/palette.h"
 #include "controls/ui/work_strip.h"
+#include "foundation/real_path.h"
 #include "foundation/text_file.h"
 #include "web/later.h"
 #include "web/update.h"
@@ -78,6 +79,7 @@ void FrmUp::Baixa() {
     return;
   }
   QDir().mkpath(QFileInfo(m_arquivo).path());
+  m_arquivo = MapStoredPath(m_arquivo).text(); // where one of that name lies in another case, it is the one replaced
   PedidoDeDownload pedido;
   pedido.endereco = m_instalador;
   pedido.arquivo = m_arquivo;

@@ -15,6 +15,8 @@ QJsonObject Scalars(const ControlDoors &doors) {
       {QStringLiteral("TipoAtual"), e.TipoAtual},
       {QStringLiteral("TipoAnterior"), e.TipoAnterior},
       {QStringLiteral("SlideShowAtivo"), e.SlideShowAtivo},
+      {QStringLiteral("TipoMidia"), e.TipoMidia},
+      {QStringLiteral("EstadoYoutube"), e.EstadoYoutube},
       {QStringLiteral("EstadoTela"), e.EstadoTela},
       {QStringLiteral("PaginaAtual"), e.PaginaAtual},
       {QStringLiteral("DisplayVisivel"), doors.displayVisivel && doors.displayVisivel()},

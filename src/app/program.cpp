@@ -1,5 +1,5 @@
-#include "app/program_impl.h"
 #include "app/asset_places.h"
+#include "app/program_impl.h"
 #include "console/page_zoom.h"
 #include "display/show_page.h"
 
@@ -20,17 +20,27 @@ constexpr int CalmaDoInicio = 700;   // ms: until the first pages and previews a
 
 void Program::Impl::MakeDisplay() {
   const bool software = qgetenv("QT_QUICK_BACKEND") == "software";
-  quendar = std::make_unique<FrmQuendar>(
-      FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events,
-                        software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
+  quendar =
+      std::make_unique<FrmQuendar>(FrmQuendar::Parts{core.estado, core.legenda, app, clock, console.get(), &events,
+                                                     software ? VideoDrawing::Software : VideoDrawing::Gl, profile});
   quendar->OnRecovered = [this] { core.PaginaVoltou(Alvo::Telao); };
   quendar->OnLost = [this] { core.show.PaginaCaiu(); };
   quendar->OnResize = [this] { sizeTimer.start(); };
   console->TakeKeysOf(quendar.get());
   quendar->Commands().OnCamera = [this](const QString &uri) { CameraRespondeu(uri, Alvo::Telao); };
+  quendar->Commands().PodeDesviar = [this](const QString &uri) { return PodeDesviar(QUrl(uri)); };
   quendar->Commands().OnShowEnding = [this](int ms) { core.show.FimAVista(ms); };
   quendar->Commands().OnImageName = [this](const QString &nome) { shows->ImagemMudou(TextoRelatado(nome)); };
   quendar->OnUnload = [this] { quendar.release()->deleteLater(); };
+}
+
+// Where the site sends the projection on to what is not for the hall, the projection goes to its empty page, behind the
+// event of the page that is refused.
+bool Program::Impl::PodeDesviar(const QUrl &url) {
+  const bool pode = core.videoDaWeb.PodeDesviar(url);
+  if (!pode)
+    QTimer::singleShot(0, quendar.get(), [this] { core.videoDaWeb.Desviou(); });
+  return pode;
 }
 
 // A command came after the one that closes the window. The new one is hidden and black, as every new one is, until a
@@ -226,6 +236,9 @@ Program::Program(const CommandLine &line) : m_impl(std::make_unique<Impl>(line))
 Program::~Program() {
   // Pages end before the profile they share, and before the application object.
   m_impl->control.reset();
+  m_impl->letras.reset();
+  m_impl->atualizacao.reset();
+  m_impl->conteudo.reset();
   m_impl->quendar.reset();
   m_impl->core.flow.FechaAddBiblia = nullptr;
   m_impl->core.agenda.editorDeMusicas = {};
@@ -239,6 +252,7 @@ Program::~Program() {
   m_impl->core.flow.controleDeShows = {};
   m_impl->shows.reset();
   m_impl->core.video.AbreControle = m_impl->core.video.FechaControle = nullptr;
+  m_impl->core.videoDaWeb.AbreControle = m_impl->core.videoDaWeb.FechaControle = nullptr;
   m_impl->videos.reset();
   m_impl->core.lojaBiblia.VersaoMudou = nullptr;
   m_impl->bible.reset();
@@ -258,7 +272,7 @@ std::optional<int> Program::Start() {
   // First, so that what the start has to say can be answered from outside.
   p.ListenForControl();
   const AssetPlaces assets = FindAssets(p.line.assets, QCoreApplication::applicationDirPath());
-  p.help = std::make_unique<HelpDesk>(p.store, p.prompt, p.opener, assets.help);
+  p.help = std::make_unique<HelpDesk>(p.endpoints, p.prompt, p.opener, assets.help);
   const FillResult filled = FillProgramFolder(p.app.path(), assets);
   if (!filled.problem.isEmpty())
     p.prompt.Message(MessageKind::Warning, QStringLiteral("Tolmira"), filled.problem);
@@ -267,6 +281,7 @@ std::optional<int> Program::Start() {
   if (p.leaving)
     return 0;
 
+  p.endpoints.GravaPadroes();
   p.MakeWindows();
   p.MakePlace();
   p.MakeStartup();

@@ -23,15 +23,21 @@
 #include "foundation/ui/form_position.h"
 #include "foundation/ui/qt_user_prompt.h"
 #include "media/ui/camera_window.h"
+#include "media/ui/content_window.h"
 #include "media/ui/video_windows.h"
 #include "notices/ui/notice_windows.h"
 #include "slides/FrmImportar.h"
 #include "slides/ui/show_windows.h"
 #include "slides/ui/slide_windows.h"
+#include "songs/ui/lyrics_window.h"
 #include "songs/ui/song_editors.h"
 #include "songs/ui/song_windows.h"
 #include "themes/ui/theme_editors.h"
 #include "themes/ui/theme_windows.h"
+#include "web/endpoints.h"
+#include "web/page_fetcher.h"
+#include "web/real_web_client.h"
+#include "web/ui/update_windows.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -52,6 +58,8 @@ struct Program::Impl {
 
   void MakeWindows();
   void AbreSobre();
+  void MakeBibleWindows();
+  SongEditorDoors DoorsOfSongEditor();
   void MakeSongEditors();
   void MakeThemeWindows();
   void MakeThemeEditors();
@@ -59,11 +67,13 @@ struct Program::Impl {
   void ImportaDocumento(const AbreImagens &pronto);
   void MakeShowWindows();
   void MakeVideoWindows();
+  void MakeWebWindows();
   void MakeNoticeWindows();
   void MostraServidor();
   void AbreLegendas();
   void MakeDisplay();
   void RemakeDisplay();
+  bool PodeDesviar(const QUrl &url);
   void MakeStartup();
   bool CriaPrevia();
   void CameraRespondeu(const QString &uri, Alvo de);
@@ -78,6 +88,7 @@ struct Program::Impl {
   CommandLine line;
   AppFolder app;
   IniStore store;
+  Endpoints endpoints{store};
   SingleInstance instance;
 
   ControlEvents events;
@@ -100,6 +111,9 @@ struct Program::Impl {
 
   QtWinsock winsock1;
 
+  RealWebClient web;
+  PageFetcher paginas{store, web};
+
   // Windows go before the logic that they refer to, so they stand below it.
   ConsoleCore core;
   CaptionServer servidor{core.legenda, store, winsock1, clock, &GetIpAddrTable};
@@ -118,6 +132,9 @@ struct Program::Impl {
   std::unique_ptr<NoticeWindows> notices;
   std::unique_ptr<CameraWindow> cameras;
   std::unique_ptr<FrmLegendas> legendas;
+  std::unique_ptr<LyricsWindow> letras;
+  std::unique_ptr<UpdateWindows> atualizacao;
+  std::unique_ptr<ContentWindow> conteudo;
   std::unique_ptr<FrmSobre> sobre;
   std::unique_ptr<FrmQuendar> quendar;
   std::unique_ptr<ProjectionPlace> lugar;

@@ -1,4 +1,5 @@
 #include "app/program_impl.h"
+#include "bible/installed_bibles.h"
 #include "console/ui/themes_panel.h"
 #include "display/notice_call.h"
 #include "display/ui/engine_versions.h"
@@ -24,6 +25,8 @@ PageObject *Program::Impl::PageNamed(const QString &name) const {
     return slides ? slides->WV() : nullptr;
   if (name == u"FrmLegendas")
     return legendas ? legendas->WV() : nullptr;
+  if (name == u"FrmPesquisaYoutube")
+    return videos ? videos->WV() : nullptr;
   if (name == u"FrmSlideShow")
     return shows ? shows->WV() : nullptr;
   return nullptr;
@@ -37,16 +40,13 @@ void Program::Impl::MakeWindows() {
   console->PicWV()->OnRecovered = [this] { core.PaginaVoltou(Alvo::Previa); };
   console->PreviaMudou = [this] { core.PreviaMudou(); };
   positions.SetConsole(console.get());
-  bible = std::make_unique<BibleWindows>(
-      BibleDoors{core.lojaBiblia, store, core.flow, positions, clock, console.get(),
-                 [this] { return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString(); }});
-  core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
-  core.lojaBiblia.VersaoMudou = [this] { bible->VersionChanged(); };
+  MakeBibleWindows();
   songs =
       std::make_unique<SongWindows>(SongDoors{app, core.flow, positions, clock, prompt, console.get(),
                                               [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
                                               [this](const QString &path) { return editors->Edita(path, songs.get()); },
-                                              [this](const QString &path) { return editors->EstaAberto(path); }});
+                                              [this](const QString &path) { return editors->EstaAberto(path); },
+                                              [this](const QString &palavras) { letras->AbreBusca(palavras); }});
   MakeSongEditors();
   MakeThemeWindows();
   MakeThemeEditors();
@@ -54,6 +54,7 @@ void Program::Impl::MakeWindows() {
   MakeShowWindows();
   MakeVideoWindows();
   MakeNoticeWindows();
+  MakeWebWindows();
   servidor.Mudou = [this] { MostraServidor(); };
   FrmMonitor::Windows windows;
   windows.configTema = [this](int n) { themeEditors->AbreConfigTema(n); };
@@ -64,12 +65,18 @@ void Program::Impl::MakeWindows() {
   windows.addSlides = [this] { slides->AbreLista(); };
   windows.addShows = [this] { shows->AbreLista(); };
   windows.addVideos = [this] { videos->AbreAdicionar(); };
+  windows.searchVideos = [this] { videos->AbrePesquisa(); };
   windows.captions = [this] { AbreLegendas(); };
   windows.notices = [this] { notices->AbreAviso(); };
   windows.videoControl = [this] { videos->AbreControle(true); };
   windows.cameras = [this] { cameras->Abre(); };
   windows.browseBible = [this] { bible->OpenBrowser(); };
   windows.searchBible = [this] { bible->OpenSearch(); };
+  windows.searchVersions = [this] { bible->AbreBaixar(); };
+  windows.downloadLyrics = [this] { letras->AbreBusca(); };
+  windows.downloadPictures = [this] { themes->AbreImageNet(); };
+  windows.downloadVideos = [this] { conteudo->Abre(); };
+  windows.verifyUpdate = [this] { atualizacao->VerifyUpdate(); };
   windows.chooseScreen = [this](int opcao) {
     if (core.estado.TelaPronta)
       lugar->EscolheTela(opcao);
@@ -88,10 +95,13 @@ void Program::Impl::MakeWindows() {
       shows->AgendaChanged();
     if (videos)
       videos->AgendaChanged();
+    if (conteudo)
+      conteudo->AgendaChanged();
   };
   console->SetWindows(std::move(windows));
   console->PodeFechar = [this] {
-    return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos() && shows->FechaTodos();
+    return editors->FechaTodos() && themeEditors->FechaTodos() && slides->FechaTodos() && shows->FechaTodos() &&
+           bible->FechaBaixar();
   };
   console->AoFechar = [this] { startup->Unload(); };
   monitors.SetConsole(console.get());
@@ -117,20 +127,34 @@ void Program::Impl::AbreSobre() {
   sobre->activateWindow();
 }
 
-void Program::Impl::MakeSongEditors() {
+void Program::Impl::MakeBibleWindows() {
+  bible = std::make_unique<BibleWindows>(
+      BibleDoors{core.lojaBiblia, store, core.flow, positions, clock, console.get(),
+                 [this] { return core.estado.TipoAtual == u"Bíblia" ? core.estado.ReferenciaAtual : QString(); }},
+      BibleDownloadDoors{core.lojaBiblia, app, endpoints, web, prompt, positions, ImportadorDeBiblias::Programa(),
+                         [this] { core.leitura.CarregaVersoes(); }, console.get()});
+  core.flow.FechaAddBiblia = [this] { bible->CloseAdd(); };
+  core.lojaBiblia.VersaoMudou = [this] { bible->VersionChanged(); };
+}
+
+SongEditorDoors Program::Impl::DoorsOfSongEditor() {
   const auto telao = [this]() -> Display * { return quendar.get(); };
   const auto sala = [this](const QString &texto, const AjustesTexto &ajustes) {
     return core.loader.Sala(texto, ajustes);
   };
-  editors = std::make_unique<SongEditors>(
-      SongEditorDoors{store, prompt, clock, random, yielder, measure, core.flow, positions, core.estado, core.ajustes,
-                      telao, sala, profile, console.get()},
-      TextFormatDoors{[this] { return core.formato.Le(); },
-                      [this](const TextFormat &format) {
-                        const bool written = core.formato.Aplica(format);
-                        themeEditors->MaiusculasMudaram(core.estado.IndiceTema, core.formato.Le().maiusculas);
-                        return written;
-                      }});
+  return {store,     prompt,      clock,        random, yielder, measure, core.flow,
+          positions, core.estado, core.ajustes, telao,  sala,    profile, console.get()};
+}
+
+void Program::Impl::MakeSongEditors() {
+  editors = std::make_unique<SongEditors>(DoorsOfSongEditor(),
+                                          TextFormatDoors{[this] { return core.formato.Le(); },
+                                                          [this](const TextFormat &format) {
+                                                            const bool written = core.formato.Aplica(format);
+                                                            themeEditors->MaiusculasMudaram(
+                                                                core.estado.IndiceTema, core.formato.Le().maiusculas);
+                                                            return written;
+                                                          }});
   core.temaControle.RefazFormato = [this] { editors->RefazFormato(); };
   core.agenda.editorDeMusicas = {[this](const QString &path) { return editors->AbertoEmOutra(path); },
                                  [this](const QString &path) { return editors->Edita(path, songs.get()); }};
@@ -141,7 +165,7 @@ void Program::Impl::MakeThemeWindows() {
       ThemeDoors{app, store, positions, prompt, console.get(),
                  [this](const QString &path) { core.controles.trocarFundoPadrao(path); },
                  [this](const QString &path, bool move) { return core.efeitos.ImagemDaGaleria(path, move); },
-                 [this] { return core.estado.TemaAtual.MoveImagens; }});
+                 [this] { return core.estado.TemaAtual.MoveImagens; }, &paginas, &endpoints});
   core.controles.AbreGaleria = [this] { themes->AbreGaleriaDoFundo(); };
 }
 
@@ -199,18 +223,33 @@ void Program::Impl::MakeShowWindows() {
 }
 
 void Program::Impl::MakeVideoWindows() {
-  videos = std::make_unique<VideoWindows>(VideoDoors{store, prompt, clock, core.flow, positions, core.controleDeVideo,
-                                                     [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
-                                                     [this] { return core.video.EmExibicao(); },
-                                                     [this] { core.video.Encerra(); }, console.get()});
-  core.video.AbreControle = [this] { videos->AbreControle(false); };
+  videos = std::make_unique<VideoWindows>(VideoDoors{
+      store, prompt, clock, core.flow, positions, core.controleDeVideo,
+      [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); }, [this] { return core.video.EmExibicao(); },
+      [this] { core.flow.EncerraMidia(); }, console.get(), core.controleDaWeb,
+      [this] { return core.videoDaWeb.EmExibicao(); }, [this] { return &paginas; }, profile});
+  core.video.AbreControle = core.videoDaWeb.AbreControle = [this] { videos->AbreControle(false); };
   core.video.FechaControle = [this] { videos->FechaControle(); };
+  core.videoDaWeb.FechaControle = [this] { videos->UnloadFrmYoutube(); };
   const auto aoTexto = [this] {
     console->activateWindow();
     console->FocusStrip();
   };
   cameras = std::make_unique<CameraWindow>(CameraDoors{clock, positions, core.cameras, aoTexto, console.get()});
   core.agenda.outroVideo = [this](const QString &atual) { return EscolheOutroVideo(store, prompt, atual); };
+}
+
+// What is read from the web besides pictures, videos and versions, which have their rooms' own windows.
+void Program::Impl::MakeWebWindows() {
+  letras = std::make_unique<LyricsWindow>(LyricsDoors{
+      {app, endpoints, paginas, prompt, core.flow, [this](const QString &path) { return editors->EstaAberto(path); },
+       [this](const QString &name) { songs->AtualizaLista(name); }},
+      DoorsOfSongEditor()});
+  atualizacao = std::make_unique<UpdateWindows>(
+      UpdateDoors{endpoints, paginas, prompt, opener, positions, [this] { console->close(); }, console.get()});
+  conteudo = std::make_unique<ContentWindow>(
+      ContentDoors{app, web, core.flow, positions, [this] { return core.agenda.TabTitle(core.estado.ActiveAgenda); },
+                   console.get()});
 }
 
 // The preview takes no commands, so it gets the page's call beside the projection.

@@ -259,7 +259,7 @@ void FilaDeBiblias::Confere(const QString &arquivo) {
   m_tarefa = m_fios.Comeca([this, arquivo, testamento = Qual()](const std::atomic<bool> &,
                                                                 const SideThreads::Avisa &) -> SideThreads::Relato {
     const bool serve = EhVersao(ReadVersionFile(arquivo), testamento);
-    return [this, arquivo, serve] { Conferiu(arquivo, serve); };
+    return [this, arquivo, serve](SideThreads::Ouvintes &) { Conferiu(arquivo, serve); };
   });
 }
 

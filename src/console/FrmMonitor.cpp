@@ -232,6 +232,8 @@ FrmMonitor::FrmMonitor(Parts parts, PageProfile perfil) : m_impl(std::make_uniqu
   d.addBar->SetWindow(3, tr("Adds slide shows to the agenda, runs or edits them"),
                       [&d, open] { open(d.windows.addShows); });
   d.addBar->SetWindow(4, tr("Adds videos to the agenda"), [&d, open] { open(d.windows.addVideos); });
+  d.addBar->SetWindow(5, tr("Searches for videos of the web, plays them or adds them to the agenda"),
+                      [&d, open] { open(d.windows.searchVideos); });
   d.addBar->SetWindow(6, tr("The captions of the broadcast: their look and their server (Alt+P)"),
                       [&d, open] { open(d.windows.captions); });
   d.addBar->SetWindow(7, tr("Runs a notice across the projection (Ctrl+A)"), [&d, open] { open(d.windows.notices); });

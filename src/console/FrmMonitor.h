@@ -37,6 +37,7 @@ public:
     std::function<void()> addSlides;
     std::function<void()> addShows;
     std::function<void()> addVideos;
+    std::function<void()> searchVideos;
     std::function<void()> captions;
     std::function<void()> notices;
     std::function<void()> videoControl;

@@ -25,10 +25,17 @@ ConsoleCore::ConsoleCore(const ConsoleDoors &doors)
       slides(contexto, paginasDeSlides, stepper, temaControle), controles(contexto), textos(contexto, loader, leitura),
       efeitos(contexto, temaControle, loader, leitura, slides), formato(contexto, temas, loader, textos),
       video(contexto, stepper, temaControle), controleDeVideo(estado, [this] { return Wmp(); }, doors.yielder),
+      controleDaWeb(estado, [this] { return contexto.Pagina(Alvo::Telao); }),
+      videoDaWeb(contexto, stepper, temaControle, video, controleDaWeb),
       cameras([this](const QString &script, Alvo alvo) { contexto.ScriptNasPaginas(script, alvo); },
               [this] { contexto.Atualiza(); }, doors.prompt),
-      flow(contexto, agenda, loader, leitura, slides, temaControle, video), show(contexto, stepper, temaControle),
+      flow(contexto, agenda, loader, leitura, slides, temaControle, video, videoDaWeb), show(contexto, stepper, temaControle),
       teclas(contexto, stepper, flow, agenda, leitura, slides) {
+  flow.MostraTelao = [this] {
+    if (estado.EstadoTela == u"Hide")
+      controles.SetScreenState(0);
+    canal.SendToDisplay(QStringLiteral("Show"));
+  };
   show.FechaVideo = [this] { flow.cancelaWMP(); };
   show.VoltaAosSlides = [this] { return slides.Volta(); };
   contexto.descreve = [this] {
@@ -46,6 +53,7 @@ void ConsoleCore::PaginaVoltou(Alvo qual) {
   textos.PaginaVoltou(qual);
   slides.PaginaVoltou(qual);
   show.PaginaVoltou(qual);
+  videoDaWeb.PaginaVoltou(qual);
   for (const Alvo cada : {Alvo::Telao, Alvo::Previa})
     if (qual == cada || qual == Alvo::Ambas)
       cameras.PaginaMontada(cada);
@@ -131,6 +139,10 @@ void ConsoleCore::TelaoRefeito() {
   }
   if (video.EmExibicao()) {
     video.TelaoRefeito();
+    return;
+  }
+  if (videoDaWeb.EmExibicao()) {
+    videoDaWeb.TelaoRefeito();
     return;
   }
   paginas.MontaPagina(estado.TemaAtual, estado.EstrofeAtual, Telao);

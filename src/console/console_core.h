@@ -17,9 +17,11 @@
 #include "console/text_format_control.h"
 #include "console/theme_control.h"
 #include "console/video_runner.h"
+#include "console/web_video_runner.h"
 #include "display/bible_composer.h"
 #include "media/cameras.h"
 #include "media/video_control.h"
+#include "media/web_video_control.h"
 
 namespace tolmira {
 
@@ -71,6 +73,8 @@ public:
   TextFormatControl formato;
   VideoRunner video;
   VideoControl controleDeVideo;
+  WebVideoControl controleDaWeb;
+  WebVideoRunner videoDaWeb;
   Cameras cameras;
   PresentationFlow flow;
   SlideShowRunner show;

@@ -46,14 +46,15 @@ struct PainelSlideShow {
   bool SemMusica = false; // its audio cannot be played
 };
 
-// A local video on the projection.
+// A video on the projection, a local one or one of the web.
 struct PainelVideo {
   enum class Situacao { Tocando, Parado, Acabou, Falhou };
   bool Ativo = false;
   Situacao situacao = Situacao::Tocando;
   bool ImagemIlegivel = false; // its picture cannot be decoded: sound alone
-  QString Nome;  // of its file
+  QString Nome;  // of its file, or the title of its entry
   QString Tempo; // gone by and in all; empty while unknown
+  QString Aviso; // why it failed and what helps, in the place of its name; mostly empty
   friend bool operator==(const PainelVideo &, const PainelVideo &) = default;
 };
 

@@ -22,7 +22,10 @@ public:
   // A passage that was typed or picked and that need not be in the agenda: it is loaded and stands on the projection.
   // The caller has made sure that the version in force has the verse.
   virtual void exibirPassagem(const QString &reference) = 0;
-  virtual void cancelaWMP() = 0; // stops a running local video
+  // A web video that was picked and that need not be in the agenda: it comes on show as an entry of kind 4 does, on a
+  // projection that is to be seen.
+  virtual void exibirVideoDaWeb(const QString &titulo, const QString &link) = 0;
+  virtual void cancelaWMP() = 0; // stops a running video
   virtual void editarSelecionado() = 0;
   virtual void removerSelecionadodaLista() = 0;
 

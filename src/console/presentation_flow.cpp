@@ -18,9 +18,10 @@ bool IsHymn(const AppFolder &app, const QString &title) {
 } // namespace
 
 PresentationFlow::PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader,
-                                   BibleLoader &leitura, ControlSlides &slides, ThemeControl &temas, VideoRunner &video)
+                                   BibleLoader &leitura, ControlSlides &slides, ThemeControl &temas, VideoRunner &video,
+                                   WebVideoRunner &videoDaWeb)
     : m_console(console), m_agenda(agenda), m_loader(loader), m_leitura(leitura), m_slides(slides), m_temas(temas),
-      m_video(video) {}
+      m_video(video), m_videoDaWeb(videoDaWeb) {}
 
 void PresentationFlow::ShowEntry(int kind, int index, const QString &caption, const QString &name) {
   Q_UNUSED(index);
@@ -36,10 +37,10 @@ void PresentationFlow::Mostra(int kind, const QString &caption, const QString &n
   if (!name.isEmpty() && Recusa(kind, caption, name))
     return;
   FechaSlideShow(kind);
-  const bool haviaVideo = m_video.EmExibicao();
+  const bool haviaVideo = m_video.EmExibicao() || m_videoDaWeb.EmExibicao();
   // Without another item the empty page would stay, black.
   if (name.isEmpty())
-    m_video.Encerra();
+    EncerraMidia();
   else
     cancelaWMP();
 
@@ -84,8 +85,8 @@ bool PresentationFlow::LeTexto(int kind, const QString &caption, const QString &
 }
 
 QString PresentationFlow::FaltaArquivo(int kind, const QString &name) const {
-  if (kind == 4 && !FileExists(name) && EhVideoDaWeb(name))
-    return QStringLiteral("Web videos cannot be shown yet.");
+  if (kind == 4 && m_videoDaWeb.Conhece(name))
+    return {};
   const QString slides = kind == 5 ? m_slides.Resolve(name) : QString();
   if (kind == 5 ? slides.isEmpty() : !FileExists(name))
     return QStringLiteral("File not found!");
@@ -115,7 +116,10 @@ bool PresentationFlow::CarregaVideo(const QString &caption, const QString &path)
   if (m_slides.Visible() && !m_console.estado.FundoPreso) // behind them the theme in force is as it is stored
     m_temas.TrocaTema(m_console.estado.IndiceTema);
   m_slides.Fecha();
-  m_video.Inicia(path, caption);
+  if (FileExists(path))
+    m_video.Inicia(path, caption);
+  else
+    m_videoDaWeb.Inicia(path, caption);
   return true;
 }
 
@@ -168,8 +172,32 @@ void PresentationFlow::exibirPassagem(const QString &reference) {
   Mostra(1, reference, reference);
 }
 
+// The steps that end what runs let the loop run, so what cannot be shown has to be known before.
+void PresentationFlow::exibirVideoDaWeb(const QString &titulo, const QString &link) {
+  constexpr int DepoisDeParar = 2;
+  if (Recusa(TipoVideoDaAgenda, titulo, link))
+    return;
+  if (m_console.estado.VideoAtivo == u"True") {
+    m_video.Para();
+    m_console.yielder.Yield(DepoisDeParar);
+  }
+  if (m_console.estado.SlideShowAtivo == u"True") {
+    FechaSlideShow(TipoVideoDaAgenda);
+    m_console.yielder.Yield(DepoisDeParar);
+  }
+  Mostra(TipoVideoDaAgenda, titulo, link);
+  if (MostraTelao)
+    MostraTelao();
+}
+
 void PresentationFlow::cancelaWMP() {
   m_video.Para();
+  m_videoDaWeb.Para();
+}
+
+void PresentationFlow::EncerraMidia() {
+  m_video.Encerra();
+  m_videoDaWeb.Encerra();
 }
 
 void PresentationFlow::editarSelecionado() {

@@ -8,6 +8,7 @@
 #include "console/song_loader.h"
 #include "console/theme_control.h"
 #include "console/video_runner.h"
+#include "console/web_video_runner.h"
 
 #include <functional>
 
@@ -17,13 +18,14 @@ namespace tolmira {
 class PresentationFlow : public Presentation {
 public:
   PresentationFlow(ConsoleContext &console, AgendaDesk &agenda, SongLoader &loader, BibleLoader &leitura,
-                   ControlSlides &slides, ThemeControl &temas, VideoRunner &video);
+                   ControlSlides &slides, ThemeControl &temas, VideoRunner &video, WebVideoRunner &videoDaWeb);
 
   void ShowEntry(int kind, int index, const QString &caption, const QString &name) override;
   void PorNaLista(const QString &label, int kind, const QString &target, QString &message) override;
   void exibirAgora(const QString &name) override;
   void exibirSelecinado() override;
   void exibirPassagem(const QString &reference) override;
+  void exibirVideoDaWeb(const QString &titulo, const QString &link) override;
   void cancelaWMP() override;
   void editarSelecionado() override;
   void removerSelecionadodaLista() override;
@@ -32,6 +34,10 @@ public:
   void ProcessaEditar(const QString &oldName, const QString &newName) override;
   void ProcessaEditarSlide(const QString &oldName, const QString &newName) override;
 
+  void EncerraMidia(); // the operator stops the video on show, and the theme comes back
+
+  // The projection is to be seen, whatever the state of its window; may be empty.
+  std::function<void()> MostraTelao;
   std::function<void()> FechaAddBiblia; // closes the Bible's add dialog; empty while there is none
 
   // The remote of slide shows; both empty while there is none.
@@ -61,6 +67,7 @@ private:
   ControlSlides &m_slides;
   ThemeControl &m_temas;
   VideoRunner &m_video;
+  WebVideoRunner &m_videoDaWeb;
 };
 
 } // namespace tolmira

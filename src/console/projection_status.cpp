@@ -68,7 +68,7 @@ void DizDoVideo(const PainelVideo &video, SituacaoDaTela &dita) {
   case PainelVideo::Situacao::Falhou:
     dita.LbEstadoTela = QObject::tr("VIDEO FAILED");
     dita.CorDoEstado = Off;
-    dita.LbDetalheTela = QObject::tr("%1 cannot be played").arg(video.Nome);
+    dita.LbDetalheTela = video.Aviso.isEmpty() ? QObject::tr("%1 cannot be played").arg(video.Nome) : video.Aviso;
     return;
   }
   dita.LbDetalheTela = video.Tempo.isEmpty() ? video.Nome : QString(video.Nome + u" · " + video.Tempo);

@@ -251,7 +251,8 @@ void SlideShowRunner::Fecha() {
   const bool noConsole = m_console.faixa.Label1Visible || painel.biblia.Visible;
   // A song, a passage or slides that lay beneath are not on the console any more, so nothing is on show then; a video
   // has ended.
-  const bool foiEmbora = slidesAbaixo || m_tipoAbaixo == u"Video" || (!noConsole && (m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Bíblia"));
+  const bool foiEmbora = slidesAbaixo || m_tipoAbaixo == u"Video" || m_tipoAbaixo == u"Youtube" ||
+                        (!noConsole && (m_tipoAbaixo == u"Louvor" || m_tipoAbaixo == u"Bíblia"));
   if (estado.TipoAtual == SlideShow)
     estado.DefineTipo(foiEmbora ? QString() : m_tipoAbaixo);
   if (!noConsole) {

@@ -51,7 +51,7 @@ void VideoRunner::Inicia(const QString &path, const QString &caption) {
   EsvaziaConsole(m_console, m_stepper);
   estado.TituloAtual = m_console.painel.Label9 = caption;
   Toca(0, false);
-  m_console.painel.video = {true, PainelVideo::Situacao::Tocando, false, FileNameOf(path), QString()};
+  m_console.painel.video = {true, PainelVideo::Situacao::Tocando, false, FileNameOf(path), QString(), QString()};
   m_console.Atualiza();
   if (AbreControle)
     AbreControle();
@@ -170,7 +170,7 @@ void VideoRunner::TickWMP() {
 PainelVideo VideoRunner::Descreve(const MediaPlayer &wmp) const {
   using Situacao = PainelVideo::Situacao;
   const PlayState state = wmp.State();
-  PainelVideo video{true, Situacao::Tocando, wmp.ImagemIlegivel(), FileNameOf(m_path), QString()};
+  PainelVideo video{true, Situacao::Tocando, wmp.ImagemIlegivel(), FileNameOf(m_path), QString(), QString()};
   if (wmp.Falhou())
     video.situacao = Situacao::Falhou;
   else if (state == PlayState::Ended)

@@ -27,6 +27,7 @@ public:
   bool Para();
   void Encerra();     // the same, and the theme comes back
   void VoltaAoTema(); // nothing came in the place of a video that was stopped
+  void NadaEmExibicao(); // nothing is on show; the page is left as it is
   bool EmExibicao() const { return m_emExibicao; }
 
   void TelaoRefeito(); // the projection has a new page host and player
@@ -37,7 +38,6 @@ private:
   void PreparaFundo();
   void MostraFundo();
   void SaiuDoTelao();
-  void NadaEmExibicao();
   PainelVideo Descreve(const MediaPlayer &wmp) const;
   MediaPlayer *Wmp() const; // null while there is no projection
 

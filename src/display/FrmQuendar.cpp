@@ -352,6 +352,7 @@ bool FrmQuendar::CriaBrowser() {
     return false;
   PageObject *page = m_impl->picWV->WV();
   page->AoNavegar = [this](const QString &uri, bool &cancel) { m_impl->commands->AoNavegar(uri, cancel); };
+  page->AoDesviar = [this](const QString &uri, bool &cancel) { m_impl->commands->AoDesviar(uri, cancel); };
   page->AoPermissao = &DisplayCommands::AoPermissao;
   return true;
 }

@@ -278,6 +278,8 @@ void DisplayCommands::PreparaVideo() {
 
 void DisplayCommands::AoNavegar(const QString &uri, bool &cancel) {
   cancel = true;
+  if (m_paginaDaRede) // what it goes to is no report of ours
+    return;
   const QString endereco = UrlDecode(uri);
   const qsizetype corte = endereco.indexOf(u'?');
   if (corte < 0)

@@ -30,6 +30,9 @@ public:
   // Hooked to the page object of the display. LabelImagemName receives the text behind "http://image/?"; null while the
   // slide show control is closed.
   void AoNavegar(const QString &uri, bool &cancel);
+  // A server sends a page on to another address; false refuses it, and the owner goes elsewhere. May be empty.
+  void AoDesviar(const QString &uri, bool &cancel) { cancel = PodeDesviar && !PodeDesviar(uri); }
+  std::function<bool(const QString &uri)> PodeDesviar;
   std::function<void(const QString &)> OnImageName;
   std::function<void(const QString &uri)> OnCamera; // what became of a camera on the page
   std::function<void(int ms)> OnShowEnding; // a slide show ends in so many milliseconds

@@ -26,6 +26,9 @@ public:
 
   // The page itself wants to leave: every such navigation is cancelled; a Navigate by the host is not reported.
   std::function<void(const QString &uri, bool &cancel)> AoNavegar;
+  // A server redirects what the host navigated to; without a handler, or while it leaves `cancel` false, the load goes
+  // on there. A refused one leaves the page of before in its place: the handler has the host go elsewhere.
+  std::function<void(const QString &uri, bool &cancel)> AoDesviar;
   // kind 2 is the camera; state 1 allows, 0 leaves the default.
   std::function<void(int kind, int &state)> AoPermissao;
 };

@@ -51,6 +51,10 @@ struct EstadoConsole {
   int VolumeVideo = 50; // the last volume that the operator chose, kept across videos: video control
   int EstadoVideo = 0;  // what the player did after the last press of a transport button: video control
 
+  // web videos
+  QString TipoMidia;     // "youtube" while one is on the projection: web video runner
+  QString EstadoYoutube; // "Play" while it runs, empty while it is paused: web video control
+
   // the projection
   QString EstadoTela = QStringLiteral("Normal"); // screen controls: "Normal", "OcultarTexto", "TelaPreta", "PadraoDeFundo", "Hide"
   QString PaginaAtual;     // page builder, presentation flow
@@ -75,7 +79,7 @@ struct EstadoConsole {
     }
   }
   bool EhSlides() const { return TipoAtual == u"Slides"; }
-  bool EhVideo() const { return TipoAtual == u"Video"; } // a local one, or a sound
+  bool EhVideo() const { return TipoAtual == u"Video" || TipoAtual == u"Youtube"; } // a sound is one too
   bool EhSlideShow() const { return TipoAtual == u"SlideShow"; }
   // The page on the projection takes verses.
   bool PaginaDeTexto() const {

@@ -3,6 +3,7 @@
 #include "controls/ui/add_dialog.h"
 #include "controls/ui/palette.h"
 #include "media/video_files.h"
+#include "media/video_site.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -82,7 +83,7 @@ void FrmAddVideoNaLista::Open() {
 }
 
 void FrmAddVideoNaLista::AtualizaControle() {
-  m_commandControle->setEnabled(m_doors.emExibicao());
+  m_commandControle->setEnabled(m_doors.emExibicao() || m_doors.daWebEmExibicao());
 }
 
 void FrmAddVideoNaLista::AtualizaAgenda() {
@@ -109,7 +110,7 @@ void FrmAddVideoNaLista::CommandVideo() {
 }
 
 void FrmAddVideoNaLista::CommandLink() {
-  const QString link = LinkDeVideoDaWeb(m_text1->text().trimmed());
+  const QString link = VideoSite(m_doors.store).LinkDe(m_text1->text().trimmed());
   QString mensagem;
   m_doors.console.PorNaLista(link, TipoVideoDaAgenda, link, mensagem);
   m_label2->setText(mensagem);

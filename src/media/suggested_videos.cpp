@@ -246,7 +246,7 @@ void VideosSugeridos::ConfereChegada() {
 std::unique_ptr<WebTask> VideosSugeridos::Soma(const QString &real, std::function<void(const QByteArray &)> pronto) {
   return m_fios.Comeca([real, pronto = std::move(pronto)](const std::atomic<bool> &parar,
                                                           const SideThreads::Avisa &) -> SideThreads::Relato {
-    return [pronto, soma = SomaDe(real, parar)] { pronto(soma); };
+    return [pronto, soma = SomaDe(real, parar)](SideThreads::Ouvintes &) { pronto(soma); };
   });
 }
 

@@ -7,7 +7,6 @@
 
 #include <QFileInfo>
 #include <QMimeDatabase>
-#include <QRegularExpression>
 
 namespace tolmira {
 
@@ -44,20 +43,6 @@ QString NomeDoVideo(const QString &path) {
 bool EhSoAudio(const QString &path) {
   // By the name where that says it: files of some kinds hold either, and their beginnings do not tell.
   return QMimeDatabase().mimeTypeForFile(MapStoredPath(path).text()).name().startsWith(u"audio/");
-}
-
-bool EhVideoDaWeb(const QString &texto) {
-  static const QRegularExpression site(QStringLiteral("youtube(-nocookie)?\\.com|youtu\\.be"),
-                                       QRegularExpression::CaseInsensitiveOption);
-  return site.match(texto).hasMatch();
-}
-
-QString LinkDeVideoDaWeb(const QString &colado) {
-  static const QRegularExpression id(QStringLiteral("(?:[?&]v=|youtu\\.be/|/embed/|/shorts/|/live/)([\\w-]{6,})"));
-  const QRegularExpressionMatch achado = id.match(colado);
-  if (!EhVideoDaWeb(colado) || !achado.hasMatch())
-    return {};
-  return u"https://www.youtube.com/embed/" + achado.captured(1);
 }
 
 } // namespace tolmira

@@ -20,10 +20,5 @@ QString EscolheOutroVideo(const IniStore &store, UserPrompt &prompt, const QStri
 QString NomeDoVideo(const QString &path);
 // A sound without pictures, by the kind of file that it is.
 bool EhSoAudio(const QString &path);
-// It names the site of web videos.
-bool EhVideoDaWeb(const QString &texto);
-// The address by which a web video is embedded, out of what people paste: the address of its page, a short link, or the
-// embed address itself. Empty when it is none.
-QString LinkDeVideoDaWeb(const QString &colado);
 
 } // namespace tolmira

@@ -208,8 +208,10 @@ void FrmBusca::MakeButtons(QVBoxLayout *column) {
 void FrmBusca::Open(const QString &palavras) {
   if (!palavras.isEmpty())
     m_text1->setText(palavras);
-  if (!isVisible())
+  if (!isVisible()) {
+    m_site->setCurrentIndex(static_cast<int>(SitePadrao));
     m_doors.editor.posicoes.RestoreFormPosition(*this, false);
+  }
   show();
   raise();
   activateWindow();
@@ -293,12 +295,15 @@ SongContent FrmBusca::Content() const {
 }
 
 void FrmBusca::Save() {
-  m_busca.CmdSalvar(Content(), m_sobrescreve);
+  const SongContent content = Content();
+  const QString saved = m_busca.CmdSalvar(content, m_sobrescreve);
+  if (!saved.isEmpty() && saved != TitleOfFile(TidyName(content.name)) && !m_strip->IsBusy())
+    m_strip->End(tr("Saved as “%1”").arg(saved));
   ShowName();
 }
 
 void FrmBusca::SaveAndAdd() {
-  const QString added = m_busca.CmdAddLista(Content(), m_sobrescreve);
+  const QString added = m_busca.CmdAddLista(Content());
   if (!added.isEmpty() && !m_strip->IsBusy())
     m_strip->End(added);
   ShowName();

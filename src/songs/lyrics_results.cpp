@@ -11,6 +11,7 @@ namespace tolmira {
 namespace {
 
 constexpr qsizetype MaisResultados = 500;
+constexpr int MaisMarcas = 5000; // that are looked at for them; a page made of marks ends there
 constexpr qsizetype MaiorTitulo = 300;
 constexpr qsizetype MaiorLink = 2000;
 
@@ -57,7 +58,8 @@ QString TituloLimpo(QString titulo) {
   // In this order: blanks that stand at a mark go with it, others take its place.
   static const std::array<std::pair<QString, QString>, 12> Trocas = {{
       {QStringLiteral("&amp;"), QStringLiteral("&")},
-      {QStringLiteral("â€“"), QStringLiteral("-")}, // an en dash whose UTF-8 was read as windows-1252
+      // An en dash whose UTF-8 was read as windows-1252.
+      {QStringLiteral("\u00e2\u20ac\u201c"), QStringLiteral("-")},
       {QStringLiteral("&#8211;"), QStringLiteral("-")},
       {QStringLiteral(" (letra e vídeo)"), QString()},
       {QStringLiteral(" <em>"), QString()},
@@ -71,7 +73,7 @@ QString TituloLimpo(QString titulo) {
   }};
   for (const auto &[de, para] : Trocas)
     titulo.replace(de, para);
-  return titulo.remove(QStringLiteral(" Lyrics"));
+  return LinhaLimpa(titulo.remove(QStringLiteral(" Lyrics")));
 }
 
 bool NaoEhMusica(const QString &titulo) {
@@ -81,8 +83,13 @@ bool NaoEhMusica(const QString &titulo) {
   return std::any_of(Outros.begin(), Outros.end(), [&](const QString &outro) { return titulo.contains(outro); });
 }
 
-QString TituloDaLista(const QString &titulo) {
-  return FixMojibake(titulo).remove(u'\n').trimmed();
+QString TituloReparado(QString titulo) {
+  // Some of the misread letters hold control characters, so they are mended first.
+  return LinhaLimpa(FixMojibake(std::move(titulo))).trimmed();
+}
+
+QString TituloDaLista(QString titulo) {
+  return TituloReparado(titulo.remove(u'\n'));
 }
 
 ResultadosDeLetras ListaDeLetras(QStringView page) {
@@ -90,7 +97,8 @@ ResultadosDeLetras ListaDeLetras(QStringView page) {
   Procura nome(page, u"data-name=");
   Procura artista(page, u"artist");
   Procura endereco(page, u"data-shareurl=");
-  for (qsizetype em = 0; lista.NumResultados() < MaisResultados;) {
+  qsizetype em = 0;
+  for (int marcas = 0; marcas < MaisMarcas && lista.NumResultados() < MaisResultados; ++marcas) {
     const qsizetype inicio = nome.AtrasDe(em);
     const qsizetype doArtista = inicio < 0 ? -1 : artista.AtrasDe(inicio);
     const qsizetype link = doArtista < 0 ? -1 : endereco.AtrasDe(doArtista);
@@ -113,7 +121,7 @@ ResultadosDeLetras ListaDosOutros(QStringView page) {
   Procura peso(page, u"title-default weight-normal\">");
   Procura fimDoTitulo(page, u"</span>");
   qsizetype em = comeco.AtrasDe(0);
-  while (em >= 0 && lista.NumResultados() < MaisResultados) {
+  for (int marcas = 0; em >= 0 && marcas < MaisMarcas && lista.NumResultados() < MaisResultados; ++marcas) {
     const qsizetype inicio = item.AtrasDe(em);
     const qsizetype fimDoLink = inicio < 0 ? -1 : classe.De(inicio);
     const qsizetype titulo = fimDoLink < 0 ? -1 : peso.AtrasDe(fimDoLink);
@@ -122,9 +130,9 @@ ResultadosDeLetras ListaDosOutros(QStringView page) {
       break;
     // The link is what the item opens with; it stands in front of its class.
     const QString abertura = Titulo(page, inicio, std::min(fimDoLink, inicio + MaiorTitulo));
-    const QString texto = Titulo(page, titulo, fim);
-    if (!texto.isEmpty())
-      lista.Junta(CutBetween(QString(abertura + u'"'), u"href=\"", u"\""), TituloDaLista(texto));
+    const QStringView texto = page.sliced(titulo, fim - titulo);
+    if (texto.size() <= MaiorTitulo && !texto.trimmed().isEmpty())
+      lista.Junta(CutBetween(QString(abertura + u'"'), u"href=\"", u"\""), TituloDaLista(texto.toString()));
     em = fim;
   }
   return lista;
@@ -136,26 +144,27 @@ ResultadosDeLetras SearchViaEngine(const QString &page, const SiteEmUso &em) {
   ResultadosDeLetras resultados;
   const QString marca = MarcaDepoisDoTitulo(em);
   const QStringView toda(page);
-  qsizetype posicao = toda.indexOf(u"/url?q=");
-  if (posicao < 0 || marca.isEmpty())
+  if (marca.isEmpty() || !toda.contains(u"/url?q="))
     return resultados;
   Procura href(toda, u"href=");
   qsizetype ultimoHref = -1;
-  while (resultados.NumResultados() < MaisResultados) {
+  qsizetype posicao = 0;
+  for (int marcas = 0; marcas < MaisMarcas && resultados.NumResultados() < MaisResultados; ++marcas) {
     const qsizetype fim = toda.indexOf(marca, posicao);
     if (fim < 0)
       break;
     const qsizetype inicio = toda.first(fim).lastIndexOf(u'>') + 1;
     for (qsizetype h = href.De(ultimoHref + 1); h >= 0 && h < inicio; h = href.De(h + 1))
       ultimoHref = h;
-    const QString titulo = TituloLimpo(Titulo(toda, inicio, fim));
-    const QString link = ultimoHref < 0 ? QString()
-                                        : Link(toda, ultimoHref + 6, u'&')
-                                              .replace(QStringLiteral("/https:"), QStringLiteral("https:"))
-                                              .remove(QStringLiteral("/url?q="));
-    if (!titulo.isEmpty() && !link.isEmpty() && !NaoEhMusica(titulo))
-      resultados.Junta(link, titulo);
     posicao = fim + marca.size();
+    const QString titulo = TituloLimpo(Titulo(toda, inicio, fim));
+    if (titulo.isEmpty() || ultimoHref < 0 || NaoEhMusica(titulo))
+      continue;
+    const QString link = Link(toda, ultimoHref + 6, u'&')
+                             .replace(QStringLiteral("/https:"), QStringLiteral("https:"))
+                             .remove(QStringLiteral("/url?q="));
+    if (!link.isEmpty())
+      resultados.Junta(link, titulo);
   }
   return resultados;
 }
@@ -170,7 +179,7 @@ ResultadosDeLetras SearchGenius(const QString &page) {
   for (qsizetype em = marca.De(0); em >= 0 && resultados.NumResultados() < MaisResultados; em = marca.De(em + 1)) {
     const qsizetype inicio = abertura.AtrasDe(em);
     const qsizetype fim = inicio < 0 ? -1 : fecho.De(inicio);
-    const QString titulo = FixMojibake(Titulo(toda, inicio, fim));
+    const QString titulo = TituloReparado(Titulo(toda, inicio, fim));
     if (titulo.isEmpty())
       break;
     resultados.Junta(Link(toda, em + AteOLink, u'"'), titulo);

@@ -2,8 +2,6 @@
 
 #include "foundation/text_fields.h"
 #include "foundation/text_file.h"
-#include "foundation/text_utils.h"
-#include "songs/lyrics_text.h"
 #include "songs/song_text.h"
 #include "web/cut_text.h"
 
@@ -68,6 +66,7 @@ bool LyricsSearch::Configurado(Endpoint endpoint, const QUrl &address) {
 
 void LyricsSearch::MostraLetra(const SongContent &letra) {
   m_letra = letra;
+  m_gravada = {};
   if (AoAbrir)
     AoAbrir();
 }
@@ -191,53 +190,60 @@ void LyricsSearch::LetraVeio(const QString &page, const QString &titulo) {
   MostraLetra({NomeDaLetra(page, site, titulo), letra});
 }
 
-QString LyricsSearch::CaminhoDe(const SongName &name) const {
+QString LyricsSearch::ArquivoDe(const SongName &name) {
   const QString arquivo = NomeSeguro(QString(TitleOfFile(TidyName(name)) + Extensao));
-  return arquivo.isEmpty() || arquivo == Extensao ? QString() : m_doors.app.At(u"\\Lyrics\\") + arquivo;
+  return arquivo == Extensao ? QString() : arquivo;
+}
+
+QString LyricsSearch::CaminhoDe(const QString &arquivo) const {
+  return m_doors.app.At(u"\\Lyrics\\") + arquivo;
 }
 
 bool LyricsSearch::JaExiste(const SongName &name) const {
   const SongName tidy = TidyName(name);
-  return !tidy.title.isEmpty() && ProblemOf(tidy).isEmpty() && FileExists(CaminhoDe(tidy));
+  const QString arquivo = ArquivoDe(tidy);
+  return !tidy.title.isEmpty() && !arquivo.isEmpty() && ProblemOf(tidy).isEmpty() && FileExists(CaminhoDe(arquivo));
 }
 
-bool LyricsSearch::CmdSalvar(const SongContent &content, bool sobrescreve) {
+QString LyricsSearch::ArquivoASalvar(const SongContent &content) {
   const SongName name = TidyName(content.name);
   if (TrimAll(content.text).isEmpty()) {
     Diz(MessageKind::Information, QStringLiteral("There is no lyrics to save."));
-    return false;
+    return {};
   }
   if (name.title.isEmpty()) {
     Diz(MessageKind::Information, QStringLiteral("Please enter the file name"));
-    return false;
+    return {};
   }
-  const QString path = CaminhoDe(name);
-  if (const QString problem = ProblemOf(name); !problem.isEmpty() || path.isEmpty()) {
+  const QString arquivo = ArquivoDe(name);
+  if (const QString problem = ProblemOf(name); !problem.isEmpty() || arquivo.isEmpty()) {
     Diz(MessageKind::Information, problem.isEmpty() ? QObject::tr("No file can have this name.") : problem);
-    return false;
+    return {};
   }
+  return arquivo;
+}
+
+NomeDeFora LyricsSearch::LugarDe(const QString &arquivo, const QString &texto) const {
+  if (m_gravada.pedido == arquivo && FileExists(CaminhoDe(m_gravada.arquivo)))
+    return {m_gravada.arquivo, true};
+  return NomeParaMusicaDeFora(m_doors.app, arquivo, texto);
+}
+
+bool LyricsSearch::Grava(const QString &pedido, const QString &arquivo, const QString &texto) {
+  const QString path = CaminhoDe(arquivo);
   if (m_doors.editorAberto && m_doors.editorAberto(path)) {
     Diz(MessageKind::Information, QStringLiteral("The editing screen for this lyrics is already open."));
     return false;
   }
   const bool existia = FileExists(path);
-  // Somebody saved a song of that name since the button was labelled.
-  if (existia && !sobrescreve &&
-      m_doors.prompt.Ask(TituloDaCaixa,
-                         QStringLiteral("There is already a song with this name in your collection\n\n") +
-                             TitleOfFile(name) + QStringLiteral("\n\nOverwrite the file?"),
-                         {QStringLiteral("Yes"), QStringLiteral("No")}) != 0)
-    return false;
-
-  // A line that begins with a small letter would be read as the rest of the line before it.
-  const QString text = CapitalLines(TrimAll(content.text));
   TextEncoding encoding = existia ? DecodeText(ReadFileContent(path).bytes).encoding : TextEncoding::Windows1252;
-  if (!WriteSongFile(path, text, encoding)) {
+  // A line that begins with a small letter would be read as the rest of the line before it.
+  if (!WriteSongFile(path, CapitalLines(TrimAll(texto)), encoding)) {
     Diz(MessageKind::Critical, QStringLiteral("Could not save the file."));
     return false;
   }
+  m_gravada = {pedido, arquivo, texto};
   Diz(MessageKind::Information, QStringLiteral("Lyrics successfully added to the list."));
-  const QString arquivo = FileNameOf(path);
   if (existia)
     m_doors.console.ProcessaEditar(arquivo, arquivo); // the song on show may be the one that was written over
   if (m_doors.salvo)
@@ -245,15 +251,29 @@ bool LyricsSearch::CmdSalvar(const SongContent &content, bool sobrescreve) {
   return true;
 }
 
-QString LyricsSearch::CmdAddLista(const SongContent &content, bool sobrescreve) {
-  if (!CmdSalvar(content, sobrescreve))
+QString LyricsSearch::CmdSalvar(const SongContent &content, bool sobrescreve) {
+  const QString pedido = ArquivoASalvar(content);
+  if (pedido.isEmpty())
     return {};
-  const QString path = CaminhoDe(content.name);
-  if (!FileExists(path)) {
+  // What the button says of a song of that name does not hold for another one when this one stands elsewhere already.
+  const bool dele = sobrescreve && m_gravada.pedido != pedido;
+  const QString arquivo = dele ? pedido : LugarDe(pedido, content.text).arquivo;
+  return Grava(pedido, arquivo, content.text) ? arquivo.chopped(Extensao.size()) : QString();
+}
+
+QString LyricsSearch::CmdAddLista(const SongContent &content) {
+  const QString pedido = ArquivoASalvar(content);
+  if (pedido.isEmpty())
+    return {};
+  const NomeDeFora lugar = LugarDe(pedido, content.text);
+  const bool mudou = content.text != (m_gravada.pedido == pedido ? m_gravada.texto : m_letra.text);
+  if ((!lugar.jaExiste || mudou) && !Grava(pedido, lugar.arquivo, content.text))
+    return {};
+  if (!FileExists(CaminhoDe(lugar.arquivo))) {
     Diz(MessageKind::Information, QStringLiteral("File not found"));
     return {};
   }
-  const QString row = FileNameOf(path).chopped(Extensao.size());
+  const QString row = lugar.arquivo.chopped(Extensao.size());
   QString message;
   constexpr int Louvor = 2;
   m_doors.console.PorNaLista(row, Louvor, row, message);

@@ -3,6 +3,7 @@
 #include "console/presentation.h"
 #include "foundation/seams.h"
 #include "songs/lyrics_results.h"
+#include "songs/lyrics_text.h"
 #include "songs/song_editor.h"
 #include "web/endpoints.h"
 #include "web/page_fetcher.h"
@@ -53,10 +54,12 @@ public:
 
   // Whether a song of that name is there, which a save would write over.
   bool JaExiste(const SongName &name) const;
-  // `sobrescreve`: the operator was told that it would. True when it was saved.
-  bool CmdSalvar(const SongContent &content, bool sobrescreve);
-  // Saves and puts the song into the agenda; what came of that, empty when nothing did.
-  QString CmdAddLista(const SongContent &content, bool sobrescreve);
+  // `sobrescreve`: the operator was told that it would; otherwise another song of that name stays, and this one gets a
+  // free name. Under which name, without ".txt", it was saved; empty when it was not.
+  QString CmdSalvar(const SongContent &content, bool sobrescreve);
+  // Puts the song into the agenda, saved before where it is not in the collection as it stands here; what came of that,
+  // empty when nothing did.
+  QString CmdAddLista(const SongContent &content);
 
 private:
   void Comeca(Trabalho trabalho, const QString &andamento);
@@ -68,7 +71,12 @@ private:
   void BuscaTerminou();
   void LetraVeio(const QString &page, const QString &titulo);
   void Diz(MessageKind kind, const QString &text);
-  QString CaminhoDe(const SongName &name) const; // stored path; empty where no file can have that name
+  // The file of that name; empty where none can have it.
+  static QString ArquivoDe(const SongName &name);
+  QString CaminhoDe(const QString &arquivo) const;
+  QString ArquivoASalvar(const SongContent &content); // empty once the operator has heard why it cannot be saved
+  NomeDeFora LugarDe(const QString &arquivo, const QString &texto) const;
+  bool Grava(const QString &pedido, const QString &arquivo, const QString &texto);
 
   LyricsSearchDoors m_doors;
   SiteDeLetras m_site = SitePadrao;
@@ -77,6 +85,12 @@ private:
   ResultadosDeLetras m_resultados;
   ResultadosDeLetras m_achados; // of the page that was looked at last
   SongContent m_letra;
+  // Where the text in the boxes stands already. The next save under the same name goes there again.
+  struct {
+    QString pedido; // the file's name by the boxes
+    QString arquivo;
+    QString texto;
+  } m_gravada;
   Trabalho m_trabalho = Trabalho::Nenhum;
   QString m_andamento;
   qsizetype m_linha = -1; // that is being opened

@@ -23,11 +23,8 @@ const QString Repetida = QStringLiteral("-|-");
 // What no song file may hold goes, and lines stand without the blanks that indent them on the page.
 QString LinhasLimpas(const QString &texto) {
   QStringList linhas = texto.split(LineEnd);
-  for (QString &linha : linhas) {
-    linha.replace(u'\t', u' ');
-    linha.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
-    linha = linha.trimmed();
-  }
+  for (QString &linha : linhas)
+    linha = LinhaLimpa(linha).trimmed();
   return linhas.join(LineEnd);
 }
 
@@ -55,8 +52,12 @@ QString CortaGenius(QStringView page, const PaginaDeLetra &marcas) {
   return TextoDeHtml(texto);
 }
 
+QString Nome(QStringView pedaco) {
+  return LinhaLimpa(pedaco.first(std::min(pedaco.size(), MaiorNome)).toString());
+}
+
 QString Valor(const QString &page, QStringView chave, qsizetype desde) {
-  return desde < 0 ? QString() : CutBetween(page, chave, u"\"", desde).left(MaiorNome);
+  return desde < 0 ? QString() : Nome(ViewBetween(page, chave, u"\"", desde));
 }
 
 SongName NomeDosDadosEstruturados(const QString &page) {
@@ -73,7 +74,7 @@ SongName NomeDosDadosEstruturados(const QString &page) {
       nome.author = artista;
   }
   if (nome.title.isEmpty()) {
-    nome.title = CutBetween(page, u"<title>", u" - Zion Lyrics").left(MaiorNome);
+    nome.title = Nome(ViewBetween(page, u"<title>", u" - Zion Lyrics"));
     if (!nome.author.isEmpty())
       nome.title.remove(nome.author);
     nome.title.remove(QStringLiteral(" - "));
@@ -103,8 +104,8 @@ QString CortaLetra(const QString &page, SiteDeLetras site) {
   const qsizetype inicio = page.indexOf(marcas.inicio);
   if (inicio < 0)
     return {};
-  const QString html = CutBetween(page, marcas.inicioInterno, marcas.fim, inicio + marcas.inicio.size());
-  return html.size() > MaiorLetra ? QString() : TextoDeHtml(html);
+  const QStringView html = ViewBetween(page, marcas.inicioInterno, marcas.fim, inicio + marcas.inicio.size());
+  return html.size() > MaiorLetra ? QString() : TextoDeHtml(html.toString());
 }
 
 QString LimpaLetra(QString letra) {

@@ -3,6 +3,7 @@
 #include "web/environment_proxy.h"
 #include "web/redirects.h"
 
+#include <QByteArrayView>
 #include <QElapsedTimer>
 #include <curl/curl.h>
 #include <memory>
@@ -13,12 +14,14 @@ namespace tolmira {
 namespace {
 
 constexpr int OlhaACadaMs = 100; // for the wish to stop
+constexpr size_t MaximoDeCabecalhos = 256 * 1024;
 
 // One answer of one server.
 struct Troca {
   const CurlRequest &pedido;
   CURL *curl = nullptr;
   CurlRequest::Cabeca cabeca;
+  size_t cabecalhos = 0; // bytes
   bool comecou = false;
   bool recusada = false;
   bool redireciona = false; // which its head says; what the body tells people may be endless
@@ -36,8 +39,9 @@ CurlRequest::Cabeca LeCabeca(CURL *curl) {
   curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);
   cabeca.status = static_cast<int>(status);
   cabeca.tipo = Cabecalho(curl, "Content-Type");
+  cabeca.embrulho = Cabecalho(curl, "Content-Encoding");
   cabeca.etiqueta = Cabecalho(curl, "ETag");
-  if (cabeca.etiqueta.isEmpty())
+  if (!cabeca.etiqueta.startsWith('"')) // a weak one does not promise the same bytes
     cabeca.etiqueta = Cabecalho(curl, "Last-Modified");
   cabeca.trecho = Cabecalho(curl, "Content-Range");
   curl_off_t tamanho = -1;
@@ -59,16 +63,23 @@ bool Comeca(Troca &troca) {
   return !troca.recusada;
 }
 
-size_t Recebe(char *bytes, size_t size, size_t count, void *dados) {
+// Every line of a head, and of what may come behind the last chunk.
+size_t RecebeCabecalho(char *bytes, size_t size, size_t count, void *dados) {
   auto &troca = *static_cast<Troca *>(dados);
+  const size_t total = size * count;
+  troca.cabecalhos += total;
+  if (troca.cabecalhos > MaximoDeCabecalhos)
+    return 0;
   long status = 0;
   curl_easy_getinfo(troca.curl, CURLINFO_RESPONSE_CODE, &status);
-  troca.redireciona = Redirects::EhRedirecionamento(static_cast<int>(status));
-  if (troca.redireciona)
-    return 0;
-  if (!Comeca(troca) || (troca.pedido.recebe && !troca.pedido.recebe(bytes, size * count)))
-    return 0;
-  return size * count;
+  const bool fimDaCabeca = QByteArrayView(bytes, static_cast<qsizetype>(total)).trimmed().isEmpty();
+  troca.redireciona = fimDaCabeca && Redirects::EhRedirecionamento(static_cast<int>(status));
+  return troca.redireciona ? 0 : total;
+}
+
+size_t Recebe(char *bytes, size_t size, size_t count, void *dados) {
+  auto &troca = *static_cast<Troca *>(dados);
+  return Comeca(troca) && (!troca.pedido.recebe || troca.pedido.recebe(bytes, size * count)) ? size * count : 0;
 }
 
 struct ApagaCurl {
@@ -110,8 +121,6 @@ CurlRequest::Fim CurlRequest::Executa(const std::atomic<bool> &parar) const {
     set(CURLOPT_NOSIGNAL, 1L);
     set(CURLOPT_QUICK_EXIT, 1L); // a name that is still being looked up does not hold up the end
     set(CURLOPT_HTTP_VERSION, static_cast<long>(http2 ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1));
-    if (descompacta)
-      set(CURLOPT_ACCEPT_ENCODING, "");
     set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(limiteParadoMs > 0 ? limiteParadoMs : limiteTotalMs));
     if (limiteTotalMs > 0)
       set(CURLOPT_TIMEOUT_MS, static_cast<long>(qMax<qint64>(1, limiteTotalMs - relogio.elapsed())));
@@ -119,6 +128,8 @@ CurlRequest::Fim CurlRequest::Executa(const std::atomic<bool> &parar) const {
       set(CURLOPT_LOW_SPEED_LIMIT, 1L);
       set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(qMax(1, limiteParadoMs / 1000)));
     }
+    set(CURLOPT_HEADERFUNCTION, &RecebeCabecalho);
+    set(CURLOPT_HEADERDATA, &troca);
     set(CURLOPT_WRITEFUNCTION, &Recebe);
     set(CURLOPT_WRITEDATA, &troca);
 
@@ -136,7 +147,7 @@ CurlRequest::Fim CurlRequest::Executa(const std::atomic<bool> &parar) const {
     curl_multi_remove_handle(multi.get(), curl.get());
     curl_slist_free_all(lista);
 
-    if (troca.redireciona || (completa && Redirects::EhRedirecionamento(cabeca.status))) {
+    if (troca.redireciona) {
       if (!caminho.Segue(location))
         return fim;
       continue;

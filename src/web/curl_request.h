@@ -9,12 +9,12 @@
 
 namespace tolmira {
 
-// One GET by libcurl, with its redirections, on the thread that calls it, which waits for it.
+// One GET by libcurl, with its redirections, on the thread that calls it, which waits for it. Bodies come as they are
+// sent, packed or not.
 struct CurlRequest {
   QUrl endereco;
   QByteArray agente;
   bool http2 = false;
-  bool descompacta = true;      // else the bytes are wanted as they lie there
   QList<QByteArray> cabecalhos; // further ones, "Name: value"
   int limiteTotalMs = 0;        // 0: none
   int limiteParadoMs = 0;       // without a byte; 0: none
@@ -22,7 +22,8 @@ struct CurlRequest {
   struct Cabeca {
     int status = 0;
     QByteArray tipo;           // Content-Type
-    QByteArray etiqueta;       // ETag, else Last-Modified
+    QByteArray embrulho;       // Content-Encoding
+    QByteArray etiqueta;       // a strong ETag, else Last-Modified
     QByteArray trecho;         // Content-Range
     qint64 tamanho = -1;       // of the body that follows, where that is said
     bool fimConhecido = false; // by its size or by chunks

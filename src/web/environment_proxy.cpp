@@ -26,8 +26,9 @@ bool SemProxy(const QString &host) {
     nome = nome.trimmed().toLower();
     if (nome == u"*")
       return true;
-    while (nome.startsWith(u'.'))
+    while (nome.startsWith(u'.') || nome.startsWith(u'*'))
       nome.remove(0, 1);
+    nome = nome.section(u':', 0, 0);
     if (!nome.isEmpty() && (host == nome || host.endsWith(u'.' + nome)))
       return true;
   }
@@ -45,8 +46,13 @@ QUrl ProxyDoAmbiente(const QUrl &url) {
     valor = ComCapitais("all_proxy", "ALL_PROXY");
   if (valor.isEmpty())
     return {};
-  const QUrl proxy(valor.contains(u"://") ? valor : QStringLiteral("http://") + valor);
-  return proxy.isValid() && !proxy.host().isEmpty() ? proxy : QUrl();
+  QUrl proxy(valor.contains(u"://") ? valor : QStringLiteral("http://") + valor);
+  static const QStringList falados = {QStringLiteral("http"), QStringLiteral("socks5"), QStringLiteral("socks5h")};
+  if (!proxy.isValid() || proxy.host().isEmpty() || !falados.contains(proxy.scheme()))
+    return {};
+  constexpr int Costume = 1080;
+  proxy.setPort(proxy.port(Costume));
+  return proxy;
 }
 
 } // namespace tolmira

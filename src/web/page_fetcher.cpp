@@ -25,21 +25,20 @@ private:
     ++m_round;
     if (m_rodada)
       m_rodada(m_round);
-    const int method = PageFetcher::NextMethod(m_round, m_keyName, m_store);
-    m_tentativa = m_client.FetchBy(method, m_url, [this](const QString &page) { Veio(page); });
+    m_method = PageFetcher::NextMethod(m_round, m_keyName, m_store);
+    m_tentativa = m_client.FetchBy(m_method, m_url, [this](const QString &page) { Veio(page); });
   }
 
   void Veio(const QString &page) {
-    const int method = PageFetcher::NextMethod(m_round, m_keyName, m_store);
     const bool serve = !QStringView(page).trimmed().isEmpty() && m_aceita(page);
-    qCDebug(logFetch) << m_url << "round" << m_round << "method" << method << page.size() << "characters"
+    qCDebug(logFetch) << m_url << "round" << m_round << "method" << m_method << page.size() << "characters"
                       << (serve ? "taken" : "refused");
     if (!serve && m_round < PageFetcher::Rodadas) {
       Proxima();
       return;
     }
     if (serve)
-      m_store.WriteConfig(QStringLiteral("Config"), m_keyName, QString::number(method));
+      m_store.WriteConfig(QStringLiteral("Config"), m_keyName, QString::number(m_method));
     const PageFetcher::Pronto pronto = std::move(m_pronto); // it may drop this
     pronto(serve ? page : QString());
   }
@@ -52,6 +51,7 @@ private:
   PageFetcher::Pronto m_pronto;
   PageFetcher::Rodada m_rodada;
   int m_round = 0;
+  int m_method = 0;
   std::unique_ptr<WebTask> m_tentativa;
 };
 

@@ -24,9 +24,10 @@ public:
   // Callers that scrape what they fetch learn for themselves, by Tenta.
   static int NextMethod(int round, const QString &keyName, const IniStore &store);
 
+  // Neither of the first two may drop the task.
   using Aceita = std::function<bool(const QString &page)>;
-  using Pronto = std::function<void(const QString &page)>; // empty when all rounds failed
   using Rodada = std::function<void(int round)>;           // before each; may be empty
+  using Pronto = std::function<void(const QString &page)>; // empty when all rounds failed
 
   // The first page that is not blank and holds `mustHold`, where that is not empty.
   [[nodiscard]] std::unique_ptr<WebTask> FetchPage(const QString &keyName, const QUrl &url, const QString &mustHold,

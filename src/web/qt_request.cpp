@@ -22,7 +22,7 @@ public:
       return {QNetworkProxy(QNetworkProxy::NoProxy)};
     const bool socks = url.scheme().startsWith(u"socks");
     return {QNetworkProxy(socks ? QNetworkProxy::Socks5Proxy : QNetworkProxy::HttpProxy, url.host(),
-                          static_cast<quint16>(url.port(socks ? 1080 : 80)), url.userName(), url.password())};
+                          static_cast<quint16>(url.port()), url.userName(), url.password())};
   }
 };
 
@@ -32,23 +32,29 @@ void UsaProxyDoAmbiente(QNetworkAccessManager &gerente) {
   gerente.setProxyFactory(new FabricaDeProxies);
 }
 
-void QtRequest::Larga::operator()(QNetworkReply *reply) const {
-  reply->disconnect();
-  reply->abort();
-  reply->deleteLater();
-}
-
 QtRequest::QtRequest(QNetworkAccessManager &gerente, const QUrl &url, const QByteArray &agente, bool http2,
                      int limiteMs, std::function<void(Fim fim)> pronto)
     : m_gerente(gerente), m_caminho(url), m_agente(agente), m_http2(http2), m_pronto(std::move(pronto)) {
-  QTimer::singleShot(limiteMs, this, [this] { Conta(false); });
+  QTimer::singleShot(limiteMs, Qt::PreciseTimer, this, [this] { Conta(false); });
   if (Redirects::EhDaWeb(url))
     Pede();
   else
     QTimer::singleShot(0, this, [this] { Conta(false); });
 }
 
-QtRequest::~QtRequest() = default;
+QtRequest::~QtRequest() {
+  Larga();
+}
+
+// Ends what is under way, on the wire too.
+void QtRequest::Larga() {
+  if (!m_reply)
+    return;
+  m_reply->disconnect(this); // of this alone: the reply's own connections end what is on the wire
+  m_reply->abort();
+  m_reply->deleteLater();
+  m_reply.clear();
+}
 
 void QtRequest::Pede() {
   QNetworkRequest request(m_caminho.Atual());
@@ -57,15 +63,16 @@ void QtRequest::Pede() {
   request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
   // The manager's own unpacking happens here, on the interface thread, and to the end, however much comes out.
-  request.setRawHeader("Accept-Encoding", "gzip, deflate");
+  request.setRawHeader("Accept-Encoding", "gzip");
   if (!m_agente.isEmpty())
     request.setHeader(QNetworkRequest::UserAgentHeader, m_agente);
-  m_reply.reset(m_gerente.get(request));
+  Larga();
+  m_reply = m_gerente.get(request);
   m_reply->setReadBufferSize(NaMao);
   // Behind the toolkit's own doing: the answer may be dropped from inside.
-  connect(m_reply.get(), &QNetworkReply::metaDataChanged, this, &QtRequest::Cabeca, Qt::QueuedConnection);
-  connect(m_reply.get(), &QNetworkReply::readyRead, this, &QtRequest::Le);
-  connect(m_reply.get(), &QNetworkReply::finished, this, &QtRequest::Acabou, Qt::QueuedConnection);
+  connect(m_reply, &QNetworkReply::metaDataChanged, this, &QtRequest::Cabeca, Qt::QueuedConnection);
+  connect(m_reply, &QNetworkReply::readyRead, this, &QtRequest::Le);
+  connect(m_reply, &QNetworkReply::finished, this, &QtRequest::Acabou, Qt::QueuedConnection);
 }
 
 int QtRequest::Status() const {
@@ -90,7 +97,7 @@ void QtRequest::Le() {
   if (!m_fim.corpo.Recebe(bytes.constData(), static_cast<size_t>(bytes.size())))
     QTimer::singleShot(0, this, [this] { Conta(false); });
   else if (m_reply->bytesAvailable() > 0)
-    QTimer::singleShot(0, m_reply.get(), [this] { Le(); });
+    QTimer::singleShot(0, this, [this] { Le(); });
 }
 
 // An address that cannot be reached ends without a status.
@@ -119,7 +126,7 @@ void QtRequest::Conta(bool completa) {
   if (m_contou)
     return;
   m_contou = true;
-  m_reply.reset();
+  Larga();
   m_fim.completa = completa;
   const auto pronto = std::move(m_pronto);
   pronto(std::move(m_fim));

@@ -6,6 +6,7 @@
 
 #include <QNetworkAccessManager>
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <memory>
 
@@ -35,6 +36,7 @@ private:
   void Le();
   void Acabou();
   void Conta(bool completa);
+  void Larga();
 
   QNetworkAccessManager &m_gerente;
   Redirects m_caminho;
@@ -43,10 +45,7 @@ private:
   std::function<void(Fim fim)> m_pronto;
   Fim m_fim;
   bool m_contou = false;
-  struct Larga {
-    void operator()(QNetworkReply *reply) const;
-  };
-  std::unique_ptr<QNetworkReply, Larga> m_reply;
+  QPointer<QNetworkReply> m_reply; // the manager takes it along when it goes first
 };
 
 // Proxies by the environment, for the manager of these requests.

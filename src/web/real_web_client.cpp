@@ -1,6 +1,5 @@
 #include "web/real_web_client.h"
 
-#include "foundation/real_path.h"
 #include "web/curl_request.h"
 #include "web/file_download.h"
 #include "web/qt_request.h"
@@ -8,11 +7,7 @@
 
 #include <QNetworkAccessManager>
 #include <array>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
 #include <optional>
-#include <set>
 #include <utility>
 
 namespace tolmira {
@@ -66,6 +61,22 @@ QByteArray NomeDoAgente(Agente agente) {
 
 using Pronto = std::function<void(const QString &page)>;
 
+// What the thread has read, on the way to who asked for it.
+SideThreads::Relato Pagina(const std::shared_ptr<QString> &texto) {
+  return [texto](SideThreads::Ouvintes &ouvintes) {
+    const auto pronto = std::move(ouvintes.pagina); // it may drop the task
+    pronto(*texto);
+  };
+}
+
+// The texts are handed over unshared, so that the largest is there once.
+std::shared_ptr<QString> TextoDe(PageBody &corpo, const QByteArray &tipo, const QByteArray &embrulho, bool crua) {
+  auto texto = std::make_shared<QString>();
+  if (corpo.Desembrulha(embrulho))
+    *texto = corpo.Texto(tipo, crua);
+  return texto;
+}
+
 // A page by Qt Network: the wire belongs to the interface thread, and turning a large page into text does not.
 class PaginaPorQt : public WebTask {
 public:
@@ -83,69 +94,43 @@ private:
       pronto(QString());
       return;
     }
-    auto corpo = std::make_shared<QtRequest::Fim>(std::move(fim));
-    m_texto = m_fios.Comeca([this, corpo, crua = m_crua](const std::atomic<bool> &, const SideThreads::Avisa &) {
-      auto texto = std::make_shared<QString>();
-      if (corpo->corpo.Desembrulha(corpo->embrulho))
-        *texto = corpo->corpo.Texto(corpo->tipo, crua);
-      return SideThreads::Relato([this, texto] {
-        const Pronto pronto = std::move(m_pronto);
-        pronto(*texto);
-      });
-    });
+    auto veio = std::make_shared<QtRequest::Fim>(std::move(fim));
+    m_texto = m_fios.Comeca(
+        [veio, crua = m_crua](const std::atomic<bool> &, const SideThreads::Avisa &) {
+          return Pagina(TextoDe(veio->corpo, veio->tipo, veio->embrulho, crua));
+        },
+        {std::move(m_pronto), {}, {}});
   }
 
   SideThreads &m_fios;
   bool m_crua;
   Pronto m_pronto;
   std::optional<QtRequest> m_request;
-  std::unique_ptr<WebTask> m_texto; // reports nothing once this is gone
+  std::unique_ptr<WebTask> m_texto;
 };
 
-SideThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar,
-                                  const Pronto &pronto) {
+SideThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar) {
   PageBody corpo;
   CurlRequest get;
   get.endereco = url;
   get.agente = NomeDoAgente(metodo.agente);
   get.http2 = metodo.http2;
+  get.cabecalhos.append("Accept-Encoding: gzip");
   get.limiteTotalMs = limiteMs;
   get.comeca = [](const CurlRequest::Cabeca &cabeca) { return cabeca.status == 200; };
   get.recebe = [&corpo](const char *bytes, size_t size) { return corpo.Recebe(bytes, size); };
   const CurlRequest::Fim fim = get.Executa(parar);
-  auto texto = std::make_shared<QString>(fim.completa ? corpo.Texto(fim.cabeca.tipo, metodo.crua) : QString());
-  return [pronto, texto] { pronto(*texto); };
+  return Pagina(fim.completa ? TextoDe(corpo, fim.cabeca.tipo, fim.cabeca.embrulho, metodo.crua)
+                             : std::make_shared<QString>());
 }
-
-// The files that downloads write. One that was dropped goes on with its file for a moment, and the next one of that
-// file waits until it has let go: two that write into one part would spoil what has come.
-class ArquivosEmUso {
-public:
-  bool Toma(const QString &real, const std::atomic<bool> &parar) { // false when it was told to stop
-    std::unique_lock lock(m_mutex);
-    while (!parar && m_arquivos.count(real) > 0)
-      m_largou.wait_for(lock, std::chrono::milliseconds(100));
-    return !parar && m_arquivos.insert(real).second;
-  }
-  void Larga(const QString &real) {
-    const std::lock_guard lock(m_mutex);
-    m_arquivos.erase(real);
-    m_largou.notify_all();
-  }
-
-private:
-  std::mutex m_mutex;
-  std::condition_variable m_largou;
-  std::set<QString> m_arquivos;
-};
 
 } // namespace
 
 struct RealWebClient::Impl {
   explicit Impl(int limite) : limiteMs(limite) {}
   int limiteMs;
-  ArquivosEmUso emUso;
   QNetworkAccessManager gerente;
+  std::shared_ptr<LugaresEmUso> lugares = std::make_shared<LugaresEmUso>();
   SideThreads fios;
 };
 
@@ -159,29 +144,33 @@ std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pro
   if (metodo.familia == Familia::Qt)
     return std::make_unique<PaginaPorQt>(m_impl->gerente, m_impl->fios, metodo, m_impl->limiteMs, url,
                                          std::move(pronto));
-  return m_impl->fios.Comeca([metodo, limiteMs = m_impl->limiteMs, url,
-                              pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideThreads::Avisa &) {
-    return PaginaPorCurl(metodo, limiteMs, url, parar, pronto);
-  });
+  return m_impl->fios.Comeca(
+      [metodo, limiteMs = m_impl->limiteMs, url](const std::atomic<bool> &parar, const SideThreads::Avisa &) {
+        return PaginaPorCurl(metodo, limiteMs, url, parar);
+      },
+      {std::move(pronto), {}, {}});
 }
 
 std::unique_ptr<WebTask> RealWebClient::Download(const PedidoDeDownload &pedido,
                                                  std::function<void(qint64, qint64)> andou,
                                                  std::function<void(const FimDoDownload &)> pronto) {
   return m_impl->fios.Comeca(
-      [pedido, limiteMs = m_impl->limiteMs, emUso = &m_impl->emUso, andou = std::move(andou),
-       pronto = std::move(pronto)](const std::atomic<bool> &parar, const SideThreads::Avisa &avisa) {
-        const auto conta = [&avisa, &andou](qint64 veio, qint64 total) {
-          if (andou)
-            avisa([andou, veio, total] { andou(veio, total); });
+      [pedido, limiteMs = m_impl->limiteMs, lugares = m_impl->lugares](const std::atomic<bool> &parar,
+                                                                       const SideThreads::Avisa &avisa) {
+        const auto conta = [&avisa](qint64 veio, qint64 total) {
+          avisa([veio, total](SideThreads::Ouvintes &ouvintes) {
+            const auto andando = ouvintes.andou;
+            if (andando)
+              andando(veio, total);
+          });
         };
-        FimDoDownload fim;
-        if (const QString real = MapStoredPath(pedido.arquivo).text(); emUso->Toma(real, parar)) {
-          fim = BaixaArquivo(pedido, limiteMs, parar, conta);
-          emUso->Larga(real);
-        }
-        return SideThreads::Relato([pronto, fim] { pronto(fim); });
-      });
+        const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, *lugares, parar, conta);
+        return SideThreads::Relato([fim](SideThreads::Ouvintes &ouvintes) {
+          const auto acabou = std::move(ouvintes.fim);
+          acabou(fim);
+        });
+      },
+      {{}, std::move(andou), std::move(pronto)});
 }
 
 } // namespace tolmira

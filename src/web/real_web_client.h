@@ -6,7 +6,7 @@
 
 namespace tolmira {
 
-// The web itself, by Qt Network and by libcurl. Made once, on the interface thread; ends what is under way with itself.
+// The web itself, by Qt Network and by libcurl. Made once, on the interface thread; its tasks end before it does.
 class RealWebClient : public WebClient {
 public:
   // The time is a try's, of a page, and how long a download may stand still.

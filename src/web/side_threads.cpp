@@ -7,7 +7,10 @@ namespace tolmira {
 class SideThreads::Tarefa : public WebTask {
 public:
   explicit Tarefa(std::shared_ptr<Estado> estado) : m_estado(std::move(estado)) {}
-  ~Tarefa() override { m_estado->parar = true; }
+  ~Tarefa() override {
+    m_estado->parar = true;
+    m_estado->ouvintes = {};
+  }
 
 private:
   std::shared_ptr<Estado> m_estado;
@@ -20,15 +23,16 @@ SideThreads::~SideThreads() {
     fio.thread.join();
 }
 
-std::unique_ptr<WebTask> SideThreads::Comeca(Trabalho trabalho) {
+std::unique_ptr<WebTask> SideThreads::Comeca(Trabalho trabalho, Ouvintes ouvintes) {
   Recolhe();
   auto estado = std::make_shared<Estado>();
+  estado->ouvintes = std::move(ouvintes);
   const Avisa avisa = [this, estado](Relato relato) {
     QMetaObject::invokeMethod(
         this,
         [estado, relato = std::move(relato)] {
           if (!estado->parar)
-            relato();
+            relato(estado->ouvintes);
         },
         Qt::QueuedConnection);
   };

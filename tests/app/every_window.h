@@ -209,9 +209,20 @@ inline std::shared_ptr<VideoWindows> WindowsOfVideos(House &house) {
   house.display.player.duration = 7200;
   house.display.player.falhou = true;
   house.display.player.faixas = {{1, QStringLiteral("por")}, {2, House::LongName}};
-  return std::make_shared<VideoWindows>(
-      VideoDoors{house.store, house.prompt, house.clock, house.console, house.positions, house.core.controleDeVideo,
-                 [] { return House::LongName; }, [] { return true; }, [] {}, &house.desk});
+  return std::make_shared<VideoWindows>(VideoDoors{house.store,
+                                                   house.prompt,
+                                                   house.clock,
+                                                   house.console,
+                                                   house.positions,
+                                                   house.core.controleDeVideo,
+                                                   [] { return House::LongName; },
+                                                   [&house] { return !house.core.videoDaWeb.EmExibicao(); },
+                                                   [] {},
+                                                   &house.desk,
+                                                   house.core.controleDaWeb,
+                                                   [&house] { return house.core.videoDaWeb.EmExibicao(); },
+                                                   {},
+                                                   {}});
 }
 
 // With a web that has nothing.
@@ -377,6 +388,20 @@ inline const std::map<QString, Opener> &EveryWindow() {
        [](House &h) {
          auto windows = WindowsOfVideos(h);
          windows->AbreAdicionar();
+         return windows;
+       }},
+      {QStringLiteral("FrmYoutubeCtrl"),
+       [](House &h) {
+         h.core.flow.ShowEntry(4, 0, House::LongName, QStringLiteral("https://www.youtube.com/embed/Abc_def-123"));
+         h.core.videoDaWeb.Desviou();
+         auto windows = WindowsOfVideos(h);
+         windows->AbreControle(true);
+         return windows;
+       }},
+      {QStringLiteral("FrmPesquisaYoutube"),
+       [](House &h) {
+         auto windows = WindowsOfVideos(h);
+         windows->AbrePesquisa();
          return windows;
        }},
       {QStringLiteral("FrmCameras"),

@@ -185,7 +185,7 @@ private slots:
     QTest::newRow("a song") << QStringLiteral("Louvor") << QString();
     QTest::newRow("a passage") << QStringLiteral("Bíblia") << QString();
     QTest::newRow("a hymn") << QStringLiteral("Harpa") << QStringLiteral("Harpa");
-    QTest::newRow("a web video") << QStringLiteral("Youtube") << QStringLiteral("Youtube");
+    QTest::newRow("a web video, which has ended") << QStringLiteral("Youtube") << QString();
   }
   void theItemBeneathComesBackByItsKind() {
     QFETCH(QString, antes);

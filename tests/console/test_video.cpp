@@ -152,8 +152,6 @@ private slots:
                              << "File not found!";
     QTest::newRow("another site") << 4 << "https://example.org/v.mp4"
                                   << "File not found!";
-    QTest::newRow("web video") << 4 << "https://www.YouTube.com/embed/x"
-                               << "Web videos cannot be shown yet.";
     QTest::newRow("song") << 2 << "No such song"
                           << "Item not found.\n\nThe file may have been deleted or moved to another location.";
     QTest::newRow("slides") << 5 << "none.sld"

@@ -1,6 +1,7 @@
 #include "media/media_time.h"
 #include "media/video_control.h"
 #include "media/video_files.h"
+#include "media/video_site.h"
 #include "support/counting_yielder.h"
 #include "support/files.h"
 #include "support/recording_player.h"
@@ -167,7 +168,10 @@ private slots:
   void whatPeoplePasteAsALink() {
     QFETCH(QString, pasted);
     QFETCH(QString, id);
-    QCOMPARE(LinkDeVideoDaWeb(pasted), id.isEmpty() ? QString() : QString(u"https://www.youtube.com/embed/" + id));
+    QTemporaryDir folder;
+    const AppFolder app(folder.path());
+    const IniStore store(app);
+    QCOMPARE(VideoSite(store).LinkDe(pasted), id.isEmpty() ? QString() : QString(u"https://www.youtube.com/embed/" + id));
   }
 
   void theFolderOfTheChosenOnesIsRemembered() {

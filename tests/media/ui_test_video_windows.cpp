@@ -4,6 +4,7 @@
 #include "support/counting_yielder.h"
 #include "support/fake_clock.h"
 #include "support/files.h"
+#include "support/recording_page.h"
 #include "support/recording_player.h"
 #include "support/recording_presentation.h"
 #include "support/scripted_prompt.h"
@@ -36,7 +37,8 @@ private:
       player.state = PlayState::Playing;
       windows = std::make_unique<VideoWindows>(VideoDoors{store, prompt, clock, console, positions, control,
                                                           [] { return QStringLiteral("Culto & Ceia"); },
-                                                          [this] { return onShow; }, [this] { ++ended; }, &desk});
+                                                          [this] { return onShow; }, [this] { ++ended; }, &desk,
+                                                          web, [this] { return webOnShow; }, {}, {}});
     }
     QWidget *Open(const char *name) {
       for (QWidget *top : QApplication::topLevelWidgets())
@@ -62,7 +64,10 @@ private:
     QStringList journal;
     RecordingPlayer player{&journal};
     VideoControl control{estado, [this] { return &player; }, yielder};
+    RecordingPage page{&journal, QStringLiteral("page")};
+    WebVideoControl web{estado, [this] { return &page; }};
     QWidget desk;
+    bool webOnShow = false;
     bool onShow = true;
     int ended = 0;
     std::unique_ptr<VideoWindows> windows;

@@ -2,11 +2,13 @@
 #include "foundation/text_fields.h"
 #include "songs/lyrics_search.h"
 #include "songs/lyrics_text.h"
+#include "songs/song_text.h"
 #include "support/files.h"
 #include "support/recording_presentation.h"
 #include "support/scripted_prompt.h"
 #include "support/scripted_web.h"
 #include "support/sites/lyrics_site.h"
+#include "web/real_web_client.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -37,10 +39,12 @@ class TestLyricsSearch : public QObject {
 private:
   // A program folder whose sites answer what LyricsPage has.
   struct Room {
-    Room() : app(folder.path()), store(app), endpoints(store), fetcher(store, web) {
+    Room() : Room(nullptr, Host) {}
+    Room(WebClient *real, const QString &host)
+        : app(folder.path()), store(app), endpoints(store), fetcher(store, real ? *real : web) {
       for (const char *sub : {"Data", "Lyrics", "Harpa", "Cantor"})
         QDir(folder.path()).mkdir(QLatin1String(sub));
-      PointLyricsAt(store, Host);
+      PointLyricsAt(store, host);
       web.page = [](int, const QUrl &url) {
         return QString::fromUtf8(LyricsPage(Host.toUtf8(), url.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority)));
       };
@@ -48,7 +52,7 @@ private:
                                                                 [this](const QString &path) { return path == edited; },
                                                                 [this](const QString &name) { saved.append(name); }});
     }
-    void Wait() const { QTRY_COMPARE(search->EmCurso(), LyricsSearch::Trabalho::Nenhum); }
+    void Wait() const { QTRY_COMPARE_WITH_TIMEOUT(search->EmCurso(), LyricsSearch::Trabalho::Nenhum, 60'000); }
     void Search(const char *words) {
       search->Command1(QString::fromUtf8(words));
       Wait();
@@ -174,10 +178,12 @@ private slots:
     row("no song", az, "a", "Biografia de Coro | AZLyrics.com</div>", "");
     row("a list", az, "a", "Coro - Discografia de Coro | AZLyrics.com</div>", "");
     row("pictures", az, "a", "Coro (3 fotos) | AZLyrics.com</div>", "");
-    row("dashes", az, "a", "A â€“ B &#8211; C &amp; D (letra e vídeo) | AZLyrics.com</div>",
+    row("dashes", az, "a", "A \u00e2\u20ac\u201c B &#8211; C &amp; D (letra e vídeo) | AZLyrics.com</div>",
         "https://s.example/a A - B - C & D");
     row("two of them", az, "a", "A | AZLyrics.com</div><a href=\"/https://s.example/b&\">B | AZLyrics.com</div>",
         "https://s.example/a A\nhttps://s.example/b B");
+    row("in front of the mark", az, "a", "A | AZLyrics.com</div><a href=\"/url?q=x\">", "https://s.example/a A");
+    row("unseen marks", az, "a", "A\nB\u202e\x01 | AZLyrics.com</div>", "https://s.example/a A B");
     QTest::newRow("no results at all") << az << "a"
                                        << "<a href=\"https://s.example/a&\">A | AZLyrics.com</div>" << QStringList();
   }
@@ -220,8 +226,10 @@ private slots:
         "A\nB\n\nNão C");
     row("no start", SiteDeLetras::AZLyrics, "-->A</div>", "");
     row("no end", SiteDeLetras::AZLyrics, "ringtone-->A", "");
+    row("Genius, lines and stanzas", SiteDeLetras::Genius,
+        "<print-component :lyrics=\"'A \nB\nC\n\nD\n \n\nE'\" :song=\"x\">", "A\nB\nC\n\nD\n\n\nE");
     row("Genius, nothing inside", SiteDeLetras::Genius, "<print-component :lyrics=:song=", "");
-    row("marks and controls", SiteDeLetras::AZLyrics, "ringtone-->A\x01\r<<script>x</script>></div>", "Ax");
+    row("marks and controls", SiteDeLetras::AZLyrics, "ringtone-->A\x01\r<<script>x</script>></div>", "A x");
   }
   void LyricsAreCutOut() {
     QFETCH(SiteDeLetras, site);
@@ -332,8 +340,9 @@ private slots:
     const SongContent content = room.search->Letra();
     QCOMPARE(content.text.toLower(), text.toLower());
     QVERIFY(!room.search->JaExiste(content.name));
-    QVERIFY(room.search->CmdSalvar(content, false));
+    QCOMPARE(room.search->CmdSalvar(content, false), file.chopped(4));
     QCOMPARE(QString::fromLatin1(room.Song(file)), QString(text + u"\r\n"));
+    QCOMPARE(PrepareSongText(room.app, room.app.At(u"\\Lyrics\\") + file, false).text, text);
     QVERIFY(room.search->JaExiste(content.name));
     QCOMPARE(room.saved, QStringList(file.chopped(4)));
     QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Lyrics successfully added to the list.")));
@@ -483,39 +492,104 @@ private slots:
     WriteBytes(room.folder.filePath(QStringLiteral("Harpa/301 Luz.txt")), "1. Luz");
     QDir(room.folder.path()).mkpath(QStringLiteral("Lyrics/Pasta.txt"));
     room.edited = room.app.At(u"\\Lyrics\\Mar.txt");
-    QVERIFY(room.search->CmdAddLista({{title, artist}, text}, true).isEmpty());
+    QVERIFY(room.search->CmdAddLista({{title, artist}, text}).isEmpty());
+    QVERIFY(room.search->CmdSalvar({{title, artist}, text}, true).isEmpty());
     const QStringList texts = room.prompt.TakeTexts();
-    QCOMPARE(texts.size(), 1);
-    QVERIFY2(texts.first().startsWith(said), qPrintable(texts.first()));
+    QCOMPARE(texts.size(), 2);
+    QCOMPARE(texts[0], texts[1]);
+    QVERIFY2(texts[0].startsWith(said), qPrintable(texts[0]));
     QVERIFY(room.Songs().isEmpty());
     QVERIFY(room.console.calls.isEmpty());
     QCOMPARE(ReadBytes(room.folder.filePath(QStringLiteral("Harpa/301 Luz.txt"))), QByteArray("1. Luz"));
   }
 
-  void ASongIsWrittenOverOnlyWhereTheButtonSaidSo() {
+  void ASongIsWrittenOverWhereTheButtonSaidSo() {
     Room room;
-    WriteBytes(room.folder.filePath(QStringLiteral("Lyrics/Luz (Coro).txt")), "Água\r\n"); // UTF-8, and stays it
+    const QString file = QStringLiteral("Luz (Coro).txt");
+    WriteBytes(room.folder.filePath(QString(u"Lyrics/" + file)), "Água\r\n"); // UTF-8, and stays it
     const SongContent content{{QStringLiteral("Luz"), QStringLiteral("Coro")}, Lines("maçã\n\nB")};
-    QVERIFY(!room.search->CmdSalvar(content, false)); // the box is closed
-    QVERIFY(room.prompt.TakeTexts().value(0).contains(u"Overwrite the file?"));
-    QCOMPARE(room.Song(QStringLiteral("Luz (Coro).txt")), QByteArray("Água\r\n"));
-    QVERIFY(room.search->CmdSalvar(content, true));
-    QCOMPARE(room.Song(QStringLiteral("Luz (Coro).txt")), QByteArray("Maçã\r\n\r\nB\r\n"));
+    QCOMPARE(room.search->CmdSalvar(content, true), file.chopped(4));
+    QCOMPARE(room.Song(file), QByteArray("Maçã\r\n\r\nB\r\n"));
     QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Lyrics successfully added to the list.")));
     QCOMPARE(room.console.TakeCalls(), QStringList(QStringLiteral("ProcessaEditar Luz (Coro).txt Luz (Coro).txt")));
   }
 
+  void AnotherSongOfTheNameStays() {
+    Room room;
+    const QString luz = QStringLiteral("Luz.txt");
+    const QString segunda = QStringLiteral("Luz (2).txt");
+    WriteBytes(room.folder.filePath(QString(u"Lyrics/" + luz)), "Outra luz\r\n");
+    SongContent content{{QStringLiteral("Luz"), {}}, QStringLiteral("Uma luz na janela")};
+    // Nobody was told of it: the button said "Save" when the file came, or was not the one that says what it does.
+    QCOMPARE(room.search->CmdSalvar(content, false), QStringLiteral("Luz (2)"));
+    QCOMPARE(room.search->CmdAddLista(content), QStringLiteral("Added Luz (2)"));
+    QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Lyrics successfully added to the list.")));
+    content.text = QStringLiteral("Nova luz");
+    QCOMPARE(room.search->CmdSalvar(content, true), QStringLiteral("Luz (2)")); // the song that stands in the boxes
+    QCOMPARE(room.Song(luz), QByteArray("Outra luz\r\n"));
+    QCOMPARE(room.Song(segunda), QByteArray("Nova luz\r\n"));
+    QCOMPARE(room.Songs().size(), 2);
+  }
+
+  void TheSameSongIsTakenAsItIs() {
+    Room room;
+    const QByteArray arranged = "Uma luz na janela\r\nE outro verso\r\n";
+    const QString file = QStringLiteral("Luz na Janela (Coro da Vila).txt");
+    room.Search("luz na janela");
+    room.Open(0);
+    WriteBytes(room.folder.filePath(QString(u"Lyrics/" + file)), arranged);
+    SongContent content = room.search->Letra();
+    QCOMPARE(room.search->CmdAddLista(content), QString(u"Added " + file.chopped(4)));
+    QCOMPARE(room.Song(file), arranged);
+    QVERIFY(room.prompt.shown.isEmpty() && room.saved.isEmpty());
+    content.text += QStringLiteral("!");
+    QCOMPARE(room.search->CmdAddLista(content), QString(u"Added " + file.chopped(4)));
+    QVERIFY(room.Song(file).endsWith("!\r\n"));
+    WriteBytes(room.folder.filePath(QString(u"Lyrics/" + file)), arranged); // somebody, since it was saved from here
+    QCOMPARE(room.search->CmdAddLista(content), QString(u"Added " + file.chopped(4)));
+    QCOMPARE(room.Song(file), arranged);
+  }
+
   void SavingCanAddAtOnce() {
     Room room;
-    const SongContent content{{QStringLiteral("Luz"), {}}, QStringLiteral("A")};
-    QCOMPARE(room.search->CmdAddLista(content, false), QStringLiteral("Added Luz"));
+    QCOMPARE(room.search->CmdAddLista({{QStringLiteral("Luz"), {}}, QStringLiteral("A")}), QStringLiteral("Added Luz"));
     QCOMPARE(room.console.TakeCalls(), QStringList(QStringLiteral("PorNaLista 2 Luz Luz")));
     room.prompt.TakeTexts();
     // Gone while the message about the save stands.
     room.prompt.whileAsking = [&] { QFile::remove(room.folder.filePath(QStringLiteral("Lyrics/Mar.txt"))); };
-    QVERIFY(room.search->CmdAddLista({{QStringLiteral("Mar"), {}}, QStringLiteral("A")}, false).isEmpty());
+    QVERIFY(room.search->CmdAddLista({{QStringLiteral("Mar"), {}}, QStringLiteral("A")}).isEmpty());
     QCOMPARE(room.prompt.TakeTexts().last(), QStringLiteral("File not found"));
     QVERIFY(room.console.calls.isEmpty());
+  }
+
+  void EachSiteIsReadOverTheNetwork_data() { EachSiteIsSearchedOpenedAndSaved_data(); }
+  void EachSiteIsReadOverTheNetwork() {
+    QFETCH(SiteDeLetras, site);
+    QFETCH(QString, text);
+    QFETCH(QString, file);
+    SiteServer server;
+    PlayLyrics(server);
+    RealWebClient web;
+    Room room(&web, server.Host());
+    room.search->EscolheSite(site);
+    room.Search("luz na janela");
+    QTEST(room.search->List1(), "rows");
+    room.Open(0);
+    QVERIFY2(room.prompt.shown.isEmpty(), qPrintable(room.prompt.TakeTexts().join(u' ')));
+    QVERIFY(!room.search->CmdSalvar(room.search->Letra(), false).isEmpty());
+    QCOMPARE(QString::fromLatin1(room.Song(file)), QString(text + u"\r\n"));
+    room.prompt.TakeTexts();
+
+    SiteAnswer broken;
+    broken.body = LyricsPage(server.Host().toUtf8(), server.asked.last().target);
+    broken.ending = SiteAnswer::Ending::CutShort;
+    for (const char *path : {"/search", "/genius/", "/letras/", "/azlyrics/", "/zion/"})
+      server.On(path, [&broken](const SiteRequest &) { return broken; });
+    room.Open(0);
+    QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Unable to download content")));
+    QVERIFY(room.search->Letra().text.isEmpty());
+    room.Search("luz na janela");
+    QCOMPARE(room.prompt.TakeTexts(), QStringList(QStringLiteral("Occurrence not found.")));
   }
 
   void HostilePagesEnd_data() {

@@ -25,6 +25,9 @@ public:
   void exibirPassagem(const QString &reference) override {
     calls.append(QStringLiteral("exibirPassagem ") + reference);
   }
+  void exibirVideoDaWeb(const QString &titulo, const QString &link) override {
+    calls.append(QStringLiteral("exibirVideoDaWeb %1 %2").arg(titulo, link));
+  }
   void cancelaWMP() override { calls.append(QStringLiteral("cancelaWMP")); }
   void editarSelecionado() override { calls.append(QStringLiteral("editarSelecionado")); }
   void removerSelecionadodaLista() override { calls.append(QStringLiteral("removerSelecionadodaLista")); }

@@ -96,19 +96,24 @@ void SiteServer::Answer(QTcpSocket *socket, const SiteRequest &request) {
   if (!answer.contentType.isEmpty())
     head += "Content-Type: " + answer.contentType + "\r\n";
   if (answer.ending == Ending::Whole || answer.ending == Ending::Drip)
-    head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n";
+    head += "Content-Length: " + QByteArray::number(answer.body.size() * answer.times) + "\r\n";
   if (answer.ending == Ending::CutShort)
     head += "Content-Length: " + QByteArray::number(answer.body.size() + 1000) + "\r\n";
   for (const auto &[name, value] : answer.headers)
     head += name + ": " + value + "\r\n";
-  socket->write(head + "\r\n");
-  if (answer.ending == Ending::Endless) {
-    const auto more = [socket, body = answer.body] {
-      while (socket->bytesToWrite() < 1'000'000 && socket->state() == QAbstractSocket::ConnectedState)
+  if (answer.ending == Ending::Trailers)
+    head += "Transfer-Encoding: chunked\r\n";
+  socket->write(head + "\r\n" + (answer.ending == Ending::Trailers ? "3\r\nluz\r\n0\r\n" : ""));
+  const bool endless = answer.ending == Ending::Endless || answer.ending == Ending::Trailers;
+  if (!answer.body.isEmpty() && (endless || answer.times > 1)) {
+    const auto more = [socket, endless, body = answer.body, left = answer.times]() mutable {
+      while (socket->bytesToWrite() < 1'000'000 && socket->state() == QAbstractSocket::ConnectedState &&
+             (endless || left-- > 0))
         socket->write(body);
+      if (!endless && left <= 0)
+        socket->disconnectFromHost();
     };
     connect(socket, &QTcpSocket::bytesWritten, socket, more);
-    more();
     return;
   }
   if (answer.ending == Ending::Drip) {

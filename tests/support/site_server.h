@@ -25,12 +25,14 @@ struct SiteAnswer {
     Whole,    // the body, then the connection is closed
     CutShort, // announces more than it sends
     Endless,  // the body again and again, until the client goes
+    Trailers, // in chunks, and behind the last one the body again and again as lines of a head
     Drip,     // one byte of the body a tenth of a second
     Silent,   // nothing at all
   };
   int status = 200;
   QByteArray contentType = "text/html; charset=utf-8";
   QByteArray body;
+  int times = 1;                                // that the body is sent, by and by
   QList<QPair<QByteArray, QByteArray>> headers; // further ones
   Ending ending = Ending::Whole;
 
@@ -52,9 +54,10 @@ public:
   void On(const QByteArray &path, Handler handler);
   void Page(const QByteArray &path, const QByteArray &body, const QByteArray &contentType = "text/html; charset=utf-8");
 
-  QString Host() const;                     // "http://127.0.0.1:PORT", as an endpoint is configured
-  QUrl Url(const QByteArray &target) const; // of a path there
-  QList<SiteRequest> asked;                 // in order
+  QString Host() const;                             // "http://127.0.0.1:PORT", as an endpoint is configured
+  qsizetype Open() const { return m_heads.size(); } // clients that are there and have spoken
+  QUrl Url(const QByteArray &target) const;         // of a path there
+  QList<SiteRequest> asked;                         // in order
 
 private:
   void Read(QTcpSocket *socket);

@@ -157,6 +157,8 @@ private slots:
       return text;
     }();
     QTest::newRow("all of Latin-1") << all << all;
+    QTest::newRow("letters beside each other")
+        << QStringLiteral("ÃÉÍÓÚãéíóúçÇ©ÂÄ") << QStringLiteral("ÃÉÍÓÚãéíóúçÇ©ÂÄ");
     QTest::newRow("quotation marks") << QStringLiteral("‘a’") << QStringLiteral("‘a’");
     QTest::newRow("plain letters instead") << QStringLiteral("ă Ą ć Ĉ ĉ") << QStringLiteral("a A c C c");
   }
@@ -167,6 +169,12 @@ private slots:
     for (const char byte : good.toUtf8())
       misread += QChar(CharacterOfByte(static_cast<unsigned char>(byte)));
     QCOMPARE(FixMojibake(misread), wanted);
+  }
+
+  // By its length: what went through it again and again would not end here.
+  void hostileTextIsReadInOneGo() {
+    QCOMPARE(FixMojibake(QStringLiteral("Â©").repeated(4'000'000)), QString(4'000'000, u'©'));
+    QCOMPARE(NomeSeguro(QString(8'000'000, u'é')), QString(100, u'é'));
   }
 
   void namesStayInTheirFolder_data() {
@@ -180,7 +188,12 @@ private slots:
     QTest::newRow("forbidden") << QStringLiteral("C:a*b?.jpg") << QStringLiteral("Cab.jpg");
     QTest::newRow("a device") << QStringLiteral("NUL.txt") << QStringLiteral("_NUL.txt");
     QTest::newRow("a numbered device") << QStringLiteral("com1") << QStringLiteral("_com1");
-    QTest::newRow("controls") << QStringLiteral("a\u0000b\r\n.jpg") << QStringLiteral("a b  .jpg");
+    QTest::newRow("controls") << QStringLiteral("a\u0000b\r\n.jpg") << QStringLiteral("a b.jpg");
+    QTest::newRow("turned letters") << QStringLiteral("foto\u202egpj.exe") << QStringLiteral("fotogpj.exe");
+    QTest::newRow("a mark before the dot") << QStringLiteral("\ufeff.bashrc") << QStringLiteral("bashrc");
+    QTest::newRow("an option") << QStringLiteral("--rm -x.jpg") << QStringLiteral("rm -x.jpg");
+    QTest::newRow("ends in a blank when it is cut")
+        << QString(QString(199, u'a') + u' ' + QString(90, u'b')) << QString(199, u'a');
     QTest::newRow("too long") << QString(300, u'é') + u".jpg" << QString(98, u'é') + u".jpg";
     QTest::newRow("nothing") << QStringLiteral("/") << QString();
   }

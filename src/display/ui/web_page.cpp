@@ -78,6 +78,8 @@ void WebPage::Load(const QUrl &url, int load) {
   m_load = load;
   m_began = m_ready = m_complete = false;
   m_fromServer = url.scheme().startsWith(u"http");
+  settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, !m_fromServer && !m_foreign);
+  settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, m_foreign); // pictures, say
   this->load(url);
 }
 
@@ -89,9 +91,15 @@ void WebPage::Leave(const QUrl &url, bool &cancel) {
 
 bool WebPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) {
   // Frames inside a page are its own content. What a server answers with a redirection is still the host's load.
-  if (!isMainFrame || type == NavigationTypeTyped || (type == NavigationTypeRedirect && m_fromServer && !m_began))
+  if (!isMainFrame || type == NavigationTypeTyped)
     return true;
-  bool cancel = true;
+  bool cancel = false;
+  if (type == NavigationTypeRedirect && m_fromServer && !m_began) {
+    if (OnRedirected)
+      OnRedirected(QString::fromLatin1(url.toEncoded()), cancel);
+    return !cancel;
+  }
+  cancel = true;
   Leave(url, cancel);
   return !cancel;
 }

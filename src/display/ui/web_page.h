@@ -14,11 +14,15 @@ class WebPage : public QWebEnginePage {
 public:
   WebPage(QWebEngineProfile *profile, QObject *parent);
 
+  // What is loaded holds what others wrote: its scripts read no files, and it may have
+  // pictures of the web. Such a page says by a policy of its own what it loads.
+  void SetForeign() { m_foreign = true; }
   // Loads an address as the load of this number. Reports of the page before it no longer arrive.
   void Load(const QUrl &url, int load);
   bool HasBegun() const { return m_began; } // the document of the present load exists
 
   std::function<void(const QString &uri, bool &cancel)> OnNavigating; // only what the page itself starts
+  std::function<void(const QString &uri, bool &cancel)> OnRedirected; // by the server of the present load
   std::function<void(int load)> OnReady; // the document is parsed and its own start functions have run
   std::function<void(int load)> OnDrawn; // pictures and video are there and drawn, with what OnReady has changed
 
@@ -37,6 +41,7 @@ private:
   bool m_ready = false;      // OnReady has been called for the present load
   bool m_complete = false;   // pictures and video of the present load are there
   bool m_began = false;
+  bool m_foreign = false;
   bool m_fromServer = false; // the present load may be redirected
 };
 

@@ -121,6 +121,7 @@ struct WebPageHost::Impl : public PageObject {
   bool everReady = false;
   bool interactive = false;
   bool transparent = false;
+  bool foreign = false;
   int nextEvaluation = 0;
   std::map<int, std::function<void(const QString &)>> evaluations;
 };
@@ -174,6 +175,12 @@ void WebPageHost::Impl::MakePage() {
   page->settings()->setAttribute(QWebEngineSettings::ShowScrollBars, interactive);
   if (transparent)
     page->setBackgroundColor(Qt::transparent);
+  if (foreign)
+    page->SetForeign();
+  page->OnRedirected = [this](const QString &uri, bool &cancel) {
+    if (AoDesviar)
+      AoDesviar(uri, cancel);
+  };
   page->OnNavigating = [this](const QString &uri, bool &cancel) {
     if (AoNavegar)
       AoNavegar(uri, cancel);
@@ -376,6 +383,10 @@ WebPageHost::~WebPageHost() = default;
 
 void WebPageHost::SetInteractive() {
   m_impl->interactive = true;
+}
+
+void WebPageHost::SetForeign() {
+  m_impl->foreign = true;
 }
 
 void WebPageHost::SetTransparent() {

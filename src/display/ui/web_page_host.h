@@ -25,6 +25,9 @@ public:
   // A page to work on, not to look at: it takes the mouse, the wheel, keys and the focus, and shows scroll bars. Before
   // CriaBrowser.
   void SetInteractive();
+  // A page of ours with what others wrote in it: its scripts read no files of this computer, and it may have pictures of
+  // the web. It says by a policy of its own (CSP) that it loads nothing else. Before CriaBrowser.
+  void SetForeign();
   // A page over others, which are seen where it draws nothing. It lets the mouse through and holds no picture, so it is
   // for one page only. Before CriaBrowser.
   void SetTransparent();

@@ -199,8 +199,10 @@ void FrmBaixarBiblia::Achou(const std::optional<ListaDeBiblias> &lista) {
         QStringLiteral("Unable to perform the search.\nCheck if you are connected to the internet."));
   else if (m_daWeb.isEmpty())
     m_doors.prompt.Message(MessageKind::Information, Titulo, QStringLiteral("Not Found."));
-  else
+  else {
+    m_list1->setCurrentItem(m_list1->topLevelItem(0)); // from where the keyboard marks
     m_list1->setFocus();
+  }
 }
 
 // What the web offers first, then what is installed, then what is in the folder and comes from neither. Marks stay.

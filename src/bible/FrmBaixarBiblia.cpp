@@ -2,6 +2,7 @@
 
 #include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/plain_tip.h"
 #include "controls/ui/row_list.h"
 
 #include <QCloseEvent>
@@ -180,23 +181,28 @@ void FrmBaixarBiblia::Command1() {
   m_lista = endereco;
   Diz(tr("Searching…"));
   m_progress1->setRange(0, 0);
-  m_procura = m_busca.Procura(endereco, [this](const auto &versoes) { Achou(versoes); });
+  m_procura = m_busca.Procura(endereco, [this](const auto &lista) { Achou(lista); });
   MostraBotoes();
 }
 
-void FrmBaixarBiblia::Achou(const std::optional<QList<VersaoOferecida>> &versoes) {
+void FrmBaixarBiblia::Achou(const std::optional<ListaDeBiblias> &lista) {
   m_procura.reset();
-  m_daWeb = versoes.value_or(QList<VersaoOferecida>());
-  Diz({});
+  const ListaDeBiblias achada = lista.value_or(ListaDeBiblias());
+  m_daWeb = achada.versoes;
+  Diz(achada.recusadas == 0   ? QString()
+      : achada.recusadas == 1 ? tr("1 row of the list was left out.")
+                              : tr("%1 rows of the list were left out.").arg(achada.recusadas));
   MostraLista();
-  if (!versoes)
+  if (!lista)
     m_doors.prompt.Message(
         MessageKind::Warning, Titulo,
         QStringLiteral("Unable to perform the search.\nCheck if you are connected to the internet."));
-  else if (versoes->isEmpty())
+  else if (m_daWeb.isEmpty())
     m_doors.prompt.Message(MessageKind::Information, Titulo, QStringLiteral("Not Found."));
-  else
+  else {
+    m_list1->setCurrentItem(m_list1->topLevelItem(0)); // from where the keyboard marks
     m_list1->setFocus();
+  }
 }
 
 // What the web offers first, then what is installed, then what is in the folder and comes from neither. Marks stay.
@@ -223,7 +229,7 @@ void FrmBaixarBiblia::MostraLista() {
     auto *item = new QTreeWidgetItem(m_list1);
     const QString nome = NomeInteiro(versao);
     item->setText(0, nome);
-    item->setToolTip(0, nome);
+    item->setToolTip(0, PlainTip(nome));
     item->setText(1, tr("the program folder"));
     if (!versao.endereco.isEmpty() || !versao.modulo.isEmpty()) {
       item->setText(1, versao.modulo.isEmpty() ? tr("the web") : tr("installed on this computer"));

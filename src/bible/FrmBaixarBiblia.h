@@ -41,7 +41,7 @@ private:
   void Command1(); // "Search", or stops it
   void Command3(); // "Start Download", or "Stop"
   void Remove();
-  void Achou(const std::optional<QList<VersaoOferecida>> &versoes);
+  void Achou(const std::optional<ListaDeBiblias> &lista);
   void PegaInstaladas();
   void MostraLista();
   void MostraEstado(const Linha &linha);

@@ -5,7 +5,7 @@
 #include "foundation/text_file.h"
 #include "foundation/trash.h"
 #include "web/cut_text.h"
-#include "web/side_work.h"
+#include "web/later.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,7 +20,8 @@ namespace {
 
 constexpr qsizetype MaiorNumero = 500; // of versions in a list
 constexpr qsizetype MaiorNome = 60;
-constexpr qsizetype MaiorCampo = 1000;
+constexpr qsizetype MaiorLinha = 4000;
+constexpr qsizetype MaiorTitulo = 200;
 
 bool TemLista(const QString &resposta) {
   return resposta.contains(u"[Lista]");
@@ -32,6 +33,17 @@ bool EhVersao(const VersionText &texto, Testamento testamento) {
     if (!texto.Chapters(livro).isEmpty())
       return true;
   return false;
+}
+
+std::optional<VersaoOferecida> LeLinha(QStringView linha) {
+  if (linha.size() > MaiorLinha)
+    return std::nullopt;
+  const QList<QStringView> campos = linha.split(u"|:|");
+  if (campos.size() < 4)
+    return std::nullopt;
+  const VersaoOferecida versao{campos[3].trimmed().toString(), campos[2].toString().simplified().left(MaiorTitulo),
+                               campos[1].trimmed().toString(), QString()};
+  return NomeDeVersaoServe(versao.nome) ? std::optional(versao) : std::nullopt;
 }
 
 QString PastaDasBiblias(const AppFolder &app) {
@@ -89,27 +101,23 @@ bool NomeDeVersaoServe(const QString &nome) {
   return !nome.contains(u"old_", Qt::CaseInsensitive) && !nome.contains(u".txt", Qt::CaseInsensitive);
 }
 
-std::optional<QList<VersaoOferecida>> LeListaDeBiblias(QStringView resposta) {
+std::optional<ListaDeBiblias> LeListaDeBiblias(QStringView resposta) {
   if (!resposta.contains(u"[Lista]"))
     return std::nullopt;
-  QList<VersaoOferecida> versoes;
+  ListaDeBiblias lista;
   QSet<QString> nomes;
   for (const QStringView linha : resposta.tokenize(u"<br>")) {
-    if (versoes.size() >= MaiorNumero)
-      break;
-    if (linha.size() > 4 * MaiorCampo || !linha.contains(u"url|:|"))
+    if (!linha.contains(u"url|:|"))
       continue;
-    const QList<QStringView> campos = linha.split(u"|:|");
-    if (campos.size() < 4)
+    const std::optional<VersaoOferecida> versao = lista.versoes.size() < MaiorNumero ? LeLinha(linha) : std::nullopt;
+    if (!versao || nomes.contains(versao->nome.toLower())) {
+      ++lista.recusadas;
       continue;
-    const VersaoOferecida versao{campos[3].trimmed().toString(), campos[2].trimmed().toString(),
-                                 campos[1].trimmed().toString(), QString()};
-    if (!NomeDeVersaoServe(versao.nome) || nomes.contains(versao.nome.toLower()))
-      continue;
-    nomes.insert(versao.nome.toLower());
-    versoes.append(versao);
+    }
+    nomes.insert(versao->nome.toLower());
+    lista.versoes.append(*versao);
   }
-  return versoes;
+  return lista;
 }
 
 QUrl EnderecoDoArquivo(const QUrl &lista, const VersaoOferecida &versao, Testamento testamento) {
@@ -222,8 +230,7 @@ void FilaDeBiblias::Busca(const VersaoOferecida &versao, Testamento testamento) 
     pedido.arquivo = Chegada();
     pedido.limiteBytes = VersionFileLimit;
     if (!pedido.endereco.isValid()) {
-      m_tarefa = TrabalhaAoLado([](const std::atomic_bool &) {},
-                                [this] { Termina(QObject::tr("its address is not one that can be read")); });
+      m_tarefa = ContaDepois([this] { Termina(QObject::tr("its address is not one that can be read")); });
       return;
     }
     m_tarefa = m_web.Download(pedido, m_ouvinte.andou, [this, local = pedido.arquivo](const FimDoDownload &fim) {
@@ -249,22 +256,24 @@ void FilaDeBiblias::Busca(const VersaoOferecida &versao, Testamento testamento) 
 
 // Reading a version takes long enough to be seen on the projection, so it is not done on this thread.
 void FilaDeBiblias::Confere(const QString &arquivo) {
-  const auto serve = std::make_shared<bool>(false);
-  m_tarefa =
-      TrabalhaAoLado([arquivo, serve, testamento = Qual()](
-                         const std::atomic_bool &) { *serve = EhVersao(ReadVersionFile(arquivo), testamento); },
-                     [this, arquivo, serve] {
-                       const QString lugar = Pasta() + u'/' + ArquivoDaVersao(Versao().nome, Qual());
-                       // It takes no place that somebody else has taken meanwhile.
-                       if (*serve && QFile::rename(arquivo, lugar)) {
-                         Termina({});
-                         return;
-                       }
-                       QFile::remove(arquivo);
-                       Termina(*serve        ? QObject::tr("it could not be put into the folder")
-                               : m_importada ? QObject::tr("the module has no text of it")
-                                             : QObject::tr("what came is no text of a version, and was removed"));
-                     });
+  m_tarefa = m_fios.Comeca([this, arquivo, testamento = Qual()](const std::atomic<bool> &,
+                                                                const SideThreads::Avisa &) -> SideThreads::Relato {
+    const bool serve = EhVersao(ReadVersionFile(arquivo), testamento);
+    return [this, arquivo, serve](SideThreads::Ouvintes &) { Conferiu(arquivo, serve); };
+  });
+}
+
+void FilaDeBiblias::Conferiu(const QString &arquivo, bool serve) {
+  const QString lugar = Pasta() + u'/' + ArquivoDaVersao(Versao().nome, Qual());
+  // It takes no place that somebody else has taken meanwhile.
+  if (serve && QFile::rename(arquivo, lugar)) {
+    Termina({});
+    return;
+  }
+  QFile::remove(arquivo);
+  Termina(serve         ? QObject::tr("it could not be put into the folder")
+          : m_importada ? QObject::tr("the module has no text of it")
+                        : QObject::tr("what came is no text of a version, and was removed"));
 }
 
 void FilaDeBiblias::Termina(const QString &frase) {

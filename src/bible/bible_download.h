@@ -3,6 +3,7 @@
 #include "bible/bible_store.h"
 #include "bible/installed_bibles.h"
 #include "web/endpoints.h"
+#include "web/side_threads.h"
 #include "web/web_client.h"
 
 #include <QList>
@@ -28,12 +29,17 @@ struct VersaoOferecida {
 // that the version menu would read as another name.
 bool NomeDeVersaoServe(const QString &nome);
 
-// The versions of a reply; nothing when it is no list at all, for want of the marker "[Lista]". Rows are separated by
+struct ListaDeBiblias {
+  QList<VersaoOferecida> versoes; // at most 500
+  int recusadas = 0;              // rows of versions that were left out
+};
+
+// What a reply lists; nothing when it is no list at all, for want of the marker "[Lista]". Rows are separated by
 // "<br>"; one with a version reads
 //   url|:|<address of the folder>|:|<title>|:|<short name>
 // Rows that lack a field or have a short name that does not serve are left out, and of two with the same short name the
 // second.
-std::optional<QList<VersaoOferecida>> LeListaDeBiblias(QStringView resposta);
+std::optional<ListaDeBiblias> LeListaDeBiblias(QStringView resposta);
 
 // Of one of its files: <address of the folder>/OLD_<short name>.txt, resolved against the address of the list. Invalid
 // when it would lead elsewhere than to the web, or from https to anything else.
@@ -63,7 +69,7 @@ public:
 
   // By method 1; where no list comes, by the control `DL1` through a scratch file; then by method 2. `pronto` gets
   // nothing when all three failed.
-  using Pronto = std::function<void(const std::optional<QList<VersaoOferecida>> &)>;
+  using Pronto = std::function<void(const std::optional<ListaDeBiblias> &)>;
   [[nodiscard]] std::unique_ptr<WebTask> Procura(const QUrl &endereco, Pronto pronto);
 
 private:
@@ -95,9 +101,10 @@ private:
   void Adiante();
   void Busca(const VersaoOferecida &versao, Testamento testamento);
   void Confere(const QString &arquivo); // real path of what came
-  void Termina(const QString &frase);   // this file; empty when it is in its place
-  QString Pasta() const;                // real path
-  QString Chegada() const;              // stored path where the file of this step comes to
+  void Conferiu(const QString &arquivo, bool serve);
+  void Termina(const QString &frase); // this file; empty when it is in its place
+  QString Pasta() const;              // real path
+  QString Chegada() const;            // stored path where the file of this step comes to
   const VersaoOferecida &Versao() const { return m_versoes.at(m_passo / 2); }
   Testamento Qual() const { return m_passo % 2 == 0 ? Testamento::Velho : Testamento::Novo; }
 
@@ -112,6 +119,7 @@ private:
   int m_trouxe = 0;
   int m_faltaram = 0;
   std::unique_ptr<QTemporaryDir> m_importada; // both files of the version that is being imported
+  SideThreads m_fios;
   std::unique_ptr<WebTask> m_tarefa;
 };
 

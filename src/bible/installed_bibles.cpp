@@ -40,9 +40,13 @@ public:
   }
   ~Execucao() override {
     m_process->disconnect();
-    if (m_process->state() != QProcess::NotRunning)
-      m_process->kill();
-    m_process->deleteLater(); // it may be in the middle of its own signal
+    if (m_process->state() == QProcess::NotRunning) {
+      m_process->deleteLater(); // it may be in the middle of its own signal
+      return;
+    }
+    // Deleted while it dies, it would be waited for, on a slow disk for long.
+    QObject::connect(m_process, &QProcess::finished, m_process, &QObject::deleteLater);
+    m_process->kill();
   }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "controls/ui/add_dialog.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/plain_tip.h"
 #include "controls/ui/row_list.h"
 #include "controls/ui/work_strip.h"
 #include "foundation/real_path.h"
@@ -113,7 +114,7 @@ void FrmConteudo::PoeLinhas() {
   for (const VideoSugerido &video : std::as_const(m_catalogo.videos)) {
     auto *item = new QTreeWidgetItem(m_list1);
     item->setText(0, video.titulo);
-    item->setToolTip(0, video.titulo);
+    item->setToolTip(0, PlainTip(video.titulo));
     item->setText(1, QLocale().formattedDataSize(video.tamanho, 1));
     item->setToolTip(1, item->text(1));
     MostraEstado(item, video);

@@ -5,8 +5,8 @@
 #include "foundation/text_utils.h"
 #include "foundation/video_folder.h"
 #include "web/cut_text.h"
+#include "web/later.h"
 #include "web/secure_address.h"
-#include "web/side_work.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -16,9 +16,10 @@
 #include <QLocale>
 #include <QObject>
 #include <QSet>
-#include <QStorageInfo>
 #include <atomic>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 namespace tolmira {
@@ -36,8 +37,10 @@ constexpr qsizetype BytesDaSoma = 32;
 const QString Videos = QStringLiteral("\\Videos\\");
 
 std::optional<VideoSugerido> LeLinha(QStringView linha) {
+  if (linha.size() > MaiorLinha)
+    return std::nullopt;
   const QList<QStringView> campos = linha.split(u"|#|");
-  if (linha.size() > MaiorLinha || campos.size() != 4)
+  if (campos.size() != 4)
     return std::nullopt;
   VideoSugerido video;
   video.titulo = campos[0].trimmed().left(MaiorTitulo).toString();
@@ -63,7 +66,7 @@ std::optional<VideoSugerido> LeLinha(QStringView linha) {
 }
 
 // The sum of a file; empty when it could not be read to its end, or when it was told to stop.
-QByteArray SomaDe(const QString &real, const std::atomic_bool &para) {
+QByteArray SomaDe(const QString &real, const std::atomic<bool> &para) {
   QFile arquivo(real);
   if (!arquivo.open(QIODevice::ReadOnly))
     return {};
@@ -80,9 +83,11 @@ QByteArray SomaDe(const QString &real, const std::atomic_bool &para) {
   return {};
 }
 
+// Asks for that folder alone: the toolkit's own way asks every disk there is, also one that does not answer.
 qint64 EspacoDoDisco(const QString &pasta) {
-  const QStorageInfo disco(pasta);
-  return disco.isValid() ? disco.bytesAvailable() : -1;
+  std::error_code erro;
+  const std::filesystem::space_info espaco = std::filesystem::space(QFile::encodeName(pasta).toStdString(), erro);
+  return erro ? -1 : static_cast<qint64>(espaco.available);
 }
 
 } // namespace
@@ -165,13 +170,11 @@ void VideosSugeridos::ConfereProximo() {
       continue;
     const QString real = Real(video);
     const QString marca = Marca(real);
-    const auto soma = std::make_shared<QByteArray>();
-    m_conferencia = TrabalhaAoLado([real, soma](const std::atomic_bool &para) { *soma = SomaDe(real, para); },
-                                   [this, video, marca, soma] {
-                                     m_somas.insert(marca, *soma);
-                                     m_ouvinte.mudou(video);
-                                     ConfereProximo();
-                                   });
+    m_conferencia = Soma(real, [this, video, marca](const QByteArray &soma) {
+      m_somas.insert(marca, soma);
+      m_ouvinte.mudou(video);
+      ConfereProximo();
+    });
     return;
   }
   m_conferencia.reset();
@@ -184,9 +187,7 @@ void VideosSugeridos::Baixa(const VideoSugerido &video) {
   QDir().mkpath(pasta);
   const qint64 livre = m_livre(pasta);
   const qint64 falta = video.tamanho - Veio(video);
-  const auto recusa = [this](const QString &frase) {
-    m_tarefa = TrabalhaAoLado([](const std::atomic_bool &) {}, [this, frase] { Termina(frase); });
-  };
+  const auto recusa = [this](const QString &frase) { m_tarefa = ContaDepois([this, frase] { Termina(frase); }); };
   const EstadoDoVideo estado = Estado(video);
   if (estado != EstadoDoVideo::NaoEsta && estado != EstadoDoVideo::Parte) {
     recusa(QObject::tr("Another file in the folder Videos is called %1. It was left as it is.").arg(video.arquivo));
@@ -227,22 +228,26 @@ void VideosSugeridos::Veio(const FimDoDownload &fim) {
 void VideosSugeridos::ConfereChegada() {
   const QString chegada = Chegada(m_video);
   m_ouvinte.andou(QObject::tr("Checking: %1").arg(m_video.titulo), 0, 0);
-  const auto soma = std::make_shared<QByteArray>();
-  m_tarefa = TrabalhaAoLado(
-      [chegada, soma](const std::atomic_bool &para) { *soma = SomaDe(chegada, para); },
-      [this, chegada, soma] {
-        const QString real = Real(m_video);
-        if (QFileInfo(chegada).size() != m_video.tamanho || *soma != m_video.sha256) {
-          QFile::remove(chegada);
-          Termina(QObject::tr("%1 is not what the list says: its size or its sum is wrong. The file was removed.")
-                      .arg(m_video.titulo));
-        } else if (!QFile::rename(chegada, real)) { // which replaces nothing
-          Termina(QObject::tr("%1 could not be put into the folder Videos.").arg(m_video.titulo));
-        } else {
-          m_somas.insert(Marca(real), *soma);
-          Termina(QObject::tr("%1 is there.").arg(m_video.titulo));
-        }
-      });
+  m_tarefa = Soma(chegada, [this, chegada](const QByteArray &soma) {
+    const QString real = Real(m_video);
+    if (QFileInfo(chegada).size() != m_video.tamanho || soma != m_video.sha256) {
+      QFile::remove(chegada);
+      Termina(QObject::tr("%1 is not what the list says: its size or its sum is wrong. The file was removed.")
+                  .arg(m_video.titulo));
+    } else if (!QFile::rename(chegada, real)) { // which replaces nothing
+      Termina(QObject::tr("%1 could not be put into the folder Videos.").arg(m_video.titulo));
+    } else {
+      m_somas.insert(Marca(real), soma);
+      Termina(QObject::tr("%1 is there.").arg(m_video.titulo));
+    }
+  });
+}
+
+std::unique_ptr<WebTask> VideosSugeridos::Soma(const QString &real, std::function<void(const QByteArray &)> pronto) {
+  return m_fios.Comeca([real, pronto = std::move(pronto)](const std::atomic<bool> &parar,
+                                                          const SideThreads::Avisa &) -> SideThreads::Relato {
+    return [pronto, soma = SomaDe(real, parar)](SideThreads::Ouvintes &) { pronto(soma); };
+  });
 }
 
 void VideosSugeridos::Termina(const QString &frase) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/app_folder.h"
+#include "web/side_threads.h"
 #include "web/web_client.h"
 
 #include <QByteArray>
@@ -68,6 +69,8 @@ private:
   void Pede(bool continua);
   void Veio(const FimDoDownload &fim);
   void ConfereChegada();
+  // Of a file, empty when it cannot be read.
+  [[nodiscard]] std::unique_ptr<WebTask> Soma(const QString &real, std::function<void(const QByteArray &soma)> pronto);
   void Termina(const QString &frase);
   void ConfereProximo();
   QString Real(const VideoSugerido &video) const;
@@ -79,6 +82,7 @@ private:
   Ouvinte m_ouvinte;
   EspacoLivre m_livre;
   VideoSugerido m_video; // that is being downloaded
+  SideThreads m_fios;
   std::unique_ptr<WebTask> m_tarefa;
   QList<VideoSugerido> m_aConferir;
   std::unique_ptr<WebTask> m_conferencia;

@@ -2,8 +2,9 @@
 
 #include "controls/ui/palette.h"
 #include "controls/ui/work_strip.h"
+#include "foundation/real_path.h"
 #include "foundation/text_file.h"
-#include "web/side_work.h"
+#include "web/later.h"
 #include "web/update.h"
 
 #include <QDir>
@@ -74,10 +75,11 @@ void FrmUp::Baixa() {
   const QString texto = tr("Downloading…");
   m_strip->Begin(texto);
   if (!m_instalador.isValid()) { // the answer named none
-    m_dl1 = TrabalhaAoLado([](const std::atomic_bool &) {}, [this] { Acabou({}); });
+    m_dl1 = ContaDepois([this] { Acabou({}); });
     return;
   }
   QDir().mkpath(QFileInfo(m_arquivo).path());
+  m_arquivo = MapStoredPath(m_arquivo).text(); // where one of that name lies in another case, it is the one replaced
   PedidoDeDownload pedido;
   pedido.endereco = m_instalador;
   pedido.arquivo = m_arquivo;

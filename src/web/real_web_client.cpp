@@ -1,9 +1,9 @@
 #include "web/real_web_client.h"
 
-#include "web/client_threads.h"
 #include "web/curl_request.h"
 #include "web/file_download.h"
 #include "web/qt_request.h"
+#include "web/side_threads.h"
 
 #include <QNetworkAccessManager>
 #include <array>
@@ -62,8 +62,8 @@ QByteArray NomeDoAgente(Agente agente) {
 using Pronto = std::function<void(const QString &page)>;
 
 // What the thread has read, on the way to who asked for it.
-ClientThreads::Relato Pagina(const std::shared_ptr<QString> &texto) {
-  return [texto](ClientThreads::Ouvintes &ouvintes) {
+SideThreads::Relato Pagina(const std::shared_ptr<QString> &texto) {
+  return [texto](SideThreads::Ouvintes &ouvintes) {
     const auto pronto = std::move(ouvintes.pagina); // it may drop the task
     pronto(*texto);
   };
@@ -80,7 +80,7 @@ std::shared_ptr<QString> TextoDe(PageBody &corpo, const QByteArray &tipo, const 
 // A page by Qt Network: the wire belongs to the interface thread, and turning a large page into text does not.
 class PaginaPorQt : public WebTask {
 public:
-  PaginaPorQt(QNetworkAccessManager &gerente, ClientThreads &fios, const Metodo &metodo, int limiteMs, const QUrl &url,
+  PaginaPorQt(QNetworkAccessManager &gerente, SideThreads &fios, const Metodo &metodo, int limiteMs, const QUrl &url,
               Pronto pronto)
       : m_fios(fios), m_crua(metodo.crua), m_pronto(std::move(pronto)) {
     m_request.emplace(gerente, url, NomeDoAgente(metodo.agente), metodo.http2, limiteMs,
@@ -96,21 +96,20 @@ private:
     }
     auto veio = std::make_shared<QtRequest::Fim>(std::move(fim));
     m_texto = m_fios.Comeca(
-        [veio, crua = m_crua](const std::atomic<bool> &, const ClientThreads::Avisa &) {
+        [veio, crua = m_crua](const std::atomic<bool> &, const SideThreads::Avisa &) {
           return Pagina(TextoDe(veio->corpo, veio->tipo, veio->embrulho, crua));
         },
         {std::move(m_pronto), {}, {}});
   }
 
-  ClientThreads &m_fios;
+  SideThreads &m_fios;
   bool m_crua;
   Pronto m_pronto;
   std::optional<QtRequest> m_request;
   std::unique_ptr<WebTask> m_texto;
 };
 
-ClientThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url,
-                                    const std::atomic<bool> &parar) {
+SideThreads::Relato PaginaPorCurl(const Metodo &metodo, int limiteMs, const QUrl &url, const std::atomic<bool> &parar) {
   PageBody corpo;
   CurlRequest get;
   get.endereco = url;
@@ -132,7 +131,7 @@ struct RealWebClient::Impl {
   int limiteMs;
   QNetworkAccessManager gerente;
   std::shared_ptr<LugaresEmUso> lugares = std::make_shared<LugaresEmUso>();
-  ClientThreads fios;
+  SideThreads fios;
 };
 
 RealWebClient::RealWebClient(int limiteDeTempoMs) : m_impl(std::make_unique<Impl>(limiteDeTempoMs)) {
@@ -146,7 +145,7 @@ std::unique_ptr<WebTask> RealWebClient::FetchBy(int method, const QUrl &url, Pro
     return std::make_unique<PaginaPorQt>(m_impl->gerente, m_impl->fios, metodo, m_impl->limiteMs, url,
                                          std::move(pronto));
   return m_impl->fios.Comeca(
-      [metodo, limiteMs = m_impl->limiteMs, url](const std::atomic<bool> &parar, const ClientThreads::Avisa &) {
+      [metodo, limiteMs = m_impl->limiteMs, url](const std::atomic<bool> &parar, const SideThreads::Avisa &) {
         return PaginaPorCurl(metodo, limiteMs, url, parar);
       },
       {std::move(pronto), {}, {}});
@@ -157,16 +156,16 @@ std::unique_ptr<WebTask> RealWebClient::Download(const PedidoDeDownload &pedido,
                                                  std::function<void(const FimDoDownload &)> pronto) {
   return m_impl->fios.Comeca(
       [pedido, limiteMs = m_impl->limiteMs, lugares = m_impl->lugares](const std::atomic<bool> &parar,
-                                                                       const ClientThreads::Avisa &avisa) {
+                                                                       const SideThreads::Avisa &avisa) {
         const auto conta = [&avisa](qint64 veio, qint64 total) {
-          avisa([veio, total](ClientThreads::Ouvintes &ouvintes) {
+          avisa([veio, total](SideThreads::Ouvintes &ouvintes) {
             const auto andando = ouvintes.andou;
             if (andando)
               andando(veio, total);
           });
         };
         const FimDoDownload fim = BaixaArquivo(pedido, limiteMs, *lugares, parar, conta);
-        return ClientThreads::Relato([fim](ClientThreads::Ouvintes &ouvintes) {
+        return SideThreads::Relato([fim](SideThreads::Ouvintes &ouvintes) {
           const auto acabou = std::move(ouvintes.fim);
           acabou(fim);
         });

@@ -4,7 +4,7 @@
 #include "web/secure_address.h"
 
 #include <QObject>
-#include <QUrlQuery>
+#include <algorithm>
 #include <utility>
 
 namespace tolmira {
@@ -19,14 +19,25 @@ constexpr qsizetype MaiorNumeroDeCampos = 50;
 constexpr qsizetype MaiorCampo = 4000;
 
 // The fields of an answer, as many and as long as are looked at.
-QStringList CamposDe(const QString &resposta) {
+QStringList CamposDe(QStringView resposta) {
   QStringList campos;
-  for (const QStringView campo : QStringView(resposta).tokenize(Separador)) {
+  for (const QStringView campo : resposta.tokenize(Separador)) {
     if (campos.size() >= MaiorNumeroDeCampos)
       break;
     campos << campo.left(MaiorCampo).trimmed().toString();
   }
   return campos;
+}
+
+// What would turn the letters round or hide them is a blank instead.
+QString ParaLer(QString campo) {
+  std::replace_if(
+      campo.begin(), campo.end(),
+      [](QChar letra) {
+        return letra != u'\n' && (letra.category() == QChar::Other_Control || letra.category() == QChar::Other_Format);
+      },
+      QChar(u' '));
+  return campo.trimmed();
 }
 
 QString ComEscapes(QString nome) {
@@ -35,13 +46,13 @@ QString ComEscapes(QString nome) {
 
 } // namespace
 
-NovaVersao LeNovaVersao(const QString &resposta) {
+NovaVersao LeNovaVersao(QStringView resposta) {
   NovaVersao nova;
   const QStringList campos = CamposDe(resposta);
   for (qsizetype i = 0; i < campos.size(); ++i) {
     const QString &campo = campos.at(i);
     if (i == 2) {
-      nova.versao = campo;
+      nova.versao = ParaLer(campo).simplified();
       continue;
     }
     if (i == 3) {
@@ -51,8 +62,8 @@ NovaVersao LeNovaVersao(const QString &resposta) {
         continue;
       }
     }
-    if (!campo.isEmpty())
-      nova.paragrafos << campo;
+    if (const QString texto = ParaLer(campo); !texto.isEmpty())
+      nova.paragrafos << texto;
   }
   return nova;
 }
@@ -85,18 +96,12 @@ std::unique_ptr<WebTask> Atualizacao::VerificaVersao(std::function<void(const QS
                              });
 }
 
-std::optional<QString> Atualizacao::RespostaComLink(const QString &resultado) {
-  return resultado.endsWith(ComLink) ? std::optional<QString>(resultado.chopped(ComLink.size())) : std::nullopt;
+std::optional<QStringView> Atualizacao::RespostaComLink(QStringView resultado) {
+  return resultado.endsWith(ComLink) ? std::optional(resultado.chopped(ComLink.size())) : std::nullopt;
 }
 
 QUrl Atualizacao::PaginaDeDownload() const {
-  QUrl pagina = m_endpoints.Endereco(Endpoint::PaginaDownload, QString());
-  if (!pagina.isValid())
-    return {};
-  QUrlQuery query(pagina);
-  query.addQueryItem(QStringLiteral("prog"), NomeDoPrograma);
-  pagina.setQuery(query);
-  return pagina;
+  return m_endpoints.PaginaDoPrograma(Endpoint::PaginaDownload);
 }
 
 QString NomeDoInstalador() {

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 #include <QUrl>
 #include <functional>
 #include <memory>
@@ -18,11 +19,11 @@ inline constexpr qint64 LimiteDoInstalador = qint64(2) << 30; // bytes
 // An answer of the update endpoint: fields joined by "!*!". The third is the newest version and the fourth the address
 // of its installer; all others are for people to read.
 struct NovaVersao {
-  QString versao;
+  QString versao;         // in one line
   QUrl instalador;        // invalid when the answer has none that is read over https
-  QStringList paragrafos; // plain text, whatever stands in it
+  QStringList paragrafos; // plain text, whatever stands in it; without control characters but line ends
 };
-NovaVersao LeNovaVersao(const QString &resposta);
+NovaVersao LeNovaVersao(QStringView resposta);
 
 // Asks the maker's server whether there is a newer version. What is asked and what is fetched goes over https alone,
 // for what comes is to be installed.
@@ -38,8 +39,8 @@ public:
   // `pronto` gets one of three: that the server could not be reached, that this version is the newest, or the answer of
   // the server with "!*!Link" behind it. PorQueNao must be empty.
   [[nodiscard]] std::unique_ptr<WebTask> VerificaVersao(std::function<void(const QString &resultado)> pronto);
-  // The answer in such a result; nothing in the other two.
-  static std::optional<QString> RespostaComLink(const QString &resultado);
+  // The answer in such a result, which stands there; nothing in the other two.
+  static std::optional<QStringView> RespostaComLink(QStringView resultado);
 
   // Where people get the newest version, with the program's name in the key `prog`; invalid when it is not configured.
   QUrl PaginaDeDownload() const;

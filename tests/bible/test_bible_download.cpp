@@ -28,7 +28,7 @@ private:
       if (!files.contains(wanted.endereco.path()))
         return FimDoDownload();
       WriteBytes(QString(wanted.arquivo).replace(u'\\', u'/'), files.value(wanted.endereco.path()));
-      return FimDoDownload{true, true, false, wanted.endereco};
+      return FimDoDownload{true, true, wanted.endereco};
     };
   }
 
@@ -70,8 +70,8 @@ private slots:
     QFETCH(QString, reply);
     QFETCH(QStringList, names);
     QStringList read;
-    if (const auto versions = LeListaDeBiblias(reply))
-      for (const VersaoOferecida &version : *versions)
+    if (const auto list = LeListaDeBiblias(reply))
+      for (const VersaoOferecida &version : list->versoes)
         read << version.nome;
     else
       read << QStringLiteral("-");
@@ -120,9 +120,9 @@ private slots:
     QFETCH(int, answersAt);
     QFETCH(QList<int>, methods);
     QFETCH(bool, found);
-    const QString list = QString::fromLatin1(BibleListReply());
+    const QString reply = QString::fromLatin1(BibleListReply());
     m_web->page = [&](int method, const QUrl &) {
-      return (method == 1 && answersAt == 1) || (method == 2 && answersAt == 3) ? list : QStringLiteral("Try later");
+      return (method == 1 && answersAt == 1) || (method == 2 && answersAt == 3) ? reply : QStringLiteral("Try later");
     };
     if (answersAt == 2)
       Serve({{QStringLiteral("/Arquivos/BibleText/biblelist.php"), BibleListReply()}});
@@ -137,10 +137,10 @@ private slots:
     std::optional<qsizetype> count;
     bool answered = false;
     std::unique_ptr<WebTask> task;
-    task = search.Procura(address, [&](const auto &versions) {
+    task = search.Procura(address, [&](const auto &list) {
       answered = true;
-      if (versions)
-        count = versions->size();
+      if (list)
+        count = list->versoes.size();
       task.reset();
     });
     QTRY_VERIFY(answered);
@@ -158,7 +158,7 @@ private slots:
            {QStringLiteral("/texts/OLD_HILLSIDE.txt"), TinyVersion("Matthew", "In the wrong testament.")}});
     ImportadorDeBiblias importer{QString()};
     FilaDeBiblias queue(*m_app, *m_web, importer, Listening());
-    queue.Comeca(m_list, *LeListaDeBiblias(QString::fromLatin1(BibleListReply())));
+    queue.Comeca(m_list, LeListaDeBiblias(QString::fromLatin1(BibleListReply()))->versoes);
     QTRY_VERIFY(m_ended);
     QCOMPARE(m_said,
              QStringList({QStringLiteral("there is already: HARBOUR Old Testament"),
@@ -184,7 +184,7 @@ private slots:
     m_web->answers = false;
     ImportadorDeBiblias importer{QString()};
     FilaDeBiblias queue(*m_app, *m_web, importer, Listening());
-    queue.Comeca(m_list, *LeListaDeBiblias(QString::fromLatin1(BibleListReply())));
+    queue.Comeca(m_list, LeListaDeBiblias(QString::fromLatin1(BibleListReply()))->versoes);
     queue.Para();
     QCOMPARE(m_web->dropped, 1);
     QVERIFY(!queue.Roda() && !m_ended);

@@ -9,6 +9,7 @@
 #include "support/scripted_web.h"
 #include "support/sites/services_site.h"
 #include "support/window_warnings.h"
+#include "web/real_web_client.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -25,7 +26,7 @@ class UiTestBibleDownload : public QObject {
 
 private:
   struct Room {
-    explicit Room(const QString &host = QStringLiteral("t.example"))
+    explicit Room(const QString &host = QStringLiteral("t.example"), WebClient *real = nullptr)
         : app(folder.path()), store(app), biblia(app, store), positions(store, yielder) {
       qputenv("TEMP", folder.path().toLocal8Bit());
       qputenv("XDG_DATA_HOME", folder.filePath(QStringLiteral("share")).toLocal8Bit()); // the trash
@@ -36,9 +37,9 @@ private:
         WriteBytes(folder.filePath(QStringLiteral("Bible/OLD_%1.txt").arg(QLatin1String(name))),
                    TinyVersion("Genesis", name));
       biblia.BuildVersionMenu();
-      windows = std::make_unique<BibleWindows>(
-          BibleDoors{biblia, store, console, positions, clock, &desk, {}},
-          BibleDownloadDoors{biblia, app, endpoints, web, prompt, positions, QString(), [this] { Rebuild(); }, &desk});
+      windows = std::make_unique<BibleWindows>(BibleDoors{biblia, store, console, positions, clock, &desk, {}},
+                                               BibleDownloadDoors{biblia, app, endpoints, real ? *real : web, prompt,
+                                                                  positions, QString(), [this] { Rebuild(); }, &desk});
       windows->AbreBaixar();
     }
     void Rebuild() {
@@ -142,7 +143,7 @@ private slots:
       const bool old = wanted.endereco.path().contains(u"OLD_");
       if (old)
         WriteBytes(QString(wanted.arquivo).replace(u'\\', u'/'), TinyVersion("Genesis", "The tide"));
-      return FimDoDownload{old, true, false, wanted.endereco};
+      return FimDoDownload{old, true, wanted.endereco};
     };
     room.rebuilt = 0;
     room.Button("Command3")->click();
@@ -170,6 +171,55 @@ private slots:
     QCOMPARE(room.prompt.TakeTexts(), QStringList({question, question}));
     QVERIFY(!room.Row(QStringLiteral("WEB")));
     QCOMPARE(room.biblia.VersaoBiblia(), QStringLiteral("KJV"));
+  }
+
+  // Over the wire: a search, both files of one version and the one of another, a removal; then a site that broke.
+  void WorksOverTheWire() {
+    SiteServer site;
+    PlayServices(site);
+    RealWebClient client;
+    Room room(site.Host(), &client);
+    room.Search(QStringLiteral("sea and hills"));
+    QTRY_VERIFY(room.Row(QStringLiteral("HARBOUR")));
+    QCOMPARE(site.asked.last().target, QByteArray("/Arquivos/BibleText/biblelist.php?tag=sea%20and%20hills"));
+    for (const char *name : {"HARBOUR", "HILLSIDE"})
+      room.Row(QLatin1String(name))->setCheckState(0, Qt::Checked);
+    room.Button("Command3")->click();
+    QTRY_COMPARE(room.Find<QLabel>("Label1")->text(), QStringLiteral("3 files were added. 1 could not be had."));
+    QCOMPARE(ReadBytes(room.folder.filePath(QStringLiteral("Bible/NEW_HARBOUR.txt"))),
+             TinyVersion("Matthew", "The tide came in."));
+    QCOMPARE(room.biblia.Versoes().size(), size_t(4));
+    room.Find<RowList>("List1")->setCurrentItem(room.Row(QStringLiteral("HARBOUR")));
+    room.prompt.answers = {0};
+    room.Button("Command2")->click();
+    QCOMPARE(QDir(room.folder.filePath(QStringLiteral("Bible"))).entryList({QStringLiteral("*HARBOUR*")}),
+             QStringList());
+    room.prompt.TakeTexts();
+
+    site.On("/Arquivos/BibleText/biblelist.php", [](const SiteRequest &) {
+      SiteAnswer answer;
+      answer.body = BibleListReply();
+      answer.ending = SiteAnswer::Ending::CutShort;
+      return answer;
+    });
+    room.Search(QStringLiteral("a"));
+    QTRY_COMPARE(room.prompt.shown.size(), 1);
+    QCOMPARE(room.prompt.TakeTexts(),
+             QStringList{QStringLiteral("Unable to perform the search.\nCheck if you are connected to the internet.")});
+    QVERIFY(room.Row(QStringLiteral("HILLSIDE"))); // which is in the folder
+  }
+
+  // What a site sends is never markup, and what is left out is told.
+  void ListsHostileRows() {
+    Room room;
+    room.web.page = [](int, const QUrl &) {
+      return QString(u"[Lista]<br>" + QStringLiteral("url|:|/a|:|A|:|../x<br>").repeated(3) +
+                     u"url|:|/a|:|<img src=a>|:|HARBOUR<br>");
+    };
+    room.Search(QStringLiteral("a"));
+    QTRY_VERIFY(room.Row(QStringLiteral("HARBOUR")));
+    QVERIFY(!room.Row(QStringLiteral("HARBOUR"))->toolTip(0).contains(u"<img"));
+    QCOMPARE(room.Find<QLabel>("Label1")->text(), QStringLiteral("3 rows of the list were left out."));
   }
 
   void SaysWhatCannotBeRemoved() {

@@ -2,6 +2,7 @@
 #include "support/files.h"
 #include "support/scripted_web.h"
 #include "support/sites/services_site.h"
+#include "web/real_web_client.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -15,16 +16,17 @@ class TestSuggestedVideos : public QObject {
 
 private:
   struct Room {
-    Room() : app(folder.path()) {
+    explicit Room(const QByteArray &address = "https://v.example/h.mp4", WebClient *real = nullptr)
+        : app(folder.path()), client(real ? *real : web) {
       QDir(folder.path()).mkdir(QStringLiteral("Videos"));
       WriteBytes(folder.filePath(QStringLiteral("Data/content.dat")),
-                 ContentLine("Harbour at dawn", "https://v.example/h.mp4", SuggestedVideo()));
+                 ContentLine("Harbour at dawn", address, SuggestedVideo()));
       video = LeCatalogoDeVideos(app).videos.value(0);
     }
     void Sends(const QByteArray &bytes) {
       web.file = [bytes](const PedidoDeDownload &wanted) {
         WriteBytes(QString(wanted.arquivo).replace(u'\\', u'/'), bytes);
-        return FimDoDownload{true, true, false, wanted.endereco};
+        return FimDoDownload{true, true, wanted.endereco};
       };
     }
     QString In(const char *name) const { return folder.filePath(u"Videos/" + QString::fromLatin1(name)); }
@@ -33,12 +35,14 @@ private:
     QTemporaryDir folder;
     AppFolder app;
     ScriptedWeb web;
+    WebClient &client;
     QString end;
     qint64 space = -1;
+    qint64 got = 0;
     VideoSugerido video;
     VideosSugeridos videos{app,
-                           web,
-                           {[](const VideoSugerido &) {}, [](const QString &, qint64, qint64) {},
+                           client,
+                           {[](const VideoSugerido &) {}, [this](const QString &, qint64 came, qint64) { got = came; },
                             [this](const QString &said) { end = said; }},
                            [this](const QString &) { return space; }};
   };
@@ -106,11 +110,48 @@ private slots:
     room.videos.Para();
     QCOMPARE(room.web.dropped, 1);
 
-    room.web.answers = true; // the site has another one by now
-    room.web.file = [](const PedidoDeDownload &wanted) { return FimDoDownload{false, true, true, wanted.endereco}; };
+    room.web.answers = true; // and breaks off again
     room.videos.Baixa(room.video);
     QTRY_VERIFY(!room.end.isEmpty());
-    QCOMPARE(room.videos.Estado(room.video), EstadoDoVideo::NaoEsta);
+    QCOMPARE(room.videos.Estado(room.video), EstadoDoVideo::Parte);
+  }
+
+  // Over the wire: begun, stopped, gone on with at once, and a site that has another file by then.
+  void WorksOverTheWire_data() {
+    QTest::addColumn<QByteArray>("rest");
+    QTest::addColumn<EstadoDoVideo>("state");
+    QTest::newRow("right") << SuggestedVideo() << EstadoDoVideo::Esta;
+    QTest::newRow("wrong sum") << SuggestedVideo().replace(80'000, 1, "N") << EstadoDoVideo::NaoEsta;
+  }
+  void WorksOverTheWire() {
+    QFETCH(QByteArray, rest);
+    QFETCH(EstadoDoVideo, state);
+    SiteServer site;
+    RealWebClient client;
+    site.On("/h.mp4", [rest](const SiteRequest &request) {
+      SiteAnswer answer;
+      const QByteArray range = request.headers.value("range"); // "bytes=3-"
+      const qsizetype from = range.isEmpty() ? 0 : range.sliced(6).chopped(1).toLongLong();
+      answer.body = rest.sliced(from);
+      answer.ending = range.isEmpty() ? SiteAnswer::Ending::Drip : SiteAnswer::Ending::Whole;
+      answer.status = range.isEmpty() ? 200 : 206;
+      const QByteArray size = QByteArray::number(rest.size());
+      answer.headers = {{"ETag", "\"one\""}};
+      if (!range.isEmpty())
+        answer.headers.append(
+            qMakePair(QByteArray("Content-Range"), QByteArray("bytes " + QByteArray::number(from) + "-/" + size)));
+      return answer;
+    });
+    Room room(site.Host().toLatin1() + "/h.mp4", &client);
+    const QString part = room.In("Harbour at dawn.mp4.download.part");
+    room.videos.Baixa(room.video);
+    QTRY_VERIFY(room.got > 0);
+    room.videos.Para();
+    room.videos.Baixa(room.video);
+    QTRY_VERIFY(!room.end.isEmpty());
+    QVERIFY(site.asked.last().headers.contains("range"));
+    QCOMPARE(room.videos.Estado(room.video), state);
+    QVERIFY(!QFile::exists(part));
   }
 
   // The program ended between the last byte and the check.

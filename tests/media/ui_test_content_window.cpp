@@ -57,7 +57,7 @@ private slots:
     web.answers = true;
     web.file = [](const PedidoDeDownload &wanted) {
       WriteBytes(QString(wanted.arquivo).replace(u'\\', u'/'), SuggestedVideo());
-      return FimDoDownload{true, true, false, wanted.endereco};
+      return FimDoDownload{true, true, wanted.endereco};
     };
     download->click();
     QTRY_COMPARE(list->topLevelItem(0)->text(2), QStringLiteral("there"));

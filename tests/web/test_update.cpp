@@ -78,7 +78,7 @@ private slots:
     QTRY_VERIFY(!got.isEmpty());
     QCOMPARE(got, result);
     QCOMPARE(room.web.asked.size(), asked);
-    QCOMPARE(Atualizacao::RespostaComLink(got).value_or(QStringLiteral("-")),
+    QCOMPARE(Atualizacao::RespostaComLink(got).value_or(u"-").toString(),
              result.endsWith(u"Link") ? answer : QStringLiteral("-"));
     if (asked == 1)
       QCOMPARE(room.store.ReadConfig(QStringLiteral("Config"), QStringLiteral("updates"), QString()),
@@ -94,6 +94,8 @@ private slots:
                              << QStringList{QStringLiteral("ok"), QStringLiteral("<b>Calm</b>")};
     QTest::newRow("over http") << "!*!!*!2.0.0!*!http://127.0.0.1/i.exe" << QString()
                                << QStringList{QStringLiteral("http://127.0.0.1/i.exe")};
+    QTest::newRow("letters that cannot be seen") << QString(QStringLiteral("a\u202eb\nc\u0001!*!!*!2.0.0\n"))
+                                                 << QString() << QStringList{QStringLiteral("a b\nc")};
     QTest::newRow("none") << "!*!!*!2.0.0" << QString() << QStringList();
   }
   void ReadsTheInstaller() {

@@ -1,11 +1,14 @@
+#include "foundation/text_utils.h"
 #include "support/counting_yielder.h"
 #include "support/files.h"
 #include "support/recording_opener.h"
 #include "support/scripted_prompt.h"
 #include "support/scripted_web.h"
+#include "support/site_server.h"
 #include "support/window_warnings.h"
 #include "web/FrmComunicado.h"
 #include "web/FrmUp.h"
+#include "web/real_web_client.h"
 #include "web/ui/update_windows.h"
 
 #include <QApplication>
@@ -24,7 +27,8 @@ class UiTestUpdateWindows : public QObject {
 
 private:
   struct Room {
-    Room() : app(folder.path()), store(app), positions(store, yielder) {
+    explicit Room(WebClient *real = nullptr)
+        : app(folder.path()), store(app), positions(store, yielder), pages(store, real ? *real : web) {
       QDir(folder.path()).mkdir(QStringLiteral("Data"));
       QString file = app.At(u"\\Data\\Endpoints.dat");
       store.WriteConfig(QStringLiteral("Endpoints"), QStringLiteral("Atualizacao"), QStringLiteral("up.example"), file);
@@ -60,7 +64,7 @@ private:
     FormPositions positions;
     Endpoints endpoints{store};
     ScriptedWeb web;
-    PageFetcher pages{store, web};
+    PageFetcher pages;
     ScriptedPrompt prompt;
     RecordingOpener opener;
     QWidget desk;
@@ -104,7 +108,7 @@ private slots:
     room.web.file = [&](const PedidoDeDownload &wanted) {
       if (writes)
         WriteBytes(wanted.arquivo, "MZ");
-      return FimDoDownload{whole, https, false, wanted.endereco};
+      return FimDoDownload{whole, https, wanted.endereco};
     };
     room.UpdateNow();
     room.Up()->Open(); // coming to the front again starts nothing
@@ -128,6 +132,41 @@ private slots:
     QCOMPARE(room.web.dropped, 1);
     QTest::qWait(0);
     QVERIFY(room.prompt.TakeTexts().isEmpty());
+    QCOMPARE(room.ended, 0);
+  }
+
+  // Over the wire: all three answers, and an installer that does not come.
+  void WorksOverTheWire() {
+    SiteServer site;
+    RealWebClient client;
+    Room room(&client);
+    QString file = room.app.At(u"\\Data\\Endpoints.dat");
+    room.store.WriteConfig(QStringLiteral("Endpoints"), QStringLiteral("Atualizacao"), site.Host(), file);
+    const auto asks = [&](const QByteArray &answer) {
+      site.Page("/update.php", answer);
+      room.windows->VerifyUpdate();
+    };
+    for (const auto &[answer, said] :
+         {std::pair{"", "Could not connect to server"},
+          std::pair{"a!*!b!*!" TOLMIRA_VERSION, "You are already using the latest version of the Tolmira"}}) {
+      asks(answer);
+      QTRY_COMPARE(room.prompt.shown.size(), 1);
+      QCOMPARE(room.prompt.TakeTexts(), QStringList{QLatin1String(said)});
+      QVERIFY(!room.desk.findChild<FrmComunicado *>()->isVisible());
+    }
+    QCOMPARE(site.asked.last().target,
+             QByteArray("/update.php?vl=" + VersionCode(QStringLiteral(TOLMIRA_VERSION)).toLatin1() +
+                        "&sigla=tol&prog=Tolmira"));
+    QDir(room.folder.path()).mkdir(QStringLiteral("Desktop"));
+    WriteBytes(room.Installer(), "of an earlier update");
+    asks("!*!!*!99.0.0!*!https://127.0.0.1:1/i.exe"); // where nothing listens
+    auto *now = room.desk.findChild<FrmComunicado *>()->findChild<QPushButton *>(QStringLiteral("Command1"));
+    QTRY_VERIFY(now->isEnabled());
+    now->click();
+    QTRY_COMPARE(room.opener.opened, QList<QUrl>{QUrl(QStringLiteral("https://maker.example?prog=Tolmira"))});
+    QVERIFY(room.prompt.TakeTexts().value(0).startsWith(u"Could not download the update.\n"));
+    QVERIFY(!room.Up()->isVisible());
+    QCOMPARE(ReadBytes(room.Installer()), QByteArray("of an earlier update"));
     QCOMPARE(room.ended, 0);
   }
 

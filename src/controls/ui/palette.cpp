@@ -133,9 +133,9 @@ QRadioButton::indicator { width: 14px; height: 14px; border: 1px solid @quiet; b
 QRadioButton::indicator:hover, QRadioButton::indicator:focus { border-color: @accent; }
 QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid @accent; background: @text; }
 QCheckBox:disabled { color: @faint; }
-QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @quiet; border-radius: 4px; background: @desk; }
-QCheckBox::indicator:hover, QCheckBox::indicator:focus { border-color: @accent; }
-QCheckBox::indicator:checked { background: @accent; border-color: @accent;
+QCheckBox::indicator, QTreeView::indicator { width: 16px; height: 16px; border: 1px solid @quiet; border-radius: 4px; background: @desk; }
+QCheckBox::indicator:hover, QCheckBox::indicator:focus, QTreeView::indicator:hover { border-color: @accent; }
+QCheckBox::indicator:checked, QTreeView::indicator:checked { background: @accent; border-color: @accent;
   image: url(:/tolmira/icons/indicator-check.svg); }
 QCheckBox::indicator:checked:hover, QCheckBox::indicator:checked:focus { border-color: @text; }
 QCheckBox::indicator:disabled { border-color: @line; }

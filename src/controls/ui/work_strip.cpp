@@ -2,6 +2,7 @@
 
 #include "controls/ui/elided_label.h"
 #include "controls/ui/palette.h"
+#include "controls/ui/plain_tip.h"
 
 #include <QHBoxLayout>
 #include <QProgressBar>
@@ -38,7 +39,7 @@ WorkStrip::WorkStrip(QWidget *parent)
 
 void WorkStrip::ShowText(const QString &text) {
   m_text->setText(text);
-  m_text->setToolTip(text.toHtmlEscaped()); // it may hold what a page calls itself
+  m_text->setToolTip(PlainTip(text));
 }
 
 void WorkStrip::Begin(const QString &text) {

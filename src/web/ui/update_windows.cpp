@@ -29,7 +29,7 @@ void UpdateWindows::VerifyUpdate() {
 
 void UpdateWindows::Veio(const QString &resultado) {
   m_pergunta.reset();
-  if (const std::optional<QString> resposta = Atualizacao::RespostaComLink(resultado)) {
+  if (const std::optional<QStringView> resposta = Atualizacao::RespostaComLink(resultado)) {
     m_comunicado->Mostra(LeNovaVersao(*resposta));
     return;
   }

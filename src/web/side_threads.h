@@ -11,14 +11,15 @@
 
 namespace tolmira {
 
-// What waits for the web beside the interface thread. Reports run on the thread of this object, and none runs once its
-// task was dropped. A task that is dropped is not waited for; ending this ends all of them and waits, for a moment.
-class ClientThreads : public QObject {
+// What waits for the web or for a disk beside the interface thread. Reports run on the thread of this object, and none
+// runs once its task was dropped. A task that is dropped is not waited for, so a disk that does not answer holds up
+// nobody; ending this ends all of them and waits.
+class SideThreads : public QObject {
 public:
-  ClientThreads() = default;
-  ~ClientThreads() override;
+  SideThreads() = default;
+  ~SideThreads() override;
 
-  // Who is told. They stay on the thread of this object, where they also end.
+  // Who is told of what comes from the web. They stay on the thread of this object, where they also end.
   struct Ouvintes {
     std::function<void(const QString &page)> pagina;
     std::function<void(qint64 veio, qint64 total)> andou;
@@ -29,7 +30,7 @@ public:
   // What is to be done; it looks at `parar` often. What it returns is told at the end.
   using Trabalho = std::function<Relato(const std::atomic<bool> &parar, const Avisa &avisa)>;
 
-  std::unique_ptr<WebTask> Comeca(Trabalho trabalho, Ouvintes ouvintes);
+  std::unique_ptr<WebTask> Comeca(Trabalho trabalho, Ouvintes ouvintes = {});
 
 private:
   struct Estado {

@@ -1,10 +1,10 @@
-#include "web/client_threads.h"
+#include "web/side_threads.h"
 
 #include <utility>
 
 namespace tolmira {
 
-class ClientThreads::Tarefa : public WebTask {
+class SideThreads::Tarefa : public WebTask {
 public:
   explicit Tarefa(std::shared_ptr<Estado> estado) : m_estado(std::move(estado)) {}
   ~Tarefa() override {
@@ -16,14 +16,14 @@ private:
   std::shared_ptr<Estado> m_estado;
 };
 
-ClientThreads::~ClientThreads() {
+SideThreads::~SideThreads() {
   for (const Fio &fio : m_fios)
     fio.estado->parar = true;
   for (Fio &fio : m_fios)
     fio.thread.join();
 }
 
-std::unique_ptr<WebTask> ClientThreads::Comeca(Trabalho trabalho, Ouvintes ouvintes) {
+std::unique_ptr<WebTask> SideThreads::Comeca(Trabalho trabalho, Ouvintes ouvintes) {
   Recolhe();
   auto estado = std::make_shared<Estado>();
   estado->ouvintes = std::move(ouvintes);
@@ -44,7 +44,7 @@ std::unique_ptr<WebTask> ClientThreads::Comeca(Trabalho trabalho, Ouvintes ouvin
   return std::make_unique<Tarefa>(std::move(estado));
 }
 
-void ClientThreads::Recolhe() {
+void SideThreads::Recolhe() {
   for (auto fio = m_fios.begin(); fio != m_fios.end();) {
     if (fio->estado->acabou) {
       fio->thread.join();

@@ -64,6 +64,7 @@ WebPage::WebPage(QWebEngineProfile *profile, QObject *parent)
   own->setAttribute(QWebEngineSettings::PluginsEnabled, false);
   own->setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
   own->setAttribute(QWebEngineSettings::ScreenCaptureEnabled, false);
+  own->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes); // or the desktop's programs open
 }
 
 void WebPage::Load(const QUrl &url, int load) {
@@ -111,6 +112,20 @@ void WebPage::Settle() {
 
 QWebEnginePage *WebPage::createWindow(WebWindowType) {
   return nullptr;
+}
+
+void WebPage::javaScriptAlert(const QUrl &, const QString &) {}
+
+bool WebPage::javaScriptConfirm(const QUrl &, const QString &) {
+  return true;
+}
+
+bool WebPage::javaScriptPrompt(const QUrl &, const QString &, const QString &, QString *) {
+  return false;
+}
+
+QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList &, const QStringList &) {
+  return {};
 }
 
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,

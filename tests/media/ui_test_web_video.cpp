@@ -289,6 +289,24 @@ private slots:
       QVERIFY(!request.target.startsWith("/consent"));
   }
 
+  // A page of ours that another took the place of at once, which was to begin in another process than the site's.
+  void thePageBehindAVideoIsHeard() {
+    Room room(m_profile);
+    for (const char *name : {"a.html", "b.html"})
+      WriteBytes(room.folder.filePath(QLatin1String(name)), "<body>x</body>");
+    WebPageHost host(QStringLiteral("display"), &room.desk);
+    QVERIFY(host.CriaBrowser());
+    host.show();
+    room.desk.show();
+    for (int i = 0; i < 2; ++i) {
+      host.WV()->Navigate(room.site.Host() + u"/embed/Nothing_1", 8);
+      QVERIFY(Eval(host.WV(), QStringLiteral("location.href")).contains(u"Nothing"));
+      host.WV()->Navigate(room.folder.filePath(QStringLiteral("a.html")), 8);
+      host.WV()->Navigate(room.folder.filePath(QStringLiteral("b.html")), 8);
+      QVERIFY(Eval(host.WV(), QStringLiteral("location.href")).contains(u"b.html"));
+    }
+  }
+
   // Neither boxes of a page nor what it does by itself bring anything else to the projection.
   void aPageOfTheNetKeepsToItself() {
     Room room(m_profile);

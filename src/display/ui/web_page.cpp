@@ -68,6 +68,10 @@ WebPage::WebPage(QWebEngineProfile *profile, QObject *parent)
 }
 
 void WebPage::Load(const QUrl &url, int load) {
+  // A load that has not come to its document may have been given a process by now, with the reporter as it was. The
+  // next one would begin there and report by the number of the one before.
+  if (m_load != 0 && !m_began)
+    triggerAction(Stop);
   for (const QWebEngineScript &old : scripts().find(ReporterName))
     scripts().remove(old);
   QWebEngineScript reporter;

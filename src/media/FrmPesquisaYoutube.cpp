@@ -6,6 +6,7 @@
 #include "display/ui/web_page_host.h"
 #include "media/ui/site_view.h"
 #include "media/video_files.h"
+#include "web/side_work.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -171,17 +172,25 @@ void FrmPesquisaYoutube::Pesquisar1() {
 
 void FrmPesquisaYoutube::Veio(const QString &pagina) {
   const std::unique_ptr<WebTask> ended = std::move(m_task); // whose report this is
-  m_strip->End();
-  m_cmdPesquisar->setEnabled(true);
   if (pagina.isEmpty()) {
+    Terminou();
     m_doors.prompt.Message(MessageKind::Warning, Titulo,
                            QStringLiteral("Unable to perform the search.\r\nCheck your internet connection."));
     return;
   }
-  Mostra(DadosDaPesquisa(pagina));
+  const auto dados = std::make_shared<QString>();
+  m_task = TrabalhaAoLado([pagina, dados](const std::atomic_bool &) { *dados = DadosDaPesquisa(pagina); },
+                          [this, dados] { Mostra(*dados); });
+}
+
+void FrmPesquisaYoutube::Terminou() {
+  m_strip->End();
+  m_cmdPesquisar->setEnabled(true);
 }
 
 void FrmPesquisaYoutube::Mostra(const QString &dados) {
+  const std::unique_ptr<WebTask> ended = std::move(m_task); // whose report this is
+  Terminou();
   const QString caminho = MontaPaginaDaPesquisa(m_doors.store.App(), dados, m_site.Inicio().toString());
   if (caminho.isEmpty() || !m_wv->CriaBrowser()) {
     Diz(tr("The page of the results could not be written."));
@@ -240,8 +249,7 @@ void FrmPesquisaYoutube::keyPressEvent(QKeyEvent *event) {
 
 void FrmPesquisaYoutube::closeEvent(QCloseEvent *event) {
   m_task.reset();
-  m_cmdPesquisar->setEnabled(true);
-  m_strip->End();
+  Terminou();
   m_cmdSite->setChecked(false);
   RemovePaginaDaPesquisa(m_doors.store.App());
   m_doors.posicoes.SaveFormPosition(*this, false);

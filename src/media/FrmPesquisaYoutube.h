@@ -41,6 +41,7 @@ private:
   void MakePages(QVBoxLayout *column);
   void Pesquisar1();
   void Veio(const QString &pagina);
+  void Terminou(); // the search, in whatever way
   void Mostra(const QString &dados);
   void Escolheu(const QString &endereco);
   void AbreSite(bool aberto);

@@ -25,6 +25,14 @@ bool EhDaWeb(const QUrl &url) {
   return url.isValid() && web && !url.host().isEmpty() && url.userInfo().isEmpty();
 }
 
+// Nothing but an id may stand behind: the engine makes another path of "..".
+bool TerminaEmId(QStringView caminho, const QString &raiz) {
+  if (!caminho.startsWith(raiz))
+    return false;
+  caminho = caminho.sliced(raiz.size());
+  return EhIdDeVideo(caminho.endsWith(u'/') ? caminho.chopped(1) : caminho);
+}
+
 bool MesmoLugar(const QUrl &a, const QUrl &b) {
   return a.scheme() == b.scheme() && a.host() == b.host() && a.port() == b.port();
 }
@@ -59,14 +67,21 @@ QString VideoSite::EnderecoDoTelao(const QString &link) const {
   const QUrl url(endereco, QUrl::TolerantMode);
   if (!EhDoSite(url))
     return {};
-  if (url.path().startsWith(CaminhoDoEmbed))
-    return endereco;
-  const QString embed = LinkDe(endereco);
-  return embed.isEmpty() ? endereco : embed;
+  if (!EhEmbed(url))
+    return LinkDe(endereco);
+  const QString semCifra = QStringLiteral("http");
+  return url.scheme() == semCifra && !MesmoLugar(url, Base())
+             ? QString(QStringLiteral("https") + endereco.mid(semCifra.size()))
+             : endereco;
 }
 
 bool VideoSite::PodeNoTelao(const QUrl &url) const {
-  return EhDoSite(url) && url.path().startsWith(CaminhoDoEmbed);
+  return EhDoSite(url) && EhEmbed(url) && (url.scheme() == u"https" || MesmoLugar(url, Base()));
+}
+
+bool VideoSite::EhEmbed(const QUrl &url) const {
+  const QString raiz = MesmoLugar(url, Base()) ? Base().path(QUrl::FullyEncoded) : QString();
+  return TerminaEmId(url.path(QUrl::FullyEncoded), raiz + CaminhoDoEmbed);
 }
 
 bool VideoSite::PodeNoDialogo(const QUrl &url) const {

@@ -18,9 +18,9 @@ public:
 
   bool EhDoSite(const QUrl &url) const; // a page of the web there
 
-  // What a link of an agenda's entry has the projection load, without "?autoplay=1": an embed address as it stands,
-  // that of the video where the link names it in another way, and else the link. Empty when it is no address of the
-  // site.
+  // What a link of an agenda's entry has the projection load, without "?autoplay=1": an embed address as it stands
+  // (but over https, for what comes over http anyone in the hall's network could have written), and that of the video
+  // where the link names it in another way. Empty when it is neither: the site's other pages are not for the hall.
   QString EnderecoDoTelao(const QString &link) const;
   // A server may send a load of the projection on to another page of a video, and nowhere else: pages that ask for
   // consent or a password are not for the hall.
@@ -37,6 +37,7 @@ public:
   QString PorQueNao() const { return m_endpoints.PorQueNao(Endpoint::VideosWeb); }
 
 private:
+  bool EhEmbed(const QUrl &url) const; // by its path
   QUrl Base() const { return m_endpoints.Endereco(Endpoint::VideosWeb, QString()); }
 
   Endpoints m_endpoints;

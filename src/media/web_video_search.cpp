@@ -17,20 +17,25 @@ namespace tolmira {
 namespace {
 
 constexpr QStringView NomeDaPagina = u"\\html\\pesquisaY.html";
-constexpr qsizetype MaioresDados = 8 * 1024 * 1024; // characters
+constexpr qsizetype MaioresDados = 4 * 1024 * 1024; // characters; the site sends one or two million
 constexpr qsizetype MaiorTitulo = 200;
+constexpr QChar QuebraDeEmbed{0x2060}; // a word joiner, which py.dat puts into the word "embed" of a title
 const QString Vazio = QStringLiteral("{}");
 
 // Only characters of ASCII that mean nothing to a page; the others can only stand inside the strings of the text.
 QString ParaScript(const QString &json) {
+  static constexpr char16_t Digitos[] = u"0123456789abcdef";
   QString texto;
   texto.reserve(json.size() + json.size() / 8);
   for (const QChar c : json) {
     const char16_t codigo = c.unicode();
-    if (codigo < 0x7f && c != u'<' && c != u'>' && c != u'&')
+    if (codigo < 0x7f && c != u'<' && c != u'>' && c != u'&') {
       texto += c;
-    else
-      texto += QString(u"\\u" + QString::number(codigo, 16).rightJustified(4, u'0'));
+      continue;
+    }
+    texto += u"\\u";
+    for (int casa = 12; casa >= 0; casa -= 4)
+      texto += QChar(Digitos[(codigo >> casa) & 0xf]);
   }
   return texto;
 }
@@ -86,28 +91,26 @@ EscolhaDeVideo LeEscolhaDeVideo(const QString &endereco) {
   const qsizetype titulo = endereco.indexOf(u"titulo=");
   if (titulo >= 0) {
     const QString guardado = Ate(endereco, titulo + 7, u"&");
-    escolha.titulo = SemMarcas(Decodifica(SemMarcas(guardado))).simplified().left(MaiorTitulo);
+    // Between "|#|" an agenda has the fields of an entry.
+    escolha.titulo = SemMarcas(Decodifica(SemMarcas(guardado)))
+                         .replace(QStringLiteral("|#"), QStringLiteral(" "))
+                         .remove(QuebraDeEmbed)
+                         .simplified()
+                         .left(MaiorTitulo);
     if (escolha.titulo == u"Undefined")
       escolha.titulo.clear();
   }
-  // "embed" may also stand in a title, where no id is behind it.
-  const qsizetype embed = endereco.indexOf(u"embed/");
-  if (embed >= 1) {
-    escolha.id = Ate(endereco, embed + 6, u"?&#/");
-    if (EhIdDeVideo(escolha.id)) {
-      escolha.acao = EscolhaDeVideo::Acao::Tocar;
-      return escolha;
-    }
-  }
   const qsizetype v = endereco.indexOf(u"v=");
-  if (v >= 1) {
+  if (endereco.indexOf(u"embed") >= 1) {
+    escolha.acao = EscolhaDeVideo::Acao::Tocar;
+    const qsizetype embed = endereco.indexOf(u"embed/");
+    if (embed >= 0)
+      escolha.id = Ate(endereco, embed + 6, u"?&#/");
+  } else if (v >= 1) {
+    escolha.acao = EscolhaDeVideo::Acao::Adicionar;
     escolha.id = Ate(endereco, v + 2, u"&");
-    if (EhIdDeVideo(escolha.id)) {
-      escolha.acao = EscolhaDeVideo::Acao::Adicionar;
-      return escolha;
-    }
   }
-  return {};
+  return EhIdDeVideo(escolha.id) ? escolha : EscolhaDeVideo();
 }
 
 } // namespace tolmira

@@ -15,7 +15,7 @@ inline constexpr QStringView MarcaDosResultados =
 
 // The site's data object out of its page, as a literal for a script that holds ASCII alone and nothing that could end
 // the script: it was read as data and written anew, so it cannot be a statement. "{}" where the page has none, or it is
-// no object, or too large.
+// no object, or too large. It may take a second, so it is not for the interface's thread.
 QString DadosDaPesquisa(QStringView pagina);
 
 // Writes <app>\html\pesquisaY.html out of py.dat and those data. `site` is the address of the configured site. Returns
@@ -23,7 +23,8 @@ QString DadosDaPesquisa(QStringView pagina);
 QString MontaPaginaDaPesquisa(const AppFolder &app, const QString &dados, const QString &site);
 void RemovePaginaDaPesquisa(const AppFolder &app);
 
-// What a link of that page asks for.
+// What a link of that page asks for: one with "embed" in it to play, whatever else it holds, and one with "v=" to add.
+// Without a valid id it asks for nothing.
 struct EscolhaDeVideo {
   enum class Acao { Nada, Tocar, Adicionar };
   Acao acao = Acao::Nada;

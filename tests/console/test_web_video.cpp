@@ -90,6 +90,17 @@ private slots:
                                               << "";
     QTest::newRow("user before the host") << "https://www.youtube.com@example.org/embed/x"
                                           << "";
+    QTest::newRow("over http") << "HTTP://m.youtube.com/embed/x?list=y"
+                               << "https://m.youtube.com/embed/x?list=y";
+    QTest::newRow("page without a video") << "https://www.youtube.com/feed/trending"
+                                          << "";
+    QTest::newRow("way out of the embed page") << "https://www.youtube.com/embed/%2e%2e/redirect?q=x"
+                                               << "";
+    QTest::newRow("way out without an id") << "https://www.youtube.com/embed/../redirect?q=https://example.org/"
+                                           << "";
+    QTest::newRow("backslash") << "https://example.org\\.youtube.com/embed/x"
+                               << "";
+    QTest::newRow("letters that look like it") << QStringLiteral("https://www.yоutube.com/embed/x") << "";
     QTest::newRow("script") << "javascript://www.youtube.com/embed/x"
                             << "";
     QTest::newRow("file") << "file://www.youtube.com/embed/x"
@@ -255,6 +266,7 @@ private slots:
     house.ShowIt();
     house.Forget();
     QVERIFY(house.core.videoDaWeb.PodeDesviar(QUrl(QStringLiteral("https://m.youtube.com/embed/x"))));
+    QVERIFY(!house.core.videoDaWeb.PodeDesviar(QUrl(QStringLiteral("http://m.youtube.com/embed/x"))));
     QVERIFY(
         !house.core.videoDaWeb.PodeDesviar(QUrl(QStringLiteral("https://consent.youtube.com/m?continue=/embed/x"))));
     house.core.videoDaWeb.Desviou();

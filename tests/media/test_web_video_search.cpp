@@ -69,8 +69,12 @@ private slots:
                                   << "add Ab1 ";
     QTest::newRow("without a title") << "http://video/?v=Ab1"
                                      << "add Ab1 ";
-    QTest::newRow("a title about embedding") << "http://video/?v=Ab1&titulo=How%20to%20embed"
+    QTest::newRow("embed before all") << "http://video/?v=Ab1&titulo=How%20to%20embed"
+                                      << "";
+    QTest::newRow("a title about embedding") << "http://video/?v=Ab1&titulo=How%20to%20em%E2%81%A0bed"
                                              << "add Ab1 How to embed";
+    QTest::newRow("fields of an agenda") << "http://video/?v=Ab1&titulo=a%7C%23%7C/etc/passwd%7C%23%7C%23"
+                                         << "add Ab1 a |/etc/passwd";
     QTest::newRow("line end in a title") << "http://video/?v=Ab1&titulo=a%0D%0Ab"
                                          << "add Ab1 a b";
     QTest::newRow("at the very start") << "embed/Ab1"

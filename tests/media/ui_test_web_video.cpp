@@ -11,6 +11,7 @@
 #include "support/sites/video_site.h"
 #include "support/web_fixture.h"
 #include "support/window_warnings.h"
+#include "web/real_web_client.h"
 
 #include <QApplication>
 #include <QJsonArray>
@@ -39,10 +40,10 @@ private:
       QString file = app.At(u"\\Data\\Endpoints.dat");
       store.WriteConfig(QStringLiteral("Endpoints"), QStringLiteral("VideosWeb"), site.Host(), file);
       PlayVideoSite(site);
-      windows = std::make_unique<VideoWindows>(
-          VideoDoors{store, prompt, clock, console, positions, control, [] { return QStringLiteral("Culto"); },
-                     [] { return false; }, [this] { ++ended; }, &desk, controlOfWeb, [this] { return onShow; },
-                     [this] { return &fetcher; }, perfil});
+      windows = std::make_unique<VideoWindows>(VideoDoors{store, prompt, clock, console, positions, control,
+                                                          [] { return QStringLiteral("Culto"); }, [] { return false; },
+                                                          [this] { ++ended; }, &desk, controlOfWeb,
+                                                          [this] { return onShow; }, [this] { return way; }, perfil});
     }
     QWidget *Open(const char *name) {
       for (QWidget *top : QApplication::topLevelWidgets())
@@ -80,6 +81,7 @@ private:
     WebVideoControl controlOfWeb{estado, [this] { return projection; }};
     ScriptedWeb web;
     PageFetcher fetcher;
+    PageFetcher *way = &fetcher;
     SiteServer site;
     QWidget desk;
     bool onShow = true;
@@ -99,13 +101,13 @@ private slots:
     PageObject *page =
         room.Search({VideoResult(QStringLiteral("Ab_1"), QStringLiteral("Águas & \"Luz\" <b>"), QStringLiteral("3:07"),
                                  QStringLiteral("Coro"), room.site.Host() + u"/vi/a.jpg"),
-                     VideoResult(QStringLiteral("Ab_2"), QStringLiteral("Dois"), {}, {},
+                     VideoResult(QStringLiteral("Ab_2"), QStringLiteral("embed v=2"), {}, {},
                                  QStringLiteral("https://example.org/x.jpg")),
                      VideoResult(QStringLiteral("a b"), QStringLiteral("no id")), QJsonObject(), QStringLiteral("x"),
                      QJsonObject{{QStringLiteral("videoRenderer"), 3}}});
     QCOMPARE(room.web.asked.first().url.toEncoded(), room.site.Host().toLatin1() + "/results?search_query=paz+no+vale");
     QCOMPARE(Eval(page, QStringLiteral("[...document.querySelectorAll('.titulo,.resto')].map(e => e.textContent)")),
-             QStringLiteral("[\"Águas & \\\"Luz\\\" <b>\",\"3:07 · Coro\",\"Dois\",\"\"]"));
+             QStringLiteral("[\"Águas & \\\"Luz\\\" <b>\",\"3:07 · Coro\",\"embed v=2\",\"\"]"));
     QCOMPARE(Eval(page, QStringLiteral("[...document.images].map(i => i.getAttribute('src'))")),
              QStringLiteral("[\"%1/vi/a.jpg\",null]").arg(room.site.Host()));
     QTRY_COMPARE(Eval(page, QStringLiteral("document.images[0].naturalWidth")), QStringLiteral("320"));
@@ -122,13 +124,34 @@ private slots:
     QCOMPARE(room.console.TakeCalls(), QStringList{u"exibirVideoDaWeb Águas & \"Luz\" <b> " + link});
     // Every navigation is refused, and what is no choice does nothing.
     page->ExecuteScript(QStringLiteral("location.href = '%1/'").arg(room.site.Host()));
-    page->ExecuteScript(QStringLiteral("document.querySelectorAll('.tocar')[1].click()"));
+    page->ExecuteScript(QStringLiteral("document.querySelectorAll('.adicionar')[1].click()"));
     QTRY_COMPARE(room.console.calls.size(), 1);
+    QCOMPARE(room.console.TakeCalls(), QStringList{u"PorNaLista 4 embed v=2 " + room.site.Host() + u"/embed/Ab_2"});
     QVERIFY(Eval(page, QStringLiteral("location.href")).contains(u"pesquisaY.html"));
     const QString written = room.folder.filePath(QStringLiteral("html/pesquisaY.html"));
     QVERIFY(QFileInfo::exists(written));
     room.Open("FrmPesquisaYoutube")->close();
     QVERIFY(!QFileInfo::exists(written));
+  }
+
+  // With the program's own clients, from the words to the entry in the agenda.
+  void searchesASiteOverTheWeb() {
+    Room room(m_profile);
+    RealWebClient clients;
+    PageFetcher fetcher(room.store, clients);
+    room.way = &fetcher;
+    room.windows->AbrePesquisa();
+    room.Find<QLineEdit>("FrmPesquisaYoutube", "Pesquisar1")->setText(QStringLiteral("águas & paz"));
+    QTest::keyClick(room.Find<QLineEdit>("FrmPesquisaYoutube", "Pesquisar1"), Qt::Key_Return);
+    QVERIFY(!room.Find<QPushButton>("FrmPesquisaYoutube", "CmdPesquisar")->isEnabled());
+    QTRY_VERIFY(room.windows->WV());
+    QCOMPARE(room.site.asked.first().target, QByteArray("/results?search_query=%C3%A1guas+%26+paz"));
+    PageObject *page = room.windows->WV();
+    QCOMPARE(Eval(page, QStringLiteral("document.querySelectorAll('.video').length")), QStringLiteral("4"));
+    page->ExecuteScript(QStringLiteral("document.querySelectorAll('.adicionar')[1].click()"));
+    QTRY_COMPARE(room.console.calls.size(), 1);
+    QCOMPARE(room.console.TakeCalls(),
+             QStringList{u"PorNaLista 4 Morning \"Light\" & shade <live> " + room.site.Host() + u"/embed/Morning_2"});
   }
 
   // What others wrote into the site's data is shown and nothing else.
@@ -194,6 +217,14 @@ private slots:
     QTRY_COMPARE(view->url().path(), QStringLiteral("/thanks"));
     QCOMPARE(posted, QByteArray("POST"));
     QVERIFY(view->page()->isAudioMuted());
+    // Its boxes do not come up, and its windows open in its place.
+    view->page()->runJavaScript(
+        QStringLiteral("alert('x'); if (confirm('x') && prompt('x') === null) window.open('/answer')"));
+    QTRY_VERIFY(room.site.asked.last().target == "/thanks" && room.site.asked.size() > 4);
+    QTRY_COMPARE(view->url().path(), QStringLiteral("/thanks"));
+    KillRenderProcesses();
+    QTRY_VERIFY(!view);
+    QCOMPARE(room.Said(), QStringLiteral("The page could not be loaded."));
     room.Find<QPushButton>("FrmPesquisaYoutube", "CmdSite")->click();
     QTRY_VERIFY(!view);
   }
@@ -252,6 +283,49 @@ private slots:
     };
     host.WV()->Navigate(room.site.Host() + u"/embed/Consent_1", 8);
     QTRY_COMPARE(asked, QStringList{room.site.Host() + u"/consent?continue=/embed/"});
+    host.WV()->Navigate(room.site.Host() + u"/embed/Morning_2", 8);
+    QVERIFY(Eval(host.WV(), QStringLiteral("location.href")).contains(u"Morning_2"));
+    for (const SiteRequest &request : std::as_const(room.site.asked))
+      QVERIFY(!request.target.startsWith("/consent"));
+  }
+
+  // A page of ours that another took the place of at once, which was to begin in another process than the site's.
+  void thePageBehindAVideoIsHeard() {
+    Room room(m_profile);
+    for (const char *name : {"a.html", "b.html"})
+      WriteBytes(room.folder.filePath(QLatin1String(name)), "<body>x</body>");
+    WebPageHost host(QStringLiteral("display"), &room.desk);
+    QVERIFY(host.CriaBrowser());
+    host.show();
+    room.desk.show();
+    for (int i = 0; i < 2; ++i) {
+      host.WV()->Navigate(room.site.Host() + u"/embed/Nothing_1", 8);
+      QVERIFY(Eval(host.WV(), QStringLiteral("location.href")).contains(u"Nothing"));
+      host.WV()->Navigate(room.folder.filePath(QStringLiteral("a.html")), 8);
+      host.WV()->Navigate(room.folder.filePath(QStringLiteral("b.html")), 8);
+      QVERIFY(Eval(host.WV(), QStringLiteral("location.href")).contains(u"b.html"));
+    }
+  }
+
+  // Neither boxes of a page nor what it does by itself bring anything else to the projection.
+  void aPageOfTheNetKeepsToItself() {
+    Room room(m_profile);
+    room.site.Page("/embed/Loud", "<meta http-equiv='refresh' content='0;url=/consent'><body><script>"
+                                  "alert(1); window.said = [confirm(2), prompt(3), window.open('/consent')];"
+                                  "onbeforeunload = e => e.preventDefault(); location.href = '/consent';"
+                                  "document.documentElement.requestFullscreen().catch(e => window.full = 'refused');"
+                                  "</script>");
+    WebPageHost host(QStringLiteral("display"), &room.desk);
+    QVERIFY(host.CriaBrowser());
+    host.show();
+    room.desk.show();
+    QStringList asked;
+    host.WV()->AoNavegar = [&](const QString &uri, bool &) { asked.append(uri); };
+    host.WV()->Navigate(room.site.Host() + u"/embed/Loud", 8);
+    QCOMPARE(Eval(host.WV(), QStringLiteral("said")), QStringLiteral("[true,null,null]"));
+    QTRY_COMPARE(Eval(host.WV(), QStringLiteral("window.full")), QStringLiteral("\"refused\""));
+    QTRY_COMPARE(asked.size(), 2);
+    QVERIFY(Eval(host.WV(), QStringLiteral("location.href")).contains(u"Loud"));
     host.WV()->Navigate(room.site.Host() + u"/embed/Morning_2", 8);
     QVERIFY(Eval(host.WV(), QStringLiteral("location.href")).contains(u"Morning_2"));
     for (const SiteRequest &request : std::as_const(room.site.asked))

@@ -64,9 +64,14 @@ WebPage::WebPage(QWebEngineProfile *profile, QObject *parent)
   own->setAttribute(QWebEngineSettings::PluginsEnabled, false);
   own->setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
   own->setAttribute(QWebEngineSettings::ScreenCaptureEnabled, false);
+  own->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes); // or the desktop's programs open
 }
 
 void WebPage::Load(const QUrl &url, int load) {
+  // A load that has not come to its document may have been given a process by now, with the reporter as it was. The
+  // next one would begin there and report by the number of the one before.
+  if (m_load != 0 && !m_began)
+    triggerAction(Stop);
   for (const QWebEngineScript &old : scripts().find(ReporterName))
     scripts().remove(old);
   QWebEngineScript reporter;
@@ -111,6 +116,20 @@ void WebPage::Settle() {
 
 QWebEnginePage *WebPage::createWindow(WebWindowType) {
   return nullptr;
+}
+
+void WebPage::javaScriptAlert(const QUrl &, const QString &) {}
+
+bool WebPage::javaScriptConfirm(const QUrl &, const QString &) {
+  return true;
+}
+
+bool WebPage::javaScriptPrompt(const QUrl &, const QString &, const QString &, QString *) {
+  return false;
+}
+
+QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList &, const QStringList &) {
+  return {};
 }
 
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,

@@ -29,6 +29,12 @@ public:
 protected:
   bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
   QWebEnginePage *createWindow(WebWindowType type) override;
+  // No box of a page's stands over the projection or holds the program up; a page that would ask before it is left is
+  // left.
+  void javaScriptAlert(const QUrl &origin, const QString &message) override;
+  bool javaScriptConfirm(const QUrl &origin, const QString &message) override;
+  bool javaScriptPrompt(const QUrl &origin, const QString &message, const QString &proposed, QString *answer) override;
+  QStringList chooseFiles(FileSelectionMode mode, const QStringList &old, const QStringList &types) override;
   void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
                                 const QString &source) override;
 
@@ -38,8 +44,8 @@ private:
 
   QString m_token; // pages cannot guess it, so they cannot report in the host's name
   int m_load = 0;
-  bool m_ready = false;      // OnReady has been called for the present load
-  bool m_complete = false;   // pictures and video of the present load are there
+  bool m_ready = false;    // OnReady has been called for the present load
+  bool m_complete = false; // pictures and video of the present load are there
   bool m_began = false;
   bool m_foreign = false;
   bool m_fromServer = false; // the present load may be redirected

@@ -3,6 +3,7 @@
 #include "controls/ui/palette.h"
 
 #include <QColor>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEnginePage>
 #include <QWebEngineSettings>
@@ -30,6 +31,7 @@ public:
     own->setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
     own->setAttribute(QWebEngineSettings::ScreenCaptureEnabled, false);
     own->setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
+    own->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     connect(this, &QWebEnginePage::featurePermissionRequested, this, [this](const QUrl &origin, Feature feature) {
       setFeaturePermission(origin, feature, PermissionDeniedByUser);
     });
@@ -45,6 +47,11 @@ protected:
     return false;
   }
   QWebEnginePage *createWindow(WebWindowType) override { return this; }
+  // Boxes of a page's would hold the program up, and files of this computer are none of the site's business.
+  void javaScriptAlert(const QUrl &, const QString &) override {}
+  bool javaScriptConfirm(const QUrl &, const QString &) override { return true; }
+  bool javaScriptPrompt(const QUrl &, const QString &, const QString &, QString *) override { return false; }
+  QStringList chooseFiles(FileSelectionMode, const QStringList &, const QStringList &) override { return {}; }
   void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &, int, const QString &) override {}
 
 private:
@@ -79,6 +86,13 @@ void SiteView::Abre(const QUrl &url) {
   connect(m_page.get(), &QWebEnginePage::loadFinished, this, [this](bool ok) {
     if (!std::exchange(m_recusou, false) && !ok)
       emit Falhou();
+  });
+  // Not from within the page's own event.
+  connect(m_page.get(), &QWebEnginePage::renderProcessTerminated, this, [this] {
+    QTimer::singleShot(0, m_page.get(), [this] {
+      Fecha();
+      emit Falhou();
+    });
   });
   m_view = new QWebEngineView(this);
   m_view->setContextMenuPolicy(Qt::PreventContextMenu);

@@ -6,7 +6,6 @@
 #include "display/ui/web_page_host.h"
 #include "media/ui/site_view.h"
 #include "media/video_files.h"
-#include "web/side_work.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -178,9 +177,9 @@ void FrmPesquisaYoutube::Veio(const QString &pagina) {
                            QStringLiteral("Unable to perform the search.\r\nCheck your internet connection."));
     return;
   }
-  const auto dados = std::make_shared<QString>();
-  m_task = TrabalhaAoLado([pagina, dados](const std::atomic_bool &) { *dados = DadosDaPesquisa(pagina); },
-                          [this, dados] { Mostra(*dados); });
+  m_task = m_fios.Comeca([this, pagina](const std::atomic<bool> &, const SideThreads::Avisa &) -> SideThreads::Relato {
+    return [this, dados = DadosDaPesquisa(pagina)](SideThreads::Ouvintes &) { Mostra(dados); };
+  });
 }
 
 void FrmPesquisaYoutube::Terminou() {

@@ -3,6 +3,7 @@
 #include "media/ui/video_doors.h"
 #include "media/video_site.h"
 #include "media/web_video_search.h"
+#include "web/side_threads.h"
 
 #include <QWidget>
 #include <memory>
@@ -60,6 +61,7 @@ private:
   SiteView *m_siteView = nullptr;
   QLabel *m_label2 = nullptr;
   WorkStrip *m_strip = nullptr;
+  SideThreads m_fios; // for reading the results
   std::unique_ptr<WebTask> m_task;
 };
 

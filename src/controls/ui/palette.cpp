@@ -156,6 +156,9 @@ QAbstractItemView[look="column"]:focus { border-color: @accent; }
 QAbstractItemView[look="column"]::item { padding: 3px 6px; }
 QListView[look="column"]::item { border-radius: 4px; }
 QTreeView[look="column"]::item { border: 0 solid @panel; }
+QTreeWidget[look="column"]::item { padding: 4px 6px; }
+QTreeWidget[look="column"] QHeaderView::section { background: @raised; color: @quiet; border: 0 solid @line;
+  border-bottom-width: 1px; padding: 5px 6px; }
 QAbstractItemView[look="column"]::item:selected { background: @selection; color: @text; }
 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
 QScrollBar::handle:vertical { background: @line; border-radius: 4px; min-height: 28px; margin: 1px; }

@@ -1,0 +1,28 @@
+#include "web/page_body.h"
+#include "web/redirects.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+using namespace tolmira;
+
+// A body as a server sends it: the first byte says how it is packed, the first line which type it has and where a
+// redirection of its leads.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  const QByteArray input(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+  if (input.isEmpty())
+    return 0;
+  const qsizetype line = qMin(input.indexOf('\n') < 0 ? input.size() : input.indexOf('\n'), input.size());
+  const QByteArray type = input.first(line);
+  PageBody body;
+  body.Recebe(input.constData() + line, static_cast<size_t>(input.size() - line));
+  if (body.Desembrulha(input[0] % 2 ? QByteArray("gzip") : QByteArray())) {
+    const QString text = body.Texto(type, input[0] % 3 == 0);
+    if (text.size() > 2 * size + 32'000'000u)
+      std::abort();
+  }
+  Redirects way(QUrl(QStringLiteral("https://a.example/b/c")));
+  if (way.Segue(type) && (way.Atual().scheme() != u"https" || !way.PorHttps()))
+    std::abort();
+  return 0;
+}

@@ -13,10 +13,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const QByteArray input(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
   if (input.isEmpty())
     return 0;
-  const qsizetype line = qMin(input.indexOf('\n') < 0 ? input.size() : input.indexOf('\n'), input.size());
-  const QByteArray type = input.first(line);
+  const QByteArray type = input.first(qMax<qsizetype>(input.indexOf('\n'), 0));
+  const QByteArray sent = input.mid(type.size() + 1);
   PageBody body;
-  body.Recebe(input.constData() + line, static_cast<size_t>(input.size() - line));
+  body.Recebe(sent.constData(), static_cast<size_t>(sent.size()));
   if (body.Desembrulha(input[0] % 2 ? QByteArray("gzip") : QByteArray())) {
     constexpr qsizetype Slice = 1 << 16;
     if (body.Texto(type, input[0] % 3 == 0).size() > LimiteDePagina + Slice)

@@ -111,6 +111,11 @@ class TestWebClient : public QObject {
   Q_OBJECT
 
 private slots:
+  void initTestCase() { // the machine's own proxy is none of the tests'
+    for (const char *name :
+         {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY"})
+      qunsetenv(name);
+  }
   void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 
   void everyMethodReadsAPage() {

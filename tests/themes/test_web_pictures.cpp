@@ -206,7 +206,7 @@ private slots:
     QTest::newRow("windows-1252") << "http://a/c%E9u.jpg" << QStringLiteral("c\u00e9u.jpg");
     QTest::newRow("turned around") << "http://a/a%E2%80%AEgpj.exe" << QStringLiteral("agpj.exe");
     QTest::newRow("ends in the middle") << "http://a/sea%00.jpg%0d%0a?x=/../b"
-                                        << "sea .jpg";
+                                        << "sea.jpg";
     QTest::newRow("hidden") << "http://a/.bashrc"
                             << "bashrc.jpg";
     QTest::newRow("device") << "http://a/con.jpg"

@@ -136,7 +136,7 @@ private slots:
     room.Search(QStringLiteral("blue sky"));
     QCOMPARE(room.Find<QLabel>("Label1")->text(), QStringLiteral("Page 1"));
     QVERIFY(room.Find<QPushButton>("Command20")->isEnabled() && room.Find<QPushButton>("Command21")->isEnabled());
-    QTRY_VERIFY(room.Drawing(room.WB())->hasFocus());
+    QTRY_VERIFY_WITH_TIMEOUT(room.Drawing(room.WB())->hasFocus(), 20000);
     Keep(room, "results");
 
     // By the keys of the page: the first picture has the focus.
@@ -146,7 +146,7 @@ private slots:
           return true;
       return false;
     };
-    QTRY_VERIFY(fetched("/thumbs/1"));
+    QTRY_VERIFY_WITH_TIMEOUT(fetched("/thumbs/1"), 20000);
     QTest::keyClick(room.Drawing(room.WB()), Qt::Key_Right);
     QTest::keyClick(room.Drawing(room.WB()), Qt::Key_Return);
     QTRY_VERIFY_WITH_TIMEOUT(room.InPreview(), 20000);
@@ -157,22 +157,22 @@ private slots:
     Keep(room, "preview");
 
     QTest::keyClick(room.Find<QPushButton>("BtAdicionar"), Qt::Key_Return);
-    QTRY_COMPARE(room.Strip("DL1"), QStringLiteral("Added successfully."));
+    QTRY_COMPARE_WITH_TIMEOUT(room.Strip("DL1"), QStringLiteral("Added successfully."), 20000);
     QCOMPARE(room.Images(), QStringList{QStringLiteral("view-2.png")});
     QCOMPARE(gallery->findChild<cExibeMiniaturas *>()->Modelo().Nomes(), QStringList{QStringLiteral("view-2.png")});
 
     // Once more: the name is taken.
     QTest::keyClick(room.Find<QPushButton>("BtAdicionar"), Qt::Key_Return);
-    QTRY_VERIFY(room.Find<QWidget>("PicFrmPergunta")->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(room.Find<QWidget>("PicFrmPergunta")->isVisible(), 20000);
     QVERIFY(room.Find<QPushButton>("ManterOsDois")->hasFocus());
     Keep(room, "question");
     QTest::keyClick(room.Find<QPushButton>("ManterOsDois"), Qt::Key_Return);
-    QTRY_COMPARE(room.Images().size(), 2);
-    QTRY_VERIFY(!room.Find<QWidget>("PicFrmPergunta")->isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(room.Images().size(), 2, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!room.Find<QWidget>("PicFrmPergunta")->isVisible(), 20000);
     QTest::keyClick(room.window, Qt::Key_Escape);
     QVERIFY(!room.InPreview());
     QTest::keyClick(room.Drawing(room.WB()), Qt::Key_Escape);
-    QTRY_VERIFY(!room.window->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!room.window->isVisible(), 20000);
     QVERIFY(room.Said().isEmpty());
   }
 
@@ -188,12 +188,12 @@ private slots:
     });
     room.Open();
     room.Search(QStringLiteral("sea"));
-    QTRY_VERIFY(room.Drawing(room.WB())->hasFocus());
+    QTRY_VERIFY_WITH_TIMEOUT(room.Drawing(room.WB())->hasFocus(), 20000);
     QSignalSpy ready(room.WB(), &WebResultView::Pronta);
     QTest::mouseClick(room.Find<QPushButton>("Command21"), Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(!ready.isEmpty(), 20000);
     QCOMPARE(room.Find<QLabel>("Label1")->text(), QStringLiteral("Page 2"));
-    QTRY_VERIFY(room.Drawing(room.WB())->hasFocus());
+    QTRY_VERIFY_WITH_TIMEOUT(room.Drawing(room.WB())->hasFocus(), 20000);
 
     QVERIFY(room.EnterPreview());
     QTest::keyClick(room.Find<QPushButton>("BtAdicionar"), Qt::Key_Return);
@@ -210,7 +210,7 @@ private slots:
     QCOMPARE(room.Images().size(), 1);
 
     room.Search(QStringLiteral("broken"));
-    QTRY_VERIFY(room.Find<QLineEdit>("TxtPesquisa")->hasFocus());
+    QTRY_VERIFY_WITH_TIMEOUT(room.Find<QLineEdit>("TxtPesquisa")->hasFocus(), 20000);
     QVERIFY(!room.Find<QPushButton>("Command21")->isEnabled());
   }
 
@@ -232,7 +232,7 @@ private slots:
     QTest::keyClick(room.window, Qt::Key_Escape);
     QVERIFY(!room.InPreview());
     emit room.WB()->Clicou(u"1|" + room.site.Host() + u"/pictures/view-2.png");
-    QTRY_VERIFY(!room.prompt.shown.isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!room.prompt.shown.isEmpty(), 20000);
     QCOMPARE(room.Said(), QStringList{QStringLiteral("Please wait for the current download to finish.")});
     QTest::mouseClick(room.Find<QPushButton>("ImgDownCancel"), Qt::LeftButton);
     QCOMPARE(room.Strip("DL1"), QStringLiteral("Download canceled."));
@@ -244,13 +244,13 @@ private slots:
     room.Open();
     room.Search(QStringLiteral("sea"));
     QWidget *page = room.Drawing(room.WB());
-    QTRY_VERIFY(page->hasFocus());
+    QTRY_VERIFY_WITH_TIMEOUT(page->hasFocus(), 20000);
     QTest::keyClick(page, Qt::Key_Down);
     QTest::keyClick(page, Qt::Key_End);
     QTest::keyClick(page, Qt::Key_Tab);
-    QTRY_COMPARE(QApplication::focusWidget(), room.Find<QPushButton>("Command20"));
+    QTRY_COMPARE_WITH_TIMEOUT(QApplication::focusWidget(), room.Find<QPushButton>("Command20"), 20000);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
-    QTRY_VERIFY(page->hasFocus());
+    QTRY_VERIFY_WITH_TIMEOUT(page->hasFocus(), 20000);
     const QStringList faults = SpeechFaults(room.window);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
   }
@@ -273,7 +273,7 @@ private slots:
     Keep(room, "searching");
     room.window->close();
     QCOMPARE(room.web.dropped, 1);
-    QTRY_VERIFY(room.WB()->Vazia());
+    QTRY_VERIFY_WITH_TIMEOUT(room.WB()->Vazia(), 20000);
     room.Open();
     QVERIFY(room.Find<QPushButton>("BtTema1")->isEnabled());
   }
